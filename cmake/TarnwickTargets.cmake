@@ -1,0 +1,61 @@
+# How every target of this project is compiled, and the three ways to declare one.
+
+add_library(tarnwick_options INTERFACE)
+target_include_directories(tarnwick_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_options(tarnwick_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wimplicit-fallthrough
+  # The same bytes wherever the clone lies.
+  "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+if(WIN32)
+  target_compile_definitions(tarnwick_options INTERFACE
+    WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
+  target_link_options(tarnwick_options INTERFACE -static)
+endif()
+if(TARNWICK_SANITIZE)
+  target_compile_options(tarnwick_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tarnwick_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TARNWICK_COVERAGE)
+  target_compile_options(tarnwick_options INTERFACE --coverage -O0)
+  target_link_options(tarnwick_options INTERFACE --coverage)
+endif()
+
+# tarnwick_library(name SOURCES a.cpp ... DEPENDS other ...): one floor of the house.
+function(tarnwick_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC tarnwick_options ${ARG_DEPENDS})
+endfunction()
+
+# GoogleTest: the installed library natively; its sources where none is installed for the target
+# (cross-compiling).
+if(NOT WIN32)
+  find_package(GTest QUIET)
+endif()
+if(NOT TARGET GTest::gmock_main)
+  find_path(GOOGLETEST_SOURCES NAMES googlemock/CMakeLists.txt
+            PATHS /usr/src/googletest /usr/local/src/googletest NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  set(INSTALL_GTEST OFF)
+  set(gtest_force_shared_crt ON)
+  add_subdirectory("${GOOGLETEST_SOURCES}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+  if(NOT TARGET GTest::gmock_main)
+    add_library(GTest::gmock_main ALIAS gmock_main)
+  endif()
+endif()
+
+# tarnwick_test(name SOURCES ... DEPENDS ...): one GoogleTest program. Natively every test is a
+# CTest entry of its own; under an emulator, where starting a program is dear, the program is one.
+include(GoogleTest)
+function(tarnwick_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE tarnwick_options ${ARG_DEPENDS} GTest::gmock_main)
+  if(CMAKE_CROSSCOMPILING)
+    add_test(NAME ${name} COMMAND ${name})
+  else()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/files.hpp"
+
+#include <string_view>
+
+namespace tarnwick {
+
+// Writes `content` as the file `path`, replacing an older one in one step: it is written beside it
+// and then put in its place, so that a crash, a full disk or a lost drive leaves the old file
+// whole. Raises what Files::create, OutputFile and Files::moveOver raise; the old file is then as
+// it was and nothing is left beside it.
+void writeInOneStep(Files& files, std::string_view path, std::string_view content);
+
+} // namespace tarnwick

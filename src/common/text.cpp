@@ -1,0 +1,38 @@
+#include "common/text.hpp"
+
+namespace tarnwick {
+
+std::string_view trim(std::string_view text) noexcept {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string quoted(std::string_view text) {
+    std::string result;
+    result.reserve(text.size() + 2);
+    result.append(1, '"').append(text).append(1, '"');
+    return result;
+}
+
+std::string without(std::string_view text, char character) {
+    std::string result(text);
+    std::erase(result, character);
+    return result;
+}
+
+std::string withBackslash(std::string_view folder) {
+    std::string result(folder);
+    if (!result.ends_with('\\')) {
+        result += '\\';
+    }
+    return result;
+}
+
+std::string joinPath(std::string_view folder, std::string_view name) {
+    return withBackslash(folder).append(name);
+}
+
+} // namespace tarnwick

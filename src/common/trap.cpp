@@ -1,0 +1,24 @@
+#include "common/trap.hpp"
+
+#include <exception>
+#include <new>
+
+namespace tarnwick {
+
+ErrorRecord currentError() noexcept {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return error.record();
+    } catch (const std::bad_alloc&) {
+        return RunTimeError(ErrorNumber::OutOfMemory).record();
+    } catch (const std::exception& error) {
+        ErrorRecord record = RunTimeError(ErrorNumber::InternalError).record();
+        record.description.append(": ").append(error.what());
+        return record;
+    } catch (...) {
+        return RunTimeError(ErrorNumber::InternalError).record();
+    }
+}
+
+} // namespace tarnwick

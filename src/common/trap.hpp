@@ -1,0 +1,24 @@
+#pragma once
+
+#include "common/mod_main.hpp"
+
+#include <string_view>
+
+namespace tarnwick {
+
+// The error that is being handled, as the error report shows it. What is no RunTimeError becomes
+// one: out of memory is number 7, anything else 51. Call it in a catch block only.
+[[nodiscard]] ErrorRecord currentError() noexcept;
+
+// Runs the body of a procedure that traps its errors: an error skips the rest of the body, is
+// reported, and goes no further. Nothing else in the program catches in order to report.
+template <typename Body>
+void trap(Desktop& desktop, std::string_view caller, std::string_view procedure, Body&& body) {
+    try {
+        static_cast<Body&&>(body)();
+    } catch (...) {
+        ReportError(desktop, currentError(), caller, procedure);
+    }
+}
+
+} // namespace tarnwick

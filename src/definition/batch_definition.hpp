@@ -1,0 +1,77 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// One output product of a tool: one row of an output definition grid.
+struct OutputDefinition {
+    bool bBuild = false;       // build this product
+    std::string sFileType;     // the product's type name; fixed per row
+    std::string sExtension;    // appended to the input file's base name
+    std::string sOutputFolder; // receives the product
+
+    bool operator==(const OutputDefinition&) const = default;
+};
+
+using MPOutputDefinitions = std::array<OutputDefinition, 7>;
+using CNSOutputDefinitions = std::array<OutputDefinition, 2>;
+
+// Everything that says what one batch is: which tools run over which files with which options, and
+// what they build where. A plain value; all texts are kept as typed.
+struct BatchDefinition {
+    // Program-wide: fields without a control of their own.
+    std::string sAppFolder;        // the program's folder, ends in "\"
+    std::string sTempFolder;       // for temporary files, ends in "\"
+    std::string sMPExecutable;     // full path
+    std::string sCNSExecutable;    // full path
+    std::string sINIFile;          // full path of the file that stores this definition
+    bool bSettingsChanged = false; // the definition differs from its INI file
+    bool bCommandLineLogging = false;
+    std::string sCommandLineLogFile;
+    std::string sLanguage = "English";
+    std::int16_t iFixDoc = 0; // 0 or 1
+    bool bConvertHyperlinks = false;
+    bool bCfgNamesInput = false;  // the configuration file has an input entry; read by nobody yet
+    bool bCfgNamesOutput = false; // the configuration file names the outputs itself
+
+    // Shown and edited in the main window. Check states count as on only when exactly 1.
+    int iProcessMP = 1;
+    int iProcessCNS = 0;
+    std::string sInputFolder;
+    std::string sInputExtensions; // patterns, separated by ";"
+    std::string sCNSOutputFolder;
+    std::string sCNSOutputExtension = ".cns";
+    int bUseAliases = 0;
+    std::string sAliasesFile;
+    int bUseConfigFile = 0;
+    std::string sConfigFile;
+    MPOutputDefinitions MPOutputs;
+    CNSOutputDefinitions CNSOutputs;
+
+    bool operator==(const BatchDefinition&) const = default;
+};
+
+inline constexpr int checked = 1;
+
+// The two glyphs of a grid's Build? column, in the symbol font.
+inline constexpr std::string_view buildGlyph = "\xFE";   // a ticked box
+inline constexpr std::string_view noBuildGlyph = "\xA8"; // an empty box
+
+// Whether a Build? cell with this text means: build. Anything but the ticked box does not.
+[[nodiscard]] constexpr bool isBuildGlyph(std::string_view cell) noexcept {
+    return cell == buildGlyph;
+}
+
+// Puts the settings with a default into their default state. Leaves the tool locations, the INI
+// file name, the input fields and the process check states as they are.
+void MyDefaultSettings(BatchDefinition& definition);
+
+// Gives all nine output definitions their type names, default extensions and Build? states, and
+// empty folders.
+void LoadDefaultGridSettings(BatchDefinition& definition);
+
+} // namespace tarnwick

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// What this process is and was given.
+class Process {
+  public:
+    virtual ~Process() = default;
+
+    // The command line behind the program's own name, as one text, as it was typed.
+    [[nodiscard]] virtual std::string commandLine() const = 0;
+
+    // The folder that holds the program's file, with or without a final "\"; empty when unknown.
+    [[nodiscard]] virtual std::string programFolder() const = 0;
+
+    // The variable's value; empty when it is not set.
+    [[nodiscard]] virtual std::string environmentVariable(std::string_view name) const = 0;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,78 @@
+#include "platform/wildcard.hpp"
+
+#include "platform/case_folding.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tarnwick {
+namespace {
+
+std::string_view withoutOuterBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+bool matchesWildcard(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*") {
+        return true;
+    }
+    // The last "*" met, and where in the name the part that it stands for may end: on a mismatch
+    // it takes one character more. No pattern costs more than its length times the name's.
+    std::size_t n = 0;
+    std::size_t p = 0;
+    std::size_t star = std::string_view::npos;
+    std::size_t starEnd = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            starEnd = n;
+        } else if (p < pattern.size() &&
+                   (pattern[p] == '?' || upperCase(pattern[p]) == upperCase(name[n]))) {
+            ++p;
+            ++n;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            n = ++starEnd;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+bool matchesAnyWildcard(std::string_view name, std::string_view patterns) {
+    bool anyPattern = false;
+    while (!patterns.empty()) {
+        const auto end = std::min(patterns.find(';'), patterns.size());
+        const auto pattern = withoutOuterBlanks(patterns.substr(0, end));
+        patterns.remove_prefix(std::min(end + 1, patterns.size()));
+        if (pattern.empty()) {
+            continue;
+        }
+        anyPattern = true;
+        if (matchesWildcard(name, pattern)) {
+            return true;
+        }
+    }
+    return !anyPattern;
+}
+
+bool nameLess(std::string_view left, std::string_view right) {
+    const auto length = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < length; ++i) {
+        const auto l = static_cast<unsigned char>(upperCase(left[i]));
+        const auto r = static_cast<unsigned char>(upperCase(right[i]));
+        if (l != r) {
+            return l < r;
+        }
+    }
+    return left.size() != right.size() ? left.size() < right.size() : left < right;
+}
+
+} // namespace tarnwick

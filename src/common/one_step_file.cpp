@@ -7,15 +7,6 @@
 namespace tarnwick {
 namespace {
 
-void removeQuietly(Files& files, std::string_view path) {
-    try {
-        files.remove(path);
-    } catch (const RunTimeError&) {
-        // Nothing is there to remove, or nothing can be done about it: the first error is the one
-        // that the user must hear of.
-    }
-}
-
 void writeThrough(Files& files, std::string_view path, std::string_view content) {
     const auto file = files.create(path);
     file->write(content);
@@ -33,6 +24,14 @@ void writeInOneStep(Files& files, std::string_view path, std::string_view conten
     } catch (const RunTimeError&) {
         removeQuietly(files, beside);
         throw;
+    }
+}
+
+void removeQuietly(Files& files, std::string_view path) {
+    try {
+        files.remove(path);
+    } catch (const RunTimeError&) {
+        return; // nothing is there, or nothing can be done about it
     }
 }
 

@@ -12,4 +12,8 @@ namespace tarnwick {
 // it was and nothing is left beside it.
 void writeInOneStep(Files& files, std::string_view path, std::string_view content);
 
+// Deletes the file, if that can be done. For cleaning up after an error, which is the one that the
+// user must hear of.
+void removeQuietly(Files& files, std::string_view path);
+
 } // namespace tarnwick

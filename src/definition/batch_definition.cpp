@@ -1,6 +1,25 @@
 #include "definition/batch_definition.hpp"
 
+#include "definition/output_types.hpp"
+
+#include <cstddef>
+
 namespace tarnwick {
+namespace {
+
+template <std::size_t rows>
+void loadDefaultRows(std::array<OutputDefinition, rows>& grid,
+                     const std::array<OutputType, rows>& types) {
+    for (std::size_t row = 0; row < rows; ++row) {
+        const OutputType& type = types.at(row);
+        grid.at(row) = {.bBuild = type.buildByDefault,
+                        .sFileType = std::string(type.name),
+                        .sExtension = std::string(type.defaultExtension),
+                        .sOutputFolder = {}};
+    }
+}
+
+} // namespace
 
 void MyDefaultSettings(BatchDefinition& definition) {
     definition.iFixDoc = 0;
@@ -11,20 +30,8 @@ void MyDefaultSettings(BatchDefinition& definition) {
 }
 
 void LoadDefaultGridSettings(BatchDefinition& definition) {
-    definition.MPOutputs = {{
-        {.bBuild = true, .sFileType = "Error", .sExtension = ".err", .sOutputFolder = {}},
-        {.bBuild = false, .sFileType = "Text", .sExtension = ".txt", .sOutputFolder = {}},
-        {.bBuild = false, .sFileType = "Html", .sExtension = ".html", .sOutputFolder = {}},
-        // A suffix, not a dot extension: rec_faq.htm stands beside rec.html.
-        {.bBuild = false, .sFileType = "Faq", .sExtension = "_faq.htm", .sOutputFolder = {}},
-        {.bBuild = false, .sFileType = "Sgml", .sExtension = ".sgml", .sOutputFolder = {}},
-        {.bBuild = true, .sFileType = "Xml", .sExtension = ".xml", .sOutputFolder = {}},
-        {.bBuild = false, .sFileType = "Dif", .sExtension = ".dif", .sOutputFolder = {}},
-    }};
-    definition.CNSOutputs = {{
-        {.bBuild = false, .sFileType = "Info_file", .sExtension = ".info", .sOutputFolder = {}},
-        {.bBuild = false, .sFileType = "Leftovers", .sExtension = ".lft", .sOutputFolder = {}},
-    }};
+    loadDefaultRows(definition.MPOutputs, mpOutputTypes);
+    loadDefaultRows(definition.CNSOutputs, cnsOutputTypes);
 }
 
 } // namespace tarnwick

@@ -55,7 +55,11 @@ struct BatchDefinition {
     bool operator==(const BatchDefinition&) const = default;
 };
 
+// A check box that is on; any other check state is off.
 inline constexpr int checked = 1;
+
+// In the program's folder; read when no other INI file is known.
+inline constexpr std::string_view defaultINIFileName = "TARNWICK.ini";
 
 // The two glyphs of a grid's Build? column, in the symbol font.
 inline constexpr std::string_view buildGlyph = "\xFE";   // a ticked box

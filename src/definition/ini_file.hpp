@@ -1,0 +1,34 @@
+#pragma once
+
+#include "definition/batch_definition.hpp"
+#include "platform/desktop.hpp"
+#include "platform/files.hpp"
+
+#include <functional>
+#include <string>
+
+namespace tarnwick {
+
+// The INI file: one batch definition as KEY=value lines, without sections, comments or escaping.
+// An output product stands in it only when it is to be built, with its folder only when that
+// exists: a stored product is a product to build, any other comes back off and with its defaults.
+
+// The whole file that stores `definition`, each line ended by CR LF.
+[[nodiscard]] std::string iniFileText(const BatchDefinition& definition, const Files& files);
+
+// Replaces the file `sINIFile` by one that stores the definition, in one step, and clears
+// `bSettingsChanged`. An error is reported; the old file and `bSettingsChanged` are then as they
+// were.
+void SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);
+
+// Reads the file `sINIFile` into the definition and clears `bSettingsChanged`. Where that file does
+// not exist, `sINIFile` becomes the default file in the program's folder; where that does not exist
+// either, nothing is read, and that is no error.
+// `whenRead` is called between the last line and the end, with the file still open, exactly when a
+// file was read: the place to bring a window up to date.
+// True when all went well. An error, also one of `whenRead`, is reported: the definition then holds
+// what was read so far, and `bSettingsChanged` is as it was.
+bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
+                 const std::function<void()>& whenRead);
+
+} // namespace tarnwick

@@ -1,0 +1,218 @@
+#include "common/known_folders.hpp"
+#include "common/line_reader.hpp"
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "common/trap.hpp"
+#include "definition/ini_file.hpp"
+#include "definition/output_types.hpp"
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view gridKeyPrefix = "GRID_";
+
+bool isTrue(std::string_view value) {
+    return equalIgnoringCase(trim(value), "TRUE");
+}
+
+template <std::size_t rows>
+void resetRows(std::array<OutputDefinition, rows>& grid,
+               const std::array<OutputType, rows>& types) {
+    for (std::size_t row = 0; row < rows; ++row) {
+        grid.at(row) = {.bBuild = false,
+                        .sFileType = std::string(types.at(row).name),
+                        .sExtension = std::string(types.at(row).defaultExtension),
+                        .sOutputFolder = {}};
+    }
+}
+
+// Takes the lines of one file into a definition. The extensions are collected apart and reach the
+// rows at the end of the file.
+class IniReader {
+  public:
+    IniReader(BatchDefinition& definition, const Files& files)
+        : definition_(definition), files_(files), folders_(files) {}
+
+    void readLine(std::string_view line) {
+        const auto equals = line.find('=');
+        if (equals == std::string_view::npos) {
+            return;
+        }
+        const std::string_view key = trim(line.substr(0, equals));
+        const std::string_view value = line.substr(equals + 1);
+        if (equalIgnoringCase(key.substr(0, gridKeyPrefix.size()), gridKeyPrefix)) {
+            readGridLine(key.substr(gridKeyPrefix.size()), value);
+        } else if (!readToolEntry(key, value) && !readFieldEntry(key, value)) {
+            readExtension(key, value);
+        }
+    }
+
+    void finish() {
+        copyExtensions(mpExtensions_, definition_.MPOutputs);
+        copyExtensions(cnsExtensions_, definition_.CNSOutputs);
+    }
+
+  private:
+    template <std::size_t rows>
+    struct Extensions {
+        explicit Extensions(const std::array<OutputType, rows>& outputTypes) : types(outputTypes) {
+            for (std::size_t row = 0; row < rows; ++row) {
+                texts.at(row) = types.at(row).defaultExtension;
+            }
+        }
+        const std::array<OutputType, rows>& types;
+        std::array<std::string, rows> texts;
+    };
+
+    // The entries of the tools and of the settings without a field in the main window.
+    bool readToolEntry(std::string_view key, std::string_view value) {
+        const auto is = [key](std::string_view known) { return equalIgnoringCase(key, known); };
+        if (is("MP EXECUTABLE")) {
+            definition_.sMPExecutable = trim(value);
+        } else if (is("CNS EXECUTABLE")) {
+            definition_.sCNSExecutable = trim(value);
+        } else if (is("Process MP")) {
+            // On purpose not alike: MP is on unless stored "0", CNS is off unless stored "1".
+            definition_.iProcessMP = trim(value) == "0" ? 0 : checked;
+        } else if (is("Process CNS")) {
+            definition_.iProcessCNS = trim(value) == "1" ? checked : 0;
+        } else if (is("Convert HyperLink To Relative Path")) {
+            definition_.bConvertHyperlinks = isTrue(value);
+        } else if (is("Command Line Logging")) {
+            definition_.bCommandLineLogging = isTrue(value);
+        } else if (is("Command Line Log Filename")) {
+            definition_.sCommandLineLogFile = trim(value);
+        } else if (is("FIX DOC")) {
+            definition_.iFixDoc = trim(value) == "1" ? 1 : 0;
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    bool readFieldEntry(std::string_view key, std::string_view value) {
+        const auto is = [key](std::string_view known) { return equalIgnoringCase(key, known); };
+        if (is("Input Folder")) {
+            if (folders_.exists(trim(value))) {
+                definition_.sInputFolder = trim(value);
+            }
+        } else if (is("Input File Extension")) {
+            definition_.sInputExtensions = value;
+        } else if (is("Language")) {
+            definition_.sLanguage = value;
+        } else if (is("CNS Output Folder")) {
+            definition_.sCNSOutputFolder = value;
+        } else if (is("CNS Output File Extension")) {
+            definition_.sCNSOutputExtension = value;
+        } else if (is("Aliases File")) {
+            readFile(trim(value), definition_.bUseAliases, definition_.sAliasesFile);
+        } else if (is("Configuration File")) {
+            readFile(trim(value), definition_.bUseConfigFile, definition_.sConfigFile);
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    // A file that is missing switches its use off; the old name stays in the field.
+    void readFile(std::string_view name, int& use, std::string& field) const {
+        use = FileExists(files_, name) ? checked : 0;
+        if (use == checked) {
+            field = name;
+        }
+    }
+
+    void readExtension(std::string_view key, std::string_view value) {
+        if (!setExtension(mpExtensions_, key, value)) {
+            setExtension(cnsExtensions_, key, value);
+        }
+    }
+
+    template <std::size_t rows>
+    static bool setExtension(Extensions<rows>& extensions, std::string_view key,
+                             std::string_view value) {
+        for (std::size_t row = 0; row < rows; ++row) {
+            if (equalIgnoringCase(key, extensions.types.at(row).extensionKey)) {
+                extensions.texts.at(row) = value;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    template <std::size_t rows>
+    static void copyExtensions(const Extensions<rows>& extensions,
+                               std::array<OutputDefinition, rows>& grid) {
+        for (std::size_t row = 0; row < rows; ++row) {
+            grid.at(row).sExtension = extensions.texts.at(row);
+        }
+    }
+
+    void readGridLine(std::string_view fileType, std::string_view value) {
+        if (!switchOn(definition_.CNSOutputs, fileType, trim(value))) {
+            switchOn(definition_.MPOutputs, fileType, trim(value));
+        }
+    }
+
+    // True when a row has that type, whether or not its folder exists.
+    bool switchOn(std::span<OutputDefinition> grid, std::string_view fileType,
+                  std::string_view folder) {
+        for (OutputDefinition& output : grid) {
+            if (equalIgnoringCase(output.sFileType, fileType)) {
+                if (folders_.exists(folder)) {
+                    output.bBuild = true;
+                    output.sOutputFolder = folder;
+                }
+                return true;
+            }
+        }
+        return false;
+    }
+
+    BatchDefinition& definition_;
+    const Files& files_;
+    KnownFolders folders_;
+    Extensions<mpOutputTypes.size()> mpExtensions_{mpOutputTypes};
+    Extensions<cnsOutputTypes.size()> cnsExtensions_{cnsOutputTypes};
+};
+
+// False when neither the file nor the default file in the program's folder exists.
+bool findINIFile(BatchDefinition& definition, const Files& files) {
+    if (FileExists(files, definition.sINIFile)) {
+        return true;
+    }
+    definition.sINIFile = definition.sAppFolder + std::string(defaultINIFileName);
+    return FileExists(files, definition.sINIFile);
+}
+
+} // namespace
+
+bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
+                 const std::function<void()>& whenRead) {
+    bool completed = false;
+    trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
+        if (findINIFile(definition, files)) {
+            resetRows(definition.MPOutputs, mpOutputTypes);
+            resetRows(definition.CNSOutputs, cnsOutputTypes);
+            const auto file = files.openForReading(definition.sINIFile);
+            // The file is ours and ends its lines with CR LF, but people edit it with what they
+            // have: a bare LF ends a line too.
+            LineReader lines(*file, LineEnds::Any);
+            IniReader reader(definition, files);
+            while (const auto line = lines.next()) {
+                reader.readLine(*line);
+            }
+            reader.finish();
+            whenRead();
+        }
+        definition.bSettingsChanged = false;
+        completed = true;
+    });
+    return completed;
+}
+
+} // namespace tarnwick

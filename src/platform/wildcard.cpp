@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -73,6 +74,37 @@ bool nameLess(std::string_view left, std::string_view right) {
         }
     }
     return left.size() != right.size() ? left.size() < right.size() : left < right;
+}
+
+void sortNames(std::vector<std::string>& names) {
+    // Every name is upper-cased once instead of at each comparison, all of them in one block.
+    std::size_t length = 0;
+    for (const auto& name : names) {
+        length += name.size();
+    }
+    std::string block;
+    block.reserve(length);
+    struct Key {
+        std::string_view upper; // of block
+        std::size_t index;
+    };
+    std::vector<Key> keys;
+    keys.reserve(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto start = block.size();
+        block.append(upperCase(names[i]));
+        keys.push_back({std::string_view(block.data() + start, names[i].size()), i});
+    }
+    std::ranges::sort(keys, [&names](const Key& left, const Key& right) {
+        const auto order = left.upper.compare(right.upper);
+        return order != 0 ? order < 0 : names[left.index] < names[right.index];
+    });
+    std::vector<std::string> sorted;
+    sorted.reserve(names.size());
+    for (const auto& key : keys) {
+        sorted.push_back(std::move(names[key.index]));
+    }
+    names = std::move(sorted);
 }
 
 } // namespace tarnwick

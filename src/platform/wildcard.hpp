@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarnwick {
 
@@ -15,5 +17,8 @@ namespace tarnwick {
 // The order of names in every list of this program: by upper-cased characters, then, so that the
 // order is always the same, by the characters themselves.
 [[nodiscard]] bool nameLess(std::string_view left, std::string_view right);
+
+// Puts the names into that order; several times faster than sorting with nameLess itself.
+void sortNames(std::vector<std::string>& names);
 
 } // namespace tarnwick

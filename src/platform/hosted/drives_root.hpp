@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+// Where Windows paths lie on this machine. "X:\a\b" is the file x/a/b of the drives root,
+// "\\server\share\a" is unc/server/share/a there; every name matches without regard to case, the
+// one spelled alike first.
+class DrivesRoot {
+  public:
+    DrivesRoot(std::string hostFolder, std::string_view currentFolder);
+
+    // The host's path of `path`: all its folders exist; its last name is spelled as it is found
+    // there, or as given where it is not. Raises 52 (bad name), 68 (no such drive), 76 (a folder
+    // is missing).
+    [[nodiscard]] std::string hostPath(std::string_view path) const;
+
+    // The full path, from its drive or share on, without "." and "..". Raises 52.
+    [[nodiscard]] std::string fullPath(std::string_view path) const;
+
+    // The drive or share that `path` lies on, upper-cased: "C:" or "\\SERVER\SHARE". Raises 52.
+    [[nodiscard]] std::string volume(std::string_view path) const;
+
+    [[nodiscard]] const std::string& hostFolder() const noexcept { return hostFolder_; }
+    [[nodiscard]] const std::string& currentFolder() const noexcept { return currentFolder_; }
+
+  private:
+    struct Path {
+        std::string volume; // "C:" or "\\server\share"
+        std::vector<std::string> names;
+    };
+    [[nodiscard]] Path parse(std::string_view path) const;
+
+    std::string hostFolder_;
+    std::string currentFolder_ = R"(C:\)"; // full
+};
+
+} // namespace tarnwick

@@ -1,0 +1,134 @@
+#include "platform/hosted/folder_listing.hpp"
+
+#include "platform/case_folding.hpp"
+#include "platform/hosted/errors.hpp"
+#include "platform/hosted/file_descriptor.hpp"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_set>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::array controlFiles{".hidden", ".system"};
+
+struct FolderCloser {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+using Folder = std::unique_ptr<DIR, FolderCloser>;
+
+Folder openFolder(const std::string& hostFolder) {
+    FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor.isOpen()) {
+        raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
+    }
+    struct stat status{};
+    if (::fstat(descriptor.get(), &status) != 0) {
+        raiseSystemError(errno);
+    }
+    if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
+        raiseSystemError(EACCES);
+    }
+    Folder folder(::fdopendir(descriptor.get()));
+    if (!folder) {
+        raiseSystemError(errno);
+    }
+    static_cast<void>(descriptor.release()); // the folder closes it now
+    return folder;
+}
+
+std::string contentOf(int folder, const char* name) {
+    const FileDescriptor file(::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    std::string content;
+    std::array<char, 4096> block{};
+    ssize_t count = 0;
+    while (file.isOpen() && (count = ::read(file.get(), block.data(), block.size())) > 0) {
+        content.append(block.data(), static_cast<std::size_t>(count));
+    }
+    return content;
+}
+
+// The names, upper-cased, that a folder does not show.
+using UnseenNames = std::unordered_set<std::string>;
+
+UnseenNames unseenNames(DIR* folder) {
+    UnseenNames names;
+    for (const auto* controlFile : controlFiles) {
+        names.insert(upperCase(controlFile));
+        const auto content = contentOf(::dirfd(folder), controlFile);
+        std::string_view rest = content;
+        while (!rest.empty()) {
+            const auto end = std::min(rest.find('\n'), rest.size());
+            names.insert(upperCase(rest.substr(0, end)));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return names;
+}
+
+std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
+    switch (entry.d_type) {
+    case DT_REG:
+        return EntryKind::File;
+    case DT_DIR:
+        return EntryKind::Folder;
+    case DT_LNK:
+    case DT_UNKNOWN: { // only now is a second look needed
+        struct stat status{};
+        if (::fstatat(::dirfd(folder), entry.d_name, &status, 0) != 0) {
+            return std::nullopt;
+        }
+        if (S_ISREG(status.st_mode)) {
+            return EntryKind::File;
+        }
+        return S_ISDIR(status.st_mode) ? std::optional(EntryKind::Folder) : std::nullopt;
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+bool isSpecialName(std::string_view name) {
+    return name == "." || name == "..";
+}
+
+} // namespace
+
+std::vector<FolderEntry> listHostFolder(const std::string& hostFolder) {
+    const auto folder = openFolder(hostFolder);
+    const auto unseen = unseenNames(folder.get());
+    std::vector<FolderEntry> entries;
+    errno = 0;
+    while (const dirent* entry = ::readdir(folder.get())) {
+        const std::string_view name = entry->d_name;
+        if (!isSpecialName(name) && !unseen.contains(upperCase(name))) {
+            if (const auto kind = kindOf(folder.get(), *entry)) {
+                entries.push_back({std::string(name), *kind});
+            }
+        }
+        errno = 0;
+    }
+    if (errno != 0) {
+        raiseSystemError(errno);
+    }
+    return entries;
+}
+
+bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
+    return unseenNames(openFolder(hostFolder).get()).contains(upperCase(name));
+}
+
+void requireListable(const std::string& hostFolder) {
+    static_cast<void>(openFolder(hostFolder));
+}
+
+} // namespace tarnwick

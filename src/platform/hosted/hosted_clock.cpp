@@ -1,0 +1,61 @@
+#include "platform/hosted/hosted_clock.hpp"
+
+#include <array>
+#include <chrono>
+#include <clocale>
+#include <ctime>
+#include <memory>
+#include <type_traits>
+
+namespace tarnwick {
+namespace {
+
+std::tm localTime(std::time_t time) {
+    std::tm local{};
+    ::localtime_r(&time, &local);
+    return local;
+}
+
+struct LocaleFreer {
+    void operator()(locale_t locale) const noexcept { ::freelocale(locale); }
+};
+using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, LocaleFreer>;
+
+// Now, in the user's language; English where the user has none on this machine.
+std::string formatted(const char* format) {
+    Locale locale(::newlocale(LC_TIME_MASK, "", nullptr));
+    if (!locale) {
+        locale.reset(::newlocale(LC_TIME_MASK, "C", nullptr));
+    }
+    const auto local = localTime(std::time(nullptr));
+    std::array<char, 256> text{};
+    const auto length = ::strftime_l(text.data(), text.size(), format, &local, locale.get());
+    return {text.data(), length};
+}
+
+} // namespace
+
+double HostedClock::secondsSinceMidnight() const {
+    using namespace std::chrono;
+    const auto now = system_clock::now();
+    const auto wholeSeconds = floor<seconds>(now);
+    const auto local = localTime(system_clock::to_time_t(wholeSeconds));
+    const int second = local.tm_sec > 59 ? 59 : local.tm_sec; // in a leap second the clock waits
+    return (local.tm_hour * 60 + local.tm_min) * 60 + second +
+           duration<double>(now - wholeSeconds).count();
+}
+
+double HostedClock::steadySeconds() const {
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+std::string HostedClock::longDate() const {
+    return formatted("%A, %e %B %Y");
+}
+
+std::string HostedClock::longTime() const {
+    return formatted("%X");
+}
+
+} // namespace tarnwick

@@ -1,0 +1,183 @@
+#include "platform/hosted/hosted_files.hpp"
+
+#include "platform/hosted/errors.hpp"
+#include "platform/hosted/folder_listing.hpp"
+#include "platform/hosted/hosted_open_files.hpp"
+#include "platform/wildcard.hpp"
+#include "platform/windows_path.hpp"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+std::optional<struct stat> statusOf(const std::string& hostPath) {
+    struct stat status{};
+    if (::stat(hostPath.c_str(), &status) != 0) {
+        if (errno == ENOENT) {
+            return std::nullopt;
+        }
+        raiseSystemError(errno);
+    }
+    return status;
+}
+
+bool isFile(const std::optional<struct stat>& status) {
+    return status && S_ISREG(status->st_mode);
+}
+
+// A folder as it is given to be listed: "C:" is the drive's root.
+std::string asFolder(std::string_view folder) {
+    return folder.empty() ? std::string() : std::string(folder) + '\\';
+}
+
+std::vector<std::string> namesOf(std::vector<FolderEntry> entries, EntryKind kind,
+                                 std::string_view patterns) {
+    std::vector<std::string> names;
+    for (auto& entry : entries) {
+        if (entry.kind == kind && matchesAnyWildcard(entry.name, patterns)) {
+            names.push_back(std::move(entry.name));
+        }
+    }
+    return names;
+}
+
+// Raises 75 or 70 when the file may not be replaced.
+void requireReplaceable(const std::string& hostPath, const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) {
+        raiseSystemError(EISDIR);
+    }
+    if ((status.st_mode & S_IWUSR) == 0) {
+        raiseSystemError(EACCES);
+    }
+    requireNotInUse(hostPath);
+}
+
+} // namespace
+
+HostedFiles::HostedFiles(std::string drivesRoot, std::string_view currentFolder)
+    : root_(std::move(drivesRoot), asFolder(currentFolder)) {}
+
+bool HostedFiles::canListFolder(std::string_view folder) const {
+    try {
+        requireListable(root_.hostPath(asFolder(folder)));
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+std::string HostedFiles::firstNormalFile(std::string_view path) const {
+    if (!isPossiblePattern(path)) {
+        throw RunTimeError(ErrorNumber::BadFileName);
+    }
+    const auto pattern = lastPart(path);
+    if (pattern.empty()) {
+        return {};
+    }
+    if (hasWildcard(pattern)) {
+        const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
+        const auto names =
+            namesOf(listHostFolder(root_.hostPath(folder)), EntryKind::File, pattern);
+        const auto first = std::ranges::min_element(names, nameLess);
+        return first == names.end() ? std::string() : *first;
+    }
+    const auto host = root_.hostPath(path);
+    const auto slash = host.rfind('/');
+    const auto name = host.substr(slash + 1);
+    const bool normal = isFile(statusOf(host)) && !isHiddenOrSystem(host.substr(0, slash), name);
+    return normal ? name : std::string();
+}
+
+std::vector<std::string> HostedFiles::listFiles(std::string_view folder,
+                                                std::string_view patterns) const {
+    auto names =
+        namesOf(listHostFolder(root_.hostPath(asFolder(folder))), EntryKind::File, patterns);
+    sortNames(names);
+    return names;
+}
+
+std::vector<std::string> HostedFiles::listFolders(std::string_view folder) const {
+    auto names = namesOf(listHostFolder(root_.hostPath(asFolder(folder))), EntryKind::Folder, "");
+    sortNames(names);
+    return names;
+}
+
+std::vector<std::string> HostedFiles::drives() const {
+    std::vector<std::string> drives;
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        const auto drive = std::string(1, letter) + ':';
+        if (canListFolder(drive)) {
+            drives.push_back(drive);
+        }
+    }
+    return drives;
+}
+
+std::string HostedFiles::currentFolder() const {
+    return root_.currentFolder();
+}
+
+std::string HostedFiles::shortPath(std::string_view path) const {
+    if (!statusOf(root_.hostPath(path))) {
+        raiseSystemError(ENOENT);
+    }
+    return std::string(path);
+}
+
+std::unique_ptr<InputFile> HostedFiles::openForReading(std::string_view path) const {
+    return openHostFile(root_.hostPath(path));
+}
+
+std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
+    return createHostFile(root_.hostPath(path), Existing::Emptied);
+}
+
+std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
+    return createHostFile(root_.hostPath(path), Existing::Kept);
+}
+
+void HostedFiles::remove(std::string_view path) {
+    const auto host = root_.hostPath(path);
+    const auto status = statusOf(host);
+    if (!isFile(status)) {
+        raiseSystemError(ENOENT);
+    }
+    requireReplaceable(host, *status);
+    if (::unlink(host.c_str()) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void HostedFiles::createFolder(std::string_view path) {
+    constexpr mode_t everybody = 0777; // less what the user's mask takes away
+    if (::mkdir(root_.hostPath(path).c_str(), everybody) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void HostedFiles::moveOver(std::string_view from, std::string_view to) {
+    const auto hostFrom = root_.hostPath(from);
+    const auto hostTo = root_.hostPath(to);
+    if (!isFile(statusOf(hostFrom))) {
+        raiseSystemError(ENOENT);
+    }
+    if (root_.volume(from) != root_.volume(to)) {
+        raiseSystemError(EXDEV);
+    }
+    requireNotInUse(hostFrom);
+    if (const auto status = statusOf(hostTo)) {
+        requireReplaceable(hostTo, *status);
+    }
+    if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+} // namespace tarnwick

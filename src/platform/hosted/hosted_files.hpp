@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "platform/hosted/drives_root.hpp"
+
+namespace tarnwick {
+
+// The file system of a POSIX machine, shown as drives and shares below one folder (see
+// DrivesRoot). A folder's hidden and system files are those named, one a line, in its files
+// ".hidden" and ".system", which are never shown themselves; read-only is what its owner may not
+// write. No file has a short name.
+class HostedFiles : public Files {
+  public:
+    explicit HostedFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
+
+    [[nodiscard]] bool canListFolder(std::string_view folder) const override;
+    [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
+    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
+                                                     std::string_view patterns) const override;
+    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override;
+    [[nodiscard]] std::vector<std::string> drives() const override;
+    [[nodiscard]] std::string currentFolder() const override;
+    [[nodiscard]] std::string shortPath(std::string_view path) const override;
+    [[nodiscard]] std::unique_ptr<InputFile> openForReading(std::string_view path) const override;
+    [[nodiscard]] std::unique_ptr<OutputFile> create(std::string_view path) override;
+    [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view path) override;
+    void remove(std::string_view path) override;
+    void createFolder(std::string_view path) override;
+    void moveOver(std::string_view from, std::string_view to) override;
+
+    // Where `path` lies on this machine; raises 52, 68, 76.
+    [[nodiscard]] std::string hostPath(std::string_view path) const { return root_.hostPath(path); }
+
+  private:
+    DrivesRoot root_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,174 @@
+#include "platform/hosted/hosted_open_files.hpp"
+
+#include "platform/hosted/errors.hpp"
+#include "platform/write_buffer.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <limits>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr off_t writerByte = std::numeric_limits<off_t>::max() - 2;
+constexpr off_t anyoneByte = writerByte + 1;
+
+struct flock lockRequest(short type, off_t start, off_t length) {
+    struct flock request{};
+    request.l_type = type;
+    request.l_whence = SEEK_SET;
+    request.l_start = start;
+    request.l_len = length;
+    return request;
+}
+
+void lockByte(const FileDescriptor& file, short type, off_t byte) {
+    auto request = lockRequest(type, byte, 1);
+    if (::fcntl(file.get(), F_OFD_SETLK, &request) != 0 && (errno == EAGAIN || errno == EACCES)) {
+        raiseSystemError(EAGAIN);
+    } // A file system that keeps no locks has nothing to say against it.
+}
+
+FileDescriptor openDescriptor(const std::string& hostPath, int flags) {
+    constexpr mode_t everybody = 0666; // less what the user's mask takes away
+    FileDescriptor file(::open(hostPath.c_str(), flags | O_CLOEXEC | O_NONBLOCK, everybody));
+    if (!file.isOpen()) {
+        raiseSystemError(errno);
+    }
+    return file;
+}
+
+struct stat statusOf(const FileDescriptor& file) {
+    struct stat status{};
+    if (::fstat(file.get(), &status) != 0) {
+        raiseSystemError(errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        raiseSystemError(EISDIR); // a folder, or a pipe that would make us wait
+    }
+    return status;
+}
+
+// The owner's bit decides for everybody: the superuser may write anything.
+void requirePermission(const FileDescriptor& file, mode_t bit) {
+    if ((statusOf(file).st_mode & bit) == 0) {
+        raiseSystemError(EACCES);
+    }
+}
+
+class HostedInputFile : public InputFile {
+  public:
+    explicit HostedInputFile(FileDescriptor file) : file_(std::move(file)) {}
+
+    std::size_t read(std::span<char> buffer) override {
+        ssize_t count = -1;
+        do {
+            count = ::read(file_.get(), buffer.data(), buffer.size());
+        } while (count < 0 && errno == EINTR);
+        if (count < 0) {
+            raiseSystemError(errno);
+        }
+        return static_cast<std::size_t>(count);
+    }
+
+  private:
+    FileDescriptor file_;
+};
+
+// The front of `bytes`; how many of them.
+std::size_t writeSome(const FileDescriptor& file, std::string_view bytes) {
+    ssize_t count = -1;
+    do {
+        count = ::write(file.get(), bytes.data(), bytes.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        raiseSystemError(errno);
+    }
+    return static_cast<std::size_t>(count);
+}
+
+class HostedOutputFile : public OutputFile {
+  public:
+    explicit HostedOutputFile(FileDescriptor file) : file_(std::move(file)) {}
+    HostedOutputFile(const HostedOutputFile&) = delete;
+    HostedOutputFile& operator=(const HostedOutputFile&) = delete;
+    ~HostedOutputFile() override {
+        try {
+            HostedOutputFile::close();
+        } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch): nobody is left to tell
+        }
+    }
+
+    void write(std::string_view bytes) override {
+        buffer_.append(bytes, [this](std::string_view some) { return writeSome(file_, some); });
+    }
+
+    void flush() override {
+        drainTo(file_);
+        if (::fsync(file_.get()) != 0) {
+            raiseSystemError(errno);
+        }
+    }
+
+    void close() override {
+        FileDescriptor closing = std::move(file_);
+        if (!closing.isOpen()) {
+            return;
+        }
+        drainTo(closing);
+        // A network drive may tell only now that it is full.
+        if (::close(closing.release()) != 0 && errno != EINTR) {
+            raiseSystemError(errno);
+        }
+    }
+
+  private:
+    void drainTo(const FileDescriptor& file) {
+        buffer_.drain([&file](std::string_view some) { return writeSome(file, some); });
+    }
+
+    FileDescriptor file_;
+    WriteBuffer buffer_;
+};
+
+} // namespace
+
+std::unique_ptr<InputFile> openHostFile(const std::string& hostPath) {
+    auto file = openDescriptor(hostPath, O_RDONLY);
+    requirePermission(file, S_IRUSR);
+    lockByte(file, F_RDLCK, anyoneByte);
+    return std::make_unique<HostedInputFile>(std::move(file));
+}
+
+std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing existing) {
+    auto file = openDescriptor(hostPath, O_RDWR | O_CREAT);
+    requirePermission(file, S_IWUSR);
+    lockByte(file, F_WRLCK, writerByte);
+    lockByte(file, F_RDLCK, anyoneByte);
+    const bool ready = existing == Existing::Emptied ? ::ftruncate(file.get(), 0) == 0
+                                                     : ::lseek(file.get(), 0, SEEK_END) >= 0;
+    if (!ready) {
+        raiseSystemError(errno);
+    }
+    return std::make_unique<HostedOutputFile>(std::move(file));
+}
+
+void requireNotInUse(const std::string& hostPath) {
+    const auto file = openDescriptor(hostPath, O_RDONLY);
+    auto request = lockRequest(F_WRLCK, writerByte, 2);
+    if (::fcntl(file.get(), F_OFD_GETLK, &request) == 0 && request.l_type != F_UNLCK) {
+        raiseSystemError(EAGAIN);
+    }
+}
+
+FileDescriptor openExclusively(const std::string& hostPath) {
+    auto file = openDescriptor(hostPath, O_RDWR);
+    lockByte(file, F_WRLCK, writerByte);
+    lockByte(file, F_WRLCK, anyoneByte);
+    return file;
+}
+
+} // namespace tarnwick

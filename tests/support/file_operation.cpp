@@ -1,0 +1,26 @@
+#include "support/file_operation.hpp"
+
+#include <array>
+#include <cstddef>
+#include <ostream>
+
+namespace tarnwick {
+
+std::string_view nameOf(FileOperation operation) noexcept {
+    constexpr std::array<std::string_view, 17> names{"canListFolder", "firstNormalFile",
+                                                     "listFiles",     "listFolders",
+                                                     "drives",        "currentFolder",
+                                                     "shortPath",     "openForReading",
+                                                     "create",        "append",
+                                                     "remove",        "createFolder",
+                                                     "moveOver",      "read",
+                                                     "write",         "flush",
+                                                     "close"};
+    return names[static_cast<std::size_t>(operation)];
+}
+
+std::ostream& operator<<(std::ostream& out, FileOperation operation) {
+    return out << nameOf(operation);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <iosfwd>
+#include <string_view>
+
+namespace tarnwick {
+
+// The calls of Files and of the files that it opens.
+enum class FileOperation {
+    CanListFolder,
+    FirstNormalFile,
+    ListFiles,
+    ListFolders,
+    Drives,
+    CurrentFolder,
+    ShortPath,
+    OpenForReading,
+    Create,
+    Append,
+    Remove,
+    CreateFolder,
+    MoveOver,
+    Read,
+    Write,
+    Flush,
+    Close,
+};
+
+[[nodiscard]] std::string_view nameOf(FileOperation operation) noexcept;
+std::ostream& operator<<(std::ostream& out, FileOperation operation);
+
+} // namespace tarnwick

@@ -95,7 +95,7 @@ class CommandLineRun {
         }
         const std::string folder = without(commandLine.sInputFolder, '"');
         const std::string extensions = without(commandLine.sInputExtensions, '"');
-        if (FolderExists(services_.files, folder)) {
+        if (FolderExists(services_.files, trim(folder))) {
             definition_.sInputFolder = trim(folder);
         }
         if (!trim(extensions).empty()) {

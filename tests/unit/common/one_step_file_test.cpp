@@ -1,0 +1,66 @@
+#include "common/one_step_file.hpp"
+#include "support/faulty_files.hpp"
+#include "support/hosted_world.hpp"
+#include "support/recording_files.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(OneStepFile, A_new_file_appears_and_an_old_one_is_replaced) {
+    HostedWorld world;
+    writeInOneStep(world.files(), "C:\\a.ini", "one");
+    EXPECT_EQ(world.read("C:\\a.ini"), "one");
+    writeInOneStep(world.files(), "C:\\a.ini", "2");
+    EXPECT_EQ(world.read("C:\\a.ini"), "2");
+    EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("a.ini"));
+}
+
+TEST(OneStepFile, The_new_content_is_on_the_medium_before_it_takes_the_old_ones_place) {
+    HostedWorld world;
+    RecordingFiles files(world.files());
+    writeInOneStep(files, "C:\\a.ini", "one");
+    std::vector<FileOperation> operations;
+    for (const RecordingFiles::Call& call : files.calls()) {
+        operations.push_back(call.operation);
+    }
+    EXPECT_THAT(operations,
+                ElementsAre(FileOperation::Create, FileOperation::Write, FileOperation::Flush,
+                            FileOperation::Close, FileOperation::MoveOver));
+    EXPECT_EQ(files.count(FileOperation::Create, "C:\\a.ini"), 0);
+}
+
+TEST(OneStepFile, A_full_disk_raises_and_leaves_the_old_file_alone) {
+    HostedWorld world;
+    world.write("C:\\a.ini", "old");
+    FaultyFiles files(world.files());
+    files.fillDiskAfter(2);
+    try {
+        writeInOneStep(files, "C:\\a.ini", "new");
+        FAIL() << "raised nothing";
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.is(ErrorNumber::DiskFull));
+    }
+    EXPECT_EQ(world.read("C:\\a.ini"), "old");
+    EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("a.ini"));
+}
+
+TEST(OneStepFile, The_first_error_is_raised_even_when_cleaning_up_fails_too) {
+    HostedWorld world;
+    FaultyFiles files(world.files());
+    files.failAt(FileOperation::Write, 1, RunTimeError(ErrorNumber::DiskFull));
+    files.failAlways(FileOperation::Remove, RunTimeError(ErrorNumber::PermissionDenied));
+    try {
+        writeInOneStep(files, "C:\\a.ini", "new");
+        FAIL() << "raised nothing";
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.is(ErrorNumber::DiskFull));
+    }
+}
+
+} // namespace
+} // namespace tarnwick

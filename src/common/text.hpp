@@ -21,7 +21,8 @@ inline constexpr std::string_view lineEnd = "\r\n";
 // `folder` with a final "\": appended only when it does not already end in one.
 [[nodiscard]] std::string withBackslash(std::string_view folder);
 
-// The file of that name in that folder.
-[[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name);
+// The file of that name and extension (dot included) in that folder.
+[[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name,
+                                   std::string_view extension = {});
 
 } // namespace tarnwick

@@ -3,7 +3,10 @@
 #include "platform/case_folding.hpp"
 
 #include <algorithm>
+#include <array>
+#include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace tarnwick {
@@ -76,8 +79,34 @@ bool nameLess(std::string_view left, std::string_view right) {
     return left.size() != right.size() ? left.size() < right.size() : left < right;
 }
 
+namespace {
+
+// The beginning of an upper-cased name as a number, in the order of the names.
+struct SortPrefix {
+    std::array<std::uint64_t, 2> words{};
+
+    auto operator<=>(const SortPrefix&) const = default;
+};
+
+SortPrefix sortPrefix(std::string_view upper) {
+    SortPrefix prefix;
+    std::size_t place = 0;
+    for (std::uint64_t& word : prefix.words) {
+        for (std::size_t byte = 0; byte < sizeof word; ++byte, ++place) {
+            const unsigned char next =
+                place < upper.size() ? static_cast<unsigned char>(upper[place]) : 0;
+            word = word << 8U | next;
+        }
+    }
+    return prefix;
+}
+
+} // namespace
+
 void sortNames(std::vector<std::string>& names) {
-    // Every name is upper-cased once instead of at each comparison, all of them in one block.
+    // Every name is upper-cased once instead of at each comparison, all of them in one block; and
+    // most comparisons are settled by the first characters, which stand in the key itself: a
+    // hundred thousand names would not fit into the processor's cache.
     std::size_t length = 0;
     for (const auto& name : names) {
         length += name.size();
@@ -85,6 +114,7 @@ void sortNames(std::vector<std::string>& names) {
     std::string block;
     block.reserve(length);
     struct Key {
+        SortPrefix prefix;
         std::string_view upper; // of block
         std::size_t index;
     };
@@ -93,9 +123,13 @@ void sortNames(std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto start = block.size();
         block.append(upperCase(names[i]));
-        keys.push_back({std::string_view(block.data() + start, names[i].size()), i});
+        const std::string_view upper(block.data() + start, names[i].size());
+        keys.push_back({sortPrefix(upper), upper, i});
     }
     std::ranges::sort(keys, [&names](const Key& left, const Key& right) {
+        if (left.prefix != right.prefix) {
+            return left.prefix < right.prefix;
+        }
         const auto order = left.upper.compare(right.upper);
         return order != 0 ? order < 0 : names[left.index] < names[right.index];
     });

@@ -76,7 +76,7 @@ void addOutputs(Tool tool, std::span<const OutputDefinition> outputs, KnownFolde
             arguments.word("-v"); // CNS writes its info file only when it is verbose
         }
         arguments.word(option);
-        arguments.path(Kind::Output, joinPath(output.sOutputFolder, baseName) + output.sExtension);
+        arguments.path(Kind::Output, joinPath(output.sOutputFolder, baseName, output.sExtension));
     }
 }
 

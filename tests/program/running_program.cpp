@@ -1,0 +1,94 @@
+#include "program/running_program.hpp"
+
+#include <stdexcept>
+#include <vector>
+
+namespace tarnwick::test {
+namespace {
+
+constexpr int messageTextId = 0xFFFF;
+
+struct WindowSearch {
+    DWORD processId;
+    const std::string& title;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK isWanted(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<WindowSearch*>(parameter); // NOLINT: how the system passes it
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == search.processId && IsWindowVisible(window) != 0 &&
+        textOf(window) == search.title) {
+        search.found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+} // namespace
+
+RunningProgram::RunningProgram(const std::filesystem::path& program, const std::string& arguments) {
+    std::string commandLine = '"' + program.string() + "\" " + arguments;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION information{};
+    if (CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                       &startup, &information) == 0) {
+        throw std::runtime_error("cannot start " + commandLine);
+    }
+    CloseHandle(information.hThread);
+    process_.reset(information.hProcess);
+    processId_ = information.dwProcessId;
+}
+
+RunningProgram::~RunningProgram() { TerminateProcess(process_.get(), 99); }
+
+unsigned RunningProgram::exitCode() {
+    constexpr DWORD limitMilliseconds = 60'000;
+    if (WaitForSingleObject(process_.get(), limitMilliseconds) != WAIT_OBJECT_0) {
+        throw std::runtime_error("the program does not end");
+    }
+    DWORD code = 0;
+    GetExitCodeProcess(process_.get(), &code);
+    return code;
+}
+
+HWND RunningProgram::window(const std::string& title) {
+    WindowSearch search{.processId = processId_, .title = title};
+    const bool found = eventually([&] {
+        EnumWindows(isWanted, reinterpret_cast<LPARAM>(&search)); // NOLINT: as above
+        return search.found != nullptr;
+    });
+    if (!found) {
+        throw std::runtime_error("the program shows no window titled " + title);
+    }
+    return search.found;
+}
+
+std::string textOf(HWND window) {
+    const auto length = SendMessageA(window, WM_GETTEXTLENGTH, 0, 0);
+    std::vector<char> text(static_cast<std::size_t>(length) + 1);
+    SendMessageA(window, WM_GETTEXT, text.size(),
+                 reinterpret_cast<LPARAM>(text.data())); // NOLINT: how the system passes it
+    return text.data();
+}
+
+std::string messageOf(HWND messageBox) { return textOf(GetDlgItem(messageBox, messageTextId)); }
+
+void fill(HWND dialog, int control, const std::string& text) {
+    const HWND field = GetDlgItem(dialog, control);
+    SendMessageA(field, EM_SETSEL, 0, -1);
+    for (const char character : text) {
+        SendMessageA(field, WM_CHAR, static_cast<unsigned char>(character), 1);
+    }
+}
+
+void press(HWND dialog, int button) {
+    PostMessageA(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+    if (!eventually([&] { return IsWindow(dialog) == 0; })) {
+        throw std::runtime_error("the window stays open");
+    }
+}
+
+} // namespace tarnwick::test

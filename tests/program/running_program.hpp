@@ -1,0 +1,60 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include <windows.h>
+
+namespace tarnwick::test {
+
+// A program that a test has started, and the windows that it shows. Every wait ends by itself: a
+// test fails instead of hanging.
+class RunningProgram {
+  public:
+    // Starts `program` with `arguments` as they would be typed behind its name.
+    RunningProgram(const std::filesystem::path& program, const std::string& arguments);
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+    ~RunningProgram(); // ends it when it still runs
+
+    // Waits for its end; throws when it does not come.
+    [[nodiscard]] unsigned exitCode();
+
+    // Waits for a visible window of the program with that title; throws when none comes.
+    [[nodiscard]] HWND window(const std::string& title);
+
+  private:
+    struct CloseHandleOf {
+        void operator()(HANDLE handle) const { CloseHandle(handle); }
+    };
+    std::unique_ptr<void, CloseHandleOf> process_;
+    DWORD processId_ = 0;
+};
+
+// Runs `ready` again and again until it is true; false when that takes too long.
+template <typename Ready>
+bool eventually(Ready ready) {
+    constexpr std::chrono::seconds limit{60};
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!ready()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        Sleep(50);
+    }
+    return true;
+}
+
+// What a control or window says; what a message box says below its title.
+[[nodiscard]] std::string textOf(HWND window);
+[[nodiscard]] std::string messageOf(HWND messageBox);
+
+// Types `text` into the control, replacing what it holds.
+void fill(HWND dialog, int control, const std::string& text);
+
+// Presses the button of that identifier, and waits until the dialog is gone.
+void press(HWND dialog, int button);
+
+} // namespace tarnwick::test

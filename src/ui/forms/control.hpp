@@ -21,7 +21,9 @@ class Control {
     // of the focus. `name` is unique within the form.
     Control(Form& form, std::string_view name);
     Control(const Control&) = delete;
+    Control(Control&&) = delete;
     Control& operator=(const Control&) = delete;
+    Control& operator=(Control&&) = delete;
     virtual ~Control() = default;
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

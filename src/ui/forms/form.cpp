@@ -14,7 +14,9 @@ class Raised {
   public:
     explicit Raised(bool& flag) noexcept : flag_(flag) { flag_ = true; }
     Raised(const Raised&) = delete;
+    Raised(Raised&&) = delete;
     Raised& operator=(const Raised&) = delete;
+    Raised& operator=(Raised&&) = delete;
     ~Raised() { flag_ = false; }
 
   private:
@@ -177,7 +179,8 @@ void Form::userClosed() {
 }
 
 void Form::userResized(Size window, WindowState state) {
-    const bool same = window == Size{window_.width, window_.height} && state == windowState_;
+    const bool same =
+        window.width == window_.width && window.height == window_.height && state == windowState_;
     window_.width = window.width;
     window_.height = window.height;
     windowState_ = state;

@@ -29,7 +29,9 @@ class Form {
   public:
     Form(std::string_view name, std::string_view caption);
     Form(const Form&) = delete;
+    Form(Form&&) = delete;
     Form& operator=(const Form&) = delete;
+    Form& operator=(Form&&) = delete;
     virtual ~Form() = default;
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

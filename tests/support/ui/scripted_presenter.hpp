@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace tarnwick::test {
+namespace tarnwick {
 
 // "Shows" forms to a user who does what the test scripted: one function per form, in turn. Each
 // must leave its form hidden or unloaded, and no form may be shown that no script waits for; a
@@ -45,4 +45,4 @@ class ScriptedPresenter : public FormPresenter {
     std::deque<Script> scripts_;
 };
 
-} // namespace tarnwick::test
+} // namespace tarnwick

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace tarnwick::test {
+namespace tarnwick {
 namespace {
 
 struct CommandLineHelp : testing::Test {
@@ -115,4 +115,4 @@ TEST_F(CommandLineHelp, OK_Enter_Escape_and_closing_end_it) {
 }
 
 } // namespace
-} // namespace tarnwick::test
+} // namespace tarnwick

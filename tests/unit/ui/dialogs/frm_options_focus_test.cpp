@@ -1,7 +1,7 @@
 // What happens when a field is left.
 #include "unit/ui/dialogs/options_world.hpp"
 
-namespace tarnwick::test {
+namespace tarnwick {
 namespace {
 
 using testing::ElementsAre;
@@ -16,7 +16,8 @@ struct OptionsFields : OptionsWorld {
 };
 
 TEST_F(OptionsFields, A_field_that_nobody_changed_is_not_checked) {
-    files.files.clear();
+    world.files().remove("C:\\App\\mp.exe");
+    world.files().remove("C:\\App\\cns.exe");
     form.userMovedFocus(form.txtCNS);
     form.userMovedFocus(form.txtCmdFile);
     form.userMovedFocus(form.chkRelative);
@@ -38,19 +39,19 @@ TEST_F(OptionsFields, A_tool_that_is_not_there_sends_the_focus_back_with_the_tex
     type(form.txtMPEXE, " D:\\none.exe ");
     form.userMovedFocus(form.txtCNS);
     EXPECT_EQ(form.txtMPEXE.text(), "D:\\none.exe");
-    expectRefusal(form.txtMPEXE, "The MP executable \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, The_CNS_tool_is_named_in_its_own_message) {
     type(form.txtCNS, "none.exe");
     form.userMovedFocus(form.txtMPEXE);
-    expectRefusal(form.txtCNS, "The CNS executable \"C:\\App\\none.exe\" does not exist.");
+    expectRefusal(form.txtCNS, R"(The CNS executable "C:\App\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, An_emptied_tool_is_looked_for_in_the_programs_folder) {
     type(form.txtMPEXE, "");
     form.userMovedFocus(form.txtCNS);
-    expectRefusal(form.txtMPEXE, "The MP executable \"C:\\App\\\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "C:\App\" does not exist.)");
 }
 
 TEST_F(OptionsFields, A_field_that_was_refused_once_is_not_checked_again_until_it_changes) {
@@ -71,24 +72,24 @@ TEST_F(OptionsFields, Two_fields_that_are_wrong_give_one_message_each_and_no_loo
     form.txtCNS.setFocus();
     type(form.txtCNS, "D:\\nil.exe");
     form.userMovedFocus(form.txtMPEXE);
-    expectRefusal(form.txtCNS, "The CNS executable \"D:\\nil.exe\" does not exist.");
+    expectRefusal(form.txtCNS, R"(The CNS executable "D:\nil.exe" does not exist.)");
     desktop.messages.clear();
     form.userMovedFocus(form.txtMPEXE);
     EXPECT_THAT(desktop.messages, IsEmpty());
     form.userMovedFocus(form.txtCNS);
-    expectRefusal(form.txtMPEXE, "The MP executable \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, Window_events_that_run_while_the_message_is_up_start_nothing) {
     type(form.txtMPEXE, "D:\\none.exe");
     type(form.txtMPEXE, "D:\\nix.exe");
-    desktop.whileShowing = [this] {
+    desktop.whileShown = [this](const Message&) {
         form.windowDeactivated();
         form.userMovedFocus(form.txtCmdFile);
         form.userMovedFocus(form.txtCNS);
     };
     form.userMovedFocus(form.txtCNS);
-    expectRefusal(form.txtMPEXE, "The MP executable \"D:\\nix.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\nix.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, A_wrong_field_says_nothing_on_the_way_to_another_program_or_to_the_end) {
@@ -112,13 +113,13 @@ TEST_F(OptionsFields, A_wrong_field_is_heard_when_the_user_does_not_cancel_after
     form.userMovedFocus(form.cmdCancel);
     EXPECT_THAT(desktop.messages, IsEmpty());
     form.userMovedFocus(form.txtCNS);
-    expectRefusal(form.txtMPEXE, "The MP executable \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, Clicking_OK_with_a_wrong_field_gives_one_message) {
     type(form.txtMPEXE, "D:\\none.exe");
     form.userClicked(form.cmdOK);
-    expectRefusal(form.txtMPEXE, "The MP executable \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsFields, A_log_file_without_a_folder_is_taken_as_it_is) {
@@ -138,7 +139,7 @@ TEST_F(OptionsFields, A_log_file_in_no_folder_sends_the_focus_back) {
     type(form.txtCmdFile, " C:\\Nowhere\\run.log ");
     form.userMovedFocus(form.cmdOK);
     expectRefusal(form.txtCmdFile,
-                  "The command line logging file \"C:\\Nowhere\\run.log\" has an invalid folder.");
+                  R"(The command line logging file "C:\Nowhere\run.log" has an invalid folder.)");
     form.userMovedFocus(form.cmdOK);
     EXPECT_THAT(desktop.messages, SizeIs(1));
 }
@@ -147,7 +148,7 @@ TEST_F(OptionsFields, A_log_file_with_a_backslash_and_no_folder_before_it_is_ref
     type(form.txtCmdFile, "\\run.log");
     form.userMovedFocus(form.cmdOK);
     expectRefusal(form.txtCmdFile,
-                  "The command line logging file \"\\run.log\" has an invalid folder.");
+                  R"(The command line logging file "\run.log" has an invalid folder.)");
 }
 
 TEST_F(OptionsFields, Errors_while_checking_a_field_are_reported_and_the_check_is_still_due) {
@@ -174,4 +175,4 @@ TEST_F(OptionsFields, Errors_while_checking_a_field_are_reported_and_the_check_i
 }
 
 } // namespace
-} // namespace tarnwick::test
+} // namespace tarnwick

@@ -1,7 +1,7 @@
 // What OK accepts, refuses and applies.
 #include "unit/ui/dialogs/options_world.hpp"
 
-namespace tarnwick::test {
+namespace tarnwick {
 namespace {
 
 using testing::ElementsAre;
@@ -87,7 +87,7 @@ TEST_F(OptionsOk, A_tool_that_is_not_there_is_refused_even_while_it_is_off) {
     type(form.txtMPEXE, " D:\\none.exe ");
     ok();
     EXPECT_EQ(form.txtMPEXE.text(), "D:\\none.exe");
-    expectRefusal(form.txtMPEXE, "The MP executable file \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable file "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsOk, A_bare_name_that_was_not_left_is_looked_for_as_it_stands) {
@@ -103,11 +103,11 @@ TEST_F(OptionsOk, MP_is_looked_at_before_CNS_and_CNS_before_logging) {
     form.txtMPEXE.setText("D:\\a");
     form.txtCNS.setText("D:\\b");
     ok();
-    expectRefusal(form.txtMPEXE, "The MP executable file \"D:\\a\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable file "D:\a" does not exist.)");
     desktop.messages.clear();
     form.txtMPEXE.setText("C:\\App\\mp.exe");
     ok();
-    expectRefusal(form.txtCNS, "The CNS executable file \"D:\\b\" does not exist.");
+    expectRefusal(form.txtCNS, R"(The CNS executable file "D:\b" does not exist.)");
     desktop.messages.clear();
     form.txtCNS.setText("C:\\App\\cns.exe");
     ok();
@@ -120,7 +120,7 @@ TEST_F(OptionsOk, What_was_accepted_before_a_refusal_is_not_applied_by_itself) {
     type(form.txtMPEXE, "D:\\Tools\\mp.exe");
     type(form.txtCNS, "D:\\none.exe");
     ok();
-    expectRefusal(form.txtCNS, "The CNS executable file \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtCNS, R"(The CNS executable file "D:\none.exe" does not exist.)");
     form.userPressedEscape();
     EXPECT_EQ(definition, before);
 }
@@ -131,7 +131,7 @@ TEST_F(OptionsOk, Two_wrong_fields_give_one_message_at_a_time) {
     form.txtCNS.setFocus();
     type(form.txtCNS, "D:\\nil.exe");
     ok();
-    expectRefusal(form.txtMPEXE, "The MP executable file \"D:\\none.exe\" does not exist.");
+    expectRefusal(form.txtMPEXE, R"(The MP executable file "D:\none.exe" does not exist.)");
 }
 
 TEST_F(OptionsOk, Logging_without_a_file_name_is_refused) {
@@ -149,7 +149,7 @@ TEST_F(OptionsOk, Logging_into_a_folder_that_is_not_there_is_refused) {
     type(form.txtCmdFile, " C:\\Nowhere\\run.log");
     ok();
     expectRefusal(form.txtCmdFile,
-                  "The command line logging file \"C:\\Nowhere\\run.log\" has an invalid folder.");
+                  R"(The command line logging file "C:\Nowhere\run.log" has an invalid folder.)");
 }
 
 TEST_F(OptionsOk, Logging_into_a_bare_name_or_the_drives_root_is_accepted) {
@@ -189,4 +189,4 @@ TEST_F(OptionsOk, An_error_is_reported_and_leaves_dialog_and_settings_as_they_we
 }
 
 } // namespace
-} // namespace tarnwick::test
+} // namespace tarnwick

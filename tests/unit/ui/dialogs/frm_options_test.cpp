@@ -2,7 +2,7 @@
 #include "support/ui/scripted_presenter.hpp"
 #include "unit/ui/dialogs/options_world.hpp"
 
-namespace tarnwick::test {
+namespace tarnwick {
 namespace {
 
 using testing::ElementsAre;
@@ -85,9 +85,9 @@ TEST_F(Options, A_configuration_file_that_names_the_outputs_takes_the_hyperlinks
 
 TEST_F(Options, Browsing_for_MP_opens_an_executable_that_exists) {
     form.show();
-    desktop.chosen = "D:\\Tools\\mp.exe";
+    desktop.chosenFiles = {"D:\\Tools\\mp.exe"};
     form.userClicked(form.cmdMPEXE);
-    EXPECT_THAT(desktop.dialogs,
+    EXPECT_THAT(desktop.fileDialogs,
                 ElementsAre(FileDialog{.kind = FileDialog::Kind::Open,
                                        .title = "Open MP Executable",
                                        .filter = "Executable (*.exe)|*.exe|All Files (*.*)|*.*",
@@ -103,9 +103,9 @@ TEST_F(Options, Browsing_for_MP_opens_an_executable_that_exists) {
 
 TEST_F(Options, Browsing_for_CNS_opens_an_executable_that_exists) {
     form.show();
-    desktop.chosen = "D:\\Tools\\cns.exe";
+    desktop.chosenFiles = {"D:\\Tools\\cns.exe"};
     form.userClicked(form.cmdCNS);
-    EXPECT_THAT(desktop.dialogs,
+    EXPECT_THAT(desktop.fileDialogs,
                 ElementsAre(FileDialog{.kind = FileDialog::Kind::Open,
                                        .title = "Open CNS Executable",
                                        .filter = "Executable (*.exe)|*.exe|All Files (*.*)|*.*",
@@ -122,9 +122,9 @@ TEST_F(Options, Browsing_for_the_log_file_saves) {
     definition.bCommandLineLogging = true;
     definition.sCommandLineLogFile = "run.log";
     form.show();
-    desktop.chosen = "C:\\Logs\\new.log";
+    desktop.chosenFiles = {"C:\\Logs\\new.log"};
     form.userClicked(form.cmdCmdFile);
-    EXPECT_THAT(desktop.dialogs,
+    EXPECT_THAT(desktop.fileDialogs,
                 ElementsAre(FileDialog{.kind = FileDialog::Kind::Save,
                                        .title = "Save Command Line Logging Filename",
                                        .filter = "Log Filename (*.log)|*.log|All Files (*.*)|*.*",
@@ -141,10 +141,11 @@ TEST_F(Options, A_cancelled_file_dialog_leaves_the_field_and_says_nothing) {
     definition.bCommandLineLogging = true;
     definition.sCommandLineLogFile = "run.log";
     form.show();
+    desktop.chosenFiles = {std::nullopt, std::nullopt, std::nullopt};
     form.userClicked(form.cmdMPEXE);
     form.userClicked(form.cmdCNS);
     form.userClicked(form.cmdCmdFile);
-    EXPECT_EQ(desktop.dialogs.size(), 3U);
+    EXPECT_EQ(desktop.fileDialogs.size(), 3U);
     EXPECT_EQ(form.txtMPEXE.text(), "C:\\App\\mp.exe");
     EXPECT_EQ(form.txtCNS.text(), "C:\\App\\cns.exe");
     EXPECT_EQ(form.txtCmdFile.text(), "run.log");
@@ -215,17 +216,22 @@ TEST_F(Options, An_error_while_enabling_the_log_file_is_reported) {
 }
 
 TEST_F(Options, An_error_of_a_file_dialog_other_than_its_cancelling_is_reported) {
+    struct BrokenDialogs : ScriptedDesktop {
+        std::string chooseFile(const FileDialog&) override {
+            throw RunTimeError(ErrorNumber::PathNotFound);
+        }
+    } broken;
     definition.bCommandLineLogging = true;
-    form.show();
-    desktop.refusal = ErrorNumber::PathNotFound;
-    form.userClicked(form.cmdMPEXE);
-    form.userClicked(form.cmdCNS);
-    form.userClicked(form.cmdCmdFile);
-    EXPECT_THAT(desktop.messages,
+    frmOptions options(definition, files, broken);
+    options.show();
+    options.userClicked(options.cmdMPEXE);
+    options.userClicked(options.cmdCNS);
+    options.userClicked(options.cmdCmdFile);
+    EXPECT_THAT(broken.messages,
                 ElementsAre(report("Private Sub cmdMPEXE_Click()", "76", "Path not found"),
                             report("Private Sub cmdCNS_Click()", "76", "Path not found"),
                             report("Private Sub cmdCmdFile_Click()", "76", "Path not found")));
-    EXPECT_EQ(form.txtMPEXE.text(), "C:\\App\\mp.exe");
+    EXPECT_EQ(options.txtMPEXE.text(), "C:\\App\\mp.exe");
 }
 
 TEST_F(Options, An_error_while_cancelling_is_reported) {
@@ -239,4 +245,4 @@ TEST_F(Options, An_error_while_cancelling_is_reported) {
 }
 
 } // namespace
-} // namespace tarnwick::test
+} // namespace tarnwick

@@ -1,109 +1,42 @@
 #pragma once
 
-#include "platform/desktop.hpp"
-#include "platform/files.hpp"
 #include "platform/run_time_error.hpp"
+#include "support/forwarding_files.hpp"
+#include "support/hosted_world.hpp"
+#include "support/scripted_desktop.hpp"
 #include "ui/dialogs/frm_options.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <new>
-#include <optional>
-#include <set>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
-namespace tarnwick::test {
+namespace tarnwick {
 
-// Knows a few files and folders; nothing else is asked of it here.
-class FewFiles : public Files {
+// A file system that can fail in the one way that no existence test keeps to itself.
+class ExhaustibleFiles : public ForwardingFiles {
   public:
-    std::set<std::string, std::less<>> files;
-    std::set<std::string, std::less<>> folders; // with their final "\"
-    bool outOfMemory = false;                   // what no existence test keeps to itself
+    using ForwardingFiles::ForwardingFiles;
 
     [[nodiscard]] bool canListFolder(std::string_view folder) const override {
         fault();
-        return folders.contains(folder);
+        return ForwardingFiles::canListFolder(folder);
     }
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override {
         fault();
-        return files.contains(path) ? std::string(path.substr(path.rfind('\\') + 1)) : "";
+        return ForwardingFiles::firstNormalFile(path);
     }
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view,
-                                                     std::string_view) const override {
-        return unasked<std::vector<std::string>>();
-    }
-    [[nodiscard]] std::vector<std::string> listFolders(std::string_view) const override {
-        return unasked<std::vector<std::string>>();
-    }
-    [[nodiscard]] std::vector<std::string> drives() const override {
-        return unasked<std::vector<std::string>>();
-    }
-    [[nodiscard]] std::string currentFolder() const override { return unasked<std::string>(); }
-    [[nodiscard]] std::string shortPath(std::string_view) const override {
-        return unasked<std::string>();
-    }
-    [[nodiscard]] std::unique_ptr<InputFile> openForReading(std::string_view) const override {
-        return unasked<std::unique_ptr<InputFile>>();
-    }
-    [[nodiscard]] std::unique_ptr<OutputFile> create(std::string_view) override {
-        return unasked<std::unique_ptr<OutputFile>>();
-    }
-    [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view) override {
-        return unasked<std::unique_ptr<OutputFile>>();
-    }
-    void remove(std::string_view) override { unasked<int>(); }
-    void createFolder(std::string_view) override { unasked<int>(); }
-    void moveOver(std::string_view, std::string_view) override { unasked<int>(); }
+
+    bool outOfMemory = false;
 
   private:
     void fault() const {
         if (outOfMemory) {
             throw std::bad_alloc();
         }
-    }
-    template <typename Result>
-    static Result unasked() {
-        ADD_FAILURE() << "the dialog asks this of no file system";
-        return {};
-    }
-};
-
-// Keeps what it shows, and answers a file dialog with `chosen`, or as cancelled without one.
-class KeepingDesktop : public Desktop {
-  public:
-    std::vector<Message> messages;
-    std::vector<FileDialog> dialogs;
-    std::optional<std::string> chosen;
-    ErrorNumber refusal = ErrorNumber::Cancelled;
-    std::function<void()> whileShowing; // runs before a message is dismissed
-
-    MessageAnswer show(const Message& message) override {
-        messages.push_back(message);
-        if (whileShowing) {
-            whileShowing();
-        }
-        return MessageAnswer::Ok;
-    }
-    std::string chooseFile(const FileDialog& dialog) override {
-        dialogs.push_back(dialog);
-        if (!chosen) {
-            throw RunTimeError(refusal);
-        }
-        return *chosen;
-    }
-    std::string askForText(std::string_view, std::string_view) override {
-        ADD_FAILURE() << "no text is asked for";
-        return {};
-    }
-    std::int32_t openDocument(std::string_view, std::string_view) override {
-        ADD_FAILURE() << "no document is opened";
-        return 0;
     }
 };
 
@@ -123,8 +56,9 @@ inline Message report(std::string_view procedure, std::string_view number,
 // The dialog over a definition whose tools exist.
 struct OptionsWorld : testing::Test {
     BatchDefinition definition;
-    FewFiles files;
-    KeepingDesktop desktop;
+    HostedWorld world;
+    ExhaustibleFiles files{world.files()};
+    ScriptedDesktop desktop;
     frmOptions form{definition, files, desktop};
 
     OptionsWorld() {
@@ -133,8 +67,12 @@ struct OptionsWorld : testing::Test {
         definition.sCNSExecutable = "C:\\App\\cns.exe";
         definition.iProcessMP = 1;
         definition.iProcessCNS = 1;
-        files.files = {"C:\\App\\mp.exe", "C:\\App\\cns.exe", "D:\\Tools\\mp.exe"};
-        files.folders = {"C:\\App\\", "C:\\Logs\\"};
+        world.makeDrive('D');
+        for (const char* const tool :
+             {R"(C:\App\mp.exe)", R"(C:\App\cns.exe)", R"(D:\Tools\mp.exe)"}) {
+            world.write(tool, "");
+        }
+        world.makeFolder(R"(C:\Logs)");
     }
 
     // The user goes to the field and types over what is there.
@@ -153,4 +91,4 @@ struct OptionsWorld : testing::Test {
     }
 };
 
-} // namespace tarnwick::test
+} // namespace tarnwick

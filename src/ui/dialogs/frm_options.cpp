@@ -1,0 +1,221 @@
+#include "ui/dialogs/frm_options.hpp"
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "common/trap.hpp"
+#include "ui/dialogs/choose_file.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view formName = "frmOptions";
+constexpr std::string_view executables = "Executable (*.exe)|*.exe|All Files (*.*)|*.*";
+constexpr std::string_view logs = "Log Filename (*.log)|*.log|All Files (*.*)|*.*";
+
+std::string doesNotExist(std::string_view what, std::string_view path) {
+    return std::string("The ").append(what).append(" ").append(quoted(path)) + " does not exist.";
+}
+
+std::string hasInvalidFolder(std::string_view path) {
+    return "The command line logging file " + quoted(path) + " has an invalid folder.";
+}
+
+FileDialog openExecutable(std::string_view title) {
+    return {.kind = FileDialog::Kind::Open,
+            .title = std::string(title),
+            .filter = std::string(executables),
+            .filterIndex = 1,
+            .fileName = {},
+            .initialFolder = {},
+            .fileMustExist = true};
+}
+
+void writeBackTrimmed(TextBox& field) {
+    field.setText(std::string(trim(field.text())));
+}
+
+} // namespace
+
+frmOptions::frmOptions(BatchDefinition& definition, const Files& files, Desktop& desktop)
+    : Form(formName, "Options"), definition_(definition), files_(files), desktop_(desktop) {
+    connectEvents();
+}
+
+void frmOptions::connectEvents() {
+    // Every event procedure traps its own errors, and reports them under its declaration line.
+    const auto connect = [this](std::function<void()>& event, std::string_view procedure,
+                                void (frmOptions::*body)()) {
+        event = [this, procedure, body] {
+            trap(desktop_, formName, procedure, [&] { (this->*body)(); });
+        };
+    };
+    connect(Load, "Private Sub Form_Load()", &frmOptions::Form_Load);
+    connect(cmdMPEXE.Click, "Private Sub cmdMPEXE_Click()", &frmOptions::cmdMPEXE_Click);
+    connect(cmdCNS.Click, "Private Sub cmdCNS_Click()", &frmOptions::cmdCNS_Click);
+    connect(cmdCmdFile.Click, "Private Sub cmdCmdFile_Click()", &frmOptions::cmdCmdFile_Click);
+    connect(chkCmdLogging.Click, "Private Sub chkCmdLogging_Click()",
+            &frmOptions::chkCmdLogging_Click);
+    connect(txtMPEXE.Change, "Private Sub txtMPEXE_Change()", &frmOptions::txtMPEXE_Change);
+    connect(txtCNS.Change, "Private Sub txtCNS_Change()", &frmOptions::txtCNS_Change);
+    connect(txtCmdFile.Change, "Private Sub txtCmdFile_Change()", &frmOptions::txtCmdFile_Change);
+    connect(txtMPEXE.LostFocus, "Private Sub txtMPEXE_LostFocus()",
+            &frmOptions::txtMPEXE_LostFocus);
+    connect(txtCNS.LostFocus, "Private Sub txtCNS_LostFocus()", &frmOptions::txtCNS_LostFocus);
+    connect(txtCmdFile.LostFocus, "Private Sub txtCmdFile_LostFocus()",
+            &frmOptions::txtCmdFile_LostFocus);
+    connect(cmdOK.Click, "Private Sub cmdOK_Click()", &frmOptions::cmdOK_Click);
+    connect(cmdCancel.Click, "Private Sub cmdCancel_Click()", &frmOptions::cmdCancel_Click);
+}
+
+void frmOptions::Form_Load() {
+    txtMPEXE.setText(definition_.sMPExecutable);
+    txtCNS.setText(definition_.sCNSExecutable);
+    txtCmdFile.setText(definition_.sCommandLineLogFile);
+    // A configuration file that names the outputs itself decides about their hyperlinks too.
+    const bool decidedElsewhere = definition_.bCfgNamesOutput;
+    fraHyperlinks.setEnabled(!decidedElsewhere);
+    chkRelative.setEnabled(!decidedElsewhere);
+    chkRelative.setValue(decidedElsewhere || definition_.bConvertHyperlinks ? 1 : 0);
+    chkCmdLogging.setValue(definition_.bCommandLineLogging ? 1 : 0);
+    enableLogging(definition_.bCommandLineLogging);
+}
+
+void frmOptions::chkCmdLogging_Click() {
+    enableLogging(chkCmdLogging.ticked());
+}
+
+void frmOptions::enableLogging(bool enabled) {
+    txtCmdFile.setEnabled(enabled);
+    cmdCmdFile.setEnabled(enabled);
+}
+
+void frmOptions::cmdMPEXE_Click() {
+    browse(txtMPEXE, openExecutable("Open MP Executable"));
+}
+
+void frmOptions::cmdCNS_Click() {
+    browse(txtCNS, openExecutable("Open CNS Executable"));
+}
+
+void frmOptions::cmdCmdFile_Click() {
+    browse(txtCmdFile, {.kind = FileDialog::Kind::Save,
+                        .title = "Save Command Line Logging Filename",
+                        .filter = std::string(logs),
+                        .filterIndex = 1,
+                        .fileName = {},
+                        .initialFolder = {}});
+}
+
+// Starts where the field points to.
+void frmOptions::browse(TextBox& field, FileDialog dialog) {
+    dialog.initialFolder = GetFolderPath(trim(field.text()));
+    if (const auto chosen = chooseFile(desktop_, dialog)) {
+        field.setText(*chosen);
+    }
+}
+
+void frmOptions::txtMPEXE_Change() {
+    bMPEXEChanged_ = true;
+}
+
+void frmOptions::txtCNS_Change() {
+    bCNSChanged_ = true;
+}
+
+void frmOptions::txtCmdFile_Change() {
+    bCmdFileChanged_ = true;
+}
+
+void frmOptions::txtMPEXE_LostFocus() {
+    if (bMPEXEChanged_) {
+        checkTool(txtMPEXE, "MP executable");
+        bMPEXEChanged_ = false;
+    }
+}
+
+void frmOptions::txtCNS_LostFocus() {
+    if (bCNSChanged_) {
+        checkTool(txtCNS, "CNS executable");
+        bCNSChanged_ = false;
+    }
+}
+
+void frmOptions::checkTool(TextBox& field, std::string_view tool) {
+    writeBackTrimmed(field);
+    if (!field.text().contains('\\')) {
+        field.setText(definition_.sAppFolder + field.text());
+    }
+    if (!FileExists(files_, field.text())) {
+        refuse(field, doesNotExist(tool, field.text()));
+    }
+}
+
+void frmOptions::txtCmdFile_LostFocus() {
+    if (!bCmdFileChanged_) {
+        return;
+    }
+    writeBackTrimmed(txtCmdFile);
+    if (txtCmdFile.text().contains('\\') &&
+        !FolderExists(files_, GetFolderPath(txtCmdFile.text()))) {
+        refuse(txtCmdFile, hasInvalidFolder(txtCmdFile.text()));
+    }
+    bCmdFileChanged_ = false;
+}
+
+void frmOptions::cmdOK_Click() {
+    if (!acceptTool(txtMPEXE, definition_.iProcessMP, "MP executable file") ||
+        !acceptTool(txtCNS, definition_.iProcessCNS, "CNS executable file") || !acceptLogging()) {
+        return;
+    }
+    definition_.sMPExecutable = txtMPEXE.text();
+    definition_.sCNSExecutable = txtCNS.text();
+    definition_.bCommandLineLogging = chkCmdLogging.ticked();
+    definition_.sCommandLineLogFile = trim(txtCmdFile.text());
+    definition_.bConvertHyperlinks = chkRelative.value() > 0;
+    definition_.bSettingsChanged = true;
+    unload();
+}
+
+// A tool may be nowhere only while it is switched off.
+bool frmOptions::acceptTool(TextBox& field, int process, std::string_view tool) {
+    writeBackTrimmed(field);
+    if (process != checked && field.text().empty()) {
+        return true;
+    }
+    if (!FileExists(files_, field.text())) {
+        refuse(field, doesNotExist(tool, field.text()));
+        return false;
+    }
+    return true;
+}
+
+bool frmOptions::acceptLogging() {
+    if (!chkCmdLogging.ticked()) {
+        return true;
+    }
+    const std::string file(trim(txtCmdFile.text()));
+    if (file.empty()) {
+        refuse(txtCmdFile, "Please specify a command line logging filename.");
+        return false;
+    }
+    const std::string folder = GetFolderPath(file);
+    if (!folder.empty() && !FolderExists(files_, folder)) {
+        refuse(txtCmdFile, hasInvalidFolder(file));
+        return false;
+    }
+    return true;
+}
+
+void frmOptions::cmdCancel_Click() {
+    unload();
+}
+
+void frmOptions::refuse(TextBox& field, std::string_view message) {
+    showWarning(desktop_, message);
+    field.selectAll();
+    field.setFocus();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,18 @@
+#include "ui/forms/captioned.hpp"
+
+namespace tarnwick {
+
+Captioned::Captioned(Form& form, std::string_view name, std::string_view caption)
+    : Control(form, name), caption_(caption) {}
+
+void Captioned::setCaption(std::string_view caption) {
+    set(caption_, std::string(caption), Property::Caption);
+}
+
+void Clickable::userClicked() {
+    if (isUsable()) {
+        raise(Click);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,37 @@
+#include "ui/forms/control.hpp"
+
+#include "ui/forms/form.hpp"
+
+namespace tarnwick {
+
+Control::Control(Form& form, std::string_view name) : form_(form), name_(name) {
+    form.add(*this);
+}
+
+void Control::setEnabled(bool enabled) {
+    set(enabled_, enabled, Property::Enabled);
+    form_.keepFocusUsable();
+}
+
+void Control::setVisible(bool visible) {
+    set(visible_, visible, Property::Visible);
+    form_.keepFocusUsable();
+}
+
+void Control::setBounds(const Bounds& bounds) {
+    set(bounds_, bounds, Property::Bounds);
+}
+
+void Control::setFocus() {
+    if (form_.setFocus(*this)) {
+        tellView(Property::Focus);
+    }
+}
+
+void Control::tellView(Property property) {
+    if (view_ != nullptr) {
+        view_->changed(property);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "ui/forms/measures.hpp"
+#include "ui/forms/view.hpp"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+class Form;
+
+// One control of a form, as data. Properties that code sets are passed on to the view, if one is
+// attached, and raise no event. Events are raised by the user..., userMoved... and userClicked...
+// functions, which say what the user did: the view calls them, and so does a test. A control that
+// is disabled or not visible takes no notice of them.
+class Control {
+  public:
+    // A member of `form`, which knows its controls in the order in which they are made: the order
+    // of the focus. `name` is unique within the form.
+    Control(Form& form, std::string_view name);
+    Control(const Control&) = delete;
+    Control(Control&&) = delete;
+    Control& operator=(const Control&) = delete;
+    Control& operator=(Control&&) = delete;
+    virtual ~Control() = default;
+
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+    [[nodiscard]] Form& form() const noexcept { return form_; }
+
+    [[nodiscard]] bool enabled() const noexcept { return enabled_; }
+    void setEnabled(bool enabled);
+    [[nodiscard]] bool visible() const noexcept { return visible_; }
+    void setVisible(bool visible);
+    // Within the form's content.
+    [[nodiscard]] const Bounds& bounds() const noexcept { return bounds_; }
+    void setBounds(const Bounds& bounds);
+
+    // Whether this kind of control can have the focus at all.
+    [[nodiscard]] virtual bool isFocusable() const noexcept { return true; }
+    // Whether leaving a field for this control puts the field's check off (see Form).
+    [[nodiscard]] virtual bool isCancel() const noexcept { return false; }
+    // Whether the user can act on it now.
+    [[nodiscard]] bool isUsable() const noexcept { return enabled_ && visible_; }
+
+    // Gives it the focus; raises no event. Nothing happens when it is disabled, not visible or of
+    // a kind that has no focus.
+    void setFocus();
+
+    // The view must outlive its attachment. There is one at a time.
+    void attach(View& view) noexcept { view_ = &view; }
+    void detach() noexcept { view_ = nullptr; }
+
+    std::function<void()> GotFocus;
+    std::function<void()> LostFocus;
+
+  protected:
+    void tellView(Property property);
+    // Sets `member` and tells the view when that is a change.
+    template <typename Value>
+    void set(Value& member, Value value, Property property) {
+        if (member != value) {
+            member = std::move(value);
+            tellView(property);
+        }
+    }
+
+  private:
+    Form& form_;
+    std::string name_;
+    View* view_ = nullptr;
+    Bounds bounds_;
+    bool enabled_ = true;
+    bool visible_ = true;
+};
+
+// Runs the handler of an event; most events have none.
+template <typename Handler, typename... Arguments>
+void raise(const Handler& handler, Arguments&&... arguments) {
+    if (handler) {
+        handler(static_cast<Arguments&&>(arguments)...);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,198 @@
+#include "ui/forms/form.hpp"
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+bool canHaveFocus(const Control& control) noexcept {
+    return control.isFocusable() && control.isUsable();
+}
+
+// Holds a flag up for as long as it lives.
+class Raised {
+  public:
+    explicit Raised(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+    Raised(const Raised&) = delete;
+    Raised(Raised&&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    Raised& operator=(Raised&&) = delete;
+    ~Raised() { flag_ = false; }
+
+  private:
+    bool& flag_;
+};
+
+} // namespace
+
+Form::Form(std::string_view name, std::string_view caption) : name_(name), caption_(caption) {}
+
+void Form::setCaption(std::string_view caption) {
+    if (caption_ != caption) {
+        caption_ = caption;
+        tellView(Property::Caption);
+    }
+}
+
+Control* Form::find(std::string_view name) const noexcept {
+    const auto found =
+        std::ranges::find_if(controls_, [name](const Control* c) { return c->name() == name; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::moveTo(int left, int top) {
+    window_.left = left;
+    window_.top = top;
+    tellView(Property::Bounds);
+}
+
+void Form::measured(Size window, Size screen) noexcept {
+    window_.width = window.width;
+    window_.height = window.height;
+    screen_ = screen;
+}
+
+void Form::show() {
+    if (!loaded_) {
+        loaded_ = true;
+        raise(Load);
+        if (!loaded_) {
+            return;
+        }
+    }
+    visible_ = true;
+    if (focused_ == nullptr) {
+        focused_ = firstFocusable();
+    }
+    tellView(Property::Visible);
+    raise(Resize);
+}
+
+void Form::hide() {
+    if (visible_) {
+        visible_ = false;
+        owed_ = nullptr;
+        tellView(Property::Visible);
+    }
+}
+
+void Form::unload() {
+    if (loaded_) {
+        loaded_ = false;
+        raise(Unload);
+    }
+    hide();
+    focused_ = nullptr;
+}
+
+void Form::userMovedFocus(Control& to) {
+    if (!visible_ || &to == focused_ || !canHaveFocus(to)) {
+        return;
+    }
+    if (movingFocus_) {
+        focused_ = &to;
+        return;
+    }
+    const Raised moving(movingFocus_);
+    leaveFor(to);
+    if (visible_ && focused_ == &to) {
+        raise(to.GotFocus);
+    }
+}
+
+void Form::leaveFor(Control& to) {
+    Control* const left = focused_;
+    Control* const owing = owed_;
+    focused_ = &to;
+    owed_ = nullptr;
+    if (to.isCancel()) {
+        owed_ = owing != nullptr ? owing : left;
+        return;
+    }
+    for (Control* const control : {owing, left}) {
+        if (control != nullptr && control != &to && visible_ && focused_ == &to) {
+            raise(control->LostFocus);
+        }
+    }
+}
+
+bool Form::setFocus(Control& control) noexcept {
+    if (!canHaveFocus(control)) {
+        return false;
+    }
+    focused_ = &control;
+    if (owed_ == &control) {
+        owed_ = nullptr;
+    }
+    return true;
+}
+
+// A control that is switched off under the user's hands must not keep the keyboard.
+void Form::keepFocusUsable() {
+    if (visible_ && focused_ != nullptr && !canHaveFocus(*focused_)) {
+        focused_ = nullptr;
+        if (Control* const next = firstFocusable(); next != nullptr) {
+            next->setFocus();
+        }
+    }
+}
+
+Control* Form::firstFocusable() const noexcept {
+    const auto found =
+        std::ranges::find_if(controls_, [](const Control* c) { return canHaveFocus(*c); });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::userClicked(Clickable& control) {
+    userMovedFocus(control);
+    if (visible_ && focused_ == &control) {
+        control.userClicked();
+    }
+}
+
+void Form::userPressedEnter() {
+    if (auto* const button = dynamic_cast<Button*>(focused_); button != nullptr) {
+        button->userClicked();
+    } else {
+        click([](const Button& candidate) { return candidate.isDefault(); });
+    }
+}
+
+void Form::userPressedEscape() {
+    click([](const Button& candidate) { return candidate.isCancel(); });
+}
+
+void Form::click(bool (*wanted)(const Button&)) {
+    for (Control* const control : controls_) {
+        if (auto* const button = dynamic_cast<Button*>(control);
+            visible_ && button != nullptr && wanted(*button)) {
+            button->userClicked();
+            return;
+        }
+    }
+}
+
+void Form::userClosed() {
+    if (visible_) {
+        unload();
+    }
+}
+
+void Form::userResized(Size window, WindowState state) {
+    const bool same =
+        window.width == window_.width && window.height == window_.height && state == windowState_;
+    window_.width = window.width;
+    window_.height = window.height;
+    windowState_ = state;
+    if (visible_ && !same) {
+        raise(Resize);
+    }
+}
+
+void Form::tellView(Property property) {
+    if (view_ != nullptr) {
+        view_->changed(property);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "ui/forms/button.hpp"
+#include "ui/forms/control.hpp"
+#include "ui/forms/measures.hpp"
+#include "ui/forms/view.hpp"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+enum class WindowState { Normal, Minimized, Maximized };
+
+// A window as data: its caption, its controls, and which of them has the focus. A form of the
+// program derives from it and has its controls as members.
+//
+// The rules of the focus, in one place for all forms:
+//  - GotFocus and LostFocus are raised by what the user does. Code that moves the focus raises
+//    neither, so that a handler which sends the focus back never starts another handler.
+//  - A control has lost the focus only when another control of the same form has it: not when
+//    another window or program takes the keyboard, nor when the form closes.
+//  - A control that is left for a Cancel button is not told yet: whoever cancels need not hear what
+//    is wrong with a field. When the focus moves on from Cancel to another control, it is.
+//  - While a handler of LostFocus or GotFocus runs, no other one is started.
+class Form {
+  public:
+    Form(std::string_view name, std::string_view caption);
+    Form(const Form&) = delete;
+    Form(Form&&) = delete;
+    Form& operator=(const Form&) = delete;
+    Form& operator=(Form&&) = delete;
+    virtual ~Form() = default;
+
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string_view caption);
+
+    // In the order of the focus. They are members of the form.
+    [[nodiscard]] const std::vector<Control*>& controls() const noexcept { return controls_; }
+    // The control of that name; null when there is none.
+    [[nodiscard]] Control* find(std::string_view name) const noexcept;
+    // Null before the form is shown, after it is gone, and when no control can have the focus.
+    [[nodiscard]] Control* focused() const noexcept { return focused_; }
+
+    // The window on the screen: its size counts the frame (see windowFrame).
+    [[nodiscard]] const Bounds& window() const noexcept { return window_; }
+    void moveTo(int left, int top);
+    [[nodiscard]] WindowState windowState() const noexcept { return windowState_; }
+    // The screen that the window is on. Its upper left corner is the origin of window().
+    [[nodiscard]] const Size& screen() const noexcept { return screen_; }
+
+    [[nodiscard]] bool loaded() const noexcept { return loaded_; }
+    [[nodiscard]] bool visible() const noexcept { return visible_; }
+    // Takes the window off the screen and keeps its contents.
+    void hide();
+    // Ends it: raises Unload when it was loaded, and hides it.
+    void unload();
+
+    std::function<void()> Load;   // before it is shown for the first time
+    std::function<void()> Resize; // after it was shown, and whenever its size has changed
+    std::function<void()> Unload;
+
+    // For presenters: the window's and the screen's size, before show().
+    void measured(Size window, Size screen) noexcept;
+    // For presenters: loads the form where it is not loaded yet and makes it visible, with the
+    // focus on the first control that can have it, unless Load has chosen one. When Load unloads
+    // the form, it stays hidden.
+    void show();
+
+    // What the user did. A form that is not visible takes no notice.
+    void userMovedFocus(Control& to);
+    // Another window has the keyboard now. The control with the focus keeps it for when the user
+    // comes back.
+    void windowDeactivated() noexcept {}
+    // The user moved the focus to `control` and clicked it. A field that was left and sends the
+    // focus back swallows the click: the user must see to that field first.
+    void userClicked(Clickable& control);
+    void userPressedEnter();
+    void userPressedEscape();
+    // The window's close button, or what stands for it.
+    void userClosed();
+    void userResized(Size window, WindowState state);
+
+    // The view must outlive its attachment. There is one at a time.
+    void attach(View& view) noexcept { view_ = &view; }
+    void detach() noexcept { view_ = nullptr; }
+
+  private:
+    friend class Control;
+    void add(Control& control) { controls_.push_back(&control); }
+    [[nodiscard]] bool setFocus(Control& control) noexcept; // whether it can have it
+    void keepFocusUsable();
+
+    void leaveFor(Control& to);
+    [[nodiscard]] Control* firstFocusable() const noexcept;
+    void click(bool (*wanted)(const Button&));
+    void tellView(Property property);
+
+    std::string name_;
+    std::string caption_;
+    std::vector<Control*> controls_;
+    View* view_ = nullptr;
+    Control* focused_ = nullptr;
+    Control* owed_ = nullptr; // left for a Cancel button, and not told yet
+    bool movingFocus_ = false;
+    bool loaded_ = false;
+    bool visible_ = false;
+    Bounds window_;
+    Size screen_;
+    WindowState windowState_ = WindowState::Normal;
+};
+
+} // namespace tarnwick

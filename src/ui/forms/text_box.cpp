@@ -1,0 +1,69 @@
+#include "ui/forms/text_box.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tarnwick {
+
+void TextBox::setText(std::string_view text) {
+    clampSelection(0, 0);
+    set(text_, std::string(text), Property::Text);
+}
+
+void TextBox::select(int start, int length) {
+    clampSelection(start, length);
+    tellView(Property::Selection);
+}
+
+void TextBox::setReadOnly(bool readOnly) {
+    set(readOnly_, readOnly, Property::ReadOnly);
+}
+
+void TextBox::setFont(Font font) {
+    set(font_, std::move(font), Property::Font);
+}
+
+void TextBox::userTyped(std::string_view typed) {
+    if (!isUsable() || readOnly_) {
+        return;
+    }
+    text_.replace(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_), typed);
+    clampSelection(selStart_ + static_cast<int>(typed.size()), 0);
+    tellView(Property::Text);
+    tellView(Property::Selection);
+    raise(Change);
+}
+
+void TextBox::userSelected(int start, int length) {
+    if (isUsable()) {
+        clampSelection(start, length);
+    }
+}
+
+void TextBox::userChangedText(std::string_view text, int start, int length) {
+    if (isUsable() && !readOnly_) {
+        text_ = text;
+        clampSelection(start, length);
+        raise(Change);
+    }
+}
+
+void TextBox::userPressedKey(int keyCode) {
+    if (isUsable()) {
+        raise(KeyDown, keyCode);
+    }
+}
+
+void TextBox::userReleasedKey(int keyCode) {
+    if (isUsable()) {
+        raise(KeyUp, keyCode);
+    }
+}
+
+void TextBox::clampSelection(int start, int length) noexcept {
+    const int end = static_cast<int>(text_.size());
+    selStart_ = std::clamp(start, 0, end);
+    selLength_ = std::clamp(length, 0, end - selStart_);
+}
+
+} // namespace tarnwick

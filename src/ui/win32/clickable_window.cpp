@@ -1,0 +1,32 @@
+#include "ui/win32/clickable_window.hpp"
+
+#include "ui/forms/form.hpp"
+
+namespace tarnwick {
+
+void ClickableWindow::notified(WORD code) {
+    if (code != BN_CLICKED) {
+        return;
+    }
+    // Enter and Escape click a button from wherever the focus is; the mouse, an access key and the
+    // space bar have brought it here first.
+    if (GetFocus() == window()) {
+        clickable_.form().userClicked(clickable_);
+    } else {
+        clickable_.userClicked();
+    }
+}
+
+bool ClickableWindow::isFocusNotice(WORD code) const noexcept {
+    return code == BN_SETFOCUS || code == BN_KILLFOCUS;
+}
+
+void CheckBoxWindow::changed(Property property) {
+    if (property == Property::Value) {
+        SendMessageA(window(), BM_SETCHECK, checkBox_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0);
+    } else {
+        ClickableWindow::changed(property);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ui/forms/check_box.hpp"
+#include "ui/win32/captioned_window.hpp"
+
+namespace tarnwick {
+
+// A push button; it has the style BS_NOTIFY.
+class ClickableWindow : public CaptionedWindow {
+  public:
+    ClickableWindow(Clickable& clickable, HWND window)
+        : CaptionedWindow(clickable, window), clickable_(clickable) {}
+
+    void notified(WORD code) override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+
+  private:
+    Clickable& clickable_;
+};
+
+// A check box; it has the styles BS_NOTIFY and BS_CHECKBOX: what a click does to it is the
+// control's to say.
+class CheckBoxWindow final : public ClickableWindow {
+  public:
+    CheckBoxWindow(CheckBox& checkBox, HWND window)
+        : ClickableWindow(checkBox, window), checkBox_(checkBox) {}
+
+    void changed(Property property) override;
+
+  private:
+    CheckBox& checkBox_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,74 @@
+#include "ui/win32/control_window.hpp"
+
+#include "ui/forms/measures.hpp"
+
+namespace tarnwick {
+
+ControlWindow::ControlWindow(Control& control, HWND window) : control_(control), window_(window) {
+    measure();
+    control_.attach(*this);
+}
+
+ControlWindow::~ControlWindow() {
+    control_.detach();
+}
+
+int ControlWindow::dpi() const noexcept {
+    return static_cast<int>(GetDpiForWindow(window_));
+}
+
+void ControlWindow::measure() {
+    RECT area{};
+    GetWindowRect(window_, &area);
+    MapWindowPoints(HWND_DESKTOP, GetParent(window_), reinterpret_cast<POINT*>(&area), 2);
+    const int resolution = dpi();
+    control_.setBounds({.left = toTwips(area.left, resolution),
+                        .top = toTwips(area.top, resolution),
+                        .width = toTwips(area.right - area.left, resolution),
+                        .height = toTwips(area.bottom - area.top, resolution)});
+}
+
+void ControlWindow::place() {
+    const Bounds& bounds = control_.bounds();
+    const int resolution = dpi();
+    SetWindowPos(window_, nullptr, toPixels(bounds.left, resolution),
+                 toPixels(bounds.top, resolution), toPixels(bounds.width, resolution),
+                 toPixels(bounds.height, resolution), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ControlWindow::changed(Property property) {
+    switch (property) {
+    case Property::Enabled:
+        EnableWindow(window_, control_.enabled() ? TRUE : FALSE);
+        break;
+    case Property::Visible:
+        ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
+        break;
+    case Property::Bounds:
+        placedByCode_ = true;
+        place();
+        break;
+    case Property::Focus:
+        // Not SetFocus: the dialog must know, for the default button's sake.
+        SendMessageA(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
+        break;
+    default:
+        break;
+    }
+}
+
+void ControlWindow::showAll() {
+    for (const Property property :
+         {Property::Caption, Property::Value, Property::Font, Property::ReadOnly, Property::Text,
+          Property::Selection, Property::Enabled, Property::Visible}) {
+        changed(property);
+    }
+}
+
+void ControlWindow::resolutionChanged() {
+    if (placedByCode_) {
+        place();
+    }
+}
+
+} // namespace tarnwick

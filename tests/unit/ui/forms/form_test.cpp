@@ -1,0 +1,134 @@
+#include "ui/forms/form.hpp"
+#include "ui/forms/text_box.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct Small : Form {
+    Small() : Form("frmSmall", "Small") {}
+    TextBox text{*this, "text"};
+    Button cmdOK{*this, "cmdOK", "OK", Button::Role::DefaultAndCancel};
+};
+
+struct RecordingView : View {
+    void changed(Property property) override { told.push_back(property); }
+    std::vector<Property> told;
+};
+
+struct FormLife : testing::Test {
+    Small form;
+    RecordingView view;
+    std::vector<std::string> events;
+
+    void SetUp() override {
+        form.Load = [this] { events.emplace_back("Load"); };
+        form.Resize = [this] { events.emplace_back("Resize"); };
+        form.Unload = [this] { events.emplace_back("Unload"); };
+        form.attach(view);
+    }
+};
+
+TEST_F(FormLife, Showing_it_loads_it_first_and_then_lays_it_out) {
+    form.show();
+    EXPECT_TRUE(form.loaded());
+    EXPECT_TRUE(form.visible());
+    EXPECT_THAT(events, ElementsAre("Load", "Resize"));
+    EXPECT_THAT(view.told, ElementsAre(Property::Visible));
+}
+
+TEST_F(FormLife, A_hidden_form_keeps_its_contents_and_is_not_loaded_again) {
+    form.show();
+    form.text.userTyped("x");
+    form.hide();
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.loaded());
+    form.show();
+    EXPECT_EQ(form.text.text(), "x");
+    EXPECT_THAT(events, ElementsAre("Load", "Resize", "Resize"));
+}
+
+TEST_F(FormLife, Unloading_raises_Unload_once_and_hides_it) {
+    form.show();
+    form.unload();
+    form.unload();
+    EXPECT_FALSE(form.visible());
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(form.focused(), nullptr);
+    EXPECT_THAT(events, ElementsAre("Load", "Resize", "Unload"));
+    EXPECT_THAT(view.told, ElementsAre(Property::Visible, Property::Visible));
+}
+
+TEST_F(FormLife, A_form_that_is_unloaded_while_it_loads_is_never_shown) {
+    form.Load = [this] { form.unload(); };
+    form.show();
+    EXPECT_FALSE(form.visible());
+    EXPECT_THAT(events, ElementsAre("Unload"));
+    EXPECT_THAT(view.told, IsEmpty());
+}
+
+TEST_F(FormLife, Closing_the_window_unloads_it) {
+    form.show();
+    form.userClosed();
+    form.userClosed();
+    EXPECT_THAT(events, ElementsAre("Load", "Resize", "Unload"));
+}
+
+TEST_F(FormLife, The_focus_that_Load_chose_is_kept) {
+    form.Load = [this] { form.cmdOK.setFocus(); };
+    form.show();
+    EXPECT_EQ(form.focused(), &form.cmdOK);
+}
+
+TEST_F(FormLife, A_new_size_or_state_raises_Resize_and_the_same_one_does_not) {
+    form.measured({.width = 300, .height = 200}, {.width = 3000, .height = 2000});
+    form.show();
+    form.userResized({.width = 300, .height = 200}, WindowState::Normal);
+    EXPECT_THAT(events, ElementsAre("Load", "Resize"));
+    form.userResized({.width = 310, .height = 200}, WindowState::Normal);
+    form.userResized({.width = 310, .height = 200}, WindowState::Minimized);
+    EXPECT_THAT(events, ElementsAre("Load", "Resize", "Resize", "Resize"));
+    EXPECT_EQ(form.window(), (Bounds{.left = 0, .top = 0, .width = 310, .height = 200}));
+    EXPECT_EQ(form.windowState(), WindowState::Minimized);
+    EXPECT_EQ(form.screen(), (Size{.width = 3000, .height = 2000}));
+}
+
+TEST_F(FormLife, Moving_it_and_naming_it_tells_the_view) {
+    form.moveTo(10, 20);
+    form.setCaption("Other");
+    form.setCaption("Other");
+    EXPECT_EQ(form.caption(), "Other");
+    EXPECT_EQ(form.window().left, 10);
+    EXPECT_EQ(form.window().top, 20);
+    EXPECT_THAT(view.told, ElementsAre(Property::Bounds, Property::Caption));
+}
+
+TEST_F(FormLife, One_button_can_answer_both_Enter_and_Escape) {
+    int clicks = 0;
+    form.cmdOK.Click = [&] { ++clicks; };
+    form.show();
+    form.userPressedEnter();
+    form.userPressedEscape();
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(FormLife, A_form_that_is_not_shown_takes_no_notice_of_the_user) {
+    form.cmdOK.Click = [this] { events.emplace_back("Click"); };
+    form.userPressedEnter();
+    form.userPressedEscape();
+    form.userClicked(form.cmdOK);
+    form.userClosed();
+    form.userResized({.width = 1, .height = 1}, WindowState::Normal);
+    EXPECT_THAT(events, IsEmpty());
+}
+
+} // namespace
+} // namespace tarnwick

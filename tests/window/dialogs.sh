@@ -1,0 +1,227 @@
+# Sourced by run.sh: what a user does with the dialogs, and what must come of it.
+
+lay_out_tools() {
+    mkdir -p "$drive/gallery/logs"
+    touch "$drive/gallery/mp.exe" "$drive/gallery/cns.exe" "$drive/gallery/mp2.exe"
+}
+
+expect_unchanged() {
+    expect_result 'sMPExecutable=C:\gallery\mp.exe'
+    expect_result 'sCNSExecutable=C:\gallery\cns.exe'
+    expect_result 'bCommandLineLogging=0'
+    expect_result 'bSettingsChanged=0'
+}
+
+test_forms_that_cannot_be_shown_end_with_their_error() {
+    (cd "$work" && exec "$wine_run" "$gallery" errors result layout) \
+        >"$work/gallery.log" 2>&1 </dev/null || fail "status $?"
+    expect_result 'handler=57 Device I/O error'
+    expect_result 'resource=51 Internal error'
+    expect_result 'control=51 Internal error: frmDisplayCommandLineHelp has no control for "cmdOK"'
+    expect_result \
+        'window=51 Internal error: the resource of frmDisplayCommandLineHelp lacks a control'
+    expect_result 'unloaded=none'
+}
+
+test_help_closes_by_enter_escape_button_and_close_box() {
+    start_dialog help "Command Line Help on Tarnwick"
+    picture_of "$dialog" help
+    key Return
+    expect_end
+    start_dialog help "Command Line Help on Tarnwick"
+    key Escape
+    expect_end
+    start_dialog help "Command Line Help on Tarnwick"
+    click cmdOK
+    expect_end
+    start_dialog help "Command Line Help on Tarnwick"
+    key alt+F4
+    expect_end
+}
+
+test_help_closes_by_enter_and_escape_from_its_text() {
+    start_dialog help "Command Line Help on Tarnwick"
+    key Tab
+    key Return
+    expect_end
+    start_dialog help "Command Line Help on Tarnwick"
+    click txtHelp
+    key Escape
+    expect_end
+}
+
+test_help_follows_the_size_of_its_window() {
+    start_dialog help "Command Line Help on Tarnwick"
+    cp "$work/layout" "$work/layout.before"
+    xdotool windowsize "$dialog" 1000 500
+    sleep 1
+    cmp -s "$work/layout" "$work/layout.before" && fail "a new size leaves the layout as it was"
+    picture_of "$dialog" help-resized
+    click cmdOK
+    expect_end
+}
+
+test_options_escape_and_the_close_box_change_nothing() {
+    start_dialog options Options
+    picture_of "$dialog" options
+    type_text 'C:\gallery\mp2.exe'
+    key Escape
+    expect_end
+    expect_unchanged
+    start_dialog options Options
+    type_text 'nonsense'
+    key alt+F4
+    expect_no_window Warning
+    expect_end
+    expect_unchanged
+}
+
+test_options_a_wrong_tool_is_refused_and_can_be_typed_over() {
+    start_dialog options Options
+    type_text 'nonsense.exe'
+    key Tab
+    expect_window Warning
+    picture_of "$found" options-refusal
+    key Return
+    expect_no_window Warning
+    # The text is selected: what is typed now takes its place. A bare name is completed.
+    type_text 'mp2.exe'
+    key Tab
+    expect_no_window Warning
+    key Return # on the Browse button: it clicks that one, not OK
+    expect_window 'Open MP Executable'
+    key Escape
+    expect_open
+    key alt+m Return
+    expect_end
+    expect_result 'sMPExecutable=C:\gallery\mp2.exe'
+    expect_result 'sCNSExecutable=C:\gallery\cns.exe'
+    expect_result 'bSettingsChanged=1'
+}
+
+test_options_browsing_fills_the_field() {
+    start_dialog options Options
+    click cmdMPEXE
+    expect_window 'Open MP Executable'
+    type_text 'C:\gallery\mp2.exe'
+    key Return
+    expect_no_window 'Open MP Executable'
+    click cmdOK
+    expect_end
+    expect_result 'sMPExecutable=C:\gallery\mp2.exe'
+}
+
+test_options_cancel_is_not_held_up_by_a_wrong_field() {
+    start_dialog options Options
+    type_text 'nonsense.exe'
+    click cmdCancel
+    expect_no_window Warning
+    expect_end
+    expect_unchanged
+}
+
+test_options_ok_with_a_wrong_field_gives_one_message() {
+    start_dialog options Options
+    type_text 'nonsense.exe'
+    click cmdOK
+    expect_window Warning
+    key Return
+    expect_no_window Warning
+    expect_open
+    key Escape
+    expect_end
+    expect_unchanged
+}
+
+test_options_two_wrong_fields_do_not_loop() {
+    start_dialog options Options
+    type_text 'nonsense.exe'
+    click cmdOK
+    expect_window Warning
+    key Return
+    click txtCNS # was refused once, and nothing has changed: it lets go
+    expect_no_window Warning
+    key ctrl+a
+    type_text 'D:\nowhere\cns.exe'
+    click txtMPEXE
+    expect_window Warning
+    key Return
+    expect_no_window Warning
+    expect_open
+    key Escape
+    expect_end
+    expect_unchanged
+}
+
+test_options_another_program_may_take_the_keyboard() {
+    start_dialog options Options
+    type_text 'nonsense.exe'
+    xev -name other >"$work/xev.log" 2>&1 </dev/null &
+    local other=$!
+    expect_window other
+    expect_no_window Warning
+    kill "$other"
+    xdotool windowactivate --sync "$dialog"
+    sleep 0.5
+    expect_no_window Warning
+    key Tab
+    expect_window Warning
+    key Return
+    key Escape
+    expect_end
+    expect_unchanged
+}
+
+test_options_logging_by_mouse_and_by_keyboard() {
+    start_dialog options Options
+    click chkCmdLogging
+    click txtCmdFile
+    type_text 'C:\nowhere\run.log'
+    click chkRelative
+    expect_window Warning # and the click is lost
+    key Return
+    type_text 'C:\gallery\logs\run.log'
+    click chkRelative
+    picture_of "$dialog" options-filled
+    click cmdOK
+    expect_end
+    expect_result 'bCommandLineLogging=1'
+    expect_result 'sCommandLineLogFile=C:\gallery\logs\run.log'
+    expect_result 'bConvertHyperlinks=1'
+    # By keyboard alone.
+    start_dialog options Options
+    key alt+c Tab Tab space
+    key Tab
+    type_text 'run.log'
+    key Return
+    expect_end
+    expect_result 'bCommandLineLogging=1'
+    expect_result 'sCommandLineLogFile=run.log'
+    expect_result 'bConvertHyperlinks=0'
+}
+
+take_pictures_at() {
+    set_resolution "$1"
+    start_dialog options Options
+    picture_of "$dialog" "options-$1dpi"
+    click cmdCancel
+    expect_end
+    start_dialog help "Command Line Help on Tarnwick"
+    picture_of "$dialog" "help-$1dpi"
+    click cmdOK
+    expect_end
+}
+
+run_all_tests() {
+    set_resolution 96
+    lay_out_tools
+    for test_name in $(compgen -A function test_); do
+        say "$test_name"
+        "$test_name"
+    done
+    for test_name in 144 192; do
+        say "pictures at $test_name dpi"
+        take_pictures_at "$test_name"
+    done
+    say "all passed; pictures are in $pictures"
+}

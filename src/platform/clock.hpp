@@ -25,7 +25,8 @@ class PendingEvents {
   public:
     virtual ~PendingEvents() = default;
 
-    // Lets every event that waits now run its handlers, and returns. Handlers may call this again.
+    // Lets every event that waits now run its handlers, and returns; those that the handlers
+    // themselves add may run as well. Handlers may call this again.
     virtual void letRun() = 0;
 
     // Sleeps until an event waits or `seconds` are over, whichever comes first, and runs none.

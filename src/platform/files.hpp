@@ -13,13 +13,15 @@ namespace tarnwick {
 class InputFile {
   public:
     virtual ~InputFile() = default;
-    // Fills the front of `buffer` with the next bytes, as they stand in the file, and returns how
-    // many there are: 0 exactly at the end of the file.
+    // Fills the front of `buffer`, which is not empty, with the next bytes, as they stand in the
+    // file, and returns how many there are: 0 exactly at the end of the file.
     // Raises 57 (device I/O error), 70 (another program has locked the range).
     virtual std::size_t read(std::span<char> buffer) = 0;
 };
 
-// A file open for writing. Bytes are written as they stand; no line end is translated.
+// A file open for writing. Bytes are written as they stand; no line end is translated. They are
+// gathered: others read them after flush or close at the latest, and what cannot be written may be
+// told by a later call than the one that gave it.
 class OutputFile {
   public:
     // Closes without a word; what close() would have raised is lost.
@@ -31,13 +33,17 @@ class OutputFile {
     // not undo it. Raises 61, 57.
     virtual void flush() = 0;
     // Ends the writing; nothing may be written afterwards. A second call does nothing.
-    // Raises 61, 57; the file is closed all the same.
+    // Raises 61, 57; the file is closed all the same, and what had not been written is lost.
     virtual void close() = 0;
 };
 
 // The file system. Paths are Windows paths in the system's 8-bit code page, "\" between folders;
 // a path without a drive is relative to the current folder. Names match without regard to case.
+// A folder may be given with or without a final "\"; "C:" as a folder to list is that drive's root.
 // A failed change leaves the file system as it was, where nothing else is said.
+// Whatever raises at all also raises 68 where the path's drive does not exist, 71 where it is not
+// ready, and 52 where the path has a character that no name can have; in a "\\server\share" that
+// is not there a folder is missing (76).
 class Files {
   public:
     virtual ~Files() = default;
@@ -47,16 +53,16 @@ class Files {
     // bad name and a folder that this user may not list are all false. Never raises.
     [[nodiscard]] virtual bool canListFolder(std::string_view folder) const = 0;
 
-    // The name, without its folder, of the first normal file that matches `path`, whose last part
-    // may hold "*" and "?"; empty when there is none. Normal is what is no folder, not hidden and
-    // not system (read-only files are normal).
-    // Raises 52 (bad file name), 68/71 (drive), 76 (no such folder).
+    // The name, without its folder, of the first normal file, by name (see nameLess in
+    // wildcard.hpp), that matches `path`, whose last part may hold "*" and "?"; empty when there is
+    // none, as where the path ends in "\". Normal is what is no folder, not hidden and not system
+    // (read-only files are normal). Raises 76 (no such folder).
     [[nodiscard]] virtual std::string firstNormalFile(std::string_view path) const = 0;
 
     // The names, without folder, of the normal files in `folder` that match any of the
     // ";"-separated wildcard patterns (see wildcard.hpp), each once, sorted by name
     // (see nameLess there). An empty pattern matches every file.
-    // Raises 76 (no such folder), 75 (may not be listed), 68/71.
+    // Raises 76 (no such folder), 75 (may not be listed).
     [[nodiscard]] virtual std::vector<std::string> listFiles(std::string_view folder,
                                                              std::string_view patterns) const = 0;
 
@@ -70,37 +76,38 @@ class Files {
     // The process's current folder, without a final "\" unless it is a drive's root.
     [[nodiscard]] virtual std::string currentFolder() const = 0;
 
-    // The same file under a path without blanks (its short form), or `path` itself where the
-    // file system keeps no short names. The file or folder must exist; raises 53, 76.
+    // The same file under its short form, which has no blanks, as far as the file system keeps
+    // short names; `path` itself where it keeps none. The file or folder must exist; raises 53
+    // (it does not), 76.
     [[nodiscard]] virtual std::string shortPath(std::string_view path) const = 0;
 
     // Opens an existing file; others may go on reading and writing it.
     // Raises 53 (no such file), 76 (no such folder), 75 (a folder, or not allowed),
-    // 70 (another program keeps it to itself), 52 (bad name).
+    // 70 (another program keeps it to itself).
     [[nodiscard]] virtual std::unique_ptr<InputFile>
     openForReading(std::string_view path) const = 0;
 
     // Creates `path`, or empties it when it exists, for writing. While it is open others may read
-    // but not write it. Raises 75 (a folder, read-only, or not allowed), 70 (in use by another
-    // program), 76 (no such folder), 52 (bad name), 61.
+    // but not write it. It stays hidden or system if it was. Raises 75 (a folder, read-only, or not
+    // allowed), 70 (kept or being written by another program), 76 (no such folder), 61.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
     // As create, but writes behind what the file already holds.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> append(std::string_view path) = 0;
 
     // Deletes one file; no wildcards. Raises 53 (no such file, or a folder), 75 (read-only),
-    // 70 (in use), 76.
+    // 70 (in use, if only for reading), 76.
     virtual void remove(std::string_view path) = 0;
 
     // Creates one folder. Raises 75 (something of that name exists, or not allowed),
-    // 76 (its parent is missing), 52.
+    // 76 (its parent is missing).
     virtual void createFolder(std::string_view path) = 0;
 
     // Puts the file `from` in the place of `to` in one step: whoever opens `to` finds the old
     // content or the new, never half of one and never none, and `from` is gone afterwards. `to`
     // need not exist. Both must lie on one volume.
-    // Raises 53 (no `from`), 75 (`to` is read-only or a folder, or the volumes differ), 70 (`to`
-    // is in use), 76; both files are then as they were.
+    // Raises 53 (no `from`, or a folder), 75 (`to` is read-only or a folder, or the volumes
+    // differ), 70 (one of them is in use), 76; both files are then as they were.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 };
 

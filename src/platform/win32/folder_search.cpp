@@ -1,0 +1,93 @@
+#include "platform/win32/folder_search.hpp"
+
+#include "platform/win32/errors.hpp"
+
+#include <string_view>
+
+namespace tarnwick {
+namespace {
+
+FindHandle startSearch(const std::string& pattern, WIN32_FIND_DATAA& entry) {
+    // Short names are not asked for, and many entries are fetched at once: half the time of the
+    // plain call in a large folder.
+    return FindHandle(FindFirstFileExA(pattern.c_str(), FindExInfoBasic, &entry,
+                                       FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+}
+
+// What a failed search tells about the folder; the path was possible, so a name that the system
+// finds invalid means that what should be a folder is none.
+[[noreturn]] void raiseSearchError(DWORD systemError, const std::string& path) {
+    if (systemError == ERROR_INVALID_NAME) {
+        raiseSystemError(ErrorNumber::PathNotFound, systemError);
+    }
+    raiseSystemError(systemError, path);
+}
+
+std::string everythingIn(const std::string& folder) {
+    return folder + (folder.ends_with('\\') ? "*" : "\\*");
+}
+
+// An empty root has not even "." in it: nothing is found, though the folder is there.
+bool isEmptyFolder(DWORD systemError, const std::string& folder) {
+    if (systemError != ERROR_FILE_NOT_FOUND) {
+        return false;
+    }
+    const auto attributes = GetFileAttributesA((folder + '\\').c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+} // namespace
+
+EntryKind kindOf(const WIN32_FIND_DATAA& entry) noexcept {
+    const std::string_view name = entry.cFileName;
+    constexpr DWORD unseen = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    if ((entry.dwFileAttributes & unseen) != 0 || name == "." || name == "..") {
+        return EntryKind::Unseen;
+    }
+    return (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Folder
+                                                                    : EntryKind::File;
+}
+
+void searchFolder(const std::string& folder,
+                  const std::function<void(const WIN32_FIND_DATAA&)>& take) {
+    if (folder.empty()) { // which would become the root of the current drive
+        raiseSystemError(ERROR_PATH_NOT_FOUND);
+    }
+    WIN32_FIND_DATAA entry{};
+    const FindHandle search = startSearch(everythingIn(folder), entry);
+    if (!search.isOpen()) {
+        const auto systemError = GetLastError();
+        if (isEmptyFolder(systemError, folder)) {
+            return;
+        }
+        raiseSearchError(systemError == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : systemError,
+                         folder);
+    }
+    do {
+        take(entry);
+    } while (FindNextFileA(search.get(), &entry) != 0);
+    if (GetLastError() != ERROR_NO_MORE_FILES) {
+        raiseSearchError(GetLastError(), folder);
+    }
+}
+
+bool canSearchFolder(const std::string& folder) {
+    WIN32_FIND_DATAA entry{};
+    return !folder.empty() && (startSearch(everythingIn(folder), entry).isOpen() ||
+                               isEmptyFolder(GetLastError(), folder));
+}
+
+std::optional<WIN32_FIND_DATAA> findEntry(const std::string& path) {
+    WIN32_FIND_DATAA entry{};
+    const FindHandle search = startSearch(path, entry);
+    if (search.isOpen()) {
+        return entry;
+    }
+    const auto systemError = GetLastError();
+    if (systemError == ERROR_FILE_NOT_FOUND) {
+        return std::nullopt;
+    }
+    raiseSearchError(systemError, path);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/win32/handle.hpp"
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tarnwick {
+
+enum class EntryKind { File, Folder, Unseen };
+
+// Unseen is what is hidden or system, and "." and "..".
+[[nodiscard]] EntryKind kindOf(const WIN32_FIND_DATAA& entry) noexcept;
+
+// Gives every entry of the folder to `take`, in one pass. `folder` is possible and may end in "\".
+// Raises 76, 75, 68, 71.
+void searchFolder(const std::string& folder,
+                  const std::function<void(const WIN32_FIND_DATAA&)>& take);
+
+// Whether searchFolder would not raise.
+[[nodiscard]] bool canSearchFolder(const std::string& folder);
+
+// The file or folder of that name, which holds no wildcard; nothing when there is none in its
+// folder. Raises 76, 75, 68, 71.
+[[nodiscard]] std::optional<WIN32_FIND_DATAA> findEntry(const std::string& path);
+
+} // namespace tarnwick

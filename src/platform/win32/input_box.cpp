@@ -1,0 +1,72 @@
+#include "platform/win32/input_box.hpp"
+
+#include "platform/win32/dialog_template.hpp"
+#include "platform/win32/errors.hpp"
+
+#include <cstddef>
+
+namespace tarnwick {
+namespace {
+
+constexpr int promptId = 101;
+
+struct InputBox {
+    const std::string& prompt;
+    const std::string& title;
+    std::string line;
+};
+
+DialogTemplate inputBoxTemplate() {
+    DialogTemplate dialog(DS_MODALFRAME | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU,
+                          {0, 0, 270, 96});
+    // A "&" in a prompt is a character like any other.
+    dialog.add(ControlClass::Static, promptId, SS_LEFT | SS_NOPREFIX, {7, 7, 195, 60}, L"");
+    dialog.add(ControlClass::Edit, inputBoxField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
+               {7, 74, 256, 14}, L"");
+    dialog.add(ControlClass::Button, IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP, {213, 7, 50, 14}, L"OK");
+    dialog.add(ControlClass::Button, IDCANCEL, BS_PUSHBUTTON | WS_TABSTOP, {213, 24, 50, 14},
+               L"Cancel");
+    return dialog;
+}
+
+std::string textOf(HWND control) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
+    const int length = GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARAM data) {
+    if (message == WM_INITDIALOG) {
+        const auto* box = reinterpret_cast<const InputBox*>(data);
+        SetWindowLongPtrA(dialog, DWLP_USER, data);
+        SetWindowTextA(dialog, box->title.c_str());
+        SetDlgItemTextA(dialog, promptId, box->prompt.c_str());
+        SetFocus(GetDlgItem(dialog, inputBoxField));
+        return FALSE; // the focus is set
+    }
+    if (message != WM_COMMAND || (LOWORD(word) != IDOK && LOWORD(word) != IDCANCEL)) {
+        return FALSE;
+    }
+    if (LOWORD(word) == IDOK) {
+        auto* box = reinterpret_cast<InputBox*>(GetWindowLongPtrA(dialog, DWLP_USER));
+        box->line = textOf(GetDlgItem(dialog, inputBoxField));
+    }
+    EndDialog(dialog, LOWORD(word));
+    return TRUE;
+}
+
+} // namespace
+
+std::string runInputBox(HWND owner, const std::string& prompt, const std::string& title) {
+    InputBox box{prompt, title, {}};
+    const auto dialog = inputBoxTemplate();
+    const auto result = DialogBoxIndirectParamA(GetModuleHandleA(nullptr), dialog.get(), owner,
+                                                inputBoxProcedure, reinterpret_cast<LPARAM>(&box));
+    if (result <= 0) {
+        raiseSystemError(ErrorNumber::InternalError, GetLastError());
+    }
+    return box.line;
+}
+
+} // namespace tarnwick

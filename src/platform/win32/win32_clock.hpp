@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/clock.hpp"
+
+namespace tarnwick {
+
+class Win32Clock : public Clock {
+  public:
+    [[nodiscard]] double secondsSinceMidnight() const override;
+    [[nodiscard]] double steadySeconds() const override;
+    [[nodiscard]] std::string longDate() const override;
+    [[nodiscard]] std::string longTime() const override;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,99 @@
+#include "platform/win32/win32_desktop.hpp"
+
+#include "platform/run_time_error.hpp"
+#include "platform/win32/errors.hpp"
+#include "platform/win32/input_box.hpp"
+
+#include <windows.h>
+
+#include <cderr.h>
+#include <commdlg.h>
+#include <shellapi.h>
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+UINT styleOf(const Message& message) noexcept {
+    const UINT buttons = message.buttons == MessageButtons::YesNo ? MB_YESNO : MB_OK;
+    const UINT icon = message.icon == MessageIcon::Exclamation ? MB_ICONEXCLAMATION : 0U;
+    return buttons | icon | MB_TASKMODAL | MB_SETFOREGROUND;
+}
+
+DWORD flagsOf(const FileDialog& dialog) noexcept {
+    DWORD flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
+    flags |= dialog.fileMustExist ? OFN_FILEMUSTEXIST : 0U;
+    flags |= dialog.overwritePrompt ? OFN_OVERWRITEPROMPT : 0U;
+    flags |= dialog.hideReadOnly ? OFN_HIDEREADONLY : 0U;
+    return flags;
+}
+
+// "A|*.a|B|*.b" as the system wants it: each part ended by a NUL, and one more behind all.
+std::string filterList(std::string_view filter) {
+    std::string list(filter);
+    std::ranges::replace(list, '|', '\0');
+    return list + std::string(2, '\0');
+}
+
+// Whether a file was chosen; its name is in `name` then.
+bool runDialog(const FileDialog& dialog, std::string& name) {
+    const auto filter = filterList(dialog.filter);
+    OPENFILENAMEA request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = GetActiveWindow();
+    request.lpstrFilter = dialog.filter.empty() ? nullptr : filter.c_str();
+    request.nFilterIndex = static_cast<DWORD>(dialog.filterIndex);
+    request.lpstrFile = name.data();
+    request.nMaxFile = static_cast<DWORD>(name.size());
+    request.lpstrInitialDir = dialog.initialFolder.empty() ? nullptr : dialog.initialFolder.c_str();
+    request.lpstrTitle = dialog.title.empty() ? nullptr : dialog.title.c_str();
+    request.Flags = flagsOf(dialog);
+    return (dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameA(&request)
+                                                  : GetSaveFileNameA(&request)) != 0;
+}
+
+} // namespace
+
+MessageAnswer Win32Desktop::show(const Message& message) {
+    switch (MessageBoxA(GetActiveWindow(), message.text.c_str(), message.title.c_str(),
+                        styleOf(message))) {
+    case IDYES:
+        return MessageAnswer::Yes;
+    case IDNO:
+        return MessageAnswer::No;
+    default:
+        return message.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    }
+}
+
+std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
+    constexpr std::size_t longestPath = 32768;
+    std::string name = dialog.fileName.substr(0, longestPath - 1);
+    name.resize(longestPath);
+    bool chosen = runDialog(dialog, name);
+    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        name.assign(longestPath, '\0'); // better an empty field than no dialog
+        chosen = runDialog(dialog, name);
+    }
+    if (!chosen) {
+        const auto systemError = CommDlgExtendedError();
+        raiseSystemError(systemError == 0 ? ErrorNumber::Cancelled : ErrorNumber::InternalError,
+                         systemError);
+    }
+    name.resize(name.find('\0'));
+    return name;
+}
+
+std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {
+    return runInputBox(GetActiveWindow(), std::string(prompt), std::string(title));
+}
+
+std::int32_t Win32Desktop::openDocument(std::string_view document, std::string_view workingFolder) {
+    const auto result = reinterpret_cast<INT_PTR>(
+        ShellExecuteA(GetDesktopWindow(), "Open", std::string(document).c_str(), "",
+                      std::string(workingFolder).c_str(), SW_SHOWNORMAL));
+    return static_cast<std::int32_t>(result);
+}
+
+} // namespace tarnwick

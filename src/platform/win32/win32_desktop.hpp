@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/desktop.hpp"
+
+namespace tarnwick {
+
+// Message boxes, common dialogs and the input box of Windows, each owned by the active window.
+class Win32Desktop : public Desktop {
+  public:
+    MessageAnswer show(const Message& message) override;
+    std::string chooseFile(const FileDialog& dialog) override;
+    std::string askForText(std::string_view prompt, std::string_view title) override;
+    std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,194 @@
+#include "platform/win32/win32_files.hpp"
+
+#include "platform/wildcard.hpp"
+#include "platform/win32/errors.hpp"
+#include "platform/win32/folder_search.hpp"
+#include "platform/win32/handle.hpp"
+#include "platform/win32/win32_open_files.hpp"
+#include "platform/windows_path.hpp"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// The path for a system call: a NUL in it would cut it short, other bad characters would mean
+// something else than a name.
+std::string possible(std::string_view path) {
+    if (!isPossiblePath(path)) {
+        throw RunTimeError(ErrorNumber::BadFileName, ERROR_INVALID_NAME);
+    }
+    return std::string(path);
+}
+
+bool isFolder(DWORD attributes) noexcept {
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Raises when there is nothing of that name. Its attributes.
+DWORD attributesOf(const std::string& path) {
+    const auto attributes = GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        raiseSystemError(GetLastError(), path);
+    }
+    return attributes;
+}
+
+// Calls a function of the system that fills a buffer, and tells how long a buffer it needs when
+// that one is too short.
+template <typename Fill>
+std::string filledBy(Fill&& fill) {
+    std::string text(MAX_PATH, '\0');
+    for (;;) {
+        const DWORD length = fill(text.data(), static_cast<DWORD>(text.size()));
+        const bool fits = length < text.size();
+        text.resize(length);
+        if (fits) {
+            return text;
+        }
+    }
+}
+
+// Raises 75 when the file may not be replaced, before the system is asked, which would not tell
+// that from a file in use.
+void requireReplaceable(const std::string& path) {
+    const auto attributes = GetFileAttributesA(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {
+        raiseSystemError(ERROR_ACCESS_DENIED);
+    }
+}
+
+// Whether an open handle keeps the file from being replaced.
+bool isInUse(const std::string& path) {
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Handle file(
+        CreateFileA(path.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    return !file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+std::vector<std::string> namesOf(std::string_view folder, EntryKind kind,
+                                 std::string_view patterns) {
+    std::vector<std::string> names;
+    const auto bare = possible(folder);
+    searchFolder(bare, [&](const WIN32_FIND_DATAA& entry) {
+        if (kindOf(entry) == kind && matchesAnyWildcard(entry.cFileName, patterns)) {
+            names.emplace_back(entry.cFileName);
+        }
+    });
+    sortNames(names);
+    return names;
+}
+
+} // namespace
+
+bool Win32Files::canListFolder(std::string_view folder) const {
+    return isPossiblePath(folder) && canSearchFolder(std::string(folder));
+}
+
+std::string Win32Files::firstNormalFile(std::string_view path) const {
+    if (!isPossiblePattern(path)) {
+        throw RunTimeError(ErrorNumber::BadFileName, ERROR_INVALID_NAME);
+    }
+    const auto pattern = lastPart(path);
+    if (pattern.empty()) {
+        return {};
+    }
+    if (hasWildcard(pattern)) {
+        const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
+        const auto names = namesOf(folder, EntryKind::File, pattern);
+        return names.empty() ? std::string() : names.front();
+    }
+    const auto entry = findEntry(std::string(path));
+    return entry && kindOf(*entry) == EntryKind::File ? entry->cFileName : std::string();
+}
+
+std::vector<std::string> Win32Files::listFiles(std::string_view folder,
+                                               std::string_view patterns) const {
+    return namesOf(folder, EntryKind::File, patterns);
+}
+
+std::vector<std::string> Win32Files::listFolders(std::string_view folder) const {
+    return namesOf(folder, EntryKind::Folder, "");
+}
+
+std::vector<std::string> Win32Files::drives() const {
+    std::vector<std::string> drives;
+    const auto present = GetLogicalDrives();
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        if ((present >> static_cast<unsigned>(letter - 'A') & 1U) != 0) {
+            drives.push_back(std::string(1, letter) + ':');
+        }
+    }
+    return drives;
+}
+
+std::string Win32Files::currentFolder() const {
+    return filledBy([](char* buffer, DWORD size) { return GetCurrentDirectoryA(size, buffer); });
+}
+
+std::string Win32Files::shortPath(std::string_view path) const {
+    const auto longPath = possible(path);
+    attributesOf(longPath);
+    return filledBy([&](char* buffer, DWORD size) {
+        const auto length = GetShortPathNameA(longPath.c_str(), buffer, size);
+        if (length == 0) {
+            raiseSystemError(GetLastError(), longPath);
+        }
+        return length;
+    });
+}
+
+std::unique_ptr<InputFile> Win32Files::openForReading(std::string_view path) const {
+    return openWin32File(possible(path));
+}
+
+std::unique_ptr<OutputFile> Win32Files::create(std::string_view path) {
+    return createWin32File(possible(path), Existing::Emptied);
+}
+
+std::unique_ptr<OutputFile> Win32Files::append(std::string_view path) {
+    return createWin32File(possible(path), Existing::Kept);
+}
+
+void Win32Files::remove(std::string_view path) {
+    const auto file = possible(path);
+    if (DeleteFileA(file.c_str()) != 0) {
+        return;
+    }
+    const auto systemError = GetLastError();
+    if (isFolder(GetFileAttributesA(file.c_str()))) {
+        raiseSystemError(ErrorNumber::FileNotFound, systemError);
+    }
+    raiseSystemError(systemError, file);
+}
+
+void Win32Files::createFolder(std::string_view path) {
+    const auto folder = possible(path);
+    if (CreateDirectoryA(folder.c_str(), nullptr) == 0) {
+        raiseSystemError(GetLastError(), folder);
+    }
+}
+
+void Win32Files::moveOver(std::string_view from, std::string_view to) {
+    const auto source = possible(from);
+    const auto target = possible(to);
+    if (isFolder(attributesOf(source))) {
+        raiseSystemError(ERROR_FILE_NOT_FOUND);
+    }
+    requireReplaceable(target);
+    if (MoveFileExA(source.c_str(), target.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+        return;
+    }
+    const auto systemError = GetLastError();
+    if (systemError == ERROR_ACCESS_DENIED && isInUse(target)) {
+        raiseSystemError(ErrorNumber::PermissionDenied, systemError);
+    }
+    raiseSystemError(systemError, target);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/files.hpp"
+
+namespace tarnwick {
+
+// The file system of Windows, asked through its 8-bit functions.
+class Win32Files : public Files {
+  public:
+    [[nodiscard]] bool canListFolder(std::string_view folder) const override;
+    [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
+    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
+                                                     std::string_view patterns) const override;
+    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override;
+    [[nodiscard]] std::vector<std::string> drives() const override;
+    [[nodiscard]] std::string currentFolder() const override;
+    [[nodiscard]] std::string shortPath(std::string_view path) const override;
+    [[nodiscard]] std::unique_ptr<InputFile> openForReading(std::string_view path) const override;
+    [[nodiscard]] std::unique_ptr<OutputFile> create(std::string_view path) override;
+    [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view path) override;
+    void remove(std::string_view path) override;
+    void createFolder(std::string_view path) override;
+    void moveOver(std::string_view from, std::string_view to) override;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/files.hpp"
+
+#include <memory>
+#include <string>
+
+namespace tarnwick {
+
+// As Files::openForReading, Files::create and Files::append; `path` is possible.
+
+[[nodiscard]] std::unique_ptr<InputFile> openWin32File(const std::string& path);
+
+enum class Existing { Emptied, Kept };
+[[nodiscard]] std::unique_ptr<OutputFile> createWin32File(const std::string& path,
+                                                          Existing existing);
+
+} // namespace tarnwick

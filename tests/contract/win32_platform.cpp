@@ -1,0 +1,334 @@
+// The contracts on Windows, and what only this implementation promises.
+
+#include "contract/contract_fixture.hpp"
+#include "platform/win32/command_line.hpp"
+#include "platform/win32/errors.hpp"
+#include "platform/win32/handle.hpp"
+#include "platform/win32/win32_clock.hpp"
+#include "platform/win32/win32_command_interpreter.hpp"
+#include "platform/win32/win32_files.hpp"
+#include "platform/win32/win32_pending_events.hpp"
+#include "platform/win32/win32_process.hpp"
+#include "platform/win32/win32_settings_store.hpp"
+
+#include <windows.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr UINT eventMessage = WM_APP + 1;
+
+LRESULT CALLBACK eventWindowProcedure(HWND window, UINT message, WPARAM word, LPARAM data) {
+    if (message == eventMessage) {
+        const std::unique_ptr<std::function<void()>> event(
+            reinterpret_cast<std::function<void()>*>(data));
+        (*event)();
+        return 0;
+    }
+    return DefWindowProcA(window, message, word, data);
+}
+
+// A window that nobody sees: every event posted to it is a message of its own.
+class EventWindow {
+  public:
+    EventWindow()
+        : window_(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                  GetModuleHandleA(nullptr), nullptr)) {
+        if (window_ == nullptr) {
+            throw std::runtime_error("no window for the events");
+        }
+        SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(eventWindowProcedure));
+    }
+    EventWindow(const EventWindow&) = delete;
+    EventWindow& operator=(const EventWindow&) = delete;
+    ~EventWindow() { DestroyWindow(window_); }
+
+    void post(std::function<void()> event) {
+        auto owner = std::make_unique<std::function<void()>>(std::move(event));
+        if (PostMessageA(window_, eventMessage, 0, reinterpret_cast<LPARAM>(owner.get())) != 0) {
+            static_cast<void>(owner.release()); // the window's procedure owns it now
+        }
+    }
+
+  private:
+    HWND window_;
+};
+
+std::string newScratchFolder() {
+    static int number = 0;
+    const auto folder = Win32Process().environmentVariable("TEMP") + R"(\tarnwick-test-)" +
+                        std::to_string(GetCurrentProcessId()) + '-' + std::to_string(++number);
+    Win32Files().createFolder(folder);
+    return folder;
+}
+
+void addAttribute(const std::string& path, DWORD attribute) {
+    const auto attributes = GetFileAttributesA(path.c_str());
+    ASSERT_NE(attributes, INVALID_FILE_ATTRIBUTES) << path;
+    ASSERT_NE(SetFileAttributesA(path.c_str(), attributes | attribute), 0) << path;
+}
+
+class Win32Platform : public PlatformUnderTest {
+  public:
+    Win32Platform() = default;
+    Win32Platform(const Win32Platform&) = delete;
+    Win32Platform& operator=(const Win32Platform&) = delete;
+    ~Win32Platform() override {
+        std::error_code ignored;
+        for (const auto& entry : fs::recursive_directory_iterator(scratch_, ignored)) {
+            SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+        }
+        fs::remove_all(scratch_, ignored);
+        RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application()).c_str());
+        if (!substitute_.empty()) {
+            DefineDosDeviceA(DDD_REMOVE_DEFINITION, substitute_.c_str(), nullptr);
+        }
+    }
+
+    Files& files() override { return files_; }
+    std::string scratch() const override { return scratch_; }
+    std::string currentFolder() const override {
+        auto folder = fs::current_path().string();
+        return folder;
+    }
+    // A drive that is empty by itself (the Wine prefix of these tests has one), or else a folder
+    // in the place of a drive.
+    std::string emptyDrive() override {
+        for (const auto& drive : files_.drives()) {
+            WIN32_FIND_DATAA entry{};
+            const FindHandle search(FindFirstFileA((drive + R"(\*)").c_str(), &entry));
+            const bool nothingFound = !search.isOpen() && GetLastError() == ERROR_FILE_NOT_FOUND;
+            if (nothingFound && GetDriveTypeA((drive + '\\').c_str()) == DRIVE_FIXED) {
+                return drive;
+            }
+        }
+        files_.createFolder(scratch_ + R"(\empty drive)");
+        substitute_ = missingDrive();
+        DefineDosDeviceA(0, substitute_.c_str(), (scratch_ + R"(\empty drive)").c_str());
+        return substitute_;
+    }
+    std::string missingDrive() const override {
+        std::string drive = "Q:";
+        while (GetDriveTypeA((drive + '\\').c_str()) != DRIVE_NO_ROOT_DIR) {
+            ++drive[0];
+        }
+        return drive;
+    }
+    void hide(const std::string& path) override { addAttribute(path, FILE_ATTRIBUTE_HIDDEN); }
+    void makeSystem(const std::string& path) override { addAttribute(path, FILE_ATTRIBUTE_SYSTEM); }
+    void makeReadOnly(const std::string& path) override {
+        addAttribute(path, FILE_ATTRIBUTE_READONLY);
+    }
+    std::shared_ptr<void> keep(const std::string& path) override {
+        auto file = std::make_shared<Handle>(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                                         0, nullptr, OPEN_EXISTING, 0, nullptr));
+        EXPECT_TRUE(file->isOpen()) << path;
+        return file;
+    }
+    std::string libraryPath(const std::string& path) const override { return path; }
+    SettingsStore& settings() override { return settings_; }
+    std::string application() const override {
+        return "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
+    }
+    Process& process() override { return process_; }
+    void setVariable(const std::string& name, const std::string& value) override {
+        SetEnvironmentVariableA(name.c_str(), value.c_str());
+    }
+    CommandInterpreter& interpreter() override { return interpreter_; }
+    std::string batchThatWaits(const std::string& signal,
+                               const std::string& marker) const override {
+        return "@echo off\r\n:again\r\nif not exist \"" + signal + "\" goto again\r\n" +
+               "echo done> \"" + marker + "\"\r\n";
+    }
+    Clock& clock() override { return clock_; }
+    PendingEvents& events() override { return events_; }
+    void post(std::function<void()> event) override { window_.post(std::move(event)); }
+
+  private:
+    std::string scratch_ = newScratchFolder();
+    std::string substitute_;
+    Win32Files files_;
+    Win32SettingsStore settings_;
+    Win32Process process_;
+    Win32CommandInterpreter interpreter_;
+    Win32Clock clock_;
+    Win32PendingEvents events_;
+    EventWindow window_;
+};
+
+class Win32 : public ContractTest {
+  protected:
+    // Whether the file is there before a generous time is over.
+    [[nodiscard]] bool appears(std::string_view name) const {
+        for (int i = 0; i < 600 && !exists(name); ++i) {
+            Sleep(50);
+        }
+        return exists(name);
+    }
+};
+
+TEST_F(Win32, The_code_of_the_system_goes_along_with_the_error) {
+    try {
+        static_cast<void>(files.openForReading(in("missing.txt")));
+        FAIL() << "there is no such file";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.record(), (ErrorRecord{.number = 53,
+                                               .source = "Tarnwick",
+                                               .description = "File not found",
+                                               .lastDllError = ERROR_FILE_NOT_FOUND}));
+    }
+}
+
+TEST(Win32Errors, Every_code_has_its_number) {
+    using enum ErrorNumber;
+    const std::vector<std::pair<DWORD, ErrorNumber>> numbers{
+        {ERROR_FILE_NOT_FOUND, FileNotFound},
+        {ERROR_PATH_NOT_FOUND, PathNotFound},
+        {ERROR_DIRECTORY, PathNotFound},
+        {ERROR_BAD_NETPATH, PathNotFound},
+        {ERROR_BAD_NET_NAME, PathNotFound},
+        {ERROR_SHARING_VIOLATION, PermissionDenied},
+        {ERROR_LOCK_VIOLATION, PermissionDenied},
+        {ERROR_ACCESS_DENIED, PathFileAccess},
+        {ERROR_WRITE_PROTECT, PathFileAccess},
+        {ERROR_ALREADY_EXISTS, PathFileAccess},
+        {ERROR_NOT_SAME_DEVICE, PathFileAccess},
+        {ERROR_DISK_FULL, DiskFull},
+        {ERROR_HANDLE_DISK_FULL, DiskFull},
+        {ERROR_NOT_READY, DiskNotReady},
+        {ERROR_BAD_UNIT, DeviceUnavailable},
+        {ERROR_INVALID_DRIVE, DeviceUnavailable},
+        {ERROR_INVALID_NAME, BadFileName},
+        {ERROR_FILENAME_EXCED_RANGE, BadFileName},
+        {ERROR_TOO_MANY_OPEN_FILES, TooManyFiles},
+        {ERROR_OUTOFMEMORY, OutOfMemory},
+        {ERROR_CRC, DeviceIO}};
+    for (const auto& [systemError, number] : numbers) {
+        EXPECT_EQ(errorNumber(systemError), number) << systemError;
+    }
+}
+
+TEST_F(Win32, A_device_is_no_file) {
+    EXPECT_EQ(raisedBy([&] { return files.openForReading("NUL"); }), 75);
+    EXPECT_EQ(raisedBy([&] { return files.create("NUL"); }), 75);
+}
+
+TEST_F(Win32, A_file_is_found_under_its_short_name_too) {
+    const auto path = in("A long name with blanks.text");
+    putBytes(files, path, "same");
+    EXPECT_EQ(files.firstNormalFile(files.shortPath(path)), "A long name with blanks.text");
+}
+
+TEST_F(Win32, A_value_that_is_no_text_gives_the_fallback) {
+    const auto application = platform->application();
+    platform->settings().write(application, "S", "text", "x");
+    const DWORD number = 5;
+    ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, (R"(Software\)" + application + R"(\S)").c_str(),
+                              "number", REG_DWORD, &number, sizeof number),
+              ERROR_SUCCESS);
+    EXPECT_EQ(platform->settings().read(application, "S", "number", "fallback"), "fallback");
+    EXPECT_EQ(platform->settings().read(application, "S", "text", "fallback"), "x");
+}
+
+TEST_F(Win32, A_setting_stands_in_the_registry_under_its_own_name) {
+    const auto application = platform->application();
+    platform->settings().write(application, "TARNWICK", "MP Executable", "mp.exe");
+    std::string value(100, '\0');
+    DWORD size = 100;
+    DWORD type = 0;
+    ASSERT_EQ(RegGetValueA(HKEY_CURRENT_USER,
+                           (R"(Software\)" + application + R"(\TARNWICK)").c_str(), "MP Executable",
+                           RRF_RT_ANY, &type, value.data(), &size),
+              ERROR_SUCCESS);
+    EXPECT_EQ(type, static_cast<DWORD>(REG_SZ));
+    EXPECT_EQ(value.substr(0, size), std::string("mp.exe\0", 7));
+}
+
+TEST_F(Win32, A_store_that_cannot_be_written_raises_75) {
+    // No key of the registry has so long a name.
+    const std::string tooLong(300, 'x');
+    EXPECT_EQ(raisedBy([&] { platform->settings().write(tooLong, "S", "k", "v"); }), 75);
+    EXPECT_EQ(platform->settings().read(tooLong, "S", "k", "fallback"), "fallback");
+}
+
+TEST(Win32CommandLine, What_stands_behind_the_name_of_the_program_is_kept_as_typed) {
+    EXPECT_EQ(behindProgramName(R"("C:\Program Files\Tarnwick.exe" -I "a b.ini"  -n )"),
+              R"(-I "a b.ini"  -n )");
+    EXPECT_EQ(behindProgramName("Tarnwick.exe   -I a.ini"), "-I a.ini");
+    EXPECT_EQ(behindProgramName("C:\\\"My Programs\"\\t.exe\t?"), "?");
+    EXPECT_EQ(behindProgramName("Tarnwick.exe"), "");
+    EXPECT_EQ(behindProgramName(R"("C:\a b\Tarnwick.exe")"), "");
+    EXPECT_EQ(behindProgramName(""), "");
+}
+
+TEST(Win32Process, The_command_line_of_this_program_is_what_it_was_given) {
+    const std::string whole = GetCommandLineA();
+    const auto given = Win32Process().commandLine();
+    EXPECT_TRUE(whole.ends_with(given));
+    EXPECT_FALSE(given.starts_with(' '));
+    EXPECT_FALSE(given.contains("contract_tests")) << given;
+}
+
+TEST(Win32Process, The_program_lies_in_its_folder) {
+    EXPECT_NE(
+        Win32Files().firstNormalFile(Win32Process().programFolder() + R"(\contract_tests.exe)"),
+        "");
+}
+
+TEST_F(Win32, A_name_in_a_batch_file_is_the_name_that_the_user_sees) {
+    const auto& interpreter = platform->interpreter();
+    put("a.bat", "@echo off\r\necho x> " +
+                     interpreter.batchText('"' + in("caf\xE9 \xFC.txt") + '"') + "\r\n");
+    platform->interpreter().startHidden(in("a.bat"));
+    EXPECT_TRUE(appears("caf\xE9 \xFC.txt"));
+}
+
+TEST_F(Win32, A_request_to_quit_stays_for_the_program_itself) {
+    bool ran = false;
+    platform->post([&] { ran = true; });
+    PostQuitMessage(7);
+    platform->events().letRun();
+    EXPECT_TRUE(ran);
+    MSG message{};
+    EXPECT_NE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE), 0);
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST_F(Win32, A_filter_that_deals_with_a_message_keeps_it_from_its_window) {
+    class TakeEvents : public MessageFilter {
+      public:
+        bool handles(MSG& message) override {
+            if (message.message != eventMessage) {
+                return false;
+            }
+            const std::unique_ptr<std::function<void()>> event(
+                reinterpret_cast<std::function<void()>*>(message.lParam));
+            ++taken;
+            return true;
+        }
+        int taken = 0;
+    };
+    TakeEvents filter;
+    Win32PendingEvents events(&filter);
+    bool ran = false;
+    platform->post([&] { ran = true; });
+    events.letRun();
+    EXPECT_EQ(filter.taken, 1);
+    EXPECT_FALSE(ran);
+}
+
+} // namespace
+
+std::unique_ptr<PlatformUnderTest> makePlatformUnderTest() {
+    return std::make_unique<Win32Platform>();
+}
+
+} // namespace tarnwick

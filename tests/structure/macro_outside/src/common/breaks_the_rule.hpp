@@ -1,0 +1,4 @@
+#pragma once
+
+#ifdef _WIN32
+#endif

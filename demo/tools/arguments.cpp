@@ -41,10 +41,11 @@ LanguageChoice chooseLanguage(std::span<const std::string> arguments) {
     }
     const std::string& code = *(option + 1);
     if (const auto language = languageOfCode(code)) {
-        return {*language, {}};
+        return {.language = *language, .warning = {}};
     }
-    return {Language::English,
-            "warning: there are no messages in the language \"" + code + "\"; English is used"};
+    return {.language = Language::English,
+            .warning =
+                "warning: there are no messages in the language \"" + code + "\"; English is used"};
 }
 
 Arguments parseArguments(std::span<const std::string> arguments, std::span<const OptionRule> rules,

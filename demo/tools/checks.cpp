@@ -12,6 +12,7 @@ template <typename Number>
 std::optional<Number> numberFrom(std::string_view text) {
     Number number{};
     const auto* const end = text.data() + text.size();
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the end stands beside it
     const auto [last, error] = std::from_chars(text.data(), end, number);
     if (error != std::errc() || last != end) {
         return std::nullopt;

@@ -61,6 +61,7 @@ void work(const Arguments& arguments, Language language, std::ostream& out) {
         out << infoOutput(repaired, input, verbose, language);
     }
     std::vector<std::function<void()>> steps;
+    steps.reserve(paths.size());
     for (const auto& [product, path] : paths) {
         steps.emplace_back([&] {
             const auto content = product == Product::Cns ? recordText(repaired.record)
@@ -77,7 +78,7 @@ void work(const Arguments& arguments, Language language, std::ostream& out) {
 
 int runCns(std::span<const std::string> arguments, std::ostream& out, std::ostream& errors) {
     return runTool(
-        {"cns", usage, options}, arguments, errors,
+        {.name = "cns", .usage = usage, .options = options}, arguments, errors,
         [&out](const Arguments& taken, Language language) { work(taken, language, out); });
 }
 

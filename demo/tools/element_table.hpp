@@ -21,9 +21,9 @@ struct ElementRule {
     std::string_view name;
     std::string_view parent; // empty at the top level
     Kind kind = Kind::Text;
-    bool required = false;                // wherever its parent stands
-    bool repeatable = false;              // no group is
-    std::optional<Message> question = {}; // the one that it answers; a group answers none
+    bool required = false;           // wherever its parent stands
+    bool repeatable = false;         // no group is
+    std::optional<Message> question; // the one that it answers; a group answers none
 };
 
 // Every element that the tools know, parents before their children and children in their usual

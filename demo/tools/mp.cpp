@@ -104,6 +104,7 @@ void work(const Arguments& arguments, Language language) {
     run.record = readRecord(readInput(run.input, run.paths, language), run.findings);
     check(run.record, run.findings);
     std::vector<std::function<void()>> steps;
+    steps.reserve(run.paths.size());
     for (const auto& [product, path] : run.paths) {
         steps.emplace_back([&] { writeFile(path, contentOf(product, run), language); });
     }
@@ -113,7 +114,7 @@ void work(const Arguments& arguments, Language language) {
 } // namespace
 
 int runMp(std::span<const std::string> arguments, std::ostream& errors) {
-    return runTool({"mp", usage, options}, arguments, errors, work);
+    return runTool({.name = "mp", .usage = usage, .options = options}, arguments, errors, work);
 }
 
 } // namespace demo

@@ -14,18 +14,18 @@ namespace demo {
 namespace {
 
 constexpr auto mp = std::to_array<ProductRule>({
-    {Product::Error, "-e", "error", ".err"},
-    {Product::Text, "-t", "text", ".txt"},
-    {Product::Html, "-h", "html", ".html"},
-    {Product::Faq, "-f", "faq", "_faq.htm"},
-    {Product::Sgml, "-s", "sgml", ".sgml"},
-    {Product::Xml, "-x", "xml", ".xml"},
-    {Product::Dif, "-d", "dif", ".dif"},
+    {.product = Product::Error, .option = "-e", .key = "error", .extension = ".err"},
+    {.product = Product::Text, .option = "-t", .key = "text", .extension = ".txt"},
+    {.product = Product::Html, .option = "-h", .key = "html", .extension = ".html"},
+    {.product = Product::Faq, .option = "-f", .key = "faq", .extension = "_faq.htm"},
+    {.product = Product::Sgml, .option = "-s", .key = "sgml", .extension = ".sgml"},
+    {.product = Product::Xml, .option = "-x", .key = "xml", .extension = ".xml"},
+    {.product = Product::Dif, .option = "-d", .key = "dif", .extension = ".dif"},
 });
 constexpr auto cns = std::to_array<ProductRule>({
-    {Product::Cns, "-o", "cns", ".cns"},
-    {Product::Info, "-i", "info", ".info"},
-    {Product::Leftovers, "-e", "leftovers", ".lft"},
+    {.product = Product::Cns, .option = "-o", .key = "cns", .extension = ".cns"},
+    {.product = Product::Info, .option = "-i", .key = "info", .extension = ".info"},
+    {.product = Product::Leftovers, .option = "-e", .key = "leftovers", .extension = ".lft"},
 });
 
 const ProductRule* findProduct(std::span<const ProductRule> rules, std::string_view key) {
@@ -68,7 +68,8 @@ bool takeEntry(Configuration& configuration, Section section, std::string_view l
         return false;
     }
     configuration.outputs[product->product] = {
-        words[1], words.size() == 3 ? words[2] : std::string(product->extension)};
+        .folder = words[1],
+        .extension = words.size() == 3 ? words[2] : std::string(product->extension)};
     return true;
 }
 

@@ -10,10 +10,10 @@ namespace demo {
 
 // One element of a record: a group has children, any other element has lines of text.
 struct Element {
-    const ElementRule* rule = nullptr;  // of the element table; never null in a record
-    std::size_t line = 0;               // of the file that it was read from, from 1
-    std::vector<std::string> text = {}; // an empty line parts two paragraphs
-    std::vector<Element> children = {};
+    const ElementRule* rule = nullptr; // of the element table; never null in a record
+    std::size_t line = 0;              // of the file that it was read from, from 1
+    std::vector<std::string> text;     // an empty line parts two paragraphs
+    std::vector<Element> children;
 };
 
 // The elements of the top level. Never deeper than the element table.

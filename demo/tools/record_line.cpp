@@ -23,9 +23,9 @@ bool isNameCharacter(char character) {
 RecordLine lookAt(std::string_view line) {
     const auto first = line.find_first_not_of(' ');
     if (first == std::string_view::npos) {
-        return {.isBlank = true};
+        return {.indentation = 0, .text = {}, .isBlank = true};
     }
-    return {.indentation = first, .text = line.substr(first)};
+    return {.indentation = first, .text = line.substr(first), .isBlank = false};
 }
 
 std::optional<Heading> headingOf(const RecordLine& line) {

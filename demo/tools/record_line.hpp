@@ -9,7 +9,7 @@ namespace demo {
 // One line of a record, as views into it.
 struct RecordLine {
     std::size_t indentation = 0; // in blanks
-    std::string_view text = {};  // from the first character that is no blank; blanks behind stay
+    std::string_view text;       // from the first character that is no blank; blanks behind stay
     bool isBlank = false;
 };
 [[nodiscard]] RecordLine lookAt(std::string_view line);

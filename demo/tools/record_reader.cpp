@@ -35,7 +35,7 @@ class RecordReader {
         const auto heading = headingOf(line);
         const auto* const rule = heading ? findElement(heading->name) : nullptr;
         const bool afterStrayText = std::exchange(inStrayText_, false);
-        if (rule != nullptr) {
+        if (heading && rule != nullptr) {
             takeElement(number, line.indentation, *rule, heading->value);
         } else if (!open_.empty() && open_.back().element->rule->kind != Kind::Group) {
             takeText(line.text);
@@ -73,7 +73,7 @@ class RecordReader {
             open_.pop_back();
         }
         auto& siblings = open_.empty() ? record_ : open_.back().element->children;
-        siblings.push_back({.rule = &rule, .line = number});
+        siblings.push_back({.rule = &rule, .line = number, .text = {}, .children = {}});
         open_.push_back({indentation, &siblings.back()});
         if (!value.empty() && rule.kind == Kind::Group) {
             findings_.error(number, Message::GroupWithText, {rule.name});

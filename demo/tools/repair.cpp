@@ -24,9 +24,9 @@ class Repairer {
         const auto* const rule = heading ? ruleOf(heading->name) : nullptr;
         const bool looksUnknown =
             heading && heading->name.find(' ') == std::string_view::npos && rule == nullptr;
-        if (rule != nullptr) {
+        if (heading && rule != nullptr) {
             takeElement(number, line.indentation, *rule, *heading);
-        } else if (takesText_ && !(looksUnknown && line.indentation <= indentation_)) {
+        } else if (takesText_ && (!looksUnknown || line.indentation > indentation_)) {
             takeText(line.text);
         } else {
             leaveOver(number, whole);
@@ -71,7 +71,7 @@ class Repairer {
         }
         indentation_ = indentation;
         takesText_ = rule.kind != Kind::Group;
-        elements_.push_back({.rule = &rule, .line = number});
+        elements_.push_back({.rule = &rule, .line = number, .text = {}, .children = {}});
         if (takesText_ && !heading.value.empty()) {
             elements_.back().text.emplace_back(heading.value);
         } else if (!heading.value.empty()) {

@@ -57,20 +57,22 @@ void appendFields(std::string& out, const Record& elements) {
 } // namespace
 
 std::string textOutput(const Record& record, bool cleanUp) {
-    const auto whole = recordText(record);
+    auto whole = recordText(record);
     if (!cleanUp) {
         return whole;
     }
     std::string out;
+    bool afterEmptyLine = false;
     std::string_view rest = whole;
     while (!rest.empty()) {
         const auto end = rest.find(lineEnd);
         const auto line = rest.substr(0, end);
         // One past the last character that is no blank; 0 where there is none.
         const auto length = line.find_last_not_of(' ') + 1;
-        if (length > 0) {
+        if (length > 0 || !afterEmptyLine) {
             out.append(line.substr(0, length)).append(lineEnd);
         }
+        afterEmptyLine = length == 0;
         rest.remove_prefix(end + lineEnd.size());
     }
     return out;

@@ -8,7 +8,8 @@
 // its lines ended by CR LF.
 namespace demo {
 
-// As recordText; `cleanUp` drops the blanks at the ends of lines and the empty lines within a text.
+// As recordText; `cleanUp` drops the blanks at the ends of lines and leaves one of several empty
+// lines.
 [[nodiscard]] std::string textOutput(const Record& record, bool cleanUp);
 
 // XML, and SGML in the same tags. The XML says its code page (windows-1252).

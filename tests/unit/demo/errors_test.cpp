@@ -61,7 +61,7 @@ TEST_F(Errors, A_coordinate_is_a_number_within_its_range) {
     expectOneError(with("-3.5", "3\xB0W"),
                    "Line 12: error: \"West\" must be a number, not \"3\xB0W\"");
     expectOneError(with("-3.5", std::string(50, '7') + "x"),
-                   "Line 12: error: \"West\" must be a number, not \"" + std::string(40, '7') +
+                   R"(Line 12: error: "West" must be a number, not ")" + std::string(40, '7') +
                        "...\"");
     expectOneError(with("-3.5", "-180.5"),
                    R"(Line 12: error: "West" must lie between -180 and 180)");

@@ -263,7 +263,7 @@ TEST_F(Outputs, Fixdoc_cleans_the_text_output_and_no_other) {
                                "      b  c   \n";
     EXPECT_EQ(outputFor("-t", record), crlf(record));
     EXPECT_EQ(outputFor("-t", record, {"-fixdoc"}),
-              crlf("Identification:\n  Description:\n    Abstract:\n      a\n      b  c\n"));
+              crlf("Identification:\n  Description:\n    Abstract:\n      a\n\n      b  c\n"));
     EXPECT_EQ(outputFor("-x", record, {"-fixdoc"}), outputFor("-x", record));
     EXPECT_EQ(outputFor("-d", record, {"-fixdoc"}), outputFor("-d", record));
 }

@@ -2,18 +2,16 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace demo {
 namespace {
 
 // The error report's last line for each record of the demo, read as it stands and as cns repairs
 // it. Whoever adds a record says here what is wrong with it.
-struct Expected {
-    std::string asItStands;
-    std::string repaired;
-};
-const std::map<std::string, Expected>& expectedRecords() {
-    static const std::map<std::string, Expected> records{
+using Expected = std::map<std::string, std::pair<std::string, std::string>>;
+const Expected& expectedRecords() {
+    static const Expected records{
         {"aliased.met", {"Errors: 11. Warnings: 0.", "Errors: 0. Warnings: 0."}},
         {"bad_date.met", {"Errors: 2. Warnings: 0.", "Errors: 2. Warnings: 0."}},
         {"forests.met", {"Errors: 0. Warnings: 0.", "Errors: 0. Warnings: 0."}},
@@ -36,7 +34,7 @@ const std::map<std::string, Expected>& expectedRecords() {
 
 class DemoRecords : public ToolTest {
   protected:
-    static std::filesystem::path folder() { return std::filesystem::path(DEMO_FOLDER); }
+    static std::filesystem::path folder() { return {DEMO_FOLDER}; }
     std::string lastReportLine(const std::string& input) {
         EXPECT_EQ(mp({"-l", "en", "-e", path("a.err"), "-h", path("a.html"), input}), 0);
         const auto report = read("a.err");
@@ -54,9 +52,9 @@ TEST_F(DemoRecords, Each_has_the_faults_that_it_is_there_for) {
         SCOPED_TRACE(name);
         seen.push_back(name);
         ASSERT_TRUE(expectedRecords().contains(name));
-        EXPECT_EQ(lastReportLine(record), expectedRecords().at(name).asItStands);
+        EXPECT_EQ(lastReportLine(record), expectedRecords().at(name).first);
         EXPECT_EQ(cns({"-l", "en", "-a", aliases, "-o", path("a.cns"), record}), 0);
-        EXPECT_EQ(lastReportLine(path("a.cns")), expectedRecords().at(name).repaired);
+        EXPECT_EQ(lastReportLine(path("a.cns")), expectedRecords().at(name).second);
     }
     EXPECT_EQ(seen.size(), expectedRecords().size());
 }

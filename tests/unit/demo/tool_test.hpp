@@ -14,6 +14,13 @@ namespace demo {
 
 // Runs the tools in a folder of the test's own, which is empty at first and gone at the end.
 class ToolTest : public testing::Test {
+  public:
+    ToolTest(const ToolTest&) = delete;
+    ToolTest& operator=(const ToolTest&) = delete;
+    ToolTest(ToolTest&&) = delete;
+    ToolTest& operator=(ToolTest&&) = delete;
+    ~ToolTest() override { std::filesystem::remove_all(folder_); }
+
   protected:
     ToolTest() {
         const auto* const info = testing::UnitTest::GetInstance()->current_test_info();
@@ -22,11 +29,6 @@ class ToolTest : public testing::Test {
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_);
     }
-    ~ToolTest() override { std::filesystem::remove_all(folder_); }
-    ToolTest(const ToolTest&) = delete;
-    ToolTest& operator=(const ToolTest&) = delete;
-    ToolTest(ToolTest&&) = delete;
-    ToolTest& operator=(ToolTest&&) = delete;
 
     [[nodiscard]] std::string path(const std::string& name) const {
         return (folder_ / name).string();

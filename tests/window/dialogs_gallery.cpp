@@ -71,7 +71,7 @@ void printErrors(std::ostream& out) {
     Form bare("frmDisplayCommandLineHelp", "");
     out << "control=" << errorOfShowing(bare) << '\n';
     frmDisplayCommandLineHelp richer;
-    Label label(richer, "lblMore", "");
+    const Label label(richer, "lblMore", "");
     out << "window=" << errorOfShowing(richer) << '\n';
     frmDisplayCommandLineHelp unloading;
     unloading.Load = [&unloading] { unloading.unload(); };

@@ -59,9 +59,9 @@ INT_PTR CALLBACK DialogView::procedure(HWND dialog, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-        reinterpret_cast<DialogView*>(lParam)->dialog_ = dialog;
+        pointerIn<DialogView*>(lParam)->dialog_ = dialog;
     }
-    auto* const view = reinterpret_cast<DialogView*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    auto* const view = pointerIn<DialogView*>(GetWindowLongPtrA(dialog, DWLP_USER));
     if (view == nullptr) {
         return FALSE;
     }
@@ -91,7 +91,7 @@ bool DialogView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         open();
         return false;
     case WM_COMMAND:
-        command(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+        command(LOWORD(wParam), HIWORD(wParam), pointerIn<HWND>(lParam));
         return true;
     case WM_CLOSE:
         form_.userClosed();
@@ -109,10 +109,10 @@ bool DialogView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         lookWhereTheFocusIs();
         return true;
     case ViewMessage::keyPressed:
-        find(reinterpret_cast<HWND>(lParam))->keyPressed(static_cast<int>(wParam));
+        find(pointerIn<HWND>(lParam))->keyPressed(static_cast<int>(wParam));
         return true;
     case ViewMessage::keyReleased:
-        find(reinterpret_cast<HWND>(lParam))->keyReleased(static_cast<int>(wParam));
+        find(pointerIn<HWND>(lParam))->keyReleased(static_cast<int>(wParam));
         return true;
     case WM_DESTROY:
         windows_.clear(); // while the windows are still there

@@ -118,8 +118,8 @@ void TextBoxWindow::showText() {
 }
 
 void TextBoxWindow::showSelection() {
-    SendMessageA(window(), EM_SETSEL, static_cast<WPARAM>(textBox_.selStart()),
-                 static_cast<LPARAM>(textBox_.selStart() + textBox_.selLength()));
+    const int end = textBox_.selStart() + textBox_.selLength();
+    SendMessageA(window(), EM_SETSEL, static_cast<WPARAM>(textBox_.selStart()), end);
 }
 
 void TextBoxWindow::showFont() {

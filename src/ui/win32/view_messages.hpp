@@ -15,4 +15,10 @@ enum ViewMessage : UINT {
     resolutionChanged,
 };
 
+// The pointer or handle that the system passes around as a number.
+template <typename Pointer>
+[[nodiscard]] Pointer pointerIn(LONG_PTR number) noexcept {
+    return reinterpret_cast<Pointer>(number); // NOLINT(performance-no-int-to-ptr)
+}
+
 } // namespace tarnwick

@@ -1,12 +1,12 @@
 #include "program/installation.hpp"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <vector>
-
-#include <windows.h>
 
 namespace tarnwick::test {
 namespace {
@@ -79,8 +79,8 @@ std::string Installation::definition() const {
     std::string text = "Process MP=1\r\nProcess CNS=1\r\nInput File Extension=*.met\r\n"
                        "CNS Output File Extension=.cns\r\nInput Folder=" +
                        path("in") + "\r\nCNS Output Folder=" + path("cns") + "\r\n";
-    for (const char* product : {"Info_file", "Leftovers", "Error", "Text", "Html", "Faq", "Sgml",
-                                "Xml", "Dif"}) {
+    for (const char* product :
+         {"Info_file", "Leftovers", "Error", "Text", "Html", "Faq", "Sgml", "Xml", "Dif"}) {
         text += std::string("GRID_") + product + "=" + path("out") + "\r\n";
     }
     return text;

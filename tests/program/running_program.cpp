@@ -42,7 +42,9 @@ RunningProgram::RunningProgram(const std::filesystem::path& program, const std::
     processId_ = information.dwProcessId;
 }
 
-RunningProgram::~RunningProgram() { TerminateProcess(process_.get(), 99); }
+RunningProgram::~RunningProgram() {
+    TerminateProcess(process_.get(), 99);
+}
 
 unsigned RunningProgram::exitCode() {
     constexpr DWORD limitMilliseconds = 60'000;
@@ -74,7 +76,9 @@ std::string textOf(HWND window) {
     return text.data();
 }
 
-std::string messageOf(HWND messageBox) { return textOf(GetDlgItem(messageBox, messageTextId)); }
+std::string messageOf(HWND messageBox) {
+    return textOf(GetDlgItem(messageBox, messageTextId));
+}
 
 void fill(HWND dialog, int control, const std::string& text) {
     const HWND field = GetDlgItem(dialog, control);
@@ -84,8 +88,12 @@ void fill(HWND dialog, int control, const std::string& text) {
     }
 }
 
-void press(HWND dialog, int button) {
-    PostMessageA(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+void press(HWND dialog, const std::string& caption) {
+    const HWND button = FindWindowExA(dialog, nullptr, "Button", caption.c_str());
+    if (button == nullptr) {
+        throw std::runtime_error("no button " + caption);
+    }
+    PostMessageA(button, BM_CLICK, 0, 0);
     if (!eventually([&] { return IsWindow(dialog) == 0; })) {
         throw std::runtime_error("the window stays open");
     }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <chrono>
 #include <filesystem>
 #include <memory>
 #include <string>
-
-#include <windows.h>
 
 namespace tarnwick::test {
 
@@ -36,7 +36,7 @@ class RunningProgram {
 // Runs `ready` again and again until it is true; false when that takes too long.
 template <typename Ready>
 bool eventually(Ready ready) {
-    constexpr std::chrono::seconds limit{60};
+    constexpr std::chrono::seconds limit{30};
     const auto end = std::chrono::steady_clock::now() + limit;
     while (!ready()) {
         if (std::chrono::steady_clock::now() > end) {
@@ -54,7 +54,8 @@ bool eventually(Ready ready) {
 // Types `text` into the control, replacing what it holds.
 void fill(HWND dialog, int control, const std::string& text);
 
-// Presses the button of that identifier, and waits until the dialog is gone.
-void press(HWND dialog, int button);
+// Presses the button of that caption (as it stands, with its "&"), and waits until the dialog is
+// gone; throws when it stays.
+void press(HWND dialog, const std::string& caption);
 
 } // namespace tarnwick::test

@@ -7,10 +7,11 @@
 
 #include "definition/batch_definition.hpp"
 #include "platform/run_time_error.hpp"
+#include "platform/win32/win32_desktop.hpp"
+#include "platform/win32/win32_files.hpp"
 #include "ui/dialogs/frm_display_command_line_help.hpp"
 #include "ui/dialogs/frm_options.hpp"
 #include "ui/win32/win32_form_presenter.hpp"
-#include "window/gallery_platform.hpp"
 
 #include <exception>
 #include <fstream>
@@ -79,12 +80,12 @@ void printErrors(std::ostream& out) {
 }
 
 bool run(std::string_view dialog, const std::string& resultFile, const std::string& layoutFile) {
-    const auto files = makeFiles();
-    const auto desktop = makeDesktop();
+    const Win32Files files;
+    Win32Desktop desktop;
     Win32FormPresenter presenter;
     BatchDefinition shown = definition();
     if (dialog == "options") {
-        frmOptions form(shown, *files, *desktop);
+        frmOptions form(shown, files, desktop);
         writeLayoutWhenShown(form, layoutFile);
         presenter.showModal(form);
     } else if (dialog == "help") {

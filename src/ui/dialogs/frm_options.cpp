@@ -130,25 +130,38 @@ void frmOptions::txtCmdFile_Change() {
 
 void frmOptions::txtMPEXE_LostFocus() {
     if (bMPEXEChanged_) {
-        checkTool(txtMPEXE, "MP executable");
+        checkTool(txtMPEXE, definition_.iProcessMP, "MP executable");
         bMPEXEChanged_ = false;
     }
 }
 
 void frmOptions::txtCNS_LostFocus() {
     if (bCNSChanged_) {
-        checkTool(txtCNS, "CNS executable");
+        checkTool(txtCNS, definition_.iProcessCNS, "CNS executable");
         bCNSChanged_ = false;
     }
 }
 
-void frmOptions::checkTool(TextBox& field, std::string_view tool) {
+void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     writeBackTrimmed(field);
-    if (!field.text().contains('\\')) {
-        field.setText(definition_.sAppFolder + field.text());
+    if (mayBeNowhere(field, process)) {
+        return;
     }
+    takeBareNameFromAppFolder(field);
     if (!FileExists(files_, field.text())) {
         refuse(field, doesNotExist(tool, field.text()));
+    }
+}
+
+// OK accepts an empty location while its tool is switched off in the main window; whoever clicks OK
+// leaves the field first, so that must not be in the way.
+bool frmOptions::mayBeNowhere(const TextBox& field, int process) {
+    return process != checked && field.text().empty();
+}
+
+void frmOptions::takeBareNameFromAppFolder(TextBox& field) {
+    if (!field.text().contains('\\')) {
+        field.setText(definition_.sAppFolder + field.text());
     }
 }
 
@@ -178,11 +191,15 @@ void frmOptions::cmdOK_Click() {
     unload();
 }
 
-// A tool may be nowhere only while it is switched off.
 bool frmOptions::acceptTool(TextBox& field, int process, std::string_view tool) {
     writeBackTrimmed(field);
-    if (process != checked && field.text().empty()) {
+    if (mayBeNowhere(field, process)) {
         return true;
+    }
+    if (!field.text().empty()) {
+        // Enter presses OK without leaving the field. A bare name must not be stored: a batch
+        // stands in the input folder and would not find the tool.
+        takeBareNameFromAppFolder(field);
     }
     if (!FileExists(files_, field.text())) {
         refuse(field, doesNotExist(tool, field.text()));

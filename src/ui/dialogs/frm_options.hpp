@@ -53,7 +53,9 @@ class frmOptions final : public Form {
     void connectEvents();
     void enableLogging(bool enabled);
     void browse(TextBox& field, FileDialog dialog);
-    void checkTool(TextBox& field, std::string_view tool);
+    void checkTool(TextBox& field, int process, std::string_view tool);
+    [[nodiscard]] static bool mayBeNowhere(const TextBox& field, int process);
+    void takeBareNameFromAppFolder(TextBox& field);
     [[nodiscard]] bool acceptTool(TextBox& field, int process, std::string_view tool);
     [[nodiscard]] bool acceptLogging();
     void refuse(TextBox& field, std::string_view message);

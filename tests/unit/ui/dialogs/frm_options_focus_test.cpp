@@ -54,6 +54,16 @@ TEST_F(OptionsFields, An_emptied_tool_is_looked_for_in_the_programs_folder) {
     expectRefusal(form.txtMPEXE, R"(The MP executable "C:\App\" does not exist.)");
 }
 
+TEST_F(OptionsFields, An_emptied_tool_that_is_switched_off_may_be_left) {
+    definition.iProcessMP = 0;
+    form.chkCmdLogging.setValue(0);
+    type(form.txtMPEXE, " ");
+    form.userClicked(form.cmdOK);
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(definition.sMPExecutable, "");
+}
+
 TEST_F(OptionsFields, A_field_that_was_refused_once_is_not_checked_again_until_it_changes) {
     type(form.txtMPEXE, "D:\\none.exe");
     form.userMovedFocus(form.txtCNS);

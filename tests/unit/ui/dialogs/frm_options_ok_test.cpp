@@ -90,11 +90,16 @@ TEST_F(OptionsOk, A_tool_that_is_not_there_is_refused_even_while_it_is_off) {
     expectRefusal(form.txtMPEXE, R"(The MP executable file "D:\none.exe" does not exist.)");
 }
 
-TEST_F(OptionsOk, A_bare_name_that_was_not_left_is_looked_for_as_it_stands) {
+TEST_F(OptionsOk, A_bare_name_that_was_not_left_is_taken_from_the_programs_folder_too) {
     form.show();
+    type(form.txtMPEXE, "none.exe");
+    ok();
+    expectRefusal(form.txtMPEXE, R"(The MP executable file "C:\App\none.exe" does not exist.)");
+    desktop.messages.clear();
     type(form.txtMPEXE, "mp.exe");
     ok();
-    expectRefusal(form.txtMPEXE, "The MP executable file \"mp.exe\" does not exist.");
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(definition.sMPExecutable, R"(C:\App\mp.exe)");
 }
 
 TEST_F(OptionsOk, MP_is_looked_at_before_CNS_and_CNS_before_logging) {

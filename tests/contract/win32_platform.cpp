@@ -61,12 +61,17 @@ class EventWindow {
     HWND window_;
 };
 
+// Of a name that no earlier run, which may have been cut short, has left behind.
 std::string newScratchFolder() {
-    static int number = 0;
-    const auto folder = Win32Process().environmentVariable("TEMP") + R"(\tarnwick-test-)" +
-                        std::to_string(GetCurrentProcessId()) + '-' + std::to_string(++number);
-    Win32Files().createFolder(folder);
-    return folder;
+    const auto stem = Win32Process().environmentVariable("TEMP") + R"(\tarnwick-test-)";
+    int number = 1;
+    while (CreateDirectoryA((stem + std::to_string(number)).c_str(), nullptr) == 0) {
+        if (GetLastError() != ERROR_ALREADY_EXISTS) {
+            throw std::runtime_error("no scratch folder could be made: " + stem);
+        }
+        ++number;
+    }
+    return stem + std::to_string(number);
 }
 
 void addAttribute(const std::string& path, DWORD attribute) {
@@ -77,16 +82,19 @@ void addAttribute(const std::string& path, DWORD attribute) {
 
 class Win32Platform : public PlatformUnderTest {
   public:
-    Win32Platform() = default;
+    Win32Platform() { forgetSettings(); } // of an earlier run, which may have been cut short
     Win32Platform(const Win32Platform&) = delete;
     Win32Platform& operator=(const Win32Platform&) = delete;
     ~Win32Platform() override {
-        std::error_code ignored;
-        for (const auto& entry : fs::recursive_directory_iterator(scratch_, ignored)) {
+        std::error_code failed;
+        for (const auto& entry : fs::recursive_directory_iterator(scratch_, failed)) {
             SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
         }
-        fs::remove_all(scratch_, ignored);
-        RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application()).c_str());
+        // A batch file that has just ended may be held a little longer.
+        for (int i = 0; i < 100 && (fs::remove_all(scratch_, failed), failed); ++i) {
+            Sleep(50);
+        }
+        forgetSettings();
         if (!substitute_.empty()) {
             DefineDosDeviceA(DDD_REMOVE_DEFINITION, substitute_.c_str(), nullptr);
         }
@@ -94,10 +102,7 @@ class Win32Platform : public PlatformUnderTest {
 
     Files& files() override { return files_; }
     std::string scratch() const override { return scratch_; }
-    std::string currentFolder() const override {
-        auto folder = fs::current_path().string();
-        return folder;
-    }
+    std::string currentFolder() const override { return fs::current_path().string(); }
     // A drive that is empty by itself (the Wine prefix of these tests has one), or else a folder
     // in the place of a drive.
     std::string emptyDrive() override {
@@ -152,6 +157,10 @@ class Win32Platform : public PlatformUnderTest {
     void post(std::function<void()> event) override { window_.post(std::move(event)); }
 
   private:
+    void forgetSettings() const {
+        RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application()).c_str());
+    }
+
     std::string scratch_ = newScratchFolder();
     std::string substitute_;
     Win32Files files_;

@@ -20,13 +20,13 @@ class FaultyFiles::Plan : public Observer {
         if (found == faults.end() || found->second.callsBefore-- > 0) {
             return;
         }
-        const auto error = found->second.error;
+        const auto error = found->second.error.record();
         if (found->second.always) {
             found->second.callsBefore = 0;
         } else {
             faults.erase(found);
         }
-        throw error;
+        throw RunTimeError(error);
     }
 
     std::size_t room(std::size_t length) override {
@@ -50,11 +50,13 @@ FaultyFiles::FaultyFiles(Files& files, std::shared_ptr<Plan> plan)
     : WatchedFiles(files, plan), plan_(std::move(plan)) {}
 
 void FaultyFiles::failAt(FileOperation operation, int nth, const RunTimeError& error) {
-    plan_->faults.insert_or_assign(operation, Plan::Fault{nth - 1, false, error});
+    plan_->faults.insert_or_assign(
+        operation, Plan::Fault{.callsBefore = nth - 1, .always = false, .error = error});
 }
 
 void FaultyFiles::failAlways(FileOperation operation, const RunTimeError& error) {
-    plan_->faults.insert_or_assign(operation, Plan::Fault{0, true, error});
+    plan_->faults.insert_or_assign(operation,
+                                   Plan::Fault{.callsBefore = 0, .always = true, .error = error});
 }
 
 void FaultyFiles::fillDiskAfter(std::size_t bytes) {

@@ -13,6 +13,8 @@ class TemporaryFolder {
     TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    TemporaryFolder(TemporaryFolder&&) = delete;
+    TemporaryFolder& operator=(TemporaryFolder&&) = delete;
     ~TemporaryFolder();
 
     [[nodiscard]] const std::string& hostPath() const noexcept { return hostPath_; }

@@ -9,7 +9,7 @@ namespace tarnwick {
 class RecordingFiles::Log : public Observer {
   public:
     void beforeCall(FileOperation operation, std::string_view path) override {
-        calls.push_back({operation, std::string(path)});
+        calls.push_back({.operation = operation, .path = std::string(path)});
     }
 
     std::vector<Call> calls;
@@ -33,7 +33,8 @@ int RecordingFiles::count(FileOperation operation) const {
 }
 
 int RecordingFiles::count(FileOperation operation, std::string_view path) const {
-    return static_cast<int>(std::ranges::count(log_->calls, Call{operation, std::string(path)}));
+    return static_cast<int>(
+        std::ranges::count(log_->calls, Call{.operation = operation, .path = std::string(path)}));
 }
 
 void RecordingFiles::forget() {

@@ -163,20 +163,20 @@ DrivesRoot::Path DrivesRoot::parse(std::string_view path) const {
         }
         auto share = R"(\\)" + names[0] + '\\' + names[1];
         names.erase(names.begin(), names.begin() + 2);
-        return {std::move(share), normalized(std::move(names))};
+        return {.volume = std::move(share), .names = normalized(std::move(names))};
     }
     if (text.size() >= 2 && text[1] == ':') {
         auto drive = text.substr(0, 2);
         text.erase(0, 2);
         const bool onCurrentDrive = equalIgnoringCase(drive, currentFolder_.substr(0, 2));
         if (text.starts_with('\\') || !onCurrentDrive) {
-            return {upperCase(drive), normalized(split(text))};
+            return {.volume = upperCase(drive), .names = normalized(split(text))};
         }
     }
     auto current = parse(currentFolder_);
     auto names = text.starts_with('\\') ? std::vector<std::string>{} : std::move(current.names);
     std::ranges::move(split(text), std::back_inserter(names));
-    return {std::move(current.volume), normalized(std::move(names))};
+    return {.volume = std::move(current.volume), .names = normalized(std::move(names))};
 }
 
 } // namespace tarnwick

@@ -18,6 +18,9 @@ namespace {
 // Becomes the command; comes back only to tell why not.
 int become(char* const* arguments) {
     const int nothing = ::open("/dev/null", O_RDWR);
+    if (nothing < 0) {
+        return errno;
+    }
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         ::dup2(nothing, stream);
     }
@@ -68,6 +71,7 @@ void HostedCommandInterpreter::startHidden(std::string_view batchFile) {
         raiseSystemError(ENOENT);
     }
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (auto& argument : command) {
         arguments.push_back(argument.data());
     }

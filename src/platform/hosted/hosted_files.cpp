@@ -146,7 +146,7 @@ std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
 void HostedFiles::remove(std::string_view path) {
     const auto host = root_.hostPath(path);
     const auto status = statusOf(host);
-    if (!isFile(status)) {
+    if (!status || !S_ISREG(status->st_mode)) {
         raiseSystemError(ENOENT);
     }
     requireReplaceable(host, *status);

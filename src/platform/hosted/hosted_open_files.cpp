@@ -95,6 +95,8 @@ class HostedOutputFile : public OutputFile {
     explicit HostedOutputFile(FileDescriptor file) : file_(std::move(file)) {}
     HostedOutputFile(const HostedOutputFile&) = delete;
     HostedOutputFile& operator=(const HostedOutputFile&) = delete;
+    HostedOutputFile(HostedOutputFile&&) = delete;
+    HostedOutputFile& operator=(HostedOutputFile&&) = delete;
     ~HostedOutputFile() override {
         try {
             HostedOutputFile::close();

@@ -1,0 +1,256 @@
+// The desktop of Windows, with a second thread for its user.
+
+#include "platform/run_time_error.hpp"
+#include "platform/win32/input_box.hpp"
+#include "platform/win32/win32_desktop.hpp"
+#include "platform/win32/win32_files.hpp"
+#include "platform/win32/win32_process.hpp"
+#include "support/file_bytes.hpp"
+
+#include <windows.h>
+
+#include <dlgs.h>
+#include <gtest/gtest.h>
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+constexpr int tries = 400;
+constexpr DWORD between = 50; // milliseconds
+
+// Waits for the dialog of that title, does something with it, and is gone before the test goes on.
+class User {
+  public:
+    User(std::string title, std::function<void(HWND)> act)
+        : thread_([title = std::move(title), act = std::move(act)] { act(awaited(title)); }) {}
+    User(const User&) = delete;
+    User& operator=(const User&) = delete;
+    User(User&&) = delete;
+    User& operator=(User&&) = delete;
+    ~User() { thread_.join(); }
+
+  private:
+    static HWND awaited(const std::string& title) {
+        for (int i = 0; i < tries; ++i) {
+            const auto dialog = FindWindowA(nullptr, title.c_str());
+            if (dialog != nullptr && IsWindowVisible(dialog) != 0) {
+                return dialog;
+            }
+            Sleep(between);
+        }
+        // The call that should have shown it will never return.
+        std::cerr << "no dialog was shown with the title " << title << '\n';
+        std::_Exit(EXIT_FAILURE);
+    }
+
+    std::thread thread_;
+};
+
+void press(HWND dialog, int button) {
+    PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+}
+
+std::string textOf(HWND window) {
+    std::string text(1000, '\0');
+    text.resize(static_cast<std::size_t>(
+        SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
+}
+
+void type(HWND field, const std::string& text) {
+    SendMessageA(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+std::vector<std::string> textsIn(HWND dialog) {
+    std::vector<std::string> texts;
+    EnumChildWindows(
+        dialog,
+        [](HWND child, LPARAM data) -> BOOL {
+            reinterpret_cast<std::vector<std::string>*>(data)->push_back(textOf(child));
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&texts));
+    return texts;
+}
+
+Message question() {
+    return {.text = "Save caf\xE9?", .title = "Tarnwick", .buttons = MessageButtons::YesNo};
+}
+
+TEST(Win32Desktop, A_message_is_shown_until_its_user_says_OK_or_closes_it) {
+    Win32Desktop desktop;
+    const Message message{
+        .text = "Caf\xE9 & more", .title = "Warning", .icon = MessageIcon::Exclamation};
+    for (const bool close : {false, true}) {
+        std::vector<std::string> texts;
+        const User user("Warning", [&](HWND dialog) {
+            texts = textsIn(dialog);
+            if (close) {
+                PostMessageA(dialog, WM_CLOSE, 0, 0);
+            } else {
+                press(dialog, IDOK);
+            }
+        });
+        EXPECT_EQ(desktop.show(message), MessageAnswer::Ok);
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), message.text), 1);
+    }
+}
+
+TEST(Win32Desktop, A_question_is_answered_by_Yes_or_No) {
+    Win32Desktop desktop;
+    for (const bool yes : {true, false}) {
+        std::vector<std::string> texts;
+        const User user("Tarnwick", [&](HWND dialog) {
+            texts = textsIn(dialog);
+            press(dialog, yes ? IDYES : IDNO);
+        });
+        EXPECT_EQ(desktop.show(question()), yes ? MessageAnswer::Yes : MessageAnswer::No);
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), question().text), 1);
+    }
+}
+
+TEST(Win32Desktop, The_input_box_gives_the_line_typed) {
+    Win32Desktop desktop;
+    std::vector<std::string> texts;
+    const User user("Find a file", [&](HWND dialog) {
+        texts = textsIn(dialog);
+        type(GetDlgItem(dialog, inputBoxField), "caf\xE9 & more");
+        press(dialog, IDOK);
+    });
+    EXPECT_EQ(desktop.askForText("Name & folder:", "Find a file"), "caf\xE9 & more");
+    EXPECT_EQ(texts, (std::vector<std::string>{"Name & folder:", "", "OK", "Cancel"}));
+}
+
+TEST(Win32Desktop, A_cancelled_or_closed_input_box_gives_nothing) {
+    Win32Desktop desktop;
+    for (const bool close : {false, true}) {
+        const User user("Find a file", [&](HWND dialog) {
+            type(GetDlgItem(dialog, inputBoxField), "typed in vain");
+            if (close) {
+                PostMessageA(dialog, WM_CLOSE, 0, 0);
+            } else {
+                press(dialog, IDCANCEL);
+            }
+        });
+        EXPECT_EQ(desktop.askForText("Name:", "Find a file"), "");
+    }
+}
+
+class FileDialogs : public testing::Test {
+  protected:
+    FileDialogs() {
+        std::filesystem::remove_all(folder); // an earlier run may have been cut short
+        files.createFolder(folder);
+        dialog.title = "Save As";
+        dialog.kind = FileDialog::Kind::Save;
+        dialog.filter = "INI File (*.ini)|*.ini|All Files (*.*)|*.*";
+        dialog.initialFolder = folder;
+    }
+    FileDialogs(const FileDialogs&) = delete;
+    FileDialogs& operator=(const FileDialogs&) = delete;
+    FileDialogs(FileDialogs&&) = delete;
+    FileDialogs& operator=(FileDialogs&&) = delete;
+    ~FileDialogs() override {
+        std::error_code failed; // a program that has just ended may hold its file a little longer
+        for (int i = 0; i < tries && (std::filesystem::remove_all(folder, failed), failed); ++i) {
+            Sleep(between);
+        }
+    }
+
+    // The field for the name, as whichever kind of control the dialog has for it.
+    static HWND nameField(HWND shown) {
+        const auto field = GetDlgItem(shown, edt1);
+        return field != nullptr ? field : GetDlgItem(shown, cmb13);
+    }
+
+    [[nodiscard]] bool exists(std::string_view name) const {
+        return !files.firstNormalFile(folder + std::string(name)).empty();
+    }
+
+    Win32Files files;
+    std::string folder = Win32Process().environmentVariable("TEMP") + R"(\tarnwick-desktop-)" +
+                         std::to_string(GetCurrentProcessId());
+    Win32Desktop desktop;
+    FileDialog dialog;
+};
+
+TEST_F(FileDialogs, The_full_path_of_the_chosen_file_comes_back_and_no_folder_is_changed) {
+    const auto before = files.currentFolder();
+    const User user("Save As", [&](HWND shown) {
+        type(nameField(shown), "caf\xE9.ini");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + "\\caf\xE9.ini");
+    EXPECT_EQ(files.currentFolder(), before);
+}
+
+TEST_F(FileDialogs, Name_and_filters_are_shown_with_the_asked_one_first) {
+    dialog.fileName = "first.ini";
+    dialog.filterIndex = 2;
+    std::string name;
+    std::vector<std::string> filters;
+    LRESULT selected = -1;
+    const User user("Save As", [&](HWND shown) {
+        name = textOf(nameField(shown));
+        const auto combo = GetDlgItem(shown, cmb1);
+        selected = SendMessageA(combo, CB_GETCURSEL, 0, 0);
+        for (WPARAM i = 0; i < 2; ++i) {
+            std::string text(200, '\0');
+            const auto length =
+                SendMessageA(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()));
+            filters.push_back(text.substr(0, static_cast<std::size_t>(length)));
+        }
+        press(shown, IDCANCEL);
+    });
+    try {
+        static_cast<void>(desktop.chooseFile(dialog));
+        FAIL() << "it was cancelled";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.record().number, 32755);
+    }
+    EXPECT_EQ(name, "first.ini");
+    EXPECT_EQ(filters, (std::vector<std::string>{"INI File (*.ini)", "All Files (*.*)"}));
+    EXPECT_EQ(selected, 1);
+}
+
+TEST_F(FileDialogs, An_existing_file_is_opened) {
+    dialog.kind = FileDialog::Kind::Open;
+    dialog.title = "Open";
+    dialog.fileMustExist = true;
+    putBytes(files, folder + R"(\here.ini)", "");
+    const User user("Open", [&](HWND shown) {
+        type(nameField(shown), "here.ini");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\here.ini)");
+}
+
+TEST_F(FileDialogs, A_document_is_opened_by_its_program_in_the_working_folder) {
+    putBytes(files, folder + R"(\open me.bat)", "@echo done> marker.txt\r\n");
+    EXPECT_GT(desktop.openDocument(folder + R"(\open me.bat)", folder), 32);
+    for (int i = 0; i < tries && !exists(R"(\marker.txt)"); ++i) {
+        Sleep(between);
+    }
+    EXPECT_TRUE(exists(R"(\marker.txt)"));
+}
+
+TEST_F(FileDialogs, A_document_that_is_not_there_gives_the_result_of_the_system) {
+    EXPECT_EQ(desktop.openDocument(folder + R"(\missing.htm)", folder), SE_ERR_FNF);
+}
+
+} // namespace
+} // namespace tarnwick

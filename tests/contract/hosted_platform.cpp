@@ -36,31 +36,31 @@ class HostedPlatform : public PlatformUnderTest {
     HostedPlatform() { world_.makeFolder(R"(C:\scratch)"); }
 
     Files& files() override { return world_.files(); }
-    std::string scratch() const override { return R"(C:\scratch)"; }
-    std::string currentFolder() const override { return R"(C:\Work Folder)"; }
+    [[nodiscard]] std::string scratch() const override { return R"(C:\scratch)"; }
+    [[nodiscard]] std::string currentFolder() const override { return R"(C:\Work Folder)"; }
     std::string emptyDrive() override {
         world_.makeDrive('E');
         return "E:";
     }
-    std::string missingDrive() const override { return "Q:"; }
+    [[nodiscard]] std::string missingDrive() const override { return "Q:"; }
     void hide(const std::string& path) override { world_.hide(path); }
     void makeSystem(const std::string& path) override { world_.makeSystem(path); }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
     std::shared_ptr<void> keep(const std::string& path) override {
         return std::make_shared<FileDescriptor>(openExclusively(world_.files().hostPath(path)));
     }
-    std::string libraryPath(const std::string& path) const override {
+    [[nodiscard]] std::string libraryPath(const std::string& path) const override {
         return world_.files().hostPath(path);
     }
     SettingsStore& settings() override { return settings_; }
-    std::string application() const override { return "Contract Test"; }
+    [[nodiscard]] std::string application() const override { return "Contract Test"; }
     Process& process() override { return process_; }
     void setVariable(const std::string& name, const std::string& value) override {
         ::setenv(name.c_str(), value.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
     }
     CommandInterpreter& interpreter() override { return interpreter_; }
-    std::string batchThatWaits(const std::string& signal,
-                               const std::string& marker) const override {
+    [[nodiscard]] std::string batchThatWaits(const std::string& signal,
+                                             const std::string& marker) const override {
         return "while ! test -e '" + libraryPath(signal) + "'; do sleep 0.05; done\n" +
                "echo done > '" + libraryPath(marker) + "'\n";
     }
@@ -97,7 +97,7 @@ TEST(HostedFiles, Nothing_moves_from_one_drive_to_another) {
 }
 
 TEST(HostedFiles, A_name_spelled_alike_goes_before_one_in_other_case) {
-    HostedWorld world;
+    const HostedWorld world;
     const fs::path drive = fs::path(world.drivesRoot()) / "c";
     std::ofstream(drive / "NAME.txt") << "upper";
     std::ofstream(drive / "name.txt") << "lower";
@@ -158,7 +158,7 @@ TEST(HostedFiles, Nothing_leads_out_of_a_drive) {
 bool aFullDiskRaises61() {
     HostedWorld world;
     std::signal(SIGXFSZ, SIG_IGN); // NOLINT(cert-err33-c)
-    const rlimit thousandBytes{1000, 1000};
+    const rlimit thousandBytes{.rlim_cur = 1000, .rlim_max = 1000};
     const auto file = world.files().create(R"(C:\a.txt)");
     if (::setrlimit(RLIMIT_FSIZE, &thousandBytes) != 0) {
         return false;
@@ -246,7 +246,7 @@ TEST(HostedCommandInterpreter, No_process_is_left_to_wait_for) {
 
 // The same conversion by the C library; nothing where it has none.
 std::optional<std::string> convertedByLibrary(std::string text) {
-    const iconv_t conversion = ::iconv_open("CP437", "CP1252");
+    iconv_t conversion = ::iconv_open("CP437", "CP1252");
     std::array<char, 8> converted{};
     char* from = text.data();
     std::size_t fromLeft = text.size();

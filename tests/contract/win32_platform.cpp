@@ -101,8 +101,8 @@ class Win32Platform : public PlatformUnderTest {
     }
 
     Files& files() override { return files_; }
-    std::string scratch() const override { return scratch_; }
-    std::string currentFolder() const override { return fs::current_path().string(); }
+    [[nodiscard]] std::string scratch() const override { return scratch_; }
+    [[nodiscard]] std::string currentFolder() const override { return fs::current_path().string(); }
     // A drive that is empty by itself (the Wine prefix of these tests has one), or else a folder
     // in the place of a drive.
     std::string emptyDrive() override {
@@ -119,7 +119,7 @@ class Win32Platform : public PlatformUnderTest {
         DefineDosDeviceA(0, substitute_.c_str(), (scratch_ + R"(\empty drive)").c_str());
         return substitute_;
     }
-    std::string missingDrive() const override {
+    [[nodiscard]] std::string missingDrive() const override {
         std::string drive = "Q:";
         while (GetDriveTypeA((drive + '\\').c_str()) != DRIVE_NO_ROOT_DIR) {
             ++drive[0];
@@ -137,9 +137,9 @@ class Win32Platform : public PlatformUnderTest {
         EXPECT_TRUE(file->isOpen()) << path;
         return file;
     }
-    std::string libraryPath(const std::string& path) const override { return path; }
+    [[nodiscard]] std::string libraryPath(const std::string& path) const override { return path; }
     SettingsStore& settings() override { return settings_; }
-    std::string application() const override {
+    [[nodiscard]] std::string application() const override {
         return "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
     }
     Process& process() override { return process_; }
@@ -147,8 +147,8 @@ class Win32Platform : public PlatformUnderTest {
         SetEnvironmentVariableA(name.c_str(), value.c_str());
     }
     CommandInterpreter& interpreter() override { return interpreter_; }
-    std::string batchThatWaits(const std::string& signal,
-                               const std::string& marker) const override {
+    [[nodiscard]] std::string batchThatWaits(const std::string& signal,
+                                             const std::string& marker) const override {
         return "@echo off\r\n:again\r\nif not exist \"" + signal + "\" goto again\r\n" +
                "echo done> \"" + marker + "\"\r\n";
     }

@@ -22,6 +22,15 @@ void Control::setBounds(const Bounds& bounds) {
     set(bounds_, bounds, Property::Bounds);
 }
 
+void Control::setAccessibleName(std::string_view name) {
+    set(accessibleName_, std::string(name), Property::AccessibleName);
+}
+
+bool Control::userBroughtFocus() {
+    form_.userMovedFocus(*this);
+    return form_.visible() && form_.focused() == this && isUsable();
+}
+
 void Control::setFocus() {
     if (form_.setFocus(*this)) {
         tellView(Property::Focus);

@@ -44,6 +44,20 @@ class Control {
     // Whether the user can act on it now.
     [[nodiscard]] bool isUsable() const noexcept { return enabled_ && visible_; }
 
+    // What a screen reader calls it where no label stands before it; empty: its label or caption.
+    [[nodiscard]] const std::string& accessibleName() const noexcept { return accessibleName_; }
+    void setAccessibleName(std::string_view name);
+
+    // Enter or Escape (a code of keys.hpp), before the form looks for a button that answers it:
+    // whether the control has a use for it now.
+    [[nodiscard]] virtual bool wantsKey(int /*keyCode*/) const { return false; }
+    virtual void userPressedKey(int /*keyCode*/) {}
+
+    // When this control is switched off or hidden while it has the focus, `heir` gets it, if it can
+    // have it; without an heir the form's first control does. It must outlive this control.
+    void passFocusTo(Control& heir) noexcept { heir_ = &heir; }
+    [[nodiscard]] Control* heir() const noexcept { return heir_; }
+
     // Gives it the focus; raises no event. Nothing happens when it is disabled, not visible or of
     // a kind that has no focus.
     void setFocus();
@@ -57,6 +71,9 @@ class Control {
 
   protected:
     void tellView(Property property);
+    // The user acts on it, which brings the focus along. False when it did not come: the control
+    // that was left has kept it, and what the user did is lost.
+    [[nodiscard]] bool userBroughtFocus();
     // Sets `member` and tells the view when that is a change.
     template <typename Value>
     void set(Value& member, Value value, Property property) {
@@ -69,6 +86,8 @@ class Control {
   private:
     Form& form_;
     std::string name_;
+    std::string accessibleName_;
+    Control* heir_ = nullptr;
     View* view_ = nullptr;
     Bounds bounds_;
     bool enabled_ = true;

@@ -1,5 +1,7 @@
 #include "ui/forms/form.hpp"
 
+#include "ui/forms/keys.hpp"
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -46,10 +48,34 @@ void Form::moveTo(int left, int top) {
     tellView(Property::Bounds);
 }
 
+void Form::resizeTo(Size window) {
+    if (window_.width != window.width || window_.height != window.height) {
+        setWindow(window);
+        tellView(Property::Size);
+    }
+}
+
+void Form::centreOnScreen() {
+    moveTo((screen_.width - window_.width) / 2, (screen_.height - window_.height) / 2);
+}
+
+void Form::setMousePointer(MousePointer pointer) {
+    if (mousePointer_ != pointer) {
+        mousePointer_ = pointer;
+        tellView(Property::Pointer);
+    }
+}
+
 void Form::measured(Size window, Size screen) noexcept {
+    setWindow(window);
+    screen_ = screen;
+}
+
+void Form::setWindow(Size window) noexcept {
     window_.width = window.width;
     window_.height = window.height;
-    screen_ = screen;
+    content_ = {.width = window.width - windowFrame.width,
+                .height = window.height - windowFrame.height};
 }
 
 void Form::show() {
@@ -81,6 +107,12 @@ void Form::unload() {
         loaded_ = false;
         raise(Unload);
     }
+    hide();
+    focused_ = nullptr;
+}
+
+void Form::abandon() {
+    loaded_ = false;
     hide();
     focused_ = nullptr;
 }
@@ -130,8 +162,10 @@ bool Form::setFocus(Control& control) noexcept {
 // A control that is switched off under the user's hands must not keep the keyboard.
 void Form::keepFocusUsable() {
     if (visible_ && focused_ != nullptr && !canHaveFocus(*focused_)) {
+        Control* const heir = focused_->heir();
         focused_ = nullptr;
-        if (Control* const next = firstFocusable(); next != nullptr) {
+        Control* const next = heir != nullptr && canHaveFocus(*heir) ? heir : firstFocusable();
+        if (next != nullptr) {
             next->setFocus();
         }
     }
@@ -150,7 +184,18 @@ void Form::userClicked(Clickable& control) {
     }
 }
 
+bool Form::focusedTakes(int keyCode) {
+    if (!visible_ || focused_ == nullptr || !focused_->wantsKey(keyCode)) {
+        return false;
+    }
+    focused_->userPressedKey(keyCode);
+    return true;
+}
+
 void Form::userPressedEnter() {
+    if (focusedTakes(Key::enter)) {
+        return;
+    }
     if (auto* const button = dynamic_cast<Button*>(focused_); button != nullptr) {
         button->userClicked();
     } else {
@@ -159,6 +204,9 @@ void Form::userPressedEnter() {
 }
 
 void Form::userPressedEscape() {
+    if (focusedTakes(Key::escape)) {
+        return;
+    }
     click([](const Button& candidate) { return candidate.isCancel(); });
 }
 
@@ -181,8 +229,7 @@ void Form::userClosed() {
 void Form::userResized(Size window, WindowState state) {
     const bool same =
         window.width == window_.width && window.height == window_.height && state == windowState_;
-    window_.width = window.width;
-    window_.height = window.height;
+    setWindow(window);
     windowState_ = state;
     if (visible_ && !same) {
         raise(Resize);

@@ -3,6 +3,7 @@
 #include "ui/forms/button.hpp"
 #include "ui/forms/control.hpp"
 #include "ui/forms/measures.hpp"
+#include "ui/forms/menu_item.hpp"
 #include "ui/forms/view.hpp"
 
 #include <functional>
@@ -13,6 +14,11 @@
 namespace tarnwick {
 
 enum class WindowState { Normal, Minimized, Maximized };
+
+enum class MousePointer {
+    Default,
+    Busy, // the program works, and the user may go on
+};
 
 // A window as data: its caption, its controls, and which of them has the focus. A form of the
 // program derives from it and has its controls as members.
@@ -48,9 +54,20 @@ class Form {
     // The window on the screen: its size counts the frame (see windowFrame).
     [[nodiscard]] const Bounds& window() const noexcept { return window_; }
     void moveTo(int left, int top);
+    // Raises no Resize: the code that asks for a size knows it.
+    void resizeTo(Size window);
+    void centreOnScreen();
+    // The part of the window that the controls lie in.
+    [[nodiscard]] const Size& content() const noexcept { return content_; }
     [[nodiscard]] WindowState windowState() const noexcept { return windowState_; }
     // The screen that the window is on. Its upper left corner is the origin of window().
     [[nodiscard]] const Size& screen() const noexcept { return screen_; }
+
+    [[nodiscard]] MousePointer mousePointer() const noexcept { return mousePointer_; }
+    void setMousePointer(MousePointer pointer);
+
+    // The entries of the menu bar, from left to right; members of the form.
+    [[nodiscard]] const std::vector<MenuItem*>& menu() const noexcept { return menu_; }
 
     [[nodiscard]] bool loaded() const noexcept { return loaded_; }
     [[nodiscard]] bool visible() const noexcept { return visible_; }
@@ -58,13 +75,17 @@ class Form {
     void hide();
     // Ends it: raises Unload when it was loaded, and hides it.
     void unload();
+    // Ends it as unload does, but raises nothing: nothing is asked and nothing is kept.
+    void abandon();
 
     std::function<void()> Load;   // before it is shown for the first time
     std::function<void()> Resize; // after it was shown, and whenever its size has changed
     std::function<void()> Unload;
 
-    // For presenters: the window's and the screen's size, before show().
+    // For presenters: the window's and the screen's size, before show(). Where nothing else is
+    // said, the content is the window without windowFrame.
     void measured(Size window, Size screen) noexcept;
+    void measuredContent(Size content) noexcept { content_ = content; }
     // For presenters: loads the form where it is not loaded yet and makes it visible, with the
     // focus on the first control that can have it, unless Load has chosen one. When Load unloads
     // the form, it stays hidden.
@@ -78,6 +99,7 @@ class Form {
     // The user moved the focus to `control` and clicked it. A field that was left and sends the
     // focus back swallows the click: the user must see to that field first.
     void userClicked(Clickable& control);
+    // The control with the focus is asked first whether it wants the key.
     void userPressedEnter();
     void userPressedEscape();
     // The window's close button, or what stands for it.
@@ -90,18 +112,23 @@ class Form {
 
   private:
     friend class Control;
+    friend class MenuItem;
     void add(Control& control) { controls_.push_back(&control); }
+    void add(MenuItem& item) { menu_.push_back(&item); }
     [[nodiscard]] bool setFocus(Control& control) noexcept; // whether it can have it
     void keepFocusUsable();
 
     void leaveFor(Control& to);
     [[nodiscard]] Control* firstFocusable() const noexcept;
+    [[nodiscard]] bool focusedTakes(int keyCode);
     void click(bool (*wanted)(const Button&));
+    void setWindow(Size window) noexcept;
     void tellView(Property property);
 
     std::string name_;
     std::string caption_;
     std::vector<Control*> controls_;
+    std::vector<MenuItem*> menu_;
     View* view_ = nullptr;
     Control* focused_ = nullptr;
     Control* owed_ = nullptr; // left for a Cancel button, and not told yet
@@ -109,7 +136,9 @@ class Form {
     bool loaded_ = false;
     bool visible_ = false;
     Bounds window_;
+    Size content_;
     Size screen_;
+    MousePointer mousePointer_ = MousePointer::Default;
     WindowState windowState_ = WindowState::Normal;
 };
 

@@ -1,5 +1,7 @@
 #include "ui/forms/text_box.hpp"
 
+#include "ui/forms/keys.hpp"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -21,6 +23,14 @@ void TextBox::setReadOnly(bool readOnly) {
 
 void TextBox::setFont(Font font) {
     set(font_, std::move(font), Property::Font);
+}
+
+void TextBox::setHint(std::string_view hint) {
+    set(hint_, std::string(hint), Property::Hint);
+}
+
+bool TextBox::wantsKey(int keyCode) const {
+    return wantsEnterAndEscape_ && (keyCode == Key::enter || keyCode == Key::escape);
 }
 
 void TextBox::userTyped(std::string_view typed) {

@@ -39,13 +39,21 @@ class TextBox final : public Control {
     [[nodiscard]] const Font& font() const noexcept { return font_; }
     void setFont(Font font);
 
+    // A grey text that says what to type, shown while the field is empty.
+    [[nodiscard]] const std::string& hint() const noexcept { return hint_; }
+    void setHint(std::string_view hint);
+
+    // Enter and Escape go to KeyDown instead of to the form's buttons.
+    void setWantsEnterAndEscape(bool wants) noexcept { wantsEnterAndEscape_ = wants; }
+    [[nodiscard]] bool wantsKey(int keyCode) const override;
+
     // The user typed or pasted `typed` over what is selected; the caret goes behind it.
     void userTyped(std::string_view typed);
     // The user selected this; raises nothing.
     void userSelected(int start, int length);
     // The text is `text` now, by what the user did, and the view shows it already.
     void userChangedText(std::string_view text, int start, int length);
-    void userPressedKey(int keyCode);
+    void userPressedKey(int keyCode) override;
     void userReleasedKey(int keyCode);
 
     std::function<void()> Change; // after the text has changed
@@ -56,10 +64,12 @@ class TextBox final : public Control {
     void clampSelection(int start, int length) noexcept;
 
     std::string text_;
+    std::string hint_;
     Font font_;
     int selStart_ = 0;
     int selLength_ = 0;
     bool readOnly_ = false;
+    bool wantsEnterAndEscape_ = false;
 };
 
 } // namespace tarnwick

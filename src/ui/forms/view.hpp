@@ -14,6 +14,15 @@ enum class Property {
     ReadOnly,
     Font,
     Focus, // the control has been given the focus by code
+    AccessibleName,
+    Hint,
+    Items,
+    HorizontalExtent,
+    Cells, // their contents, number or measures
+    Panels,
+    Size,    // of the form's window
+    Pointer, // of the mouse, over the form
+    Menu,    // an entry's caption or whether it is enabled
 };
 
 // Shows one control or form on a screen. It is told what changed and reads the new state from what

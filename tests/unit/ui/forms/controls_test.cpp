@@ -1,6 +1,7 @@
 #include "ui/forms/check_box.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/forms/text_box.hpp"
+#include "unit/ui/forms/recording_view.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,12 +21,6 @@ struct Panel : Form {
     TextBox txtName{*this, "txtName"};
     CheckBox chkSure{*this, "chkSure", "&Sure"};
     Button cmdGo{*this, "cmdGo", "Go"};
-};
-
-// Keeps what it is told.
-struct RecordingView : View {
-    void changed(Property property) override { told.push_back(property); }
-    std::vector<Property> told;
 };
 
 struct Controls : testing::Test {

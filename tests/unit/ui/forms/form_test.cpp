@@ -1,5 +1,6 @@
 #include "ui/forms/form.hpp"
 #include "ui/forms/text_box.hpp"
+#include "unit/ui/forms/recording_view.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,11 +18,6 @@ struct Small : Form {
     Small() : Form("frmSmall", "Small") {}
     TextBox text{*this, "text"};
     Button cmdOK{*this, "cmdOK", "OK", Button::Role::DefaultAndCancel};
-};
-
-struct RecordingView : View {
-    void changed(Property property) override { told.push_back(property); }
-    std::vector<Property> told;
 };
 
 struct FormLife : testing::Test {
@@ -109,6 +105,46 @@ TEST_F(FormLife, Moving_it_and_naming_it_tells_the_view) {
     EXPECT_EQ(form.window().left, 10);
     EXPECT_EQ(form.window().top, 20);
     EXPECT_THAT(view.told, ElementsAre(Property::Bounds, Property::Caption));
+}
+
+TEST_F(FormLife, A_size_that_code_asks_for_raises_nothing_and_is_told_once) {
+    form.measured({.width = 300, .height = 1000}, {.width = 3000, .height = 2000});
+    form.show();
+    view.told.clear();
+    form.resizeTo({.width = 1000, .height = 1400});
+    form.resizeTo({.width = 1000, .height = 1400});
+    form.userResized({.width = 1000, .height = 1400}, WindowState::Normal); // so it is
+    EXPECT_EQ(form.content(), (Size{.width = 880, .height = 995}));
+    form.centreOnScreen();
+    EXPECT_EQ(form.window(), (Bounds{.left = 1000, .top = 300, .width = 1000, .height = 1400}));
+    EXPECT_THAT(view.told, ElementsAre(Property::Size, Property::Bounds));
+    EXPECT_THAT(events, ElementsAre("Load", "Resize"));
+}
+
+TEST_F(FormLife, A_presenter_may_know_the_content_better) {
+    form.measured({.width = 300, .height = 1000}, {.width = 3000, .height = 2000});
+    form.measuredContent({.width = 290, .height = 600});
+    EXPECT_EQ(form.content(), (Size{.width = 290, .height = 600}));
+}
+
+TEST_F(FormLife, The_mouse_pointer_is_told_when_it_changes) {
+    form.setMousePointer(MousePointer::Busy);
+    form.setMousePointer(MousePointer::Busy);
+    EXPECT_EQ(form.mousePointer(), MousePointer::Busy);
+    EXPECT_THAT(view.told, ElementsAre(Property::Pointer));
+}
+
+TEST_F(FormLife, A_form_that_is_abandoned_goes_without_a_word) {
+    form.show();
+    form.abandon();
+    EXPECT_FALSE(form.visible());
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(form.focused(), nullptr);
+    EXPECT_THAT(events, ElementsAre("Load", "Resize"));
+    form.Load = [this] { form.abandon(); };
+    form.show();
+    EXPECT_FALSE(form.visible());
+    EXPECT_THAT(events, ElementsAre("Load", "Resize"));
 }
 
 TEST_F(FormLife, One_button_can_answer_both_Enter_and_Escape) {

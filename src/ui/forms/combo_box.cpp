@@ -1,0 +1,36 @@
+#include "ui/forms/combo_box.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+
+ComboBox::ComboBox(Form& form, std::string_view name, std::vector<std::string> items)
+    : Control(form, name), items_(std::move(items)) {}
+
+void ComboBox::setItems(std::vector<std::string> items) {
+    set(items_, std::move(items), Property::Items);
+}
+
+void ComboBox::setText(std::string_view text) {
+    set(text_, std::string(text), Property::Text);
+}
+
+void ComboBox::userChangedText(std::string_view text) {
+    if (isUsable()) {
+        text_ = text;
+        raise(Change);
+    }
+}
+
+void ComboBox::userPicked(std::size_t index) {
+    const bool came = userBroughtFocus();
+    if (came) {
+        text_ = items_.at(index);
+    }
+    tellView(Property::Text); // in full, and where the focus did not come, the old one again
+    if (came) {
+        raise(Click);
+    }
+}
+
+} // namespace tarnwick

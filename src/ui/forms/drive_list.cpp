@@ -1,0 +1,43 @@
+#include "ui/forms/drive_list.hpp"
+
+#include "platform/run_time_error.hpp"
+#include "ui/forms/folder_path.hpp"
+
+#include <algorithm>
+
+namespace tarnwick {
+
+DriveList::DriveList(Form& form, std::string_view name, const Files& files)
+    : Control(form, name),
+      files_(files),
+      drives_(files.drives()),
+      drive_(driveOf(files.currentFolder())) {}
+
+void DriveList::setDrive(std::string_view path) {
+    const std::string drive = driveOf(fullFolderPath(path, files_.currentFolder()));
+    if (!drive.empty() && std::ranges::find(drives_, drive) == drives_.end()) {
+        // A stick that was put in since the last look.
+        std::vector<std::string> drives = files_.drives();
+        if (std::ranges::find(drives, drive) == drives.end()) {
+            throw RunTimeError(ErrorNumber::DeviceUnavailable);
+        }
+        set(drives_, std::move(drives), Property::Items);
+    }
+    if (drive != drive_) {
+        set(drive_, drive, Property::Text);
+        if (!drive_.empty()) {
+            raise(Change);
+        }
+    }
+}
+
+void DriveList::userPicked(std::size_t index) {
+    if (!userBroughtFocus()) {
+        tellView(Property::Text);
+    } else if (drives_.at(index) != drive_) {
+        set(drive_, drives_[index], Property::Text);
+        raise(Change);
+    }
+}
+
+} // namespace tarnwick

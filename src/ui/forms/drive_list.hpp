@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "ui/forms/control.hpp"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+// The machine's drives, one of which is chosen: the current folder's, to begin with.
+class DriveList final : public Control {
+  public:
+    // Refers to `files`, which must outlive it.
+    DriveList(Form& form, std::string_view name, const Files& files);
+
+    // As "C:".
+    [[nodiscard]] const std::vector<std::string>& drives() const noexcept { return drives_; }
+    // As "C:"; empty where a folder of no drive was chosen, but of a share.
+    [[nodiscard]] const std::string& drive() const noexcept { return drive_; }
+    // The drive of this path. Raises Change when it is another one, but not for a folder of a
+    // share, which is on no drive. Raises 68 for a drive that is not there; all stays as it was.
+    void setDrive(std::string_view path);
+
+    void userPicked(std::size_t index);
+
+    std::function<void()> Change; // whoever has changed the drive
+
+  private:
+    const Files& files_;
+    std::vector<std::string> drives_;
+    std::string drive_;
+};
+
+} // namespace tarnwick

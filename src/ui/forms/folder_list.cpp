@@ -1,0 +1,91 @@
+#include "ui/forms/folder_list.hpp"
+
+#include "common/text.hpp"
+#include "ui/forms/folder_path.hpp"
+#include "ui/forms/keys.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+std::size_t indexOfPath(const std::vector<FolderList::Entry>& entries) noexcept {
+    std::size_t last = 0;
+    while (last + 1 < entries.size() && entries[last + 1].open) {
+        ++last;
+    }
+    return last;
+}
+
+} // namespace
+
+FolderList::FolderList(Form& form, std::string_view name, const Files& files)
+    : Control(form, name),
+      files_(files),
+      path_(fullFolderPath({}, files.currentFolder())),
+      entries_(entriesOf(path_, files.canListFolder(path_) ? files.listFolders(path_)
+                                                           : std::vector<std::string>())),
+      selected_(indexOfPath(entries_)) {}
+
+std::vector<FolderList::Entry> FolderList::entriesOf(const std::string& path,
+                                                     std::vector<std::string> folders) const {
+    std::vector<Entry> entries;
+    for (std::string& name : foldersOnTheWay(path)) {
+        std::string whole = entries.empty() ? name : withBackslash(entries.back().path) + name;
+        const int depth = static_cast<int>(entries.size());
+        entries.push_back(
+            {.name = std::move(name), .path = std::move(whole), .depth = depth, .open = true});
+    }
+    const int depth = static_cast<int>(entries.size());
+    for (std::string& name : folders) {
+        std::string whole = withBackslash(path) + name;
+        entries.push_back(
+            {.name = std::move(name), .path = std::move(whole), .depth = depth, .open = false});
+    }
+    return entries;
+}
+
+void FolderList::setPath(std::string_view path) {
+    std::string wanted = fullFolderPath(path, files_.currentFolder());
+    std::vector<Entry> entries = entriesOf(wanted, files_.listFolders(wanted));
+    const bool another = wanted != path_;
+    path_ = std::move(wanted);
+    selected_ = indexOfPath(entries);
+    set(entries_, std::move(entries), Property::Items);
+    tellView(Property::Selection);
+    if (another) {
+        raise(Change);
+    }
+}
+
+void FolderList::userSelected(std::size_t index) {
+    if (userBroughtFocus() && index < entries_.size()) {
+        selected_ = index;
+    } else {
+        tellView(Property::Selection);
+    }
+}
+
+void FolderList::userOpened(std::size_t index) {
+    if (!userBroughtFocus() || index >= entries_.size()) {
+        return;
+    }
+    const std::string path = entries_[index].path;
+    if (files_.canListFolder(path)) {
+        setPath(path);
+    } else {
+        raise(Refused, path);
+    }
+}
+
+void FolderList::userPressedKey(int keyCode) {
+    if (keyCode == Key::enter) {
+        userOpened(selected_);
+    }
+}
+
+bool FolderList::wantsKey(int keyCode) const {
+    return keyCode == Key::enter && selected_ != indexOfPath(entries_);
+}
+
+} // namespace tarnwick

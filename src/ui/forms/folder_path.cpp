@@ -1,0 +1,83 @@
+#include "ui/forms/folder_path.hpp"
+
+#include "common/text.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <cstddef>
+
+namespace tarnwick {
+namespace {
+
+bool hasDrive(std::string_view path) {
+    return path.size() >= 2 && path[1] == ':';
+}
+
+bool isShare(std::string_view path) {
+    return path.starts_with(R"(\\)");
+}
+
+// "C:\", "\\server\share", or nothing at all.
+std::string_view rootOf(std::string_view path) {
+    if (isShare(path)) {
+        const auto server = path.find('\\', 2);
+        return path.substr(0,
+                           server == std::string_view::npos ? server : path.find('\\', server + 1));
+    }
+    constexpr std::size_t driveRoot = 3;
+    return hasDrive(path) ? path.substr(0, driveRoot) : std::string_view();
+}
+
+std::vector<std::string> namesIn(std::string_view path) {
+    std::vector<std::string> names;
+    while (!path.empty()) {
+        const auto end = std::min(path.find('\\'), path.size());
+        const auto name = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (name == ".." && !names.empty()) {
+            names.pop_back();
+        } else if (!name.empty() && name != "." && name != "..") {
+            names.emplace_back(name);
+        }
+    }
+    return names;
+}
+
+std::string fromCurrentFolder(std::string path, std::string_view currentFolder) {
+    if (isShare(path)) {
+        return path;
+    }
+    if (hasDrive(path)) { // without a root it is the drive's root all the same
+        return path.substr(0, 2) + '\\' + path.substr(2);
+    }
+    if (path.starts_with('\\')) {
+        return withBackslash(rootOf(currentFolder)) + path;
+    }
+    return withBackslash(currentFolder) + path;
+}
+
+} // namespace
+
+std::string fullFolderPath(std::string_view path, std::string_view currentFolder) {
+    std::string slashes(trim(path));
+    std::ranges::replace(slashes, '/', '\\');
+    const std::string whole = fromCurrentFolder(slashes, currentFolder);
+    std::string result(rootOf(whole));
+    for (const std::string& name : namesIn(std::string_view(whole).substr(result.size()))) {
+        result = withBackslash(result) + name;
+    }
+    return result;
+}
+
+std::string driveOf(std::string_view fullPath) {
+    return hasDrive(fullPath) ? upperCase(fullPath.substr(0, 2)) : std::string();
+}
+
+std::vector<std::string> foldersOnTheWay(std::string_view fullPath) {
+    const auto root = rootOf(fullPath);
+    std::vector<std::string> folders = namesIn(fullPath.substr(root.size()));
+    folders.emplace(folders.begin(), root);
+    return folders;
+}
+
+} // namespace tarnwick

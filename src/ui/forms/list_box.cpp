@@ -1,0 +1,181 @@
+#include "ui/forms/list_box.hpp"
+
+#include "platform/wildcard.hpp"
+#include "ui/forms/form.hpp"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr int widthWithoutView = 8;
+
+void sortByName(std::vector<std::string>& names) {
+    if (!std::ranges::is_sorted(names, nameLess)) { // what was listed or taken out mostly is
+        sortNames(names);
+    }
+}
+
+} // namespace
+
+ListBox::ListBox(Form& form, std::string_view name, Order order)
+    : Control(form, name), order_(order) {
+    widths_.fill(widthWithoutView);
+}
+
+void ListBox::setItems(std::vector<std::string> items) {
+    if (order_ == Order::ByName) {
+        sortByName(items);
+    }
+    const bool same = selectedCount_ == 0 && items == items_;
+    items_ = std::move(items);
+    selected_.assign(items_.size(), false);
+    selectedCount_ = 0;
+    if (!same) {
+        itemsChanged();
+    }
+}
+
+void ListBox::add(std::vector<std::string> items) {
+    if (items.empty()) {
+        return;
+    }
+    if (order_ == Order::ByName) {
+        sortByName(items);
+    }
+    std::vector<std::string> merged;
+    std::vector<bool> selected;
+    merged.reserve(items_.size() + items.size());
+    selected.reserve(items_.size() + items.size());
+    std::size_t old = 0;
+    for (std::string& item : items) {
+        while (old < items_.size() && (order_ == Order::AsGiven || !nameLess(item, items_[old]))) {
+            selected.push_back(selected_[old]);
+            merged.push_back(std::move(items_[old++]));
+        }
+        selected.push_back(false);
+        merged.push_back(std::move(item));
+    }
+    for (; old < items_.size(); ++old) {
+        selected.push_back(selected_[old]);
+        merged.push_back(std::move(items_[old]));
+    }
+    items_ = std::move(merged);
+    selected_ = std::move(selected);
+    itemsChanged();
+}
+
+std::vector<std::string> ListBox::takeSelected() {
+    std::vector<std::string> taken;
+    if (selectedCount_ == 0) {
+        return taken;
+    }
+    taken.reserve(selectedCount_);
+    std::vector<std::string> kept;
+    kept.reserve(items_.size() - selectedCount_);
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        (selected_[i] ? taken : kept).push_back(std::move(items_[i]));
+    }
+    items_ = std::move(kept);
+    selected_.assign(items_.size(), false);
+    selectedCount_ = 0;
+    itemsChanged();
+    return taken;
+}
+
+std::vector<std::string> ListBox::takeAll() {
+    std::vector<std::string> taken;
+    taken.swap(items_);
+    selected_.clear();
+    selectedCount_ = 0;
+    if (!taken.empty()) {
+        itemsChanged();
+    }
+    return taken;
+}
+
+void ListBox::retain(const std::vector<bool>& kept) {
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        if (kept.at(i)) {
+            if (next != i) {
+                items_[next] = std::move(items_[i]);
+                selected_[next] = selected_[i];
+            }
+            ++next;
+        }
+    }
+    if (next != items_.size()) {
+        items_.resize(next);
+        selected_.resize(next);
+        selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
+        itemsChanged();
+    }
+}
+
+void ListBox::itemsChanged() {
+    tellView(Property::Items);
+}
+
+void ListBox::setSelected(std::size_t index, bool selected) {
+    if (selected_.at(index) != selected) {
+        selected_[index] = selected;
+        selectedCount_ += selected ? 1U : std::size_t{0} - 1U;
+        tellView(Property::Selection);
+    }
+}
+
+void ListBox::clearSelection() {
+    if (selectedCount_ != 0) {
+        selected_.assign(items_.size(), false);
+        selectedCount_ = 0;
+        tellView(Property::Selection);
+    }
+}
+
+int ListBox::widestItem(std::string_view prefix) const {
+    const auto width = [this](std::string_view text) {
+        return std::accumulate(text.begin(), text.end(), 0, [this](int sum, char character) {
+            return sum + widths_[static_cast<unsigned char>(character)];
+        });
+    };
+    int widest = 0;
+    for (const std::string& item : items_) {
+        widest = std::max(widest, width(item));
+    }
+    return items_.empty() ? 0 : width(prefix) + widest;
+}
+
+void ListBox::setHorizontalExtent(int pixels) {
+    set(horizontalExtent_, pixels, Property::HorizontalExtent);
+}
+
+void ListBox::measured(const CharacterWidths& widths) {
+    if (widths_ != widths) {
+        widths_ = widths;
+        raise(Remeasured);
+    }
+}
+
+void ListBox::userSelected(std::span<const int> indices) {
+    if (!userBroughtFocus()) {
+        tellView(Property::Selection);
+        return;
+    }
+    selected_.assign(items_.size(), false);
+    for (const int index : indices) {
+        selected_.at(static_cast<std::size_t>(index)) = true;
+    }
+    selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
+    raise(Click);
+}
+
+void ListBox::userDoubleClicked() {
+    if (userBroughtFocus()) {
+        raise(DblClick);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+class Form;
+
+// One entry of a form's menu bar, or of a menu below it; a member of the form. "&" stands before
+// the letter of its access key, and the caption "-" makes it a separating line.
+class MenuItem {
+  public:
+    // In the menu bar of `form`.
+    MenuItem(Form& form, std::string_view name, std::string_view caption);
+    // In the menu below `parent`, which must outlive it.
+    MenuItem(MenuItem& parent, std::string_view name, std::string_view caption);
+    MenuItem(const MenuItem&) = delete;
+    MenuItem(MenuItem&&) = delete;
+    MenuItem& operator=(const MenuItem&) = delete;
+    MenuItem& operator=(MenuItem&&) = delete;
+    ~MenuItem() = default;
+
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string_view caption);
+    [[nodiscard]] bool isSeparator() const noexcept { return caption_ == "-"; }
+    [[nodiscard]] bool enabled() const noexcept { return enabled_; }
+    void setEnabled(bool enabled);
+    // The entries of the menu below it, from top to bottom.
+    [[nodiscard]] const std::vector<MenuItem*>& items() const noexcept { return items_; }
+
+    // Whether the user can choose it: it and all above it are enabled, and no menu is below it.
+    [[nodiscard]] bool isUsable() const noexcept;
+    // The user chose it. The focus stays where it is.
+    void userClicked();
+
+    std::function<void()> Click;
+
+  private:
+    Form& form_;
+    MenuItem* parent_ = nullptr;
+    std::string name_;
+    std::string caption_;
+    std::vector<MenuItem*> items_;
+    bool enabled_ = true;
+};
+
+} // namespace tarnwick

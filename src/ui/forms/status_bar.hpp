@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ui/forms/control.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+// A line along the lower edge of the window, divided into panels. They are counted from 1.
+class StatusBar final : public Control {
+  public:
+    StatusBar(Form& form, std::string_view name, int panels);
+
+    [[nodiscard]] int panels() const noexcept { return static_cast<int>(panels_.size()); }
+    [[nodiscard]] const std::string& panelText(int panel) const { return at(panel).text; }
+    void setPanelText(int panel, std::string_view text);
+    [[nodiscard]] int panelWidth(int panel) const { return at(panel).width; }
+    void setPanelWidth(int panel, int twips);
+    // From the status bar's left edge.
+    [[nodiscard]] int panelLeft(int panel) const;
+
+    [[nodiscard]] bool isFocusable() const noexcept override { return false; }
+
+  private:
+    struct Panel {
+        std::string text;
+        int width = 0;
+    };
+    [[nodiscard]] const Panel& at(int panel) const;
+
+    std::vector<Panel> panels_;
+};
+
+} // namespace tarnwick

@@ -10,7 +10,7 @@ cover_packages   := $(native_packages) gcovr
 lint_packages    := $(windows_packages) clang-format-19 clang-tidy-19
 
 ensure := cmake/ensure-packages
-sources = $(shell git ls-files '*.cpp' '*.hpp')
+sources = $(shell find src tests demo bench -name '*.cpp' -o -name '*.hpp')
 
 help:
 	@echo 'make demo         builds Tarnwick and runs it on the demo records'

@@ -98,10 +98,9 @@ void runEngine(const World& place) {
     RecordSelection records;
     records.load(files.listFiles(batch.sInputFolder, batch.sInputExtensions));
     records.selectAll();
-    writeCommandLineBatch({.commandBatch = "C:\\MP_CL.bat",
-                           .deleteBatch = "C:\\MPDELETE.bat",
-                           .notificationText = "C:\\MP_Notify.txt"},
-                          false, batch, records.selected(),
+    fs::remove(place.batch());
+    auto commandBatch = createCommandLineBatch(batch, files, desktop);
+    writeCommandLineBatch(commandBatch.value(), false, batch, records.selected(),
                           {.files = files, .desktop = desktop, .interpreter = interpreter});
 }
 
@@ -115,6 +114,7 @@ void runPlainProgram(const World& place) {
         }
     }
     std::ranges::sort(names, nameLess);
+    fs::remove(place.batch());
     std::ofstream file(place.batch(), std::ios::binary);
     file << "@echo off\r\nC:\r\ncd \\in\r\n@echo on\r\n\r\n";
     for (const std::string& name : names) {

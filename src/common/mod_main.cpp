@@ -44,7 +44,7 @@ bool FileExists(const Files& files, std::string_view path) {
     try {
         return !files.firstNormalFile(path).empty();
     } catch (const RunTimeError&) {
-        return false; // what cannot be asked does not exist
+        return false; // what the system cannot answer does not exist
     }
 }
 

@@ -21,7 +21,7 @@ void writeInOneStep(Files& files, std::string_view path, std::string_view conten
     try {
         writeThrough(files, beside, content);
         files.moveOver(beside, path);
-    } catch (const RunTimeError&) {
+    } catch (...) {
         removeQuietly(files, beside);
         throw;
     }

@@ -2,14 +2,6 @@
 
 namespace tarnwick {
 
-std::string_view trim(std::string_view text) noexcept {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::string quoted(std::string_view text) {
     std::string result;
     result.reserve(text.size() + 2);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/case_folding.hpp"
+#include "platform/characters.hpp"
 
 #include <string>
 #include <string_view>
@@ -8,9 +9,6 @@
 namespace tarnwick {
 
 inline constexpr std::string_view lineEnd = "\r\n";
-
-// Without the blanks (and only those: no tabs) at both ends. A view into `text`.
-[[nodiscard]] std::string_view trim(std::string_view text) noexcept;
 
 // `text` in double quotation marks; marks inside it stay as they are.
 [[nodiscard]] std::string quoted(std::string_view text);

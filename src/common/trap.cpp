@@ -5,7 +5,7 @@
 
 namespace tarnwick {
 
-ErrorRecord currentError() noexcept {
+ErrorRecord currentError() {
     try {
         throw;
     } catch (const RunTimeError& error) {
@@ -18,6 +18,15 @@ ErrorRecord currentError() noexcept {
         return record;
     } catch (...) {
         return RunTimeError(ErrorNumber::InternalError).record();
+    }
+}
+
+void reportCurrentError(Desktop& desktop, std::string_view caller,
+                        std::string_view procedure) noexcept {
+    try {
+        ReportError(desktop, currentError(), caller, procedure);
+    } catch (...) {
+        return; // no memory even to say so
     }
 }
 

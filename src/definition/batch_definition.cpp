@@ -3,6 +3,7 @@
 #include "definition/output_types.hpp"
 
 #include <cstddef>
+#include <span>
 
 namespace tarnwick {
 namespace {
@@ -19,13 +20,31 @@ void loadDefaultRows(std::array<OutputDefinition, rows>& grid,
     }
 }
 
+void switchOff(std::span<OutputDefinition> grid) {
+    for (OutputDefinition& output : grid) {
+        output.bBuild = false;
+    }
+}
+
 } // namespace
+
+void switchOffAllOutputs(BatchDefinition& definition) {
+    LoadDefaultGridSettings(definition);
+    switchOff(definition.MPOutputs);
+    switchOff(definition.CNSOutputs);
+}
+
+void forgetConfigurationEntries(BatchDefinition& definition) {
+    definition.bCfgNamesInput = false;
+    definition.bCfgNamesOutput = false;
+}
 
 void MyDefaultSettings(BatchDefinition& definition) {
     definition.iFixDoc = 0;
     definition.bCommandLineLogging = false;
     definition.sLanguage = "English";
     definition.bUseConfigFile = 0;
+    forgetConfigurationEntries(definition);
     LoadDefaultGridSettings(definition);
 }
 

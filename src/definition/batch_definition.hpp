@@ -70,6 +70,12 @@ inline constexpr std::string_view noBuildGlyph = "\xA8"; // an empty box
     return cell == buildGlyph;
 }
 
+// Leaves all nine products off, with their type names and default extensions and without a folder.
+void switchOffAllOutputs(BatchDefinition& definition);
+
+// Forgets what the configuration file was found to name: for whoever switches its use off.
+void forgetConfigurationEntries(BatchDefinition& definition);
+
 // Puts the settings with a default into their default state. Leaves the tool locations, the INI
 // file name, the input fields and the process check states as they are.
 void MyDefaultSettings(BatchDefinition& definition);

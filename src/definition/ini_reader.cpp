@@ -15,19 +15,12 @@ namespace {
 
 constexpr std::string_view gridKeyPrefix = "GRID_";
 
+// No path and no command line of the system can be as long; a longer line is no entry but damage,
+// and its value would only make every later message and command unusable.
+constexpr std::size_t longestEntry = std::size_t{64} * 1024;
+
 bool isTrue(std::string_view value) {
     return equalIgnoringCase(trim(value), "TRUE");
-}
-
-template <std::size_t rows>
-void resetRows(std::array<OutputDefinition, rows>& grid,
-               const std::array<OutputType, rows>& types) {
-    for (std::size_t row = 0; row < rows; ++row) {
-        grid.at(row) = {.bBuild = false,
-                        .sFileType = std::string(types.at(row).name),
-                        .sExtension = std::string(types.at(row).defaultExtension),
-                        .sOutputFolder = {}};
-    }
 }
 
 // Takes the lines of one file into a definition. The extensions are collected apart and reach the
@@ -38,6 +31,9 @@ class IniReader {
         : definition_(definition), files_(files), folders_(files) {}
 
     void readLine(std::string_view line) {
+        if (line.size() > longestEntry) {
+            return;
+        }
         const auto equals = line.find('=');
         if (equals == std::string_view::npos) {
             return;
@@ -112,6 +108,9 @@ class IniReader {
             readFile(trim(value), definition_.bUseAliases, definition_.sAliasesFile);
         } else if (is("Configuration File")) {
             readFile(trim(value), definition_.bUseConfigFile, definition_.sConfigFile);
+            if (definition_.bUseConfigFile != checked) {
+                forgetConfigurationEntries(definition_);
+            }
         } else {
             return false;
         }
@@ -196,9 +195,9 @@ bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& deskt
     bool completed = false;
     trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
         if (findINIFile(definition, files)) {
-            resetRows(definition.MPOutputs, mpOutputTypes);
-            resetRows(definition.CNSOutputs, cnsOutputTypes);
+            // Opened first: a file that cannot be read must not cost the products in memory.
             const auto file = files.openForReading(definition.sINIFile);
+            switchOffAllOutputs(definition);
             // The file is ours and ends its lines with CR LF, but people edit it with what they
             // have: a bare LF ends a line too.
             LineReader lines(*file, LineEnds::Any);

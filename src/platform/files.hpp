@@ -92,6 +92,10 @@ class Files {
     // allowed), 70 (kept or being written by another program), 76 (no such folder), 61.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
+    // As create, but only where nothing of that name exists, in one step: of several who ask at the
+    // same time, one gets the file. Raises 58 where it does.
+    [[nodiscard]] virtual std::unique_ptr<OutputFile> createNew(std::string_view path) = 0;
+
     // As create, but writes behind what the file already holds.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> append(std::string_view path) = 0;
 

@@ -1,6 +1,7 @@
 #include "platform/wildcard.hpp"
 
 #include "platform/case_folding.hpp"
+#include "platform/characters.hpp"
 
 #include <algorithm>
 #include <array>
@@ -10,18 +11,6 @@
 #include <utility>
 
 namespace tarnwick {
-namespace {
-
-std::string_view withoutOuterBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-} // namespace
-
 bool matchesWildcard(std::string_view name, std::string_view pattern) {
     if (pattern == "*.*") {
         return true;
@@ -54,7 +43,7 @@ bool matchesAnyWildcard(std::string_view name, std::string_view patterns) {
     bool anyPattern = false;
     while (!patterns.empty()) {
         const auto end = std::min(patterns.find(';'), patterns.size());
-        const auto pattern = withoutOuterBlanks(patterns.substr(0, end));
+        const auto pattern = trim(patterns.substr(0, end));
         patterns.remove_prefix(std::min(end + 1, patterns.size()));
         if (pattern.empty()) {
             continue;

@@ -38,11 +38,11 @@ ConfigurationEntries inspectConfigurationLine(std::string_view line) {
             .namesOutput = equalIgnoringCase(text, "output") || contains(text, "\noutput\n")};
 }
 
-void GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
+bool GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
                   const std::function<void()>& whenInspected) {
+    bool completed = false;
     trap(desktop, "frmMain", "Private Sub GetCFGValues()", [&] {
-        definition.bCfgNamesInput = false;
-        definition.bCfgNamesOutput = false;
+        forgetConfigurationEntries(definition);
         const auto file = files.openForReading(definition.sConfigFile);
         LineReader lines(*file, LineEnds::CarriageReturn);
         while (const auto line = lines.next()) {
@@ -54,7 +54,9 @@ void GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desk
             leaveOutputsToConfigurationFile(definition);
         }
         whenInspected();
+        completed = true;
     });
+    return completed;
 }
 
 } // namespace tarnwick

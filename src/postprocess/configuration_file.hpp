@@ -26,8 +26,8 @@ struct ConfigurationEntries {
 // checked so are CNS's output folder and extension: the configuration file decides then. Outputs
 // that were switched off once are not switched on again by another file.
 // `whenInspected` is called last, with the file still open: the place to bring a window up to date.
-// An error is reported; the flags are then as far as they were set.
-void GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
+// True when all went well. An error is reported; the flags are then as far as they were set.
+bool GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
                   const std::function<void()>& whenInspected);
 
 } // namespace tarnwick

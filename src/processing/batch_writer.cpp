@@ -2,22 +2,11 @@
 
 #include "common/text.hpp"
 
-#include <algorithm>
-#include <cstddef>
+#include <utility>
 
 namespace tarnwick {
-namespace {
-
-constexpr std::size_t pendingLimit = std::size_t{256} * 1024;
-
-bool isAscii(std::string_view text) {
-    return std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) > 0x7F; });
-}
-
-} // namespace
-
-BatchWriter::BatchWriter(Files& files, const CommandInterpreter& interpreter, std::string_view path)
-    : interpreter_(interpreter), file_(files.create(path)) {}
+BatchWriter::BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter)
+    : interpreter_(interpreter), file_(std::move(file)) {}
 
 void BatchWriter::line(std::string_view text) {
     if (systemCodePage_ || isAscii(text)) {
@@ -32,16 +21,11 @@ void BatchWriter::line(std::string_view text) {
 }
 
 void BatchWriter::append(std::string_view text) {
-    pending_.append(text).append(lineEnd);
-    if (pending_.size() >= pendingLimit) {
-        file_->write(pending_);
-        pending_.clear();
-    }
+    file_->write(text);
+    file_->write(lineEnd);
 }
 
 void BatchWriter::close() {
-    file_->write(pending_);
-    pending_.clear();
     file_->close();
 }
 

@@ -15,13 +15,13 @@ namespace tarnwick {
 // that makes the interpreter read it so.
 class BatchWriter {
   public:
-    // Creates the file, or empties it. Refers to `interpreter`. Raises what Files::create raises.
-    BatchWriter(Files& files, const CommandInterpreter& interpreter, std::string_view path);
+    // Writes into `file`. Refers to `interpreter`.
+    BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter);
 
     // Adds the line and its CR LF. Raises what OutputFile::write raises.
     void line(std::string_view text);
 
-    // Writes what is still held back and closes the file. Raises what OutputFile::close raises.
+    // Closes the file. Raises what OutputFile::close raises.
     void close();
 
   private:
@@ -29,7 +29,6 @@ class BatchWriter {
 
     const CommandInterpreter& interpreter_;
     std::unique_ptr<OutputFile> file_;
-    std::string pending_;
     bool systemCodePage_ = false;
 };
 

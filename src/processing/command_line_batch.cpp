@@ -4,13 +4,27 @@
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
+#include "platform/run_time_error.hpp"
 #include "processing/batch_writer.hpp"
 #include "processing/tool_statements.hpp"
+
+#include <utility>
 
 namespace tarnwick {
 namespace {
 
 constexpr int namesPerFolder = 1000;
+
+// Other runs may be reading the delete batch at this moment: one that is right is left alone.
+bool holdsLine(const Files& files, std::string_view path, std::string_view line) {
+    if (!FileExists(files, path)) {
+        return false;
+    }
+    const std::string expected = std::string(line).append(lineEnd);
+    std::string content(expected.size() + 1, '\0');
+    content.resize(files.openForReading(path)->read(content));
+    return content == expected;
+}
 
 void writeLine(Files& files, std::string_view path, std::string_view line) {
     const auto file = files.create(path);
@@ -42,12 +56,12 @@ std::string callLine(std::string_view program, std::string_view file) {
     return "Call " + quoted(program) + " " + quoted(file);
 }
 
-void writeCommandBatch(const CommandLineBatch& names, bool notify,
-                       const BatchDefinition& definition, std::span<const std::string> records,
+void writeCommandBatch(CommandLineBatch& names, bool notify, const BatchDefinition& definition,
+                       std::span<const std::string> records,
                        const CommandLineBatchServices& services) {
     KnownFolders folders(services.files);
     const StatementServices statements{.folders = folders, .desktop = services.desktop};
-    BatchWriter batch(services.files, services.interpreter, names.commandBatch);
+    BatchWriter batch(std::move(names.file), services.interpreter);
     changeToFolder(batch, definition.sInputFolder);
     batch.line("");
     for (const std::string& record : records) {
@@ -61,29 +75,45 @@ void writeCommandBatch(const CommandLineBatch& names, bool notify,
     batch.close();
 }
 
-} // namespace
-
-std::optional<CommandLineBatch> nameCommandLineBatch(const BatchDefinition& definition,
-                                                     Files& files, Desktop& desktop) {
-    const std::string& folder = definition.sTempFolder;
-    CommandLineBatch names{.commandBatch = folder + "MP_CL.bat",
-                           .deleteBatch = folder + "MPDELETE.bat",
-                           .notificationText = folder + "MP_Notify.txt"};
-    writeLine(files, names.deleteBatch, "del %1");
-    for (int n = 1; FileExists(files, names.commandBatch); ++n) {
-        if (n == namesPerFolder) {
-            desktop.show({.text = "Need to clean user " + quoted(folder) + " folder.",
-                          .title = std::string(applicationTitle)});
-            return std::nullopt;
+// Null where the name is taken, be it only since a moment ago.
+std::unique_ptr<OutputFile> createUnlessTaken(Files& files, std::string_view path) {
+    try {
+        return FileExists(files, path) ? nullptr : files.createNew(path);
+    } catch (const RunTimeError& error) {
+        if (error.is(ErrorNumber::FileAlreadyExists)) {
+            return nullptr;
         }
-        names.commandBatch = folder + "MP_CL" + std::to_string(n) + ".bat";
-        names.notificationText = folder + "MP_Notify" + std::to_string(n) + ".txt";
+        throw;
     }
-    return names;
 }
 
-void writeCommandLineBatch(const CommandLineBatch& batch, bool notify,
-                           const BatchDefinition& definition, std::span<const std::string> records,
+} // namespace
+
+std::optional<CommandLineBatch> createCommandLineBatch(const BatchDefinition& definition,
+                                                       Files& files, Desktop& desktop) {
+    const std::string& folder = definition.sTempFolder;
+    const std::string deleteBatch = folder + "MPDELETE.bat";
+    if (constexpr std::string_view deleteLine = "del %1";
+        !holdsLine(files, deleteBatch, deleteLine)) {
+        writeLine(files, deleteBatch, deleteLine);
+    }
+    for (int n = 0; n < namesPerFolder; ++n) {
+        const std::string number = n == 0 ? "" : std::to_string(n);
+        std::string commandBatch = folder + "MP_CL" + number + ".bat";
+        if (auto file = createUnlessTaken(files, commandBatch)) {
+            return CommandLineBatch{.commandBatch = std::move(commandBatch),
+                                    .deleteBatch = deleteBatch,
+                                    .notificationText = folder + "MP_Notify" + number + ".txt",
+                                    .file = std::move(file)};
+        }
+    }
+    desktop.show({.text = "Need to clean user " + quoted(folder) + " folder.",
+                  .title = std::string(applicationTitle)});
+    return std::nullopt;
+}
+
+void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefinition& definition,
+                           std::span<const std::string> records,
                            const CommandLineBatchServices& services) {
     try {
         if (notify) {
@@ -92,6 +122,7 @@ void writeCommandLineBatch(const CommandLineBatch& batch, bool notify,
         }
         writeCommandBatch(batch, notify, definition, records, services);
     } catch (...) {
+        batch.file.reset();
         removeCommandLineBatch(batch, services.files);
         throw;
     }

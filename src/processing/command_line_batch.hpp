@@ -5,6 +5,7 @@
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -13,9 +14,10 @@ namespace tarnwick {
 
 // The files of one unattended run, all in the temporary folder.
 struct CommandLineBatch {
-    std::string commandBatch;     // runs the tools, then deletes itself
-    std::string deleteBatch;      // deletes the file it is given; shared by all runs, and stays
-    std::string notificationText; // shown when the batch is done, when that is wished
+    std::string commandBatch;         // runs the tools, then deletes itself
+    std::string deleteBatch;          // deletes the file it is given; shared by all runs, and stays
+    std::string notificationText;     // shown when the batch is done, when that is wished
+    std::unique_ptr<OutputFile> file; // the command batch, new and still empty
 };
 
 struct CommandLineBatchServices {
@@ -24,18 +26,18 @@ struct CommandLineBatchServices {
     const CommandInterpreter& interpreter;
 };
 
-// Writes the delete batch and finds names that no earlier run still uses. Nothing when all 1000 are
-// taken; the user has been told. Raises what writing a file raises.
+// Sees to the delete batch and creates a command batch under a name that no other run uses. Nothing
+// when all 1000 names are taken; the user has been told. Raises what writing a file raises.
 [[nodiscard]] std::optional<CommandLineBatch>
-nameCommandLineBatch(const BatchDefinition& definition, Files& files, Desktop& desktop);
+createCommandLineBatch(const BatchDefinition& definition, Files& files, Desktop& desktop);
 
-// Writes the command batch over the records, and the notification text when `notify`.
-// Raises what writing a file raises; neither file is then left.
-void writeCommandLineBatch(const CommandLineBatch& batch, bool notify,
-                           const BatchDefinition& definition, std::span<const std::string> records,
+// Writes and closes the command batch over the records, and writes the notification text when
+// `notify`. Raises what writing a file raises; neither file is then left.
+void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefinition& definition,
+                           std::span<const std::string> records,
                            const CommandLineBatchServices& services);
 
-// Deletes what writeCommandLineBatch wrote, if that can be done.
+// Deletes the command batch and the notification text, if that can be done.
 void removeCommandLineBatch(const CommandLineBatch& batch, Files& files);
 
 } // namespace tarnwick

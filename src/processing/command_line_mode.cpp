@@ -21,19 +21,17 @@ class CommandLineRun {
                    const CommandLineServices& services)
         : definition_(definition), records_(records), services_(services) {}
 
-    CommandLineResult run(std::string_view text) {
+    void run(std::string_view text) {
         const std::optional<CommandLine> commandLine = parseCommandLine(text);
         if (!commandLine) {
             services_.showHelp();
-            return CommandLineResult::NothingStarted;
+        } else if (findINIFile(commandLine->sINIFile) && readDefinition() && isUsable() &&
+                   selectRecords(*commandLine)) {
+            startBatch(commandLine->bNotify);
         }
-        const bool ready = findINIFile(commandLine->sINIFile) && readINIFile() && isUsable() &&
-                           selectRecords(*commandLine);
-        if (!ready) {
-            return CommandLineResult::NothingStarted;
-        }
-        return startBatch(commandLine->bNotify);
     }
+
+    [[nodiscard]] CommandLineResult result() const noexcept { return result_; }
 
   private:
     bool findINIFile(const std::string& name) {
@@ -52,16 +50,19 @@ class CommandLineRun {
         return false;
     }
 
-    // A file that could not be read to its end is no definition to run: the user has been told,
-    // and half of the settings would build the wrong things.
-    bool readINIFile() {
-        return ReadINIFile(definition_, services_.files, services_.desktop, [this] {
+    // An INI file or a configuration file that could not be read to its end is nothing to run by:
+    // the user has been told, and half of the settings would build the wrong things.
+    bool readDefinition() {
+        bool configurationRead = true;
+        const bool iniFileRead = ReadINIFile(definition_, services_.files, services_.desktop, [&] {
             listRecords();
             if (definition_.bUseConfigFile == checked &&
                 FileExists(services_.files, definition_.sConfigFile)) {
-                GetCFGValues(definition_, services_.files, services_.desktop, [] {});
+                configurationRead =
+                    GetCFGValues(definition_, services_.files, services_.desktop, [] {});
             }
         });
+        return iniFileRead && configurationRead;
     }
 
     bool isUsable() {
@@ -78,7 +79,7 @@ class CommandLineRun {
     }
 
     bool selectRecords(const CommandLine& commandLine) {
-        override(commandLine);
+        applyOverrides(commandLine);
         if (records_.available().empty()) {
             showWarning(services_.desktop,
                         "No files found in folder " + quoted(definition_.sInputFolder) + ".");
@@ -89,7 +90,7 @@ class CommandLineRun {
     }
 
     // A folder that does not exist is ignored without a word: the definition's own stays.
-    void override(const CommandLine& commandLine) {
+    void applyOverrides(const CommandLine& commandLine) {
         if (trim(commandLine.sInputFolder).empty() && trim(commandLine.sInputExtensions).empty()) {
             return;
         }
@@ -111,30 +112,31 @@ class CommandLineRun {
         }
     }
 
-    CommandLineResult startBatch(bool notify) {
-        const std::optional<CommandLineBatch> batch =
-            nameCommandLineBatch(definition_, services_.files, services_.desktop);
+    void startBatch(bool notify) {
+        std::optional<CommandLineBatch> batch =
+            createCommandLineBatch(definition_, services_.files, services_.desktop);
         if (!batch) {
-            return CommandLineResult::NothingStarted;
+            return;
         }
         writeCommandLineBatch(*batch, notify, definition_, records_.selected(),
                               {.files = services_.files,
                                .desktop = services_.desktop,
                                .interpreter = services_.interpreter});
-        services_.events.letRun();
         try {
+            services_.events.letRun();
             services_.interpreter.startHidden(batch->commandBatch);
         } catch (...) {
             removeCommandLineBatch(*batch, services_.files);
             throw;
         }
+        result_ = CommandLineResult::BatchStarted;
         services_.events.letRun();
-        return CommandLineResult::BatchStarted;
     }
 
     BatchDefinition& definition_;
     RecordSelection& records_;
     const CommandLineServices& services_;
+    CommandLineResult result_ = CommandLineResult::NothingStarted;
 };
 
 } // namespace
@@ -142,11 +144,11 @@ class CommandLineRun {
 CommandLineResult RunCommandLine(BatchDefinition& definition, RecordSelection& records,
                                  const CommandLineServices& services,
                                  std::string_view sTarnwickCommandLine) {
-    auto result = CommandLineResult::NothingStarted;
+    CommandLineRun run(definition, records, services);
     trap(services.desktop, "frmMain",
          "Public Sub RunCommandLine(ByVal sTarnwickCommandLine As String)",
-         [&] { result = CommandLineRun(definition, records, services).run(sTarnwickCommandLine); });
-    return result;
+         [&] { run.run(sTarnwickCommandLine); });
+    return run.result();
 }
 
 } // namespace tarnwick

@@ -46,8 +46,13 @@ void RecordSelection::load(std::vector<std::string> listing) {
         }
         std::ranges::reverse(stillThere);
         selected_ = std::move(stillThere);
-        std::size_t place = 0;
-        std::erase_if(listing, [&](const std::string&) { return taken[place++]; });
+        available_.clear();
+        for (std::size_t place = 0; place < listing.size(); ++place) {
+            if (!taken[place]) {
+                available_.push_back(std::move(listing[place]));
+            }
+        }
+        return;
     }
     available_ = std::move(listing);
 }
@@ -59,8 +64,9 @@ void RecordSelection::selectAll() {
     }
     std::vector<std::string> all;
     all.reserve(selected_.size() + available_.size());
-    std::ranges::merge(std::move(selected_), std::move(available_), std::back_inserter(all),
-                       nameLess);
+    std::merge(std::make_move_iterator(selected_.begin()), std::make_move_iterator(selected_.end()),
+               std::make_move_iterator(available_.begin()),
+               std::make_move_iterator(available_.end()), std::back_inserter(all), nameLess);
     selected_ = std::move(all);
     available_.clear();
 }

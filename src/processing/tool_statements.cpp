@@ -71,7 +71,7 @@ void addOutputs(Tool tool, std::span<const OutputDefinition> outputs, KnownFolde
         if (!output.bBuild || !folders.exists(output.sOutputFolder)) {
             continue;
         }
-        const std::string_view option = sGetOptFromFileType(output.sFileType);
+        const std::string option = sGetOptFromFileType(output.sFileType);
         if (tool == Tool::CNS && equalIgnoringCase(option, "-i")) {
             arguments.word("-v"); // CNS writes its info file only when it is verbose
         }
@@ -86,23 +86,8 @@ std::string inputPath(const BatchDefinition& definition, std::string_view sFolde
     return definition.bCfgNamesOutput ? std::string(sFile) : joinPath(trim(sFolder), sFile);
 }
 
-std::string cnsOutputPath(const BatchDefinition& definition, std::string_view sFile) {
-    const std::string& folder =
-        definition.bCfgNamesOutput ? definition.sInputFolder : definition.sCNSOutputFolder;
-    return joinPath(trim(folder), cnsOutputFile(definition, sFile));
-}
-
-} // namespace
-
-std::string_view sGetOptFromFileType(std::string_view sFileType) {
-    return translate(options, sFileType);
-}
-
-std::string_view sGetLanguage(const BatchDefinition& definition) {
-    return translate(languages, definition.sLanguage);
-}
-
-std::string cnsOutputFile(const BatchDefinition& definition, std::string_view sFile) {
+// The name of the file that CNS makes of `sFile`.
+std::string cnsOutputName(const BatchDefinition& definition, std::string_view sFile) {
     std::string name = GetBaseName(sFile);
     if (!definition.bCfgNamesOutput) {
         // Typed blanks stay, unless there is nothing else.
@@ -113,8 +98,19 @@ std::string cnsOutputFile(const BatchDefinition& definition, std::string_view sF
     return lastDot == std::string_view::npos ? name : name.append(sFile.substr(lastDot));
 }
 
+} // namespace
+
+std::string sGetOptFromFileType(std::string_view sFileType) {
+    return std::string(translate(options, sFileType));
+}
+
+std::string sGetLanguage(const BatchDefinition& definition) {
+    return std::string(translate(languages, definition.sLanguage));
+}
+
 ToolCommand cnsCommand(const BatchDefinition& definition, const StatementServices& services,
-                       std::string_view sFolder, std::string_view sFile) {
+                       std::string_view sFolder, std::string_view sFile,
+                       std::string& sCNSOutputFile) {
     ToolCommand command;
     trap(services.desktop, "frmMain", "Private Function sBuildCNSstatement() As String", [&] {
         command.tool = definition.sCNSExecutable;
@@ -128,8 +124,11 @@ ToolCommand cnsCommand(const BatchDefinition& definition, const StatementService
             addOutputs(Tool::CNS, definition.CNSOutputs, services.folders, GetBaseName(sFile),
                        arguments);
         }
+        sCNSOutputFile = cnsOutputName(definition, sFile);
+        const std::string& folder =
+            definition.bCfgNamesOutput ? definition.sInputFolder : definition.sCNSOutputFolder;
         arguments.word("-o");
-        arguments.path(Kind::Output, cnsOutputPath(definition, sFile));
+        arguments.path(Kind::Output, joinPath(trim(folder), sCNSOutputFile));
         arguments.path(Kind::Input, inputPath(definition, sFolder, sFile));
     });
     return command;
@@ -157,8 +156,7 @@ ToolCommand mpCommand(const BatchDefinition& definition, const StatementServices
 std::string sBuildCNSstatement(const BatchDefinition& definition, const StatementServices& services,
                                std::string_view sFolder, std::string_view sFile,
                                std::string& sCNSOutputFile) {
-    sCNSOutputFile = cnsOutputFile(definition, sFile);
-    return batchLine(cnsCommand(definition, services, sFolder, sFile));
+    return batchLine(cnsCommand(definition, services, sFolder, sFile, sCNSOutputFile));
 }
 
 std::string sBuildMPstatement(const BatchDefinition& definition, const StatementServices& services,

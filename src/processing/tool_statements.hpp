@@ -18,26 +18,23 @@ struct StatementServices {
 
 // The tool option of an output type, without regard to case; any other text is its own option.
 // "leftovers" and "Error" share a letter: they belong to different tools.
-[[nodiscard]] std::string_view sGetOptFromFileType(std::string_view sFileType);
+[[nodiscard]] std::string sGetOptFromFileType(std::string_view sFileType);
 
 // The code of the definition's language; empty is English, an unknown language is its own code.
-[[nodiscard]] std::string_view sGetLanguage(const BatchDefinition& definition);
-
-// The name, without folder, of the file that CNS makes of `sFile`.
-[[nodiscard]] std::string cnsOutputFile(const BatchDefinition& definition, std::string_view sFile);
+[[nodiscard]] std::string sGetLanguage(const BatchDefinition& definition);
 
 // The command that runs the tool over the file `sFile` in the folder `sFolder`. Products whose
 // folder does not exist are left out without a word; callers check the folders first. An error is
 // reported, and the command is then as far as it was built.
+// `sCNSOutputFile` receives the name, without folder, of the file that CNS makes: MP's input.
 [[nodiscard]] ToolCommand cnsCommand(const BatchDefinition& definition,
                                      const StatementServices& services, std::string_view sFolder,
-                                     std::string_view sFile);
+                                     std::string_view sFile, std::string& sCNSOutputFile);
 [[nodiscard]] ToolCommand mpCommand(const BatchDefinition& definition,
                                     const StatementServices& services, std::string_view sFolder,
                                     std::string_view sFile);
 
 // The same as lines of a batch file, without their ends.
-// `sCNSOutputFile` receives the name, without folder, of the file that CNS makes: MP's input.
 [[nodiscard]] std::string sBuildCNSstatement(const BatchDefinition& definition,
                                              const StatementServices& services,
                                              std::string_view sFolder, std::string_view sFile,

@@ -224,5 +224,19 @@ TEST_F(FilesContent, A_name_that_no_file_can_have_raises_52) {
     EXPECT_EQ(files.listFiles(platform->scratch(), ""), Names{});
 }
 
+TEST_F(FilesContent, A_new_file_is_created_only_where_nothing_of_that_name_exists) {
+    const auto file = files.createNew(in("new.txt"));
+    file->write("one");
+    file->close();
+    EXPECT_EQ(raisedBy([&] { return files.createNew(in("NEW.txt")); }), 58);
+    EXPECT_EQ(bytesOf(files, in("new.txt")), "one");
+    EXPECT_EQ(raisedBy([&] { return files.createNew(in("missing\\new.txt")); }), 76);
+}
+
+TEST_F(FilesContent, A_folder_of_that_name_is_in_the_way_of_a_new_file_too) {
+    files.createFolder(in("new.bat"));
+    EXPECT_EQ(raisedBy([&] { return files.createNew(in("new.bat")); }), 58);
+}
+
 } // namespace
 } // namespace tarnwick

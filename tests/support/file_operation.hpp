@@ -16,6 +16,7 @@ enum class FileOperation {
     ShortPath,
     OpenForReading,
     Create,
+    CreateNew,
     Append,
     Remove,
     CreateFolder,

@@ -34,6 +34,9 @@ class ForwardingFiles : public Files {
     [[nodiscard]] std::unique_ptr<OutputFile> create(std::string_view path) override {
         return files_.create(path);
     }
+    [[nodiscard]] std::unique_ptr<OutputFile> createNew(std::string_view path) override {
+        return files_.createNew(path);
+    }
     [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view path) override {
         return files_.append(path);
     }

@@ -116,6 +116,11 @@ std::unique_ptr<OutputFile> WatchedFiles::create(std::string_view path) {
     return std::make_unique<WatchedOutput>(ForwardingFiles::create(path), observer_, path);
 }
 
+std::unique_ptr<OutputFile> WatchedFiles::createNew(std::string_view path) {
+    observer_->beforeCall(FileOperation::CreateNew, path);
+    return std::make_unique<WatchedOutput>(ForwardingFiles::createNew(path), observer_, path);
+}
+
 std::unique_ptr<OutputFile> WatchedFiles::append(std::string_view path) {
     observer_->beforeCall(FileOperation::Append, path);
     return std::make_unique<WatchedOutput>(ForwardingFiles::append(path), observer_, path);

@@ -38,6 +38,7 @@ class WatchedFiles : public ForwardingFiles {
     [[nodiscard]] std::string shortPath(std::string_view path) const override;
     [[nodiscard]] std::unique_ptr<InputFile> openForReading(std::string_view path) const override;
     [[nodiscard]] std::unique_ptr<OutputFile> create(std::string_view path) override;
+    [[nodiscard]] std::unique_ptr<OutputFile> createNew(std::string_view path) override;
     [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view path) override;
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;

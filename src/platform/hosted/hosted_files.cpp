@@ -139,6 +139,10 @@ std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
     return createHostFile(root_.hostPath(path), Existing::Emptied);
 }
 
+std::unique_ptr<OutputFile> HostedFiles::createNew(std::string_view path) {
+    return createHostFile(root_.hostPath(path), Existing::Refused);
+}
+
 std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
     return createHostFile(root_.hostPath(path), Existing::Kept);
 }

@@ -36,6 +36,9 @@ FileDescriptor openDescriptor(const std::string& hostPath, int flags) {
     constexpr mode_t everybody = 0666; // less what the user's mask takes away
     FileDescriptor file(::open(hostPath.c_str(), flags | O_CLOEXEC | O_NONBLOCK, everybody));
     if (!file.isOpen()) {
+        if (errno == EEXIST) {
+            throw RunTimeError(ErrorNumber::FileAlreadyExists, EEXIST);
+        }
         raiseSystemError(errno);
     }
     return file;
@@ -146,12 +149,13 @@ std::unique_ptr<InputFile> openHostFile(const std::string& hostPath) {
 }
 
 std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing existing) {
-    auto file = openDescriptor(hostPath, O_RDWR | O_CREAT);
+    auto file =
+        openDescriptor(hostPath, O_RDWR | O_CREAT | (existing == Existing::Refused ? O_EXCL : 0));
     requirePermission(file, S_IWUSR);
     lockByte(file, F_WRLCK, writerByte);
     lockByte(file, F_RDLCK, anyoneByte);
-    const bool ready = existing == Existing::Emptied ? ::ftruncate(file.get(), 0) == 0
-                                                     : ::lseek(file.get(), 0, SEEK_END) >= 0;
+    const bool ready = existing == Existing::Kept ? ::lseek(file.get(), 0, SEEK_END) >= 0
+                                                  : ::ftruncate(file.get(), 0) == 0;
     if (!ready) {
         raiseSystemError(errno);
     }

@@ -14,7 +14,7 @@ namespace tarnwick {
 
 [[nodiscard]] std::unique_ptr<InputFile> openHostFile(const std::string& hostPath);
 
-enum class Existing { Emptied, Kept };
+enum class Existing { Emptied, Kept, Refused };
 [[nodiscard]] std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath,
                                                          Existing existing);
 

@@ -34,10 +34,11 @@ ErrorNumber errorNumber(DWORD systemError) noexcept {
     case ERROR_NETWORK_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
     case ERROR_ALREADY_EXISTS:
-    case ERROR_FILE_EXISTS:
     case ERROR_NOT_SAME_DEVICE:
     case ERROR_DELETE_PENDING:
         return ErrorNumber::PathFileAccess;
+    case ERROR_FILE_EXISTS:
+        return ErrorNumber::FileAlreadyExists;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
         return ErrorNumber::DiskFull;

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_command_interpreter.hpp"
 
+#include "platform/characters.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/folder_search.hpp"
 #include "platform/win32/handle.hpp"
@@ -8,14 +9,8 @@
 
 #include <windows.h>
 
-#include <algorithm>
-
 namespace tarnwick {
 namespace {
-
-bool isAscii(std::string_view text) noexcept {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 std::wstring toWide(std::string_view text, UINT codePage) {
     const int length = static_cast<int>(text.size());

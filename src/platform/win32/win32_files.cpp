@@ -150,6 +150,10 @@ std::unique_ptr<OutputFile> Win32Files::create(std::string_view path) {
     return createWin32File(possible(path), Existing::Emptied);
 }
 
+std::unique_ptr<OutputFile> Win32Files::createNew(std::string_view path) {
+    return createWin32File(possible(path), Existing::Refused);
+}
+
 std::unique_ptr<OutputFile> Win32Files::append(std::string_view path) {
     return createWin32File(possible(path), Existing::Kept);
 }

@@ -121,11 +121,12 @@ std::unique_ptr<InputFile> openWin32File(const std::string& path) {
 
 std::unique_ptr<OutputFile> createWin32File(const std::string& path, Existing existing) {
     // Not CREATE_ALWAYS: that refuses a hidden file.
-    auto file = openHandle(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
+    auto file = openHandle(path, GENERIC_WRITE, FILE_SHARE_READ,
+                           existing == Existing::Refused ? CREATE_NEW : OPEN_ALWAYS);
     requireWritable(file);
-    const bool ready = existing == Existing::Emptied
-                           ? SetEndOfFile(file.get()) != 0
-                           : SetFilePointerEx(file.get(), {}, nullptr, FILE_END) != 0;
+    const bool ready = existing == Existing::Kept
+                           ? SetFilePointerEx(file.get(), {}, nullptr, FILE_END) != 0
+                           : SetEndOfFile(file.get()) != 0;
     if (!ready) {
         raiseSystemError(GetLastError());
     }

@@ -7,11 +7,12 @@
 
 namespace tarnwick {
 
-// As Files::openForReading, Files::create and Files::append; `path` is possible.
+// As Files::openForReading, Files::create, Files::append and
+// Files::createNew; `path` is possible.
 
 [[nodiscard]] std::unique_ptr<InputFile> openWin32File(const std::string& path);
 
-enum class Existing { Emptied, Kept };
+enum class Existing { Emptied, Kept, Refused };
 [[nodiscard]] std::unique_ptr<OutputFile> createWin32File(const std::string& path,
                                                           Existing existing);
 

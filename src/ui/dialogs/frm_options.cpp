@@ -110,7 +110,10 @@ void frmOptions::cmdCmdFile_Click() {
 
 // Starts where the field points to.
 void frmOptions::browse(TextBox& field, FileDialog dialog) {
-    dialog.initialFolder = GetFolderPath(trim(field.text()));
+    if (const std::string folder = GetFolderPath(trim(field.text())); !folder.empty()) {
+        dialog.initialFolder =
+            withBackslash(folder); // "C:" alone would be that drive's current one
+    }
     if (const auto chosen = chooseFile(desktop_, dialog)) {
         field.setText(*chosen);
     }

@@ -33,7 +33,8 @@ void ControlWindow::place() {
     const int resolution = dpi();
     SetWindowPos(window_, nullptr, toPixels(bounds.left, resolution),
                  toPixels(bounds.top, resolution), toPixels(bounds.width, resolution),
-                 toPixels(bounds.height, resolution), SWP_NOZORDER | SWP_NOACTIVATE);
+                 toPixels(bounds.height, resolution),
+                 SWP_NOCOPYBITS | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ControlWindow::changed(Property property) {

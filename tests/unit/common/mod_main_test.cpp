@@ -1,6 +1,7 @@
 #include "common/mod_main.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -83,11 +84,9 @@ class DesktopThatCannotOpen : public ScriptedDesktop {
 TEST(StartDoc, A_run_time_error_is_reported_and_goes_no_further) {
     DesktopThatCannotOpen desktop;
     EXPECT_EQ(StartDoc(desktop, "x"), 0);
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_THAT(
-        desktop.messages.front().text,
-        testing::StartsWith(
-            "Caller:            modMain - Function StartDoc(DocName As String) As Long\r\n"));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("modMain", "Function StartDoc(DocName As String) As Long",
+                                        ErrorNumber::OutOfMemory)));
 }
 
 TEST(FolderExists, A_blank_path_does_not_exist) {

@@ -2,6 +2,7 @@
 #include "platform/run_time_error.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
@@ -13,7 +14,7 @@
 namespace tarnwick {
 namespace {
 
-using testing::HasSubstr;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 class INIReader : public testing::Test {
@@ -181,6 +182,22 @@ TEST_F(INIReader, Fields_without_a_key_keep_their_values_but_all_products_are_re
     EXPECT_FALSE(row("Xml").bBuild);
 }
 
+TEST_F(INIReader, A_type_name_in_capitals_selects_its_row) {
+    read("GRID_HTML=D:\\out\r\n");
+    EXPECT_TRUE(row("Html").bBuild);
+}
+
+TEST_F(INIReader, A_configuration_file_that_is_switched_off_no_longer_names_anything) {
+    definition.bUseConfigFile = 1;
+    definition.bCfgNamesInput = true;
+    definition.bCfgNamesOutput = true;
+    read("Language=French\r\n");
+    EXPECT_TRUE(definition.bCfgNamesOutput);
+    read("Configuration File=D:\\no.cfg\r\n");
+    EXPECT_FALSE(definition.bCfgNamesInput);
+    EXPECT_FALSE(definition.bCfgNamesOutput);
+}
+
 TEST_F(INIReader, A_later_line_of_the_same_key_wins) {
     read("Language=French\r\nLANGUAGE=Spanish\r\nError Extension=.a\r\nerror extension=.b\r\n");
     EXPECT_EQ(definition.sLanguage, "Spanish");
@@ -271,12 +288,20 @@ TEST_F(INIReader, A_file_of_lone_carriage_returns_is_a_file_of_empty_lines) {
     EXPECT_EQ(definition.sLanguage, "French");
 }
 
-TEST_F(INIReader, A_file_of_100_megabytes_in_one_line_is_read_to_its_end) {
+TEST_F(INIReader, A_file_of_100_megabytes_in_one_line_is_no_entry_and_changes_no_setting) {
+    read("");
+    const BatchDefinition expected = definition;
     std::string huge = "Command Line Log Filename=";
     huge.append(std::size_t{100} * 1024 * 1024, 'x');
     EXPECT_TRUE(read(huge));
-    EXPECT_EQ(definition.sCommandLineLogFile.size(), std::size_t{100} * 1024 * 1024);
+    EXPECT_EQ(definition, expected);
     EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(INIReader, An_entry_may_be_as_long_as_the_longest_path) {
+    const std::string path(32'767, 'x');
+    EXPECT_TRUE(read("Command Line Log Filename=" + path));
+    EXPECT_EQ(definition.sCommandLineLogFile, path);
 }
 
 TEST_F(INIReader, A_file_of_100_megabytes_of_lines_is_read_to_its_end) {
@@ -306,23 +331,17 @@ TEST_F(INIReader, A_folder_of_the_files_name_gives_way_to_the_default_file) {
     EXPECT_EQ(definition.sINIFile, "C:\\app\\TARNWICK.ini");
 }
 
-TEST_F(INIReader, A_locked_file_is_reported_and_the_flag_for_changes_stays) {
+TEST_F(INIReader, A_locked_file_is_reported_and_nothing_changes) {
     world.write("C:\\batch.ini", "Language=French\r\n");
+    definition.MPOutputs[1] = {
+        .bBuild = true, .sFileType = "Text", .sExtension = ".t", .sOutputFolder = "D:\\out"};
+    const BatchDefinition before = definition;
     FaultyFiles faulty(world.files());
     faulty.failAt(FileOperation::OpenForReading, 1, RunTimeError(ErrorNumber::PermissionDenied));
     EXPECT_FALSE(ReadINIFile(definition, faulty, desktop, [this] { ++timesRead; }));
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_EQ(desktop.messages.front(),
-              (Message{.text = "Caller:            frmMain - Public Sub ReadINIFile()\r\n"
-                               "Source:            Tarnwick\r\n"
-                               "Number:            70\r\n"
-                               "Description:       Permission denied\r\n"
-                               "LastDllErrorError: 0",
-                       .title = "Tarnwick",
-                       .icon = MessageIcon::None,
-                       .buttons = MessageButtons::Ok}));
-    EXPECT_TRUE(definition.bSettingsChanged);
-    EXPECT_EQ(definition.sLanguage, "English");
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub ReadINIFile()",
+                                                          ErrorNumber::PermissionDenied)));
+    EXPECT_EQ(definition, before);
     EXPECT_EQ(timesRead, 0);
 }
 
@@ -335,8 +354,8 @@ TEST_F(INIReader, An_error_in_mid_file_is_reported_and_what_was_read_stays) {
     EXPECT_EQ(definition.sLanguage, "French");
     EXPECT_EQ(definition.iFixDoc, 0);
     EXPECT_TRUE(definition.bSettingsChanged);
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_THAT(desktop.messages.front().text, HasSubstr("Number:            57\r\n"));
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub ReadINIFile()",
+                                                          ErrorNumber::DeviceIO)));
 }
 
 TEST_F(INIReader, An_error_while_the_window_is_brought_up_to_date_is_reported_here) {
@@ -344,7 +363,8 @@ TEST_F(INIReader, An_error_while_the_window_is_brought_up_to_date_is_reported_he
     EXPECT_FALSE(ReadINIFile(definition, world.files(), desktop,
                              [] { throw RunTimeError(ErrorNumber::PathNotFound); }));
     EXPECT_TRUE(definition.bSettingsChanged);
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub ReadINIFile()",
+                                                          ErrorNumber::PathNotFound)));
 }
 
 } // namespace

@@ -2,10 +2,13 @@
 #include "platform/run_time_error.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 namespace tarnwick {
 namespace {
@@ -164,16 +167,13 @@ class FailedSave : public INIWriter {
         EXPECT_EQ(world.read("C:\\batch.ini"), "old\r\n");
         EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("batch.ini"));
         EXPECT_TRUE(definition.bSettingsChanged);
-        ASSERT_EQ(desktop.messages.size(), 1U);
-        EXPECT_THAT(
-            desktop.messages.front().text,
-            testing::StartsWith("Caller:            frmMain - Public Sub SaveINIFile()\r\n"));
     }
-    void expectOldFileWhenFailing(FileOperation operation) {
-        expectOldFileAfter([&](FaultyFiles& faulty) {
-            faulty.failAt(operation, 1, RunTimeError(ErrorNumber::DiskFull));
-        });
-        EXPECT_THAT(desktop.messages.front().text, HasSubstr("Number:            61\r\n"));
+    void expectOldFileWhenFailing(FileOperation operation,
+                                  ErrorNumber number = ErrorNumber::DiskFull) {
+        expectOldFileAfter(
+            [&](FaultyFiles& faulty) { faulty.failAt(operation, 1, RunTimeError(number)); });
+        EXPECT_THAT(desktop.messages,
+                    ElementsAre(errorReport("frmMain", "Public Sub SaveINIFile()", number)));
     }
 };
 
@@ -192,16 +192,20 @@ TEST_F(FailedSave, A_full_disk_while_closing_changes_nothing) {
 TEST_F(FailedSave, A_file_that_cannot_be_put_in_its_place_changes_nothing) {
     expectOldFileWhenFailing(FileOperation::MoveOver);
 }
+TEST_F(FailedSave, A_file_that_another_program_holds_stays_as_it_is) {
+    expectOldFileWhenFailing(FileOperation::MoveOver, ErrorNumber::PermissionDenied);
+}
 TEST_F(FailedSave, A_read_only_file_stays_as_it_is) {
     expectOldFileAfter([&](FaultyFiles&) { world.makeReadOnly("C:\\batch.ini"); });
-    EXPECT_THAT(desktop.messages.front().text,
-                HasSubstr("Number:            75\r\nDescription:       Path/File access error"));
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub SaveINIFile()",
+                                                          ErrorNumber::PathFileAccess, EACCES)));
 }
 
 TEST_F(INIWriter, A_folder_of_the_files_name_is_reported_and_left_alone) {
     world.makeFolder("C:\\batch.ini");
     SaveINIFile(definition, world.files(), desktop);
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub SaveINIFile()",
+                                                          ErrorNumber::PathFileAccess, EISDIR)));
     EXPECT_TRUE(world.files().canListFolder("C:\\batch.ini\\"));
     EXPECT_THAT(world.files().listFiles("C:\\", ""), IsEmpty());
 }
@@ -209,8 +213,8 @@ TEST_F(INIWriter, A_folder_of_the_files_name_is_reported_and_left_alone) {
 TEST_F(INIWriter, A_missing_folder_is_reported) {
     definition.sINIFile = "C:\\missing\\batch.ini";
     SaveINIFile(definition, world.files(), desktop);
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_THAT(desktop.messages.front().text, HasSubstr("Number:            76\r\n"));
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub SaveINIFile()",
+                                                          ErrorNumber::PathNotFound)));
 }
 
 } // namespace

@@ -2,14 +2,18 @@
 #include "postprocess/configuration_file.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace tarnwick {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr ConfigurationEntries nothing{};
@@ -59,7 +63,7 @@ class ConfigurationFile : public testing::Test {
 
     void inspect(std::string_view content) {
         world.write("C:\\mp.cfg", content);
-        GetCFGValues(definition, world.files(), desktop, [this] { ++timesInspected; });
+        EXPECT_TRUE(GetCFGValues(definition, world.files(), desktop, [this] { ++timesInspected; }));
     }
 
     HostedWorld world;
@@ -130,14 +134,9 @@ TEST_F(ConfigurationFile, A_file_with_bare_line_feeds_is_one_line) {
 TEST_F(ConfigurationFile, A_missing_file_is_reported_and_clears_the_flags) {
     definition.bCfgNamesInput = true;
     definition.bCfgNamesOutput = true;
-    GetCFGValues(definition, world.files(), desktop, [this] { ++timesInspected; });
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_THAT(desktop.messages.front().text,
-                testing::StartsWith("Caller:            frmMain - Private Sub GetCFGValues()\r\n"
-                                    "Source:            Tarnwick\r\n"
-                                    "Number:            53\r\n"
-                                    "Description:       File not found\r\n"
-                                    "LastDllErrorError: "));
+    EXPECT_FALSE(GetCFGValues(definition, world.files(), desktop, [this] { ++timesInspected; }));
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub GetCFGValues()",
+                                                          ErrorNumber::FileNotFound, ENOENT)));
     EXPECT_FALSE(definition.bCfgNamesInput);
     EXPECT_FALSE(definition.bCfgNamesOutput);
     EXPECT_EQ(timesInspected, 0);
@@ -149,11 +148,12 @@ TEST_F(ConfigurationFile, An_error_while_reading_leaves_the_flags_as_far_as_they
     FaultyFiles faulty(world.files());
     faulty.failAt(FileOperation::Read, 2, RunTimeError(ErrorNumber::DeviceIO));
     const MPOutputDefinitions before = definition.MPOutputs;
-    GetCFGValues(definition, faulty, desktop, [this] { ++timesInspected; });
+    EXPECT_FALSE(GetCFGValues(definition, faulty, desktop, [this] { ++timesInspected; }));
     EXPECT_TRUE(definition.bCfgNamesInput);
     EXPECT_FALSE(definition.bCfgNamesOutput);
     EXPECT_EQ(definition.MPOutputs, before);
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub GetCFGValues()",
+                                                          ErrorNumber::DeviceIO)));
 }
 
 } // namespace

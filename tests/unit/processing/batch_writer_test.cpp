@@ -11,7 +11,7 @@ namespace {
 class BatchFile : public testing::Test {
   protected:
     std::string written(const auto& write) {
-        BatchWriter batch(world.files(), interpreter, "C:\\x.bat");
+        BatchWriter batch(world.files().create("C:\\x.bat"), interpreter);
         write(batch);
         batch.close();
         return world.read("C:\\x.bat");
@@ -48,7 +48,7 @@ TEST_F(BatchFile, From_a_character_on_that_the_interpreter_lacks_the_systems_cod
 }
 
 TEST_F(BatchFile, Many_lines_reach_the_file_before_it_is_closed) {
-    BatchWriter batch(world.files(), interpreter, "C:\\x.bat");
+    BatchWriter batch(world.files().create("C:\\x.bat"), interpreter);
     const std::string line(1000, 'x');
     std::string expected;
     for (int i = 0; i < 1000; ++i) {
@@ -62,9 +62,13 @@ TEST_F(BatchFile, Many_lines_reach_the_file_before_it_is_closed) {
 TEST_F(BatchFile, A_full_disk_is_raised) {
     FaultyFiles full(world.files());
     full.fillDiskAfter(3);
-    BatchWriter batch(full, interpreter, "C:\\x.bat");
-    batch.line("12345");
-    EXPECT_THROW(batch.close(), RunTimeError);
+    BatchWriter batch(full.create("C:\\x.bat"), interpreter);
+    EXPECT_THROW(
+        {
+            batch.line("12345");
+            batch.close();
+        },
+        RunTimeError);
 }
 
 TEST_F(BatchFile, A_folder_with_a_drive_is_entered_drive_first) {

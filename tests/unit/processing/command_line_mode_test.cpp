@@ -3,6 +3,8 @@
 #include "support/fake_command_interpreter.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
+#include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -14,13 +16,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-Message warning(std::string_view text) {
-    return {.text = std::string(text),
-            .title = "Warning",
-            .icon = MessageIcon::Exclamation,
-            .buttons = MessageButtons::Ok};
-}
 
 // A machine with the tools, two records and a stored definition that runs both tools over them.
 class CommandLineMode : public testing::Test {
@@ -112,7 +107,69 @@ TEST_F(CommandLineMode, A_stored_definition_becomes_a_batch_to_the_byte) {
     EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL.bat");
     EXPECT_EQ(world.read("C:\\temp\\MPDELETE.bat"), "del %1\r\n");
     EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat", "MP_CL.bat"));
-    EXPECT_GE(events.timesRun, 2);
+}
+
+TEST_F(CommandLineMode, Waiting_events_run_before_and_after_the_start) {
+    std::vector<std::size_t> startedSoFar;
+    events.handler = [&] { startedSoFar.push_back(interpreter.started.size()); };
+    run("-I C:\\batch.ini");
+    EXPECT_THAT(startedSoFar, ElementsAre(0U, 1U));
+}
+
+TEST_F(CommandLineMode, What_an_earlier_run_left_is_replaced) {
+    world.write("C:\\temp\\MPDELETE.bat", "del %1\r\ndel %2\r\n");
+    world.write("C:\\temp\\MP_Notify.txt", std::string(500, 'x'));
+    run("-I C:\\batch.ini -n");
+    EXPECT_EQ(world.read("C:\\temp\\MPDELETE.bat"), "del %1\r\n");
+    EXPECT_EQ(world.read("C:\\temp\\MP_Notify.txt"),
+              "The Tarnwick script \"C:\\temp\\MP_CL.bat\" is done running.\r\n");
+}
+
+TEST_F(CommandLineMode, A_delete_batch_that_is_right_is_not_touched_while_others_may_read_it) {
+    RecordingFiles recording(world.files());
+    files = &recording;
+    run("-I C:\\batch.ini");
+    records = {}; // another run of the program
+    run("-I C:\\batch.ini");
+    EXPECT_EQ(recording.count(FileOperation::Create, "C:\\temp\\MPDELETE.bat"), 1);
+}
+
+// Another run creates its batch behind this one's look and before this one's creation.
+class OvertakenFiles : public ForwardingFiles {
+  public:
+    explicit OvertakenFiles(HostedWorld& world) : ForwardingFiles(world.files()), world_(world) {}
+    std::unique_ptr<OutputFile> createNew(std::string_view path) override {
+        if (path == "C:\\temp\\MP_CL.bat") {
+            world_.write(path, "the other run's");
+        }
+        return ForwardingFiles::createNew(path);
+    }
+
+  private:
+    HostedWorld& world_;
+};
+
+TEST_F(CommandLineMode, Of_two_runs_at_the_same_moment_each_gets_a_batch_of_its_own) {
+    OvertakenFiles overtaken(world);
+    files = &overtaken;
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL1.bat");
+    EXPECT_EQ(world.read("C:\\temp\\MP_CL.bat"), "the other run's");
+}
+
+TEST_F(CommandLineMode, A_folder_is_asked_for_once_for_a_batch_not_once_per_record) {
+    RecordingFiles recording(world.files());
+    files = &recording;
+    run("-I C:\\batch.ini");
+    const int withTwo = recording.count(FileOperation::CanListFolder);
+    recording.forget();
+    for (int i = 0; i < 100; ++i) {
+        world.write("D:\\meta\\in\\r" + std::to_string(i) + ".met", "");
+    }
+    records = {}; // another run of the program
+    run("-I C:\\batch.ini");
+    EXPECT_EQ(records.selected().size(), 102U);
+    EXPECT_EQ(recording.count(FileOperation::CanListFolder), withTwo);
 }
 
 TEST_F(CommandLineMode, With_a_notification_the_batch_shows_and_deletes_it_before_itself) {
@@ -211,6 +268,51 @@ TEST_F(CommandLineMode, A_missing_ini_file_is_named_as_it_was_last_looked_for) {
     expectWarning("-I D:\\night.ini", "The INI file \"D:\\night.ini\" does not exist.");
     desktop.messages.clear();
     expectWarning("-I", "The INI file \"C:\\app\\\" does not exist.");
+}
+
+TEST_F(CommandLineMode, A_folder_with_blank_and_hyphen_is_cut_there) {
+    world.write("D:\\my -extra\\a.met", "");
+    world.write("D:\\my\\b.xtra", "");
+    storeDefinition("Process CNS=0\r\n");
+    // Behind the hyphen an option of its own begins: e, the extensions.
+    EXPECT_THAT(batchOf("-I C:\\batch.ini -F \"D:\\my -e*.xtra\""),
+                testing::HasSubstr("\"D:\\my\\b.xtra\""));
+}
+
+TEST_F(CommandLineMode, An_override_of_the_extensions_alone_keeps_the_folder) {
+    storeDefinition("Process CNS=0\r\n");
+    EXPECT_THAT(batchOf("-I C:\\batch.ini -e *.txt"),
+                testing::HasSubstr("\"D:\\meta\\in\\c.txt\""));
+}
+
+TEST_F(CommandLineMode, An_override_of_quotation_marks_alone_changes_nothing) {
+    storeDefinition("Process CNS=0\r\n");
+    EXPECT_THAT(batchOf("-I C:\\batch.ini -F \"\" -e \" \""),
+                testing::HasSubstr("\"D:\\meta\\in\\b.met\""));
+}
+
+TEST_F(CommandLineMode, A_file_that_is_no_definition_gets_a_clear_answer) {
+    definition.sMPExecutable = "C:\\app\\mp.exe";
+    for (const std::string& content :
+         {std::string(), std::string("\0\1\xFF\r\n=\x1A", 7), std::string(10'000, '\r'),
+          "Language=" + std::string(std::size_t{3} * 1024 * 1024, 'x')}) {
+        world.write("C:\\batch.ini", content);
+        desktop.messages.clear();
+        expectWarning("-I C:\\batch.ini", "Under MP, please define the output definition.");
+    }
+}
+
+TEST_F(CommandLineMode, An_ini_file_that_is_a_folder_does_not_exist) {
+    world.makeFolder("C:\\folder.ini");
+    expectWarning("-I C:\\folder.ini", "The INI file \"C:\\folder.ini\" does not exist.");
+}
+
+TEST_F(CommandLineMode, A_tool_that_is_a_folder_is_missing) {
+    world.makeFolder("C:\\tool");
+    storeDefinition("MP EXECUTABLE=C:\\tool\r\n");
+    expectNothingDone("-I C:\\batch.ini");
+    EXPECT_EQ(desktop.messages.back(),
+              warning("The MP executable file \"C:\\tool\" does not exist."));
 }
 
 TEST_F(CommandLineMode, A_definition_that_runs_no_tool_is_not_set_up_correctly) {
@@ -318,14 +420,10 @@ class BrokenCommandLineMode : public CommandLineMode {
   protected:
     BrokenCommandLineMode() { files = &faulty; }
 
-    void expectReport(std::string_view text, std::string_view procedure, int number) {
+    void expectReport(std::string_view text, std::string_view procedure, ErrorNumber number) {
         EXPECT_EQ(run(text), CommandLineResult::NothingStarted);
         EXPECT_THAT(interpreter.started, IsEmpty());
-        ASSERT_EQ(desktop.messages.size(), 1U);
-        EXPECT_THAT(desktop.messages.front().text,
-                    StartsWith("Caller:            frmMain - " + std::string(procedure) +
-                               "\r\nSource:            Tarnwick\r\nNumber:            " +
-                               std::to_string(number) + "\r\n"));
+        EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", procedure, number)));
     }
 
     FaultyFiles faulty{world.files()};
@@ -334,30 +432,58 @@ class BrokenCommandLineMode : public CommandLineMode {
 
 TEST_F(BrokenCommandLineMode, An_ini_file_that_another_program_keeps_to_itself_is_reported) {
     faulty.failAt(FileOperation::OpenForReading, 1, RunTimeError(ErrorNumber::PermissionDenied));
-    expectReport("-I C:\\batch.ini", "Public Sub ReadINIFile()", 70);
+    expectReport("-I C:\\batch.ini", "Public Sub ReadINIFile()", ErrorNumber::PermissionDenied);
+}
+
+TEST_F(BrokenCommandLineMode, A_configuration_file_that_cannot_be_read_is_reported_and_ends_it) {
+    world.write("D:\\mp.cfg", "output\r\n");
+    storeDefinition("Configuration File=D:\\mp.cfg\r\n");
+    faulty.failAt(FileOperation::OpenForReading, 2, RunTimeError(ErrorNumber::PermissionDenied));
+    expectReport("-I C:\\batch.ini", "Private Sub GetCFGValues()", ErrorNumber::PermissionDenied);
+}
+
+TEST_F(BrokenCommandLineMode, An_error_while_events_run_before_the_start_leaves_no_batch) {
+    events.handler = [] { throw RunTimeError(ErrorNumber::InternalError); };
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::InternalError);
+    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+}
+
+TEST_F(BrokenCommandLineMode, An_error_behind_the_start_does_not_undo_it) {
+    events.handler = [this] {
+        if (!interpreter.started.empty()) {
+            throw RunTimeError(ErrorNumber::InternalError);
+        }
+    };
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_TRUE(world.exists("C:\\temp\\MP_CL.bat"));
+}
+
+TEST_F(BrokenCommandLineMode, A_batch_that_cannot_be_created_is_reported) {
+    faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PathFileAccess));
+    expectReport("-I C:\\batch.ini", own, ErrorNumber::PathFileAccess);
 }
 
 TEST_F(BrokenCommandLineMode, A_temporary_folder_that_cannot_be_written_is_reported) {
     faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
-    expectReport("-I C:\\batch.ini", own, 75);
+    expectReport("-I C:\\batch.ini", own, ErrorNumber::PathFileAccess);
 }
 
 TEST_F(BrokenCommandLineMode, A_full_disk_is_reported_and_leaves_no_half_written_batch) {
     // Room for the delete batch and the notification, and for a part of the batch.
     faulty.fillDiskAfter(200);
-    expectReport("-I C:\\batch.ini -n", own, 61);
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::DiskFull);
     EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
 }
 
 TEST_F(BrokenCommandLineMode, A_batch_that_cannot_be_started_is_reported_and_removed) {
     interpreter.failure = RunTimeError(ErrorNumber::PathFileAccess);
-    expectReport("-I C:\\batch.ini -n", own, 75);
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::PathFileAccess);
     EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
 }
 
 TEST_F(BrokenCommandLineMode, A_folder_that_can_no_longer_be_listed_is_reported) {
     faulty.failAt(FileOperation::ListFiles, 2, RunTimeError(ErrorNumber::PathNotFound));
-    expectReport("-I C:\\batch.ini -e *.met", own, 76);
+    expectReport("-I C:\\batch.ini -e *.met", own, ErrorNumber::PathNotFound);
 }
 
 } // namespace

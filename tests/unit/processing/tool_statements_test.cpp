@@ -1,11 +1,14 @@
 #include "processing/tool_statements.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <new>
 
 namespace tarnwick {
 namespace {
@@ -138,6 +141,7 @@ TEST_F(ToolStatements, Files_that_are_not_checked_do_not_appear_although_they_ar
     definition.sConfigFile = "C:\\a.cfg";
     definition.sAliasesFile = "C:\\alias.txt";
     definition.bUseConfigFile = 2; // only exactly 1 is checked
+    definition.bUseAliases = 2;
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -l en "D:\In\rec1.xml")");
     EXPECT_EQ(cns(), R"(call "C:\Tools\cns.exe" -l en -o "D:\Cns\rec1.cns" "D:\In\rec1.xml")");
 }
@@ -222,7 +226,8 @@ TEST_F(ToolStatements, A_command_tells_its_inputs_from_its_outputs) {
     build(definition.CNSOutputs[1], "D:\\Out");
     KnownFolders folders(world.files());
     using Kind = ToolArgument::Kind;
-    EXPECT_EQ(cnsCommand(definition, {.folders = folders, .desktop = desktop}, "D:\\In", "r.met"),
+    EXPECT_EQ(cnsCommand(definition, {.folders = folders, .desktop = desktop}, "D:\\In", "r.met",
+                         cnsFile),
               (ToolCommand{.tool = "C:\\Tools\\cns.exe",
                            .arguments = {{Kind::Word, "-l"},
                                          {Kind::Word, "en"},
@@ -235,12 +240,12 @@ TEST_F(ToolStatements, A_command_tells_its_inputs_from_its_outputs) {
                                          {Kind::Input, "D:\\In\\r.met"}}}));
 }
 
-// Raises where the real thing never does, as a broken system might.
+// What the system cannot answer does not exist; only the end of all memory is an error.
 class BrokenFiles : public ForwardingFiles {
   public:
     using ForwardingFiles::ForwardingFiles;
     [[nodiscard]] bool canListFolder(std::string_view /*folder*/) const override {
-        throw RunTimeError(ErrorNumber::DeviceUnavailable);
+        throw std::bad_alloc();
     }
 };
 
@@ -254,13 +259,13 @@ TEST_F(ToolStatements, An_error_is_reported_and_the_line_is_as_far_as_it_was_bui
               R"(call "C:\Tools\mp.exe" -l en)");
     EXPECT_EQ(sBuildCNSstatement(definition, services, "D:\\In", "r.met", cnsFile),
               R"(call "C:\Tools\cns.exe" -l en)");
-    ASSERT_EQ(desktop.messages.size(), 2U);
-    EXPECT_THAT(desktop.messages[0].text,
-                testing::StartsWith("Caller:            frmMain - Private Function "
-                                    "sBuildMPstatement() As String\r\n"));
-    EXPECT_THAT(desktop.messages[1].text,
-                testing::StartsWith("Caller:            frmMain - Private Function "
-                                    "sBuildCNSstatement() As String\r\n"));
+    EXPECT_THAT(desktop.messages,
+                testing::ElementsAre(
+                    errorReport("frmMain", "Private Function sBuildMPstatement() As String",
+                                ErrorNumber::OutOfMemory),
+                    errorReport("frmMain", "Private Function sBuildCNSstatement() As String",
+                                ErrorNumber::OutOfMemory)));
+    EXPECT_EQ(cnsFile, "of an earlier record");
 }
 
 TEST_F(ToolStatements, Over_many_records_each_output_folder_is_asked_for_once) {

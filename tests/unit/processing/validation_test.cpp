@@ -1,6 +1,7 @@
 #include "platform/run_time_error.hpp"
 #include "processing/validation.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -13,13 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-Message warning(std::string_view text) {
-    return {.text = std::string(text),
-            .title = "Warning",
-            .icon = MessageIcon::Exclamation,
-            .buttons = MessageButtons::Ok};
-}
 
 class Validation : public testing::Test {
   protected:
@@ -95,7 +89,8 @@ TEST_F(Validation, Cns_is_checked_in_the_same_way_with_its_own_name) {
 TEST_F(Validation, A_tool_that_is_a_folder_is_missing) {
     definition.sMPExecutable = "C:\\out";
     EXPECT_FALSE(bValidateMP(definition, services()));
-    EXPECT_EQ(desktop.messages.size(), 2U);
+    EXPECT_EQ(desktop.messages.back(),
+              warning("The MP executable file \"C:\\out\" does not exist."));
 }
 
 TEST_F(Validation, An_error_in_a_check_is_reported_under_its_own_name_and_makes_it_fail) {
@@ -109,17 +104,17 @@ TEST_F(Validation, An_error_in_a_check_is_reported_under_its_own_name_and_makes_
         .editOutputFolder = [](OutputGrid,
                                std::size_t) { throw RunTimeError(ErrorNumber::InternalError); }};
     EXPECT_FALSE(bValidateMP(definition, broken));
-    EXPECT_THAT(desktop.messages.back().text,
-                testing::StartsWith(
-                    "Caller:            frmMain - Private Function bValidateMP() As Boolean\r\n"));
+    EXPECT_EQ(desktop.messages.back(),
+              errorReport("frmMain", "Private Function bValidateMP() As Boolean",
+                          ErrorNumber::InternalError));
     EXPECT_FALSE(bValidateCNS(definition, broken));
-    EXPECT_THAT(desktop.messages.back().text,
-                testing::StartsWith(
-                    "Caller:            frmMain - Private Function bValidateCNS() As Boolean\r\n"));
+    EXPECT_EQ(desktop.messages.back(),
+              errorReport("frmMain", "Private Function bValidateCNS() As Boolean",
+                          ErrorNumber::InternalError));
     EXPECT_FALSE(bValidOutputFolders(definition, broken));
-    EXPECT_THAT(desktop.messages.back().text,
-                testing::StartsWith("Caller:            frmMain - Private Function "
-                                    "bValidOutputFolders() As Boolean\r\n"));
+    EXPECT_EQ(desktop.messages.back(),
+              errorReport("frmMain", "Private Function bValidOutputFolders() As Boolean",
+                          ErrorNumber::InternalError));
 }
 
 TEST_F(Validation, Folders_that_exist_are_valid_without_a_word) {
@@ -177,6 +172,16 @@ TEST_F(Validation, Cns_alone_looks_at_its_own_rows_only) {
     definition.iProcessCNS = 1;
     definition.MPOutputs[0].sOutputFolder = "C:\\missing";
     EXPECT_TRUE(folders());
+}
+
+TEST_F(Validation, A_tool_runs_only_when_its_box_is_exactly_1) {
+    definition.iProcessMP = 2;
+    definition.iProcessCNS = 2;
+    definition.sMPExecutable = "C:\\no.exe";
+    definition.sCNSExecutable = "C:\\no.exe";
+    EXPECT_FALSE(folders());
+    EXPECT_EQ(validateBatch(definition, services()), BatchFault::OutputFolders);
+    EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
 TEST_F(Validation, With_neither_tool_folders_are_not_valid_and_nothing_is_said) {

@@ -93,7 +93,7 @@ TEST_F(Options, Browsing_for_MP_opens_an_executable_that_exists) {
                                        .filter = "Executable (*.exe)|*.exe|All Files (*.*)|*.*",
                                        .filterIndex = 1,
                                        .fileName = "",
-                                       .initialFolder = "C:\\App",
+                                       .initialFolder = "C:\\App\\",
                                        .fileMustExist = true,
                                        .overwritePrompt = false,
                                        .hideReadOnly = false}));
@@ -111,7 +111,7 @@ TEST_F(Options, Browsing_for_CNS_opens_an_executable_that_exists) {
                                        .filter = "Executable (*.exe)|*.exe|All Files (*.*)|*.*",
                                        .filterIndex = 1,
                                        .fileName = "",
-                                       .initialFolder = "C:\\App",
+                                       .initialFolder = "C:\\App\\",
                                        .fileMustExist = true,
                                        .overwritePrompt = false,
                                        .hideReadOnly = false}));

@@ -3,6 +3,7 @@
 #include "platform/run_time_error.hpp"
 #include "support/forwarding_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 #include "ui/dialogs/frm_options.hpp"
 
@@ -39,10 +40,6 @@ class ExhaustibleFiles : public ForwardingFiles {
         }
     }
 };
-
-inline Message warning(std::string_view text) {
-    return {.text = std::string(text), .title = "Warning", .icon = MessageIcon::Exclamation};
-}
 
 inline Message report(std::string_view procedure, std::string_view number,
                       std::string_view description) {

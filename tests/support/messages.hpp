@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/desktop.hpp"
+#include "platform/run_time_error.hpp"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tarnwick {
+
+// The whole message boxes that tests expect.
+
+inline Message warning(std::string_view text, std::string_view title = "Warning") {
+    return {.text = std::string(text),
+            .title = std::string(title),
+            .icon = MessageIcon::Exclamation,
+            .buttons = MessageButtons::Ok};
+}
+
+// The error report of `procedure` in the form or module `caller`, about an error of this program's
+// own.
+inline Message errorReport(std::string_view caller, std::string_view procedure, ErrorNumber number,
+                           std::int32_t lastDllError = 0) {
+    std::string text = "Caller:            ";
+    text.append(caller).append(" - ").append(procedure);
+    text.append("\r\nSource:            Tarnwick\r\nNumber:            ");
+    text.append(std::to_string(static_cast<std::int32_t>(number)));
+    text.append("\r\nDescription:       ").append(describe(number));
+    text.append("\r\nLastDllErrorError: ").append(std::to_string(lastDllError));
+    return {.text = std::move(text),
+            .title = "Tarnwick",
+            .icon = MessageIcon::None,
+            .buttons = MessageButtons::Ok};
+}
+
+} // namespace tarnwick

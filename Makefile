@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo test test-native test-windows windows bench coverage screenshots lint format check-format clean
+.PHONY: help demo test test-sanitize test-native test-windows windows bench coverage screenshots lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -30,7 +30,6 @@ windows:
 
 test: check-format test-sanitize test-windows
 
-.PHONY: test-sanitize
 test-sanitize:
 	@$(ensure) $(native_packages)
 	cmake --preset native-sanitize

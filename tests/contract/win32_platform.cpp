@@ -25,10 +25,17 @@ namespace fs = std::filesystem;
 
 constexpr UINT eventMessage = WM_APP + 1;
 
+using Event = std::function<void()>;
+
+// Whoever takes the message of an event owns it.
+std::unique_ptr<Event> takeEvent(LPARAM data) {
+    return std::unique_ptr<Event>(
+        reinterpret_cast<Event*>(data)); // NOLINT(performance-no-int-to-ptr)
+}
+
 LRESULT CALLBACK eventWindowProcedure(HWND window, UINT message, WPARAM word, LPARAM data) {
     if (message == eventMessage) {
-        const std::unique_ptr<std::function<void()>> event(
-            reinterpret_cast<std::function<void()>*>(data));
+        const auto event = takeEvent(data);
         (*event)();
         return 0;
     }
@@ -48,14 +55,16 @@ class EventWindow {
     }
     EventWindow(const EventWindow&) = delete;
     EventWindow& operator=(const EventWindow&) = delete;
+    EventWindow(EventWindow&&) = delete;
+    EventWindow& operator=(EventWindow&&) = delete;
     ~EventWindow() { DestroyWindow(window_); }
 
     void post(std::function<void()> event) {
-        auto owner = std::make_unique<std::function<void()>>(std::move(event));
-        if (PostMessageA(window_, eventMessage, 0, reinterpret_cast<LPARAM>(owner.get())) != 0) {
-            static_cast<void>(owner.release()); // the window's procedure owns it now
+        auto* handedOver = std::make_unique<Event>(std::move(event)).release();
+        if (PostMessageA(window_, eventMessage, 0, reinterpret_cast<LPARAM>(handedOver)) == 0) {
+            takeEvent(reinterpret_cast<LPARAM>(handedOver));
         }
-    }
+    } // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): it lies in the message
 
   private:
     HWND window_;
@@ -80,11 +89,13 @@ void addAttribute(const std::string& path, DWORD attribute) {
     ASSERT_NE(SetFileAttributesA(path.c_str(), attributes | attribute), 0) << path;
 }
 
-class Win32Platform : public PlatformUnderTest {
+class Win32Platform final : public PlatformUnderTest {
   public:
     Win32Platform() { forgetSettings(); } // of an earlier run, which may have been cut short
     Win32Platform(const Win32Platform&) = delete;
     Win32Platform& operator=(const Win32Platform&) = delete;
+    Win32Platform(Win32Platform&&) = delete;
+    Win32Platform& operator=(Win32Platform&&) = delete;
     ~Win32Platform() override {
         std::error_code failed;
         for (const auto& entry : fs::recursive_directory_iterator(scratch_, failed)) {
@@ -139,9 +150,7 @@ class Win32Platform : public PlatformUnderTest {
     }
     [[nodiscard]] std::string libraryPath(const std::string& path) const override { return path; }
     SettingsStore& settings() override { return settings_; }
-    [[nodiscard]] std::string application() const override {
-        return "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
-    }
+    [[nodiscard]] std::string application() const override { return application_; }
     Process& process() override { return process_; }
     void setVariable(const std::string& name, const std::string& value) override {
         SetEnvironmentVariableA(name.c_str(), value.c_str());
@@ -158,9 +167,10 @@ class Win32Platform : public PlatformUnderTest {
 
   private:
     void forgetSettings() const {
-        RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application()).c_str());
+        RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application_).c_str());
     }
 
+    std::string application_ = "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
     std::string scratch_ = newScratchFolder();
     std::string substitute_;
     Win32Files files_;
@@ -318,8 +328,7 @@ TEST_F(Win32, A_filter_that_deals_with_a_message_keeps_it_from_its_window) {
             if (message.message != eventMessage) {
                 return false;
             }
-            const std::unique_ptr<std::function<void()>> event(
-                reinterpret_cast<std::function<void()>*>(message.lParam));
+            takeEvent(message.lParam);
             ++taken;
             return true;
         }

@@ -77,13 +77,10 @@ void type(HWND field, const std::string& text) {
 
 std::vector<std::string> textsIn(HWND dialog) {
     std::vector<std::string> texts;
-    EnumChildWindows(
-        dialog,
-        [](HWND child, LPARAM data) -> BOOL {
-            reinterpret_cast<std::vector<std::string>*>(data)->push_back(textOf(child));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
+    for (auto child = GetWindow(dialog, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        texts.push_back(textOf(child));
+    }
     return texts;
 }
 
@@ -152,7 +149,7 @@ TEST(Win32Desktop, A_cancelled_or_closed_input_box_gives_nothing) {
 
 class FileDialogs : public testing::Test {
   protected:
-    FileDialogs() {
+    void SetUp() override {
         std::filesystem::remove_all(folder); // an earlier run may have been cut short
         files.createFolder(folder);
         dialog.title = "Save As";
@@ -160,11 +157,7 @@ class FileDialogs : public testing::Test {
         dialog.filter = "INI File (*.ini)|*.ini|All Files (*.*)|*.*";
         dialog.initialFolder = folder;
     }
-    FileDialogs(const FileDialogs&) = delete;
-    FileDialogs& operator=(const FileDialogs&) = delete;
-    FileDialogs(FileDialogs&&) = delete;
-    FileDialogs& operator=(FileDialogs&&) = delete;
-    ~FileDialogs() override {
+    void TearDown() override {
         std::error_code failed; // a program that has just ended may hold its file a little longer
         for (int i = 0; i < tries && (std::filesystem::remove_all(folder, failed), failed); ++i) {
             Sleep(between);

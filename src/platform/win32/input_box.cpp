@@ -18,14 +18,16 @@ struct InputBox {
 
 DialogTemplate inputBoxTemplate() {
     DialogTemplate dialog(DS_MODALFRAME | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU,
-                          {0, 0, 270, 96});
+                          {.x = 0, .y = 0, .width = 270, .height = 96});
     // A "&" in a prompt is a character like any other.
-    dialog.add(ControlClass::Static, promptId, SS_LEFT | SS_NOPREFIX, {7, 7, 195, 60}, L"");
+    dialog.add(ControlClass::Static, promptId, SS_LEFT | SS_NOPREFIX,
+               {.x = 7, .y = 7, .width = 195, .height = 60}, L"");
     dialog.add(ControlClass::Edit, inputBoxField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
-               {7, 74, 256, 14}, L"");
-    dialog.add(ControlClass::Button, IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP, {213, 7, 50, 14}, L"OK");
-    dialog.add(ControlClass::Button, IDCANCEL, BS_PUSHBUTTON | WS_TABSTOP, {213, 24, 50, 14},
-               L"Cancel");
+               {.x = 7, .y = 74, .width = 256, .height = 14}, L"");
+    dialog.add(ControlClass::Button, IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP,
+               {.x = 213, .y = 7, .width = 50, .height = 14}, L"OK");
+    dialog.add(ControlClass::Button, IDCANCEL, BS_PUSHBUTTON | WS_TABSTOP,
+               {.x = 213, .y = 24, .width = 50, .height = 14}, L"Cancel");
     return dialog;
 }
 
@@ -36,9 +38,14 @@ std::string textOf(HWND control) {
     return text;
 }
 
+// The system hands addresses on as numbers.
+InputBox* asInputBox(LONG_PTR data) noexcept {
+    return reinterpret_cast<InputBox*>(data); // NOLINT(performance-no-int-to-ptr)
+}
+
 INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARAM data) {
     if (message == WM_INITDIALOG) {
-        const auto* box = reinterpret_cast<const InputBox*>(data);
+        const auto* box = asInputBox(data);
         SetWindowLongPtrA(dialog, DWLP_USER, data);
         SetWindowTextA(dialog, box->title.c_str());
         SetDlgItemTextA(dialog, promptId, box->prompt.c_str());
@@ -49,8 +56,8 @@ INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARA
         return FALSE;
     }
     if (LOWORD(word) == IDOK) {
-        auto* box = reinterpret_cast<InputBox*>(GetWindowLongPtrA(dialog, DWLP_USER));
-        box->line = textOf(GetDlgItem(dialog, inputBoxField));
+        asInputBox(GetWindowLongPtrA(dialog, DWLP_USER))->line =
+            textOf(GetDlgItem(dialog, inputBoxField));
     }
     EndDialog(dialog, LOWORD(word));
     return TRUE;
@@ -59,7 +66,7 @@ INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARA
 } // namespace
 
 std::string runInputBox(HWND owner, const std::string& prompt, const std::string& title) {
-    InputBox box{prompt, title, {}};
+    InputBox box{.prompt = prompt, .title = title, .line = {}};
     const auto dialog = inputBoxTemplate();
     const auto result = DialogBoxIndirectParamA(GetModuleHandleA(nullptr), dialog.get(), owner,
                                                 inputBoxProcedure, reinterpret_cast<LPARAM>(&box));

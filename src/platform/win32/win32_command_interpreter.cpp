@@ -12,7 +12,7 @@
 namespace tarnwick {
 namespace {
 
-std::wstring toWide(std::string_view text, UINT codePage) {
+std::wstring toWide(const std::string& text, UINT codePage) {
     const int length = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0'); // never more characters than bytes
     const int count = MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, text.data(), length,
@@ -73,7 +73,7 @@ std::string Win32CommandInterpreter::batchText(std::string_view text) const {
     if (isAscii(text) || GetACP() == GetOEMCP()) {
         return std::string(text);
     }
-    return fromWide(toWide(text, CP_ACP), CP_OEMCP);
+    return fromWide(toWide(std::string(text), CP_ACP), CP_OEMCP);
 }
 
 std::string Win32CommandInterpreter::systemCodePageLine() const {

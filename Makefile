@@ -50,7 +50,7 @@ bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset native --target engine_bench
-	TMPDIR=/dev/shm build/native/bench/engine_bench
+	build/native/bench/engine_bench
 
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:

@@ -8,6 +8,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 
 namespace tarnwick {
@@ -102,24 +103,26 @@ void sortNames(std::vector<std::string>& names) {
     }
     std::string block;
     block.reserve(length);
+    std::vector<std::string_view> upper; // of block
+    upper.reserve(names.size());
     struct Key {
         SortPrefix prefix;
-        std::string_view upper; // of block
         std::size_t index;
     };
     std::vector<Key> keys;
     keys.reserve(names.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
+    for (const auto& name : names) {
         const auto start = block.size();
-        block.append(upperCase(names[i]));
-        const std::string_view upper(block.data() + start, names[i].size());
-        keys.push_back({sortPrefix(upper), upper, i});
+        std::ranges::transform(name, std::back_inserter(block),
+                               [](char c) { return upperCase(c); });
+        upper.emplace_back(block.data() + start, name.size());
+        keys.push_back({sortPrefix(upper.back()), keys.size()});
     }
-    std::ranges::sort(keys, [&names](const Key& left, const Key& right) {
+    std::ranges::sort(keys, [&](const Key& left, const Key& right) {
         if (left.prefix != right.prefix) {
             return left.prefix < right.prefix;
         }
-        const auto order = left.upper.compare(right.upper);
+        const auto order = upper[left.index].compare(upper[right.index]);
         return order != 0 ? order < 0 : names[left.index] < names[right.index];
     });
     std::vector<std::string> sorted;

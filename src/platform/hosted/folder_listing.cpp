@@ -57,23 +57,34 @@ std::string contentOf(int folder, const char* name) {
     return content;
 }
 
-// The names, upper-cased, that a folder does not show.
-using UnseenNames = std::unordered_set<std::string>;
+bool isControlFile(std::string_view name) {
+    return std::ranges::any_of(controlFiles, [name](std::string_view controlFile) {
+        return equalIgnoringCase(name, controlFile);
+    });
+}
 
-UnseenNames unseenNames(DIR* folder) {
-    UnseenNames names;
-    for (const auto* controlFile : controlFiles) {
-        names.insert(upperCase(controlFile));
-        const auto content = contentOf(::dirfd(folder), controlFile);
-        std::string_view rest = content;
-        while (!rest.empty()) {
-            const auto end = std::min(rest.find('\n'), rest.size());
-            names.insert(upperCase(rest.substr(0, end)));
-            rest.remove_prefix(std::min(end + 1, rest.size()));
+// The names that a folder does not show. Most folders name none, and then no name is looked up.
+class UnseenNames {
+  public:
+    explicit UnseenNames(DIR* folder) {
+        for (const auto* controlFile : controlFiles) {
+            const auto content = contentOf(::dirfd(folder), controlFile);
+            std::string_view rest = content;
+            while (!rest.empty()) {
+                const auto end = std::min(rest.find('\n'), rest.size());
+                names_.insert(upperCase(rest.substr(0, end)));
+                rest.remove_prefix(std::min(end + 1, rest.size()));
+            }
         }
     }
-    return names;
-}
+
+    [[nodiscard]] bool contain(std::string_view name) const {
+        return isControlFile(name) || (!names_.empty() && names_.contains(upperCase(name)));
+    }
+
+  private:
+    std::unordered_set<std::string> names_; // upper-cased
+};
 
 std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
     switch (entry.d_type) {
@@ -103,16 +114,16 @@ bool isSpecialName(std::string_view name) {
 
 } // namespace
 
-std::vector<FolderEntry> listHostFolder(const std::string& hostFolder) {
+void listHostFolder(const std::string& hostFolder,
+                    const std::function<void(std::string_view name, EntryKind kind)>& take) {
     const auto folder = openFolder(hostFolder);
-    const auto unseen = unseenNames(folder.get());
-    std::vector<FolderEntry> entries;
+    const UnseenNames unseen(folder.get());
     errno = 0;
     while (const dirent* entry = ::readdir(folder.get())) {
         const std::string_view name = entry->d_name;
-        if (!isSpecialName(name) && !unseen.contains(upperCase(name))) {
+        if (!isSpecialName(name) && !unseen.contain(name)) {
             if (const auto kind = kindOf(folder.get(), *entry)) {
-                entries.push_back({std::string(name), *kind});
+                take(name, *kind);
             }
         }
         errno = 0;
@@ -120,11 +131,10 @@ std::vector<FolderEntry> listHostFolder(const std::string& hostFolder) {
     if (errno != 0) {
         raiseSystemError(errno);
     }
-    return entries;
 }
 
 bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
-    return unseenNames(openFolder(hostFolder).get()).contains(upperCase(name));
+    return UnseenNames(openFolder(hostFolder).get()).contain(name);
 }
 
 void requireListable(const std::string& hostFolder) {

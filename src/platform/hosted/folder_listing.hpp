@@ -1,21 +1,19 @@
 #pragma once
 
+#include <functional>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace tarnwick {
 
 enum class EntryKind { File, Folder };
 
-struct FolderEntry {
-    std::string name;
-    EntryKind kind = EntryKind::File;
-};
-
-// What a folder of this machine shows: its files and folders without "." and "..", the hidden and
-// system ones (see HostedFiles), and what is neither file nor folder. One pass over the folder, in
-// its own order. Raises 76 (no such folder), 75 (may not be listed).
-[[nodiscard]] std::vector<FolderEntry> listHostFolder(const std::string& hostFolder);
+// Calls `take` with the name and kind of each entry that a folder of this machine shows, in the
+// folder's own order: its files and folders without "." and "..", the hidden and system ones (see
+// HostedFiles), and what is neither file nor folder. One pass over the folder. The name holds
+// during the call. Raises 76 (no such folder), 75 (may not be listed).
+void listHostFolder(const std::string& hostFolder,
+                    const std::function<void(std::string_view name, EntryKind kind)>& take);
 
 // Whether the file is one of the folder's hidden or system ones, or tells which those are.
 [[nodiscard]] bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name);

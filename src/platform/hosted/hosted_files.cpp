@@ -37,14 +37,15 @@ std::string asFolder(std::string_view folder) {
     return folder.empty() ? std::string() : std::string(folder) + '\\';
 }
 
-std::vector<std::string> namesOf(std::vector<FolderEntry> entries, EntryKind kind,
+// In the folder's own order.
+std::vector<std::string> namesIn(const std::string& hostFolder, EntryKind wanted,
                                  std::string_view patterns) {
     std::vector<std::string> names;
-    for (auto& entry : entries) {
-        if (entry.kind == kind && matchesAnyWildcard(entry.name, patterns)) {
-            names.push_back(std::move(entry.name));
+    listHostFolder(hostFolder, [&](std::string_view name, EntryKind kind) {
+        if (kind == wanted && matchesAnyWildcard(name, patterns)) {
+            names.emplace_back(name);
         }
-    }
+    });
     return names;
 }
 
@@ -83,8 +84,7 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
     }
     if (hasWildcard(pattern)) {
         const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
-        const auto names =
-            namesOf(listHostFolder(root_.hostPath(folder)), EntryKind::File, pattern);
+        const auto names = namesIn(root_.hostPath(folder), EntryKind::File, pattern);
         const auto first = std::ranges::min_element(names, nameLess);
         return first == names.end() ? std::string() : *first;
     }
@@ -97,14 +97,13 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
 
 std::vector<std::string> HostedFiles::listFiles(std::string_view folder,
                                                 std::string_view patterns) const {
-    auto names =
-        namesOf(listHostFolder(root_.hostPath(asFolder(folder))), EntryKind::File, patterns);
+    auto names = namesIn(root_.hostPath(asFolder(folder)), EntryKind::File, patterns);
     sortNames(names);
     return names;
 }
 
 std::vector<std::string> HostedFiles::listFolders(std::string_view folder) const {
-    auto names = namesOf(listHostFolder(root_.hostPath(asFolder(folder))), EntryKind::Folder, "");
+    auto names = namesIn(root_.hostPath(asFolder(folder)), EntryKind::Folder, "");
     sortNames(names);
     return names;
 }

@@ -64,7 +64,8 @@ coverage:
 
 screenshots: windows
 	@$(ensure) $(wine_packages)
-	tests/window/run.sh build/windows
+	tests/window/run.sh build/windows dialogs
+	tests/window/run.sh build/windows controls
 
 check-format:
 	@$(ensure) clang-format-19

@@ -50,7 +50,8 @@ void Form::moveTo(int left, int top) {
 
 void Form::resizeTo(Size window) {
     if (window_.width != window.width || window_.height != window.height) {
-        setWindow(window);
+        window_.width = window.width;
+        window_.height = window.height;
         tellView(Property::Size);
     }
 }
@@ -67,15 +68,9 @@ void Form::setMousePointer(MousePointer pointer) {
 }
 
 void Form::measured(Size window, Size screen) noexcept {
-    setWindow(window);
-    screen_ = screen;
-}
-
-void Form::setWindow(Size window) noexcept {
     window_.width = window.width;
     window_.height = window.height;
-    content_ = {.width = window.width - windowFrame.width,
-                .height = window.height - windowFrame.height};
+    screen_ = screen;
 }
 
 void Form::show() {
@@ -229,7 +224,8 @@ void Form::userClosed() {
 void Form::userResized(Size window, WindowState state) {
     const bool same =
         window.width == window_.width && window.height == window_.height && state == windowState_;
-    setWindow(window);
+    window_.width = window.width;
+    window_.height = window.height;
     windowState_ = state;
     if (visible_ && !same) {
         raise(Resize);

@@ -58,7 +58,9 @@ class Form {
     void resizeTo(Size window);
     void centreOnScreen();
     // The part of the window that the controls lie in.
-    [[nodiscard]] const Size& content() const noexcept { return content_; }
+    [[nodiscard]] Size content() const noexcept {
+        return {.width = window_.width - frame_.width, .height = window_.height - frame_.height};
+    }
     [[nodiscard]] WindowState windowState() const noexcept { return windowState_; }
     // The screen that the window is on. Its upper left corner is the origin of window().
     [[nodiscard]] const Size& screen() const noexcept { return screen_; }
@@ -82,10 +84,10 @@ class Form {
     std::function<void()> Resize; // after it was shown, and whenever its size has changed
     std::function<void()> Unload;
 
-    // For presenters: the window's and the screen's size, before show(). Where nothing else is
-    // said, the content is the window without windowFrame.
+    // For presenters: the window's and the screen's size, before show().
     void measured(Size window, Size screen) noexcept;
-    void measuredContent(Size content) noexcept { content_ = content; }
+    // For presenters: by how much the window is larger than its content, if not by windowFrame.
+    void measuredFrame(Size frame) noexcept { frame_ = frame; }
     // For presenters: loads the form where it is not loaded yet and makes it visible, with the
     // focus on the first control that can have it, unless Load has chosen one. When Load unloads
     // the form, it stays hidden.
@@ -122,7 +124,6 @@ class Form {
     [[nodiscard]] Control* firstFocusable() const noexcept;
     [[nodiscard]] bool focusedTakes(int keyCode);
     void click(bool (*wanted)(const Button&));
-    void setWindow(Size window) noexcept;
     void tellView(Property property);
 
     std::string name_;
@@ -136,7 +137,7 @@ class Form {
     bool loaded_ = false;
     bool visible_ = false;
     Bounds window_;
-    Size content_;
+    Size frame_ = windowFrame;
     Size screen_;
     MousePointer mousePointer_ = MousePointer::Default;
     WindowState windowState_ = WindowState::Normal;

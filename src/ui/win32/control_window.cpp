@@ -1,6 +1,7 @@
 #include "ui/win32/control_window.hpp"
 
 #include "ui/forms/measures.hpp"
+#include "ui/win32/accessible_name.hpp"
 
 namespace tarnwick {
 
@@ -53,6 +54,11 @@ void ControlWindow::changed(Property property) {
         // Not SetFocus: the dialog must know, for the default button's sake.
         SendMessageA(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
         break;
+    case Property::AccessibleName:
+        if (!control_.accessibleName().empty()) {
+            setAccessibleName(window_, control_.accessibleName());
+        }
+        break;
     default:
         break;
     }
@@ -60,8 +66,10 @@ void ControlWindow::changed(Property property) {
 
 void ControlWindow::showAll() {
     for (const Property property :
-         {Property::Caption, Property::Value, Property::Font, Property::ReadOnly, Property::Text,
-          Property::Selection, Property::Enabled, Property::Visible}) {
+         {Property::Caption, Property::Value, Property::Font, Property::ReadOnly, Property::Hint,
+          Property::Items, Property::HorizontalExtent, Property::Cells, Property::Panels,
+          Property::Text, Property::Selection, Property::AccessibleName, Property::Enabled,
+          Property::Visible}) {
         changed(property);
     }
 }

@@ -30,18 +30,27 @@ class ControlWindow : public View {
     // The screen's resolution is another one now.
     virtual void resolutionChanged();
 
+    // The form's window has another size now.
+    virtual void formResized() {}
+
     // The window sent the dialog this notification, or this key.
     virtual void notified(WORD /*code*/) {}
     virtual void keyPressed(int /*keyCode*/) {}
     virtual void keyReleased(int /*keyCode*/) {}
+    // The user did something in a window of our own class.
+    virtual void userInput(const MSG& /*message*/) {}
+    // A window whose owner draws it asks for an item.
+    virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
     // Whether the notification says that the window has gained or lost the keyboard.
     [[nodiscard]] virtual bool isFocusNotice(WORD /*code*/) const noexcept { return false; }
 
   protected:
     [[nodiscard]] int dpi() const noexcept;
 
-  private:
+    // The control takes its bounds from the window.
     void measure();
+
+  private:
     void place();
 
     Control& control_;

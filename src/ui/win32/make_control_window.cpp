@@ -2,27 +2,49 @@
 #include "ui/forms/check_box.hpp"
 #include "ui/win32/captioned_window.hpp"
 #include "ui/win32/clickable_window.hpp"
+#include "ui/win32/combo_box_window.hpp"
 #include "ui/win32/control_window.hpp"
+#include "ui/win32/folder_list_window.hpp"
+#include "ui/win32/grid_window.hpp"
+#include "ui/win32/indicator_windows.hpp"
+#include "ui/win32/list_box_window.hpp"
 #include "ui/win32/text_box_window.hpp"
 
 namespace tarnwick {
+namespace {
 
-// From the most particular kind to the most general.
+// Null when the control is of another kind.
+template <typename Kind, typename Window>
+std::unique_ptr<ControlWindow> make(Control& control, HWND window) {
+    auto* const kind = dynamic_cast<Kind*>(&control);
+    return kind == nullptr ? nullptr : std::make_unique<Window>(*kind, window);
+}
+
+} // namespace
+
 std::unique_ptr<ControlWindow> makeControlWindow(Control& control, HWND window) {
-    std::unique_ptr<ControlWindow> made;
-    if (auto* const textBox = dynamic_cast<TextBox*>(&control); textBox != nullptr) {
-        made = std::make_unique<TextBoxWindow>(*textBox, window);
-    } else if (auto* const checkBox = dynamic_cast<CheckBox*>(&control); checkBox != nullptr) {
-        made = std::make_unique<CheckBoxWindow>(*checkBox, window);
-    } else if (auto* const clickable = dynamic_cast<Clickable*>(&control); clickable != nullptr) {
-        made = std::make_unique<ClickableWindow>(*clickable, window);
-    } else if (auto* const captioned = dynamic_cast<Captioned*>(&control); captioned != nullptr) {
-        made = std::make_unique<CaptionedWindow>(*captioned, window);
-    } else {
-        throw RunTimeError(ErrorNumber::InternalError);
+    // From the most particular kind to the most general.
+    const auto makers = {
+        make<TextBox, TextBoxWindow>,
+        make<CheckBox, CheckBoxWindow>,
+        make<Clickable, ClickableWindow>,
+        make<Captioned, CaptionedWindow>,
+        make<ListBox, ListBoxWindow>,
+        make<ComboBox, ComboBoxWindow>,
+        make<Grid, GridWindow>,
+        make<DriveList, DriveListWindow>,
+        make<FolderList, FolderListWindow>,
+        make<StatusBar, StatusBarWindow>,
+        make<ProgressBar, ProgressBarWindow>,
+        make<Line, ControlWindow>,
+    };
+    for (const auto maker : makers) {
+        if (auto made = maker(control, window); made != nullptr) {
+            made->showAll();
+            return made;
+        }
     }
-    made->showAll();
-    return made;
+    throw RunTimeError(ErrorNumber::InternalError);
 }
 
 } // namespace tarnwick

@@ -1,42 +1,15 @@
 #include "ui/win32/text_box_window.hpp"
 
-#include "ui/win32/view_messages.hpp"
+#include "ui/win32/wide_text.hpp"
+#include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>
 
-#include <cstddef>
-
 namespace tarnwick {
-namespace {
-
-constexpr UINT_PTR keyListener = 1;
-
-// Tells the dialog of keys, which a field itself reports to nobody.
-LRESULT CALLBACK listenToKeys(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                              UINT_PTR /*id*/, DWORD_PTR /*data*/) {
-    const auto tellDialog = [&](ViewMessage what) {
-        SendMessageA(GetParent(window), what, wParam, reinterpret_cast<LPARAM>(window));
-    };
-    if (message == WM_KEYDOWN) {
-        tellDialog(keyPressed);
-    }
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    if (message == WM_KEYUP) {
-        tellDialog(keyReleased);
-    }
-    return result;
-}
-
-} // namespace
 
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
-    : ControlWindow(textBox, window), textBox_(textBox) {
+    : ControlWindow(textBox, window), textBox_(textBox), keys_(window) {
     SendMessageA(window, EM_SETLIMITTEXT, 0, 0); // no limit
-    SetWindowSubclass(window, listenToKeys, keyListener, 0);
-}
-
-TextBoxWindow::~TextBoxWindow() {
-    RemoveWindowSubclass(window(), listenToKeys, keyListener);
 }
 
 void TextBoxWindow::changed(Property property) {
@@ -52,6 +25,10 @@ void TextBoxWindow::changed(Property property) {
         break;
     case Property::Font:
         showFont();
+        break;
+    case Property::Hint:
+        SendMessageW(window(), EM_SETCUEBANNER, TRUE,
+                     reinterpret_cast<LPARAM>(wide(textBox_.hint()).c_str()));
         break;
     case Property::Focus:
         ControlWindow::changed(property);
@@ -71,7 +48,7 @@ void TextBoxWindow::resolutionChanged() {
 void TextBoxWindow::notified(WORD code) {
     if (code == EN_CHANGE && !showingText_) {
         const Selection now = selection();
-        textBox_.userChangedText(windowText(), now.start, now.length);
+        textBox_.userChangedText(windowText(window()), now.start, now.length);
     } else if (isFocusNotice(code)) {
         takeSelection();
     }
@@ -89,13 +66,6 @@ void TextBoxWindow::keyReleased(int keyCode) {
 
 bool TextBoxWindow::isFocusNotice(WORD code) const noexcept {
     return code == EN_SETFOCUS || code == EN_KILLFOCUS;
-}
-
-std::string TextBoxWindow::windowText() const {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window())), '\0');
-    const int length = GetWindowTextA(window(), text.data(), static_cast<int>(text.size()) + 1);
-    text.resize(static_cast<std::size_t>(length));
-    return text;
 }
 
 TextBoxWindow::Selection TextBoxWindow::selection() const {
@@ -128,10 +98,10 @@ void TextBoxWindow::showFont() {
         return;
     }
     constexpr int pointsPerInch = 72;
-    decltype(font_) font(CreateFontA(-MulDiv(wanted.points, dpi(), pointsPerInch), 0, 0, 0,
-                                     FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                                     OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                                     FIXED_PITCH | FF_MODERN, wanted.name.c_str()));
+    GdiHandle<HFONT> font(CreateFontA(-MulDiv(wanted.points, dpi(), pointsPerInch), 0, 0, 0,
+                                      FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                      OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                                      FIXED_PITCH | FF_MODERN, wanted.name.c_str()));
     SendMessageA(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     font_ = std::move(font);
 }

@@ -2,23 +2,16 @@
 
 #include "ui/forms/text_box.hpp"
 #include "ui/win32/control_window.hpp"
+#include "ui/win32/gdi_handle.hpp"
+#include "ui/win32/key_listener.hpp"
 
 #include <windows.h>
-
-#include <memory>
-#include <string>
-#include <type_traits>
 
 namespace tarnwick {
 
 class TextBoxWindow final : public ControlWindow {
   public:
     TextBoxWindow(TextBox& textBox, HWND window);
-    TextBoxWindow(const TextBoxWindow&) = delete;
-    TextBoxWindow(TextBoxWindow&&) = delete;
-    TextBoxWindow& operator=(const TextBoxWindow&) = delete;
-    TextBoxWindow& operator=(TextBoxWindow&&) = delete;
-    ~TextBoxWindow() override;
 
     void changed(Property property) override;
     void resolutionChanged() override;
@@ -28,15 +21,11 @@ class TextBoxWindow final : public ControlWindow {
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
   private:
-    struct FontDeleter {
-        void operator()(HFONT font) const noexcept { DeleteObject(font); }
-    };
     struct Selection {
         int start = 0;
         int length = 0;
     };
 
-    [[nodiscard]] std::string windowText() const;
     [[nodiscard]] Selection selection() const;
     void takeSelection();
     void showFont();
@@ -44,7 +33,8 @@ class TextBoxWindow final : public ControlWindow {
     void showSelection();
 
     TextBox& textBox_;
-    std::unique_ptr<std::remove_pointer_t<HFONT>, FontDeleter> font_;
+    KeyListener keys_;
+    GdiHandle<HFONT> font_;
     bool showingText_ = false; // what the window reports now is our own doing
 };
 

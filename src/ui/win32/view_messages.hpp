@@ -11,6 +11,11 @@ enum ViewMessage : UINT {
     // A key went down or up (wParam) in a control (lParam is its window).
     keyPressed,
     keyReleased,
+    // Whether a control (lParam is its window) has a use for Enter or Escape (wParam) itself;
+    // answered in DWLP_MSGRESULT.
+    wantsKey,
+    // The user did something in a window of our own class: wParam points to its MSG.
+    userInput,
     // The window is on a screen of another resolution now, and the system has laid it out.
     resolutionChanged,
 };

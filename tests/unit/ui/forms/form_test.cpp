@@ -121,10 +121,12 @@ TEST_F(FormLife, A_size_that_code_asks_for_raises_nothing_and_is_told_once) {
     EXPECT_THAT(events, ElementsAre("Load", "Resize"));
 }
 
-TEST_F(FormLife, A_presenter_may_know_the_content_better) {
+TEST_F(FormLife, A_presenter_may_know_the_frame_better) {
     form.measured({.width = 300, .height = 1000}, {.width = 3000, .height = 2000});
-    form.measuredContent({.width = 290, .height = 600});
+    form.measuredFrame({.width = 10, .height = 400});
     EXPECT_EQ(form.content(), (Size{.width = 290, .height = 600}));
+    form.userResized({.width = 500, .height = 1000}, WindowState::Normal);
+    EXPECT_EQ(form.content(), (Size{.width = 490, .height = 600}));
 }
 
 TEST_F(FormLife, The_mouse_pointer_is_told_when_it_changes) {

@@ -1,0 +1,56 @@
+#include "ui/win32/check_box_picture.hpp"
+
+#include <uxtheme.h>
+#include <vssym32.h>
+
+namespace tarnwick {
+namespace {
+
+class Theme {
+  public:
+    Theme(HWND window, const wchar_t* classes) noexcept : theme_(OpenThemeData(window, classes)) {}
+    Theme(const Theme&) = delete;
+    Theme(Theme&&) = delete;
+    Theme& operator=(const Theme&) = delete;
+    Theme& operator=(Theme&&) = delete;
+    ~Theme() {
+        if (theme_ != nullptr) {
+            CloseThemeData(theme_);
+        }
+    }
+
+    [[nodiscard]] HTHEME get() const noexcept { return theme_; }
+
+  private:
+    HTHEME theme_;
+};
+
+RECT middleOf(const RECT& area, SIZE size) noexcept {
+    const LONG left = area.left + (area.right - area.left - size.cx) / 2;
+    const LONG top = area.top + (area.bottom - area.top - size.cy) / 2;
+    return {.left = left, .top = top, .right = left + size.cx, .bottom = top + size.cy};
+}
+
+} // namespace
+
+void drawCheckBox(HWND window, HDC context, const RECT& area, bool ticked, bool enabled) {
+    const Theme theme(window, L"BUTTON");
+    if (theme.get() != nullptr) {
+        const int disabledBy = CBS_UNCHECKEDDISABLED - CBS_UNCHECKEDNORMAL;
+        const int state =
+            (ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL) + (enabled ? 0 : disabledBy);
+        SIZE size{};
+        GetThemePartSize(theme.get(), context, BP_CHECKBOX, state, nullptr, TS_DRAW, &size);
+        const RECT place = middleOf(area, size);
+        DrawThemeBackground(theme.get(), context, BP_CHECKBOX, state, &place, nullptr);
+        return;
+    }
+    constexpr int sizeAt96 = 13;
+    const int size = MulDiv(sizeAt96, static_cast<int>(GetDpiForWindow(window)), 96);
+    RECT place = middleOf(area, {.cx = size, .cy = size});
+    const UINT state = DFCS_BUTTONCHECK | DFCS_FLAT | (ticked ? DFCS_CHECKED : 0U) |
+                       (enabled ? 0U : DFCS_INACTIVE);
+    DrawFrameControl(context, &place, DFC_BUTTON, state);
+}
+
+} // namespace tarnwick

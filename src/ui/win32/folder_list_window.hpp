@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ui/forms/folder_list.hpp"
+#include "ui/win32/control_window.hpp"
+#include "ui/win32/key_listener.hpp"
+
+#include <windows.h>
+
+namespace tarnwick {
+
+// A list box with the styles LBS_OWNERDRAWFIXED, LBS_HASSTRINGS and LBS_NOTIFY: each folder is
+// drawn at its depth with the system's own picture of a folder, open or closed.
+class FolderListWindow final : public ControlWindow {
+  public:
+    FolderListWindow(FolderList& folderList, HWND window);
+    FolderListWindow(const FolderListWindow&) = delete;
+    FolderListWindow(FolderListWindow&&) = delete;
+    FolderListWindow& operator=(const FolderListWindow&) = delete;
+    FolderListWindow& operator=(FolderListWindow&&) = delete;
+    ~FolderListWindow() override;
+
+    void changed(Property property) override;
+    void resolutionChanged() override;
+    void notified(WORD code) override;
+    void keyPressed(int keyCode) override;
+    void drawItem(const DRAWITEMSTRUCT& item) override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+
+  private:
+    void loadPictures();
+    void dropPictures() noexcept;
+    void showItems();
+    [[nodiscard]] int selected() const noexcept;
+
+    FolderList& folderList_;
+    KeyListener keys_;
+    HICON closed_ = nullptr;
+    HICON open_ = nullptr;
+};
+
+} // namespace tarnwick

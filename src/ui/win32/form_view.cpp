@@ -1,0 +1,294 @@
+#include "ui/win32/form_view.hpp"
+
+#include "platform/run_time_error.hpp"
+#include "ui/forms/measures.hpp"
+#include "ui/win32/resource_names.hpp"
+#include "ui/win32/view_messages.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+[[noreturn]] void raiseMisfit(const std::string& what) {
+    ErrorRecord record = RunTimeError(ErrorNumber::InternalError).record();
+    record.description += ": " + what;
+    throw RunTimeError(std::move(record));
+}
+
+WindowState stateOf(WPARAM kind) noexcept {
+    switch (kind) {
+    case SIZE_MINIMIZED:
+        return WindowState::Minimized;
+    case SIZE_MAXIMIZED:
+        return WindowState::Maximized;
+    default:
+        return WindowState::Normal;
+    }
+}
+
+} // namespace
+
+// An exception must not pass through the system's code: it ends the dialog, and is raised again
+// behind it.
+INT_PTR CALLBACK FormView::procedure(HWND dialog, UINT message, WPARAM wParam,
+                                     LPARAM lParam) noexcept {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+        pointerIn<FormView*>(lParam)->dialog_ = dialog;
+    }
+    auto* const view = pointerIn<FormView*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    if (view == nullptr) {
+        return FALSE;
+    }
+    try {
+        return view->handle(message, wParam, lParam) ? TRUE : FALSE;
+    } catch (...) {
+        view->fail(std::current_exception());
+        return TRUE;
+    }
+}
+
+void FormView::fail(std::exception_ptr error) noexcept {
+    if (!error_) {
+        error_ = std::move(error);
+    }
+    close();
+}
+
+void FormView::release() {
+    windows_.clear();
+    form_.detach();
+    dialog_ = nullptr;
+    if (error_) {
+        form_.hide();
+        std::rethrow_exception(std::exchange(error_, nullptr));
+    }
+}
+
+// Whether the message is dealt with. (WM_INITDIALOG: false says that the focus is set.)
+bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        made();
+        return false;
+    case WM_COMMAND:
+        command(LOWORD(wParam), HIWORD(wParam), pointerIn<HWND>(lParam));
+        return true;
+    case WM_CLOSE:
+        form_.userClosed();
+        return true;
+    case WM_ENDSESSION:
+        if (wParam != FALSE) {
+            form_.userClosed();
+        }
+        return true;
+    case WM_SIZE:
+        resized(wParam);
+        return true;
+    case WM_SETCURSOR:
+        return showPointer(lParam);
+    case WM_DRAWITEM:
+        if (ControlWindow* const drawn = find(pointerIn<const DRAWITEMSTRUCT*>(lParam)->hwndItem);
+            drawn != nullptr) {
+            drawn->drawItem(*pointerIn<const DRAWITEMSTRUCT*>(lParam));
+        }
+        return true;
+    case WM_DPICHANGED:
+        PostMessageA(dialog_, ViewMessage::resolutionChanged, 0, 0);
+        return false;
+    case WM_DESTROY:
+        windows_.clear(); // while the windows are still there
+        return false;
+    default:
+        return handleOwn(message, wParam, lParam);
+    }
+}
+
+bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == ViewMessage::resolutionChanged) {
+        resolutionChanged();
+        return true;
+    }
+    if (message == ViewMessage::focusMoved) {
+        lookWhereTheFocusIs();
+        return true;
+    }
+    if (message < ViewMessage::focusMoved || message > ViewMessage::resolutionChanged) {
+        return false;
+    }
+    ControlWindow* const window = find(pointerIn<HWND>(lParam));
+    if (window == nullptr) {
+        return false;
+    }
+    switch (message) {
+    case ViewMessage::keyPressed:
+        window->keyPressed(static_cast<int>(wParam));
+        break;
+    case ViewMessage::keyReleased:
+        window->keyReleased(static_cast<int>(wParam));
+        break;
+    case ViewMessage::wantsKey:
+        answer(window->control().wantsKey(static_cast<int>(wParam)) ? TRUE : FALSE);
+        break;
+    default:
+        window->userInput(*pointerIn<const MSG*>(static_cast<LONG_PTR>(wParam)));
+        break;
+    }
+    return true;
+}
+
+void FormView::answer(LRESULT result) const noexcept {
+    SetWindowLongPtrA(dialog_, DWLP_MSGRESULT, result);
+}
+
+void FormView::bind() {
+    bindControls();
+    menuBar_.show(dialog_, form_.menu());
+    SetWindowTextA(dialog_, form_.caption().c_str());
+    const RECT screen = screenArea();
+    form_.measured(windowSize(), {.width = toTwips(screen.right - screen.left, dpi()),
+                                  .height = toTwips(screen.bottom - screen.top, dpi())});
+    form_.attach(*this);
+    resized(SIZE_RESTORED);
+}
+
+void FormView::bindControls() {
+    const auto names = textsInResource(form_.name());
+    for (HWND window = GetWindow(dialog_, GW_CHILD); window != nullptr;
+         window = GetWindow(window, GW_HWNDNEXT)) {
+        const auto found = names.find(GetDlgCtrlID(window));
+        const std::string name = found == names.end() ? "" : found->second;
+        Control* const control = form_.find(name);
+        if (control == nullptr) {
+            raiseMisfit(form_.name() + " has no control for \"" + name + "\"");
+        }
+        windows_.push_back(makeControlWindow(*control, window));
+    }
+    if (windows_.size() != form_.controls().size()) {
+        raiseMisfit("the resource of " + form_.name() + " lacks a control");
+    }
+}
+
+void FormView::showFocus() noexcept {
+    const auto window = std::ranges::find_if(
+        windows_, [this](const auto& each) { return &each->control() == form_.focused(); });
+    if (window != windows_.end()) {
+        SendMessageA(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>((*window)->window()), TRUE);
+    }
+}
+
+void FormView::command(WORD id, WORD code, HWND window) {
+    if (ControlWindow* const bound = find(window); bound != nullptr) {
+        if (bound->isFocusNotice(code) && !std::exchange(focusMoved_, true)) {
+            // The focus is still on its way, and no message may be shown before it has arrived.
+            PostMessageA(dialog_, ViewMessage::focusMoved, 0, 0);
+        }
+        bound->notified(code);
+    } else if (id == IDOK) {
+        form_.userPressedEnter();
+    } else if (id == IDCANCEL) {
+        form_.userPressedEscape();
+    } else if (window == nullptr) {
+        (void)menuBar_.choose(id);
+    }
+}
+
+void FormView::lookWhereTheFocusIs() {
+    focusMoved_ = false;
+    HWND focused = GetFocus();
+    if (const ControlWindow* const window = find(focused); window != nullptr) {
+        form_.userMovedFocus(window->control());
+    } else if (const ControlWindow* const outer = find(GetParent(focused)); outer != nullptr) {
+        form_.userMovedFocus(outer->control()); // the field inside a combo box
+    } else {
+        form_.windowDeactivated();
+    }
+}
+
+void FormView::resized(WPARAM kind) {
+    if (kind != SIZE_MINIMIZED) {
+        measureFrame();
+        for (const auto& window : windows_) {
+            window->formResized();
+        }
+    }
+    form_.userResized(windowSize(), stateOf(kind));
+}
+
+void FormView::measureFrame() {
+    const Size window = windowSize();
+    RECT content{};
+    GetClientRect(dialog_, &content);
+    form_.measuredFrame({.width = window.width - toTwips(content.right, dpi()),
+                         .height = window.height - toTwips(content.bottom, dpi())});
+}
+
+void FormView::changed(Property property) {
+    if (property == Property::Caption) {
+        SetWindowTextA(dialog_, form_.caption().c_str());
+    } else if (property == Property::Bounds) {
+        place();
+    } else if (property == Property::Size) {
+        applySize();
+    } else if (property == Property::Menu) {
+        menuBar_.refresh();
+    } else if (property == Property::Pointer) {
+        SetCursor(LoadCursorA(nullptr, form_.mousePointer() == MousePointer::Busy ? IDC_APPSTARTING
+                                                                                  : IDC_ARROW));
+    } else if (property == Property::Visible && !form_.visible()) {
+        close();
+    }
+}
+
+// The controls ask their window for the pointer before they show their own.
+bool FormView::showPointer(LPARAM hit) const noexcept {
+    if (form_.mousePointer() != MousePointer::Busy || LOWORD(hit) != HTCLIENT) {
+        return false;
+    }
+    SetCursor(LoadCursorA(nullptr, IDC_APPSTARTING));
+    answer(TRUE);
+    return true;
+}
+
+// Puts the middle of the window where the form has it: the frame that the system draws is not
+// exactly the one that the form counts.
+void FormView::place() {
+    const RECT screen = screenArea();
+    RECT now{};
+    GetWindowRect(dialog_, &now);
+    const Bounds& wanted = form_.window();
+    const int middle = screen.left + toPixels(wanted.left + wanted.width / 2, dpi());
+    const int centre = screen.top + toPixels(wanted.top + wanted.height / 2, dpi());
+    SetWindowPos(dialog_, nullptr, middle - (now.right - now.left) / 2,
+                 centre - (now.bottom - now.top) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormView::resolutionChanged() {
+    for (const auto& window : windows_) {
+        window->resolutionChanged();
+    }
+    applySize();
+}
+
+ControlWindow* FormView::find(HWND window) const noexcept {
+    const auto found = std::ranges::find_if(
+        windows_, [window](const auto& each) { return each->window() == window; });
+    return found == windows_.end() ? nullptr : found->get();
+}
+
+int FormView::dpi() const noexcept {
+    return static_cast<int>(GetDpiForWindow(dialog_));
+}
+
+RECT FormView::screenArea() const noexcept {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcMonitor;
+}
+
+} // namespace tarnwick

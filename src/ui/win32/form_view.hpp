@@ -1,0 +1,82 @@
+#pragma once
+
+#include "ui/forms/form.hpp"
+#include "ui/win32/control_window.hpp"
+#include "ui/win32/grid_window.hpp"
+#include "ui/win32/menu_bar.hpp"
+
+#include <windows.h>
+
+#include <exception>
+#include <memory>
+#include <vector>
+
+namespace tarnwick {
+
+// Shows a form in a window made from a dialog resource. The resource bears the form's name, and the
+// text of each control in it is the name of the control that it shows; captions come from the form.
+// Every control has a number of its own.
+// Order of tabs, access keys, default button and Escape are the system's. A control that lies over
+// another one comes before it in the resource.
+class FormView : public View {
+  public:
+    void changed(Property property) override;
+
+  protected:
+    // `form` must outlive the view.
+    explicit FormView(Form& form) : form_(form) { GridWindow::registerClass(); }
+
+    // For the functions of the system that make a dialog; their parameter is the FormView.
+    static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+
+    // The window is there, without its contents.
+    virtual void made() = 0;
+    // Takes the window off the screen, now or soon.
+    virtual void close() noexcept = 0;
+    // As the form counts it.
+    [[nodiscard]] virtual Size windowSize() const noexcept = 0;
+    // At least so large that the window is of this size.
+    virtual void applySize() noexcept {}
+
+    // Binds window and form, and tells the form its measures.
+    void bind();
+    // Puts the keyboard where the form has the focus.
+    void showFocus() noexcept;
+    // Ends the binding; raises what a handler has raised.
+    void release();
+    // Whether something was raised that release() will raise.
+    [[nodiscard]] bool failed() const noexcept { return error_ != nullptr; }
+
+    [[nodiscard]] Form& form() const noexcept { return form_; }
+    [[nodiscard]] HWND dialog() const noexcept { return dialog_; }
+    [[nodiscard]] int dpi() const noexcept;
+    [[nodiscard]] const MenuBar& menuBar() const noexcept { return menuBar_; }
+
+  private:
+    [[nodiscard]] bool handle(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool handleOwn(UINT message, WPARAM wParam, LPARAM lParam);
+    void fail(std::exception_ptr error) noexcept;
+
+    void bindControls();
+    void command(WORD id, WORD code, HWND window);
+    void lookWhereTheFocusIs();
+    void resized(WPARAM kind);
+    void measureFrame();
+    void place();
+    void resolutionChanged();
+    [[nodiscard]] bool showPointer(LPARAM hit) const noexcept;
+    void answer(LRESULT result) const noexcept;
+
+    [[nodiscard]] ControlWindow* find(HWND window) const noexcept;
+    [[nodiscard]] RECT screenArea() const noexcept;
+
+    Form& form_;
+    HWND dialog_ = nullptr;
+    MenuBar menuBar_;
+    std::vector<std::unique_ptr<ControlWindow>> windows_;
+    std::exception_ptr error_;
+    bool focusMoved_ = false; // and the message that says so is under way
+};
+
+} // namespace tarnwick

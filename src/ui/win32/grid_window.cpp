@@ -1,0 +1,275 @@
+#include "ui/win32/grid_window.hpp"
+
+#include "ui/forms/measures.hpp"
+#include "ui/win32/key_listener.hpp"
+#include "ui/win32/view_messages.hpp"
+
+#include <windowsx.h>
+
+#include <exception>
+
+namespace tarnwick {
+namespace {
+
+constexpr const char* className = "TarnwickGrid";
+
+// To the dialog, in WM_COMMAND.
+enum Notice : WORD { gotFocus = 1, lostFocus };
+
+constexpr int fontSlot = 0; // of the window's own memory
+
+void tellDialog(HWND window, Notice notice) {
+    SendMessageA(GetParent(window), WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), notice),
+                 reinterpret_cast<LPARAM>(window));
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+// What the user does goes through the dialog, where what a handler raises is caught.
+void passOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    MSG input{};
+    input.hwnd = window;
+    input.message = message;
+    input.wParam = wParam;
+    input.lParam = lParam;
+    SendMessageA(GetParent(window), ViewMessage::userInput, reinterpret_cast<WPARAM>(&input),
+                 reinterpret_cast<LPARAM>(window));
+}
+
+void drawFrame(HWND window) {
+    RECT frame{};
+    GetWindowRect(window, &frame);
+    OffsetRect(&frame, -frame.left, -frame.top);
+    HDC context = GetWindowDC(window);
+    FrameRect(context, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+    ReleaseDC(window, context);
+}
+
+bool takesInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        SetFocus(window);
+        SetCapture(window);
+        break;
+    case WM_LBUTTONUP:
+        if (GetCapture() != window) {
+            return true;
+        }
+        ReleaseCapture();
+        break;
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+        break;
+    default:
+        return false;
+    }
+    passOn(window, message, wParam, lParam);
+    return true;
+}
+
+} // namespace
+
+void GridWindow::registerClass() noexcept {
+    WNDCLASSEXA kind{};
+    kind.cbSize = sizeof kind;
+    kind.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
+    kind.lpfnWndProc = &GridWindow::procedure;
+    kind.cbWndExtra = sizeof(LONG_PTR);
+    kind.hInstance = GetModuleHandleA(nullptr);
+    kind.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    kind.lpszClassName = className;
+    RegisterClassExA(&kind); // fails where that is done already
+}
+
+GridWindow::GridWindow(Grid& grid, HWND window) : ControlWindow(grid, window), grid_(grid) {
+    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPSIBLINGS);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+GridWindow::~GridWindow() {
+    SetWindowLongPtrA(window(), GWLP_USERDATA, 0);
+}
+
+LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
+                                       LPARAM lParam) noexcept {
+    auto* const grid = pointerIn<GridWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (grid != nullptr && takesInput(window, message, wParam, lParam)) {
+        return 0;
+    }
+    switch (message) {
+    case WM_SETFONT:
+        SetWindowLongPtrA(window, fontSlot, static_cast<LONG_PTR>(wParam));
+        if (grid != nullptr) {
+            grid->painter_.forgetFonts();
+        }
+        InvalidateRect(window, nullptr, FALSE);
+        return 0;
+    case WM_GETFONT:
+        return GetWindowLongPtrA(window, fontSlot);
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | dialogCodeForKey(window, lParam);
+    case WM_SETFOCUS:
+        tellDialog(window, gotFocus);
+        return 0;
+    case WM_KILLFOCUS:
+        tellDialog(window, lostFocus);
+        return 0;
+    case WM_ERASEBKGND:
+        return TRUE;
+    case WM_ENABLE:
+        InvalidateRect(window, nullptr, FALSE);
+        return 0;
+    case WM_NCPAINT: {
+        const LRESULT result = DefWindowProcA(window, message, wParam, lParam);
+        drawFrame(window);
+        return result;
+    }
+    case WM_PAINT:
+        if (grid != nullptr) {
+            grid->paint();
+            return 0;
+        }
+        break;
+    case WM_PRINTCLIENT:
+        if (grid != nullptr) {
+            RECT area{};
+            GetClientRect(window, &area);
+            grid->drawInto(pointerIn<HDC>(static_cast<LONG_PTR>(wParam)), area);
+        }
+        return 0;
+    default:
+        break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// Into a picture in memory first: nothing flickers.
+void GridWindow::paint() {
+    PAINTSTRUCT request{};
+    HDC const screen = BeginPaint(window(), &request);
+    RECT area{};
+    GetClientRect(window(), &area);
+    HDC const context = CreateCompatibleDC(screen);
+    {
+        const GdiHandle<HBITMAP> picture(CreateCompatibleBitmap(screen, area.right, area.bottom));
+        const Selected selected(context, picture.get());
+        drawInto(context, area);
+        BitBlt(screen, 0, 0, area.right, area.bottom, context, 0, 0, SRCCOPY);
+    }
+    DeleteDC(context);
+    EndPaint(window(), &request);
+}
+
+void GridWindow::drawInto(HDC context, const RECT& area) {
+    painter_.paint(context, area, grid_,
+                   {.window = window(),
+                    .font = pointerIn<HFONT>(GetWindowLongPtrA(window(), fontSlot)),
+                    .dpi = dpi(),
+                    .enabled = IsWindowEnabled(window()) != FALSE,
+                    .focused = GetFocus() == window()});
+}
+
+void GridWindow::changed(Property property) {
+    switch (property) {
+    case Property::Cells:
+    case Property::Selection:
+        showScrollBar();
+        InvalidateRect(window(), nullptr, FALSE);
+        break;
+    default:
+        ControlWindow::changed(property);
+        break;
+    }
+}
+
+void GridWindow::resolutionChanged() {
+    ControlWindow::resolutionChanged();
+    painter_.forgetFonts();
+    changed(Property::Cells);
+}
+
+void GridWindow::showScrollBar() {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMin = 1;
+    info.nMax = grid_.rows() - 1;
+    info.nPage = static_cast<UINT>(grid_.pageRows());
+    info.nPos = grid_.topRow();
+    SetScrollInfo(window(), SB_VERT, &info, TRUE);
+}
+
+void GridWindow::userInput(const MSG& message) {
+    switch (message.message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        pressed(message.lParam);
+        break;
+    case WM_LBUTTONUP:
+        grid_.userReleased();
+        break;
+    case WM_KEYDOWN:
+        grid_.userPressedKey(static_cast<int>(message.wParam));
+        break;
+    case WM_CHAR:
+        grid_.userTyped(static_cast<char>(message.wParam));
+        break;
+    case WM_VSCROLL:
+        scrolled(LOWORD(message.wParam));
+        break;
+    case WM_MOUSEWHEEL:
+        grid_.userScrolled(grid_.topRow() - GET_WHEEL_DELTA_WPARAM(message.wParam) / WHEEL_DELTA);
+        break;
+    default:
+        break;
+    }
+}
+
+// The middle of a pixel tells for sure which side of an edge it is on.
+void GridWindow::pressed(LPARAM place) {
+    const auto middle = [this](int pixel) {
+        return toTwips(2 * (pixel + gridFrame) + 1, 2 * dpi());
+    };
+    grid_.userPressed(middle(GET_X_LPARAM(place)), middle(GET_Y_LPARAM(place)));
+}
+
+void GridWindow::scrolled(WORD how) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    GetScrollInfo(window(), SB_VERT, &info);
+    switch (how) {
+    case SB_LINEUP:
+        grid_.userScrolled(grid_.topRow() - 1);
+        break;
+    case SB_LINEDOWN:
+        grid_.userScrolled(grid_.topRow() + 1);
+        break;
+    case SB_PAGEUP:
+        grid_.userScrolled(grid_.topRow() - grid_.pageRows());
+        break;
+    case SB_PAGEDOWN:
+        grid_.userScrolled(grid_.topRow() + grid_.pageRows());
+        break;
+    case SB_TOP:
+        grid_.userScrolled(1);
+        break;
+    case SB_BOTTOM:
+        grid_.userScrolled(grid_.rows());
+        break;
+    case SB_THUMBTRACK:
+        grid_.userScrolled(info.nTrackPos);
+        break;
+    default:
+        break;
+    }
+}
+
+bool GridWindow::isFocusNotice(WORD code) const noexcept {
+    return code == gotFocus || code == lostFocus;
+}
+
+} // namespace tarnwick

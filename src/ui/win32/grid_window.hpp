@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/forms/grid.hpp"
+#include "ui/win32/control_window.hpp"
+#include "ui/win32/grid_painter.hpp"
+
+#include <windows.h>
+
+namespace tarnwick {
+
+// A grid, in a window of a class of our own: "TarnwickGrid" in a dialog resource. It has the styles
+// WS_BORDER and WS_TABSTOP.
+class GridWindow final : public ControlWindow {
+  public:
+    // Makes the class known; to be called before a dialog with a grid is made, as often as you
+    // like.
+    static void registerClass() noexcept;
+
+    GridWindow(Grid& grid, HWND window);
+    GridWindow(const GridWindow&) = delete;
+    GridWindow(GridWindow&&) = delete;
+    GridWindow& operator=(const GridWindow&) = delete;
+    GridWindow& operator=(GridWindow&&) = delete;
+    ~GridWindow() override;
+
+    void changed(Property property) override;
+    void resolutionChanged() override;
+    void userInput(const MSG& message) override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+    void paint();
+    void drawInto(HDC context, const RECT& area);
+    void pressed(LPARAM place);
+    void scrolled(WORD how);
+    void showScrollBar();
+
+    Grid& grid_;
+    GridPainter painter_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,53 @@
+#include "ui/win32/indicator_windows.hpp"
+
+#include "ui/forms/measures.hpp"
+
+#include <vector>
+
+namespace tarnwick {
+
+StatusBarWindow::StatusBarWindow(StatusBar& statusBar, HWND window)
+    : ControlWindow(statusBar, window), statusBar_(statusBar) {
+    // What lies over it is not painted over.
+    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPSIBLINGS);
+}
+
+void StatusBarWindow::changed(Property property) {
+    if (property == Property::Panels) {
+        showPanels();
+    } else if (property == Property::Text) {
+        showTexts();
+    } else {
+        ControlWindow::changed(property);
+    }
+}
+
+// It finds its place itself.
+void StatusBarWindow::formResized() {
+    SendMessageA(window(), WM_SIZE, 0, 0);
+    measure();
+}
+
+void StatusBarWindow::resolutionChanged() {
+    formResized();
+    showPanels();
+}
+
+void StatusBarWindow::showPanels() {
+    std::vector<int> rightEdges;
+    for (int panel = 1; panel <= statusBar_.panels(); ++panel) {
+        rightEdges.push_back(
+            toPixels(statusBar_.panelLeft(panel) + statusBar_.panelWidth(panel), dpi()));
+    }
+    SendMessageA(window(), SB_SETPARTS, rightEdges.size(),
+                 reinterpret_cast<LPARAM>(rightEdges.data()));
+}
+
+void StatusBarWindow::showTexts() {
+    for (int panel = 1; panel <= statusBar_.panels(); ++panel) {
+        SendMessageA(window(), SB_SETTEXTA, static_cast<WPARAM>(panel - 1),
+                     reinterpret_cast<LPARAM>(statusBar_.panelText(panel).c_str()));
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,63 @@
+#include "ui/win32/key_listener.hpp"
+
+#include "ui/forms/keys.hpp"
+#include "ui/win32/view_messages.hpp"
+
+#include <commctrl.h>
+
+namespace tarnwick {
+namespace {
+
+constexpr UINT_PTR listenerId = 1;
+
+LRESULT tellDialog(HWND window, ViewMessage what, WPARAM key) {
+    return SendMessageA(GetParent(window), what, key, reinterpret_cast<LPARAM>(window));
+}
+
+bool controlWants(HWND window, WPARAM key) {
+    return (key == Key::enter || key == Key::escape) &&
+           tellDialog(window, ViewMessage::wantsKey, key) != 0;
+}
+
+LRESULT CALLBACK listen(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                        DWORD_PTR /*data*/) {
+    switch (message) {
+    case WM_GETDLGCODE:
+        return DefSubclassProc(window, message, wParam, lParam) | dialogCodeForKey(window, lParam);
+    case WM_KEYDOWN:
+        tellDialog(window, ViewMessage::keyPressed, wParam);
+        return DefSubclassProc(window, message, wParam, lParam);
+    case WM_KEYUP: {
+        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+        tellDialog(window, ViewMessage::keyReleased, wParam);
+        return result;
+    }
+    case WM_CHAR:
+        if (controlWants(window, wParam)) { // their characters are their codes
+            return 0;                       // a field would only beep at it
+        }
+        break;
+    default:
+        break;
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+} // namespace
+
+LRESULT dialogCodeForKey(HWND window, LPARAM message) {
+    const auto* const key = pointerIn<const MSG*>(message);
+    const bool wanted =
+        key != nullptr && key->message == WM_KEYDOWN && controlWants(window, key->wParam);
+    return wanted ? DLGC_WANTMESSAGE : 0;
+}
+
+KeyListener::KeyListener(HWND window) noexcept : window_(window) {
+    SetWindowSubclass(window, listen, listenerId, 0);
+}
+
+KeyListener::~KeyListener() {
+    RemoveWindowSubclass(window_, listen, listenerId);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,116 @@
+#include "ui/win32/list_box_window.hpp"
+
+#include "ui/win32/gdi_handle.hpp"
+#include "ui/win32/redraw_pause.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tarnwick {
+
+ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
+    : ControlWindow(listBox, window), listBox_(listBox) {
+    measureCharacters();
+}
+
+int ListBoxWindow::ask(UINT message) const noexcept {
+    return static_cast<int>(SendMessageA(window(), message, 0, 0));
+}
+
+void ListBoxWindow::measureCharacters() {
+    const WindowContext context(window());
+    const Selected font(context.get(),
+                        reinterpret_cast<HGDIOBJ>(SendMessageA(window(), WM_GETFONT, 0, 0)));
+    CharacterWidths widths{};
+    GetCharWidth32A(context.get(), 0, static_cast<UINT>(widths.size() - 1), widths.data());
+    listBox_.measured(widths);
+}
+
+void ListBoxWindow::changed(Property property) {
+    switch (property) {
+    case Property::Items:
+        showItems();
+        break;
+    case Property::Selection: {
+        const RedrawPause pause(window());
+        showSelection();
+        break;
+    }
+    case Property::HorizontalExtent:
+        SendMessageA(window(), LB_SETHORIZONTALEXTENT,
+                     static_cast<WPARAM>(listBox_.horizontalExtent()), 0);
+        break;
+    default:
+        ControlWindow::changed(property);
+        break;
+    }
+}
+
+// All of them anew, and the user stays at the place in the list.
+void ListBoxWindow::showItems() {
+    constexpr std::size_t bytesOfMostNames = 32;
+    const RedrawPause pause(window());
+    const int top = ask(LB_GETTOPINDEX);
+    const int caret = ask(LB_GETCARETINDEX);
+    const std::vector<std::string>& items = listBox_.items();
+    SendMessageA(window(), LB_RESETCONTENT, 0, 0);
+    SendMessageA(window(), LB_INITSTORAGE, items.size(),
+                 static_cast<LPARAM>(items.size() * bytesOfMostNames));
+    for (const std::string& item : items) {
+        SendMessageA(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    }
+    if (!items.empty()) {
+        const int last = static_cast<int>(items.size()) - 1;
+        showSelection();
+        SendMessageA(window(), LB_SETCARETINDEX, static_cast<WPARAM>(std::clamp(caret, 0, last)),
+                     FALSE);
+        SendMessageA(window(), LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top, 0, last)), 0);
+    }
+}
+
+// One message for each run of selected items.
+void ListBoxWindow::showSelection() {
+    SendMessageA(window(), LB_SETSEL, FALSE, -1);
+    if (listBox_.selectedCount() == 0) {
+        return;
+    }
+    const std::vector<bool>& selected = listBox_.selection();
+    for (auto first = std::ranges::find(selected, true); first != selected.end();) {
+        const auto end = std::find(first, selected.end(), false);
+        const auto from = first - selected.begin();
+        const auto to = end - selected.begin() - 1;
+        if (from == to) {
+            SendMessageA(window(), LB_SETSEL, TRUE, from);
+        } else {
+            SendMessageA(window(), LB_SELITEMRANGEEX, static_cast<WPARAM>(from), to);
+        }
+        first = std::find(end, selected.end(), true);
+    }
+}
+
+std::vector<int> ListBoxWindow::selection() const {
+    std::vector<int> indices(static_cast<std::size_t>(std::max(0, ask(LB_GETSELCOUNT))));
+    const LRESULT count = SendMessageA(window(), LB_GETSELITEMS, indices.size(),
+                                       reinterpret_cast<LPARAM>(indices.data()));
+    indices.resize(static_cast<std::size_t>(std::max<LRESULT>(0, count)));
+    return indices;
+}
+
+void ListBoxWindow::notified(WORD code) {
+    if (code == LBN_SELCHANGE) {
+        listBox_.userSelected(selection());
+    } else if (code == LBN_DBLCLK) {
+        listBox_.userDoubleClicked();
+    }
+}
+
+bool ListBoxWindow::isFocusNotice(WORD code) const noexcept {
+    return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+}
+
+void ListBoxWindow::resolutionChanged() {
+    ControlWindow::resolutionChanged();
+    measureCharacters();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/forms/list_box.hpp"
+#include "ui/win32/control_window.hpp"
+
+#include <vector>
+
+namespace tarnwick {
+
+// A list box with the styles LBS_EXTENDEDSEL and LBS_NOTIFY.
+class ListBoxWindow final : public ControlWindow {
+  public:
+    ListBoxWindow(ListBox& listBox, HWND window);
+
+    void changed(Property property) override;
+    void resolutionChanged() override;
+    void notified(WORD code) override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+
+  private:
+    [[nodiscard]] int ask(UINT message) const noexcept;
+    void measureCharacters();
+    void showItems();
+    void showSelection();
+    [[nodiscard]] std::vector<int> selection() const;
+
+    ListBox& listBox_;
+};
+
+} // namespace tarnwick

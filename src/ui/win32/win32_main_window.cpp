@@ -1,0 +1,108 @@
+#include "ui/win32/win32_main_window.hpp"
+
+#include "platform/run_time_error.hpp"
+#include "ui/forms/measures.hpp"
+#include "ui/win32/form_view.hpp"
+
+#include <cstdint>
+
+namespace tarnwick {
+namespace {
+
+class MainView final : public FormView {
+  public:
+    explicit MainView(Form& form) : FormView(form) {}
+    MainView(const MainView&) = delete;
+    MainView(MainView&&) = delete;
+    MainView& operator=(const MainView&) = delete;
+    MainView& operator=(MainView&&) = delete;
+    ~MainView() override {
+        if (dialog() != nullptr) { // what showing it has raised is on its way
+            DestroyWindow(dialog());
+            form().detach();
+            form().hide();
+        }
+    }
+
+    [[nodiscard]] HWND make() {
+        HWND window = CreateDialogParamA(GetModuleHandleA(nullptr), form().name().c_str(), nullptr,
+                                         &MainView::procedure,
+                                         reinterpret_cast<LPARAM>(static_cast<FormView*>(this)));
+        if (window == nullptr && !failed()) {
+            const DWORD code = GetLastError();
+            throw RunTimeError(ErrorNumber::InternalError, static_cast<std::int32_t>(code));
+        }
+        return window;
+    }
+
+    void showWindow() {
+        if (failed()) {
+            return;
+        }
+        form().show();
+        if (isOpen()) {
+            ShowWindow(dialog(), SW_SHOWNORMAL);
+            showFocus();
+        }
+    }
+
+    [[nodiscard]] bool isOpen() const noexcept { return form().visible() && !failed(); }
+
+    void end() {
+        DestroyWindow(dialog());
+        release();
+    }
+
+  private:
+    void made() override {
+        bind();
+        if (HICON icon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
+            icon != nullptr) {
+            SendMessageA(dialog(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+        }
+    }
+
+    // The window is destroyed when the program's events have come to their end: it is still needed
+    // by whoever is at work in a handler.
+    void close() noexcept override { ShowWindow(dialog(), SW_HIDE); }
+
+    // What the form says, as long as the window is that large in pixels.
+    [[nodiscard]] Size windowSize() const noexcept override {
+        RECT now{};
+        GetWindowRect(dialog(), &now);
+        const auto inTwips = [this](int pixels, int asked) {
+            return toPixels(asked, dpi()) == pixels ? asked : toTwips(pixels, dpi());
+        };
+        return {.width = inTwips(now.right - now.left, form().window().width),
+                .height = inTwips(now.bottom - now.top, form().window().height)};
+    }
+
+    void applySize() noexcept override {
+        const Bounds& wanted = form().window();
+        SetWindowPos(dialog(), nullptr, 0, 0, toPixels(wanted.width, dpi()),
+                     toPixels(wanted.height, dpi()), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+};
+
+} // namespace
+
+void Win32MainWindow::run(Form& form) {
+    MainView view(form);
+    window_ = view.make();
+    view.showWindow();
+    MSG message{};
+    while (view.isOpen() && GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (!handles(message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+    }
+    window_ = nullptr;
+    view.end();
+}
+
+bool Win32MainWindow::handles(MSG& message) {
+    return window_ != nullptr && IsDialogMessageA(window_, &message) != FALSE;
+}
+
+} // namespace tarnwick

@@ -1,5 +1,7 @@
 #include "ui/forms/captioned.hpp"
 
+#include "ui/forms/keys.hpp"
+
 namespace tarnwick {
 
 Captioned::Captioned(Form& form, std::string_view name, std::string_view caption)
@@ -12,6 +14,16 @@ void Captioned::setCaption(std::string_view caption) {
 void Clickable::userClicked() {
     if (isUsable()) {
         raise(Click);
+    }
+}
+
+bool LinkLabel::wantsKey(int keyCode) const {
+    return keyCode == Key::enter;
+}
+
+void LinkLabel::userPressedKey(int keyCode) {
+    if (wantsKey(keyCode)) {
+        userClicked();
     }
 }
 

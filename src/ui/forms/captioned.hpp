@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ui/forms/control.hpp"
+#include "ui/forms/font.hpp"
 
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarnwick {
 
@@ -37,6 +39,21 @@ class Label final : public Captioned {
   public:
     using Captioned::Captioned;
     [[nodiscard]] bool isFocusable() const noexcept override { return false; }
+
+    [[nodiscard]] const Font& font() const noexcept { return font_; }
+    void setFont(Font font) { set(font_, std::move(font), Property::Font); }
+
+  private:
+    Font font_;
+};
+
+// A caption to click that looks like a link: all of it is text, "&" included. It takes Enter as
+// well as the space bar.
+class LinkLabel final : public Clickable {
+  public:
+    using Clickable::Clickable;
+    [[nodiscard]] bool wantsKey(int keyCode) const override;
+    void userPressedKey(int keyCode) override;
 };
 
 // A titled line around a group of controls. It does not own them: they are enabled and disabled

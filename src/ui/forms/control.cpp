@@ -37,6 +37,14 @@ void Control::setFocus() {
     }
 }
 
+void Control::userMovedMouse() {
+    if (MouseMove && isUsable() && form_.visible()) {
+        MouseMove();
+    } else {
+        form_.userMovedMouse();
+    }
+}
+
 void Control::tellView(Property property) {
     if (view_ != nullptr) {
         view_->changed(property);

@@ -67,8 +67,12 @@ class Control {
     void attach(View& view) noexcept { view_ = &view; }
     void detach() noexcept { view_ = nullptr; }
 
+    // The mouse was moved over it. A control without a handler of its own leaves that to the form.
+    void userMovedMouse();
+
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
+    std::function<void()> MouseMove;
 
   protected:
     void tellView(Property property);

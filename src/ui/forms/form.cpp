@@ -232,6 +232,12 @@ void Form::userResized(Size window, WindowState state) {
     }
 }
 
+void Form::userMovedMouse() {
+    if (visible_) {
+        raise(MouseMove);
+    }
+}
+
 void Form::tellView(Property property) {
     if (view_ != nullptr) {
         view_->changed(property);

@@ -17,7 +17,8 @@ enum class WindowState { Normal, Minimized, Maximized };
 
 enum class MousePointer {
     Default,
-    Busy, // the program works, and the user may go on
+    Busy,          // the program works, and the user may go on
+    ArrowQuestion, // there is more to read behind this
 };
 
 // A window as data: its caption, its controls, and which of them has the focus. A form of the
@@ -83,6 +84,7 @@ class Form {
     std::function<void()> Load;   // before it is shown for the first time
     std::function<void()> Resize; // after it was shown, and whenever its size has changed
     std::function<void()> Unload;
+    std::function<void()> MouseMove; // over no control, or over one that has no handler for it
 
     // For presenters: the window's and the screen's size, before show().
     void measured(Size window, Size screen) noexcept;
@@ -107,6 +109,7 @@ class Form {
     // The window's close button, or what stands for it.
     void userClosed();
     void userResized(Size window, WindowState state);
+    void userMovedMouse();
 
     // The view must outlive its attachment. There is one at a time.
     void attach(View& view) noexcept { view_ = &view; }

@@ -1,20 +1,13 @@
 #pragma once
 
 #include "ui/forms/control.hpp"
+#include "ui/forms/font.hpp"
 
 #include <functional>
 #include <string>
 #include <string_view>
 
 namespace tarnwick {
-
-// A font by name; an empty name is the form's own font.
-struct Font {
-    std::string name;
-    int points = 0;
-
-    bool operator==(const Font&) const = default;
-};
 
 // A field to type into, of one line or of several (divided by CR LF). Positions count 8-bit
 // characters from 0.

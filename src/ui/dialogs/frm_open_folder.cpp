@@ -1,0 +1,148 @@
+#include "ui/dialogs/frm_open_folder.hpp"
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "common/trap.hpp"
+#include "platform/run_time_error.hpp"
+#include "ui/forms/folder_path.hpp"
+
+#include <functional>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view formName = "frmOpenFolder";
+constexpr std::string_view warningTitle = "Warning!";
+
+} // namespace
+
+frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop)
+    : Form(formName, "Open Folder"),
+      drvPath(*this, "drvPath", files),
+      DirPath(*this, "DirPath", files),
+      files_(files),
+      desktop_(desktop) {
+    txtPath.setAccessibleName("Path");
+    connectEvents();
+}
+
+void frmOpenFolder::connectEvents() {
+    // Every event procedure traps its own errors, and reports them under its declaration line.
+    const auto connect = [this](std::function<void()>& event, std::string_view procedure,
+                                void (frmOpenFolder::*body)()) {
+        event = [this, procedure, body] {
+            trap(desktop_, formName, procedure, [&] { (this->*body)(); });
+        };
+    };
+    connect(Load, "Private Sub Form_Load()", &frmOpenFolder::Form_Load);
+    connect(drvPath.Change, "Private Sub drvPath_Change()", &frmOpenFolder::drvPath_Change);
+    connect(DirPath.Change, "Private Sub DirPath_Change()", &frmOpenFolder::DirPath_Change);
+    connect(txtPath.Change, "Private Sub txtPath_Change()", &frmOpenFolder::txtPath_Change);
+    connect(txtPath.LostFocus, "Private Sub txtPath_LostFocus()",
+            &frmOpenFolder::txtPath_LostFocus);
+    connect(cmdNew.Click, "Private Sub cmdNew_Click()", &frmOpenFolder::cmdNew_Click);
+    connect(cmdOK.Click, "Private Sub cmdOK_Click()", &frmOpenFolder::cmdOK_Click);
+    connect(cmdCancel.Click, "Private Sub cmdCancel_Click()", &frmOpenFolder::cmdCancel_Click);
+    // Trying once more tells the user why the folder does not open.
+    DirPath.Refused = [this](const std::string& path) {
+        trap(desktop_, formName, "Private Sub DirPath_Change()", [&] { DirPath.setPath(path); });
+    };
+}
+
+void frmOpenFolder::Form_Load() {
+    centreOnScreen();
+    if (FolderExists(files_, startFolder_)) {
+        showFolder(startFolder_);
+    }
+    DirPath_Change(); // wherever the lists start, the field says it
+}
+
+// The folder list goes first: a change of drive then finds it on that drive already, and leaves it
+// where it is.
+void frmOpenFolder::showFolder(std::string_view folder) {
+    const std::string path(folder); // may be the field's text, which follows the list
+    DirPath.setPath(path);
+    drvPath.setDrive(path);
+}
+
+void frmOpenFolder::drvPath_Change() {
+    const std::string drive = drvPath.drive();
+    if (drive == driveOf(DirPath.path())) {
+        return;
+    }
+    // A drive that is not ready is not shown as the chosen one.
+    drvPath.setDrive(DirPath.path());
+    DirPath.setPath(drive);
+    drvPath.setDrive(drive);
+}
+
+void frmOpenFolder::DirPath_Change() {
+    txtPath.setText(DirPath.path());
+    txtPath.selectAll();
+}
+
+void frmOpenFolder::txtPath_Change() {
+    bPathChanged_ = true;
+}
+
+void frmOpenFolder::txtPath_LostFocus() {
+    if (trim(txtPath.text()).empty()) {
+        txtPath.setText(DirPath.path());
+    } else if (bPathChanged_ && acceptPath()) {
+        showFolder(txtPath.text());
+    }
+}
+
+// Whether the field names a folder; else the user is told, and is back in the field.
+bool frmOpenFolder::acceptPath() {
+    txtPath.setText(trim(txtPath.text()));
+    if (FolderExists(files_, txtPath.text())) {
+        return true;
+    }
+    showWarning(desktop_, "Invalid Folder!\rPlease enter a valid Folder.", warningTitle);
+    txtPath.selectAll();
+    txtPath.setFocus();
+    return false;
+}
+
+void frmOpenFolder::cmdNew_Click() {
+    if (!acceptPath()) {
+        return;
+    }
+    const std::string path = txtPath.text();
+    const std::string answer =
+        desktop_.askForText("Current Path:  " + path + "\r\n\r\nNew Folder Name:", "New Folder");
+    const std::string_view name = trim(answer);
+    if (name.empty()) {
+        return;
+    }
+    const std::string folder = withBackslash(path).append(name);
+    createIfPossible(folder);
+    if (!FolderExists(files_, folder)) {
+        showWarning(desktop_, "Could not create the new folder " + folder, warningTitle);
+        return;
+    }
+    showFolder(folder);
+}
+
+// Whether the folder is there afterwards is what counts: one that was there before is fine too.
+void frmOpenFolder::createIfPossible(std::string_view folder) {
+    try {
+        files_.createFolder(folder);
+    } catch (const RunTimeError&) {
+        return;
+    }
+}
+
+void frmOpenFolder::cmdOK_Click() {
+    if (acceptPath()) {
+        result_ = txtPath.text();
+        hide();
+    }
+}
+
+void frmOpenFolder::cmdCancel_Click() {
+    unload();
+}
+
+} // namespace tarnwick

@@ -1,7 +1,7 @@
 # Sourced by run.sh: what a user does with the dialogs, and what must come of it.
 
 lay_out_tools() {
-    mkdir -p "$drive/gallery/logs"
+    mkdir -p "$drive/gallery/logs" "$drive/gallery/maps/north"
     touch "$drive/gallery/mp.exe" "$drive/gallery/cns.exe" "$drive/gallery/mp2.exe"
 }
 
@@ -200,6 +200,164 @@ test_options_logging_by_mouse_and_by_keyboard() {
     expect_result 'bConvertHyperlinks=0'
 }
 
+# double_click_row LIST ROW: counted from 0, of a list whose rows are 285 twips high.
+double_click_row() {
+    local height
+    height=$(sed -n "s/^$1 .* //p" "$work/layout")
+    move_to "$1" $((285 * $2 + 160 - height / 2))
+    xdotool click --repeat 2 --delay 80 1
+    sleep 0.5
+}
+
+open_picker() {
+    start_dialog folder 'Open HTML Folder'
+}
+
+test_folder_enter_accepts_the_start_folder_and_escape_gives_nothing() {
+    open_picker
+    picture_of "$dialog" folder
+    key Return
+    expect_end
+    expect_result 'folder=C:\gallery'
+    open_picker
+    key Escape
+    expect_end
+    expect_result 'folder='
+    open_picker
+    key alt+F4
+    expect_end
+    expect_result 'folder='
+}
+
+test_folder_a_wrong_path_is_refused_and_can_be_typed_over() {
+    open_picker
+    type_text 'C:\nowhere'
+    key Tab
+    expect_window 'Warning!'
+    picture_of "$found" folder-refusal
+    key Return
+    expect_no_window 'Warning!'
+    key Return # OK is no way round it
+    expect_window 'Warning!'
+    key Return
+    expect_no_window 'Warning!'
+    type_text 'C:\gallery\logs'
+    click cmdOK
+    expect_end
+    expect_result 'folder=C:\gallery\logs'
+}
+
+test_folder_cancel_is_not_held_up_by_a_wrong_path() {
+    open_picker
+    type_text 'C:\nowhere'
+    click cmdCancel
+    expect_no_window 'Warning!'
+    expect_end
+    expect_result 'folder='
+}
+
+test_folder_the_list_is_worked_by_keyboard() {
+    open_picker
+    key alt+f Down Down Return # past logs to maps, which opens
+    picture_of "$dialog" folder-opened
+    key Down Return
+    key alt+o
+    expect_end
+    expect_result 'folder=C:\gallery\maps\north'
+}
+
+test_folder_a_double_click_opens() {
+    open_picker
+    double_click_row DirPath 3 # C:, gallery, logs, maps
+    click cmdOK
+    expect_end
+    expect_result 'folder=C:\gallery\maps'
+}
+
+test_folder_the_drive_list_shows_the_drives_root() {
+    open_picker
+    key alt+d z # Wine's second drive
+    click cmdOK
+    expect_end
+    expect_result 'folder=Z:\'
+    expect_result 'drive=Z:'
+}
+
+test_folder_a_new_folder_becomes_the_current_one() {
+    rm -rf "$drive/gallery/new maps"
+    open_picker
+    key alt+n
+    expect_window 'New Folder'
+    picture_of "$found" folder-new
+    type_text 'new maps'
+    key Return
+    expect_no_window 'New Folder'
+    key alt+o
+    expect_end
+    expect_result 'folder=C:\gallery\new maps'
+    [ -d "$drive/gallery/new maps" ] || fail 'there is no new folder'
+    rmdir "$drive/gallery/new maps"
+    open_picker
+    key alt+n
+    expect_window 'New Folder'
+    type_text 'mp.exe'
+    key Return
+    expect_window 'Warning!'
+    picture_of "$found" folder-not-created
+    key Return
+    expect_no_window 'Warning!'
+    key Escape
+    expect_end
+}
+
+test_about_closes_by_enter_escape_button_and_close_box() {
+    for way in Return Escape alt+F4; do
+        start_dialog about 'About Tarnwick'
+        picture_of "$dialog" about
+        key "$way"
+        expect_end
+        expect_result 'pointer=default'
+    done
+    start_dialog about 'About Tarnwick'
+    click cmdOK
+    expect_end
+}
+
+test_about_the_link_opens_the_address_by_mouse_and_by_keyboard() {
+    start_dialog about 'About Tarnwick'
+    click lblLink
+    expect_open
+    picture_of "$dialog" about-link
+    key Escape
+    expect_end
+    expect_result 'opened=https://www.corvane.example/mp/doc/mp.html'
+    expect_result 'pointer=arrow and question mark'
+    start_dialog about 'About Tarnwick'
+    key Tab Return space
+    expect_open
+    key Escape
+    expect_end
+    [ "$(grep -c '^opened=' "$work/result")" = 2 ] ||
+        fail "Enter and the space bar do not open it: $(cat "$work/result")"
+}
+
+test_about_the_pointer_tells_the_link_from_the_rest() {
+    start_dialog about 'About Tarnwick'
+    for other in Label2 picLogo lblVersionNum cmdOK; do
+        move_to lblLink
+        move_to "$other"
+    done
+    key Escape
+    expect_end
+    expect_result 'pointer=default'
+    start_dialog about 'About Tarnwick'
+    move_to Label2
+    move_to lblLink
+    key Escape
+    expect_end
+    expect_result 'pointer=arrow and question mark'
+}
+
 take_pictures_at() {
     set_resolution "$1"
     start_dialog options Options
@@ -208,6 +366,14 @@ take_pictures_at() {
     expect_end
     start_dialog help "Command Line Help on Tarnwick"
     picture_of "$dialog" "help-$1dpi"
+    click cmdOK
+    expect_end
+    start_dialog folder 'Open HTML Folder'
+    picture_of "$dialog" "folder-$1dpi"
+    click cmdCancel
+    expect_end
+    start_dialog about 'About Tarnwick'
+    picture_of "$dialog" "about-$1dpi"
     click cmdOK
     expect_end
 }

@@ -1,18 +1,21 @@
 // dialog_gallery errors RESULT LAYOUT: writes into RESULT how forms end that cannot be shown.
 //
-// dialog_gallery options|help RESULT LAYOUT: shows one dialog in its real window. Once it is laid
-// out, the file LAYOUT says where each control is, for somebody with a mouse: "name x y", the
-// middle of the control in twips. When the dialog is gone, RESULT says what it left of the
-// definition.
+// dialog_gallery options|help|folder|about RESULT LAYOUT: shows one dialog in its real window. Once
+// it is laid out, the file LAYOUT says where each control is, for somebody with a mouse: "name x y
+// height", the middle of the control and its height in twips. When the dialog is gone, RESULT says
+// what came of it.
 
 #include "definition/batch_definition.hpp"
 #include "platform/run_time_error.hpp"
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
+#include "ui/dialogs/frm_about.hpp"
 #include "ui/dialogs/frm_display_command_line_help.hpp"
+#include "ui/dialogs/frm_open_folder.hpp"
 #include "ui/dialogs/frm_options.hpp"
 #include "ui/win32/win32_form_presenter.hpp"
 
+#include <cstdint>
 #include <exception>
 #include <fstream>
 #include <string>
@@ -48,9 +51,47 @@ void writeLayoutWhenShown(Form& form, const std::string& layoutFile) {
         for (const Control* const control : form.controls()) {
             const Bounds& bounds = control->bounds();
             out << control->name() << ' ' << bounds.left + bounds.width / 2 << ' '
-                << bounds.top + bounds.height / 2 << '\n';
+                << bounds.top + bounds.height / 2 << ' ' << bounds.height << '\n';
         }
     };
+}
+
+// Opens no document, but says which one it was told to open.
+class TellingDesktop final : public Win32Desktop {
+  public:
+    explicit TellingDesktop(std::ostream& out) : out_(out) {}
+
+    std::int32_t openDocument(std::string_view document,
+                              std::string_view /*workingFolder*/) override {
+        out_ << "opened=" << document << '\n';
+        return 42; // success
+    }
+
+  private:
+    std::ostream& out_;
+};
+
+void showFolderPicker(std::ostream& out, const std::string& layoutFile) {
+    Win32Files files;
+    Win32Desktop desktop;
+    frmOpenFolder form(files, desktop);
+    form.setStartFolder("C:\\gallery");
+    form.setCaption("Open HTML Folder");
+    writeLayoutWhenShown(form, layoutFile);
+    Win32FormPresenter().showModal(form);
+    out << "folder=" << form.result() << '\n' << "drive=" << form.drvPath.drive() << '\n';
+}
+
+void showAbout(std::ostream& out, const std::string& layoutFile) {
+    TellingDesktop desktop(out);
+    frmAbout form(desktop, {.left = 3000, .top = 2000, .width = 12735, .height = 8460},
+                  "https://www.corvane.example/mp/doc/mp.html");
+    writeLayoutWhenShown(form, layoutFile);
+    Win32FormPresenter().showModal(form);
+    out << "pointer="
+        << (form.mousePointer() == MousePointer::ArrowQuestion ? "arrow and question mark"
+                                                               : "default")
+        << '\n';
 }
 
 std::string errorOfShowing(Form& form) {
@@ -79,27 +120,36 @@ void printErrors(std::ostream& out) {
     out << "unloaded=" << errorOfShowing(unloading) << '\n';
 }
 
-bool run(std::string_view dialog, const std::string& resultFile, const std::string& layoutFile) {
+void showOptions(std::ostream& out, const std::string& layoutFile) {
     const Win32Files files;
     Win32Desktop desktop;
-    Win32FormPresenter presenter;
     BatchDefinition shown = definition();
-    if (dialog == "options") {
-        frmOptions form(shown, files, desktop);
-        writeLayoutWhenShown(form, layoutFile);
-        presenter.showModal(form);
-    } else if (dialog == "help") {
-        frmDisplayCommandLineHelp form;
-        writeLayoutWhenShown(form, layoutFile);
-        presenter.showModal(form);
-    } else if (dialog != "errors") {
-        return false;
-    }
+    frmOptions form(shown, files, desktop);
+    writeLayoutWhenShown(form, layoutFile);
+    Win32FormPresenter().showModal(form);
+    print(out, shown);
+}
+
+void showHelp(const std::string& layoutFile) {
+    frmDisplayCommandLineHelp form;
+    writeLayoutWhenShown(form, layoutFile);
+    Win32FormPresenter().showModal(form);
+}
+
+bool run(std::string_view dialog, const std::string& resultFile, const std::string& layoutFile) {
     std::ofstream out(resultFile, std::ios::binary);
-    if (dialog == "errors") {
+    if (dialog == "options") {
+        showOptions(out, layoutFile);
+    } else if (dialog == "help") {
+        showHelp(layoutFile);
+    } else if (dialog == "folder") {
+        showFolderPicker(out, layoutFile);
+    } else if (dialog == "about") {
+        showAbout(out, layoutFile);
+    } else if (dialog == "errors") {
         printErrors(out);
     } else {
-        print(out, shown);
+        return false;
     }
     return out.good();
 }

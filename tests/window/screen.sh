@@ -106,11 +106,16 @@ expect_result() {
 key() { xdotool key --clearmodifiers "$@"; sleep 0.3; }
 type_text() { xdotool type --delay 15 -- "$1"; sleep 0.3; }
 
-# click CONTROL: into the middle of it, in $dialog.
+# move_to CONTROL [DOWN]: the mouse, to the middle of it in $dialog, or DOWN twips below that.
+move_to() {
+    local x y _
+    read -r x y _ < <(sed -n "s/^$1 //p" "$work/layout") || fail "no control $1"
+    xdotool mousemove --window "$dialog" $((x * dpi / 1440)) $(((y + ${2:-0}) * dpi / 1440))
+    sleep 0.2
+}
 click() {
-    local x y
-    read -r x y < <(sed -n "s/^$1 //p" "$work/layout") || fail "no control $1"
-    xdotool mousemove --window "$dialog" $((x * dpi / 1440)) $((y * dpi / 1440)) click 1
+    move_to "$1"
+    xdotool click 1
     sleep 0.5
 }
 picture_of() { import -window "$1" "$pictures/$2.png" || fail "no picture $2"; }

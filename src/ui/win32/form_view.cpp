@@ -29,6 +29,17 @@ WindowState stateOf(WPARAM kind) noexcept {
     }
 }
 
+LPCSTR cursorOf(MousePointer pointer) noexcept {
+    switch (pointer) {
+    case MousePointer::Busy:
+        return IDC_APPSTARTING;
+    case MousePointer::ArrowQuestion:
+        return IDC_HELP;
+    default:
+        return IDC_ARROW;
+    }
+}
+
 } // namespace
 
 // An exception must not pass through the system's code: it ends the dialog, and is raised again
@@ -89,7 +100,8 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         resized(wParam);
         return true;
     case WM_SETCURSOR:
-        return showPointer(lParam);
+        mouseOver(pointerIn<HWND>(static_cast<LONG_PTR>(wParam)), LOWORD(lParam));
+        return showPointer(LOWORD(lParam));
     case WM_DRAWITEM:
         if (ControlWindow* const drawn = find(pointerIn<const DRAWITEMSTRUCT*>(lParam)->hwndItem);
             drawn != nullptr) {
@@ -236,19 +248,30 @@ void FormView::changed(Property property) {
     } else if (property == Property::Menu) {
         menuBar_.refresh();
     } else if (property == Property::Pointer) {
-        SetCursor(LoadCursorA(nullptr, form_.mousePointer() == MousePointer::Busy ? IDC_APPSTARTING
-                                                                                  : IDC_ARROW));
+        SetCursor(LoadCursorA(nullptr, cursorOf(form_.mousePointer())));
     } else if (property == Property::Visible && !form_.visible()) {
         close();
     }
 }
 
-// The controls ask their window for the pointer before they show their own.
-bool FormView::showPointer(LPARAM hit) const noexcept {
-    if (form_.mousePointer() != MousePointer::Busy || LOWORD(hit) != HTCLIENT) {
+// The windows under the mouse ask the dialog for the pointer whenever it moves, before they show
+// their own.
+void FormView::mouseOver(HWND window, WORD hit) {
+    if (hit != HTCLIENT) {
+        return;
+    }
+    if (const ControlWindow* const bound = find(window); bound != nullptr) {
+        bound->control().userMovedMouse();
+    } else if (window == dialog_) {
+        form_.userMovedMouse();
+    }
+}
+
+bool FormView::showPointer(WORD hit) const noexcept {
+    if (form_.mousePointer() == MousePointer::Default || hit != HTCLIENT) {
         return false;
     }
-    SetCursor(LoadCursorA(nullptr, IDC_APPSTARTING));
+    SetCursor(LoadCursorA(nullptr, cursorOf(form_.mousePointer())));
     answer(TRUE);
     return true;
 }

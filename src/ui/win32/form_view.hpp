@@ -65,7 +65,8 @@ class FormView : public View {
     void measureFrame();
     void place();
     void resolutionChanged();
-    [[nodiscard]] bool showPointer(LPARAM hit) const noexcept;
+    void mouseOver(HWND window, WORD hit);
+    [[nodiscard]] bool showPointer(WORD hit) const noexcept;
     void answer(LRESULT result) const noexcept;
 
     [[nodiscard]] ControlWindow* find(HWND window) const noexcept;

@@ -7,7 +7,10 @@
 #include "ui/win32/folder_list_window.hpp"
 #include "ui/win32/grid_window.hpp"
 #include "ui/win32/indicator_windows.hpp"
+#include "ui/win32/label_window.hpp"
+#include "ui/win32/link_label_window.hpp"
 #include "ui/win32/list_box_window.hpp"
+#include "ui/win32/picture_window.hpp"
 #include "ui/win32/text_box_window.hpp"
 
 namespace tarnwick {
@@ -27,7 +30,9 @@ std::unique_ptr<ControlWindow> makeControlWindow(Control& control, HWND window) 
     const auto makers = {
         make<TextBox, TextBoxWindow>,
         make<CheckBox, CheckBoxWindow>,
+        make<LinkLabel, LinkLabelWindow>,
         make<Clickable, ClickableWindow>,
+        make<Label, LabelWindow>,
         make<Captioned, CaptionedWindow>,
         make<ListBox, ListBoxWindow>,
         make<ComboBox, ComboBoxWindow>,
@@ -36,6 +41,7 @@ std::unique_ptr<ControlWindow> makeControlWindow(Control& control, HWND window) 
         make<FolderList, FolderListWindow>,
         make<StatusBar, StatusBarWindow>,
         make<ProgressBar, ProgressBarWindow>,
+        make<Picture, PictureWindow>,
         make<Line, ControlWindow>,
     };
     for (const auto maker : makers) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/win32/clickable_window.hpp"
+#include "ui/win32/gdi_handle.hpp"
+#include "ui/win32/key_listener.hpp"
+
+#include <windows.h>
+
+namespace tarnwick {
+
+// A push button with the styles BS_OWNERDRAW and BS_NOTIFY, drawn as a link and as wide as its
+// text.
+class LinkLabelWindow final : public ClickableWindow {
+  public:
+    LinkLabelWindow(LinkLabel& link, HWND window)
+        : ClickableWindow(link, window), link_(link), keys_(window) {}
+
+    void changed(Property property) override;
+    void resolutionChanged() override;
+    void keyPressed(int keyCode) override;
+    void drawItem(const DRAWITEMSTRUCT& item) override;
+
+  private:
+    void fit();
+
+    LinkLabel& link_;
+    KeyListener keys_;
+    GdiHandle<HFONT> font_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,37 @@
+#include "ui/win32/picture_window.hpp"
+
+#include "platform/run_time_error.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+
+PictureWindow::PictureWindow(Picture& picture, HWND window)
+    : ControlWindow(picture, window), picture_(picture) {
+    showIcon();
+}
+
+void PictureWindow::resolutionChanged() {
+    ControlWindow::resolutionChanged();
+    showIcon();
+}
+
+void PictureWindow::showIcon() {
+    if (picture_.image().empty()) {
+        return;
+    }
+    RECT area{};
+    GetClientRect(window(), &area);
+    const int size = static_cast<int>(std::min(area.right, area.bottom));
+    decltype(icon_) icon(
+        static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), picture_.image().c_str(),
+                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    if (icon == nullptr) {
+        throw RunTimeError(ErrorNumber::InternalError);
+    }
+    SendMessageA(window(), STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    icon_ = std::move(icon);
+}
+
+} // namespace tarnwick

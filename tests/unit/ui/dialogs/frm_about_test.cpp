@@ -129,23 +129,5 @@ TEST(AboutErrors, An_error_on_opening_is_reported_once_by_whoever_opens) {
                     .title = "Tarnwick"}));
 }
 
-TEST(AboutErrors, An_error_in_that_report_is_the_links_own) {
-    BrokenDesktop desktop;
-    frmAbout form(desktop, {}, address);
-    form.show();
-    desktop.whileShown = [&desktop](const Message&) {
-        desktop.whileShown = nullptr;
-        desktop.messages.clear();
-        throw RunTimeError(ErrorNumber::DeviceIO);
-    };
-    form.userClicked(form.lblLink);
-    EXPECT_THAT(
-        desktop.messages,
-        ElementsAre(Message{.text = "Caller:            frmAbout - Private Sub lblLink_Click()\r\n"
-                                    "Source:            Tarnwick\r\nNumber:            57\r\n"
-                                    "Description:       Device I/O error\r\nLastDllErrorError: 0",
-                            .title = "Tarnwick"}));
-}
-
 } // namespace
 } // namespace tarnwick

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <ranges>
 #include <unordered_map>
 #include <utility>
 
@@ -29,27 +28,43 @@ Places placesOf(const std::vector<std::string>& listing) {
     return places;
 }
 
+void dropUnless(const std::vector<bool>& kept, std::vector<std::string>& names) {
+    std::size_t place = 0;
+    std::erase_if(names, [&](const std::string&) { return !kept[place++]; });
+}
+
 } // namespace
 
-void RecordSelection::load(std::vector<std::string> listing) {
-    if (!selected_.empty()) {
-        Places places = placesOf(listing);
-        std::vector<std::string> stillThere;
-        std::vector<bool> taken(listing.size(), false);
-        for (std::string& name : std::views::reverse(selected_)) {
-            const auto found = places.find(sameName(name));
-            if (found != places.end() && !found->second.empty()) {
-                taken[found->second.back()] = true;
-                found->second.pop_back();
-                stillThere.push_back(std::move(name));
-            }
-        }
-        std::ranges::reverse(stillThere);
-        selected_ = std::move(stillThere);
-        std::size_t place = 0;
-        std::erase_if(listing, [&](const std::string&) { return taken[place++]; });
+ListingMatch matchListing(const std::vector<std::string>& listing,
+                          const std::vector<std::string>& selected) {
+    ListingMatch match{.taken = std::vector<bool>(listing.size(), false),
+                       .kept = std::vector<bool>(selected.size(), false)};
+    if (selected.empty()) {
+        return match;
     }
-    available_ = std::move(listing);
+    Places places = placesOf(listing);
+    for (std::size_t i = selected.size(); i-- > 0;) {
+        const auto found = places.find(sameName(selected[i]));
+        if (found != places.end() && !found->second.empty()) {
+            match.taken[found->second.back()] = true;
+            found->second.pop_back();
+            match.kept[i] = true;
+        }
+    }
+    return match;
+}
+
+std::vector<std::string> withoutTaken(std::vector<std::string> listing,
+                                      const std::vector<bool>& taken) {
+    std::size_t place = 0;
+    std::erase_if(listing, [&](const std::string&) { return taken[place++]; });
+    return listing;
+}
+
+void RecordSelection::load(std::vector<std::string> listing) {
+    const ListingMatch match = matchListing(listing, selected_);
+    dropUnless(match.kept, selected_);
+    available_ = withoutTaken(std::move(listing), match.taken);
 }
 
 void RecordSelection::selectAll() {

@@ -28,16 +28,11 @@ Places placesOf(const std::vector<std::string>& listing) {
     return places;
 }
 
-void dropUnless(const std::vector<bool>& kept, std::vector<std::string>& names) {
-    std::size_t place = 0;
-    std::erase_if(names, [&](const std::string&) { return !kept[place++]; });
-}
-
 } // namespace
 
 ListingMatch matchListing(const std::vector<std::string>& listing,
                           const std::vector<std::string>& selected) {
-    ListingMatch match{.taken = std::vector<bool>(listing.size(), false),
+    ListingMatch match{.available = std::vector<bool>(listing.size(), true),
                        .kept = std::vector<bool>(selected.size(), false)};
     if (selected.empty()) {
         return match;
@@ -46,7 +41,7 @@ ListingMatch matchListing(const std::vector<std::string>& listing,
     for (std::size_t i = selected.size(); i-- > 0;) {
         const auto found = places.find(sameName(selected[i]));
         if (found != places.end() && !found->second.empty()) {
-            match.taken[found->second.back()] = true;
+            match.available[found->second.back()] = false;
             found->second.pop_back();
             match.kept[i] = true;
         }
@@ -54,17 +49,16 @@ ListingMatch matchListing(const std::vector<std::string>& listing,
     return match;
 }
 
-std::vector<std::string> withoutTaken(std::vector<std::string> listing,
-                                      const std::vector<bool>& taken) {
+void keepOnly(const std::vector<bool>& kept, std::vector<std::string>& names) {
     std::size_t place = 0;
-    std::erase_if(listing, [&](const std::string&) { return taken[place++]; });
-    return listing;
+    std::erase_if(names, [&](const std::string&) { return !kept[place++]; });
 }
 
 void RecordSelection::load(std::vector<std::string> listing) {
     const ListingMatch match = matchListing(listing, selected_);
-    dropUnless(match.kept, selected_);
-    available_ = withoutTaken(std::move(listing), match.taken);
+    keepOnly(match.kept, selected_);
+    keepOnly(match.available, listing);
+    available_ = std::move(listing);
 }
 
 void RecordSelection::selectAll() {

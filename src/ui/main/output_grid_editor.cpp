@@ -28,7 +28,7 @@ OutputGridEditor::OutputGridEditor(const Parts& parts, const Procedures& procedu
     parts_.txtEdit.setWantsEnterAndEscape(true);
     parts_.txtEdit.passFocusTo(parts_.grid);
     parts_.cmdEdit.passFocusTo(parts_.grid);
-    closeEditors();
+    discard();
     connectEvents();
 }
 
@@ -152,14 +152,16 @@ void OutputGridEditor::pSetCellValue() {
         grid.setText(grid.row(), grid.column(),
                      grid.column() == folderColumn ? std::string(trim(typed))
                                                    : without(typed, '*'));
-        closeEditors();
+        discard();
         window_.settingsChanged();
     });
 }
 
-void OutputGridEditor::closeEditors() {
+bool OutputGridEditor::discard() {
+    const bool wasOpen = parts_.txtEdit.visible();
     parts_.txtEdit.setVisible(false);
     parts_.cmdEdit.setVisible(false);
+    return wasOpen;
 }
 
 void OutputGridEditor::editorKeyDown(int keyCode) {
@@ -169,7 +171,7 @@ void OutputGridEditor::editorKeyDown(int keyCode) {
         moveOn();
         break;
     case Key::escape:
-        closeEditors();
+        discard();
         break;
     case Key::up:
         if (grid.row() > 1) {

@@ -9,9 +9,14 @@
 #include "platform/win32/win32_process.hpp"
 #include "platform/win32/win32_settings_store.hpp"
 #include "processing/command_line_mode.hpp"
+#include "ui/dialogs/frm_about.hpp"
 #include "ui/dialogs/frm_display_command_line_help.hpp"
 #include "ui/dialogs/frm_options.hpp"
+#include "ui/dialogs/pick_folder.hpp"
+#include "ui/main/documentation.hpp"
+#include "ui/main/frm_main.hpp"
 #include "ui/win32/win32_form_presenter.hpp"
+#include "ui/win32/win32_main_window.hpp"
 
 #include <windows.h>
 
@@ -20,60 +25,73 @@ namespace {
 
 enum ExitStatus : int { done = 0, notDone = 1 };
 
-// Everything that the system gives, for the whole run of the program.
-struct System {
-    Win32Files files;
-    Win32Desktop desktop;
-    Win32CommandInterpreter interpreter;
-    Win32PendingEvents events;
-    Win32Process process;
-    Win32SettingsStore settings;
-    Win32FormPresenter presenter;
+// The system and the dialogs, for the whole run of the program.
+class Application {
+  public:
+    ExitStatus run() {
+        ExitStatus status = notDone;
+        trap(desktop_, "frmMain", "Private Sub Form_Load()", [&] {
+            const std::string commandLine = process_.commandLine();
+            status = commandLine.empty() ? showMainWindow() : runUnattended(commandLine);
+        });
+        return status;
+    }
+
+  private:
+    void show(Form&& form) { presenter_.showModal(form); }
+
+    void showOptions(BatchDefinition& definition) {
+        show(frmOptions(definition, files_, desktop_));
+    }
+
+    // Makes no window of its own: a batch at night may have nobody's screen to show it on.
+    ExitStatus runUnattended(std::string_view commandLine) {
+        BatchDefinition definition = definitionAtStartUp(process_, files_, settings_);
+        RecordSelection records;
+        const CommandLineServices services{
+            .files = files_,
+            .desktop = desktop_,
+            .interpreter = interpreter_,
+            .events = events_,
+            .showHelp = [this] { show(frmDisplayCommandLineHelp()); },
+            .showOptions = [&] { showOptions(definition); }};
+        return RunCommandLine(definition, records, services, commandLine) ==
+                       CommandLineResult::BatchStarted
+                   ? done
+                   : notDone;
+    }
+
+    ExitStatus showMainWindow() {
+        frmMain main(
+            {.files = files_,
+             .desktop = desktop_,
+             .events = events_,
+             .process = process_,
+             .settings = settings_,
+             .pickFolder =
+                 [this](std::string_view title, std::string_view startFolder) {
+                     return pickFolder(presenter_, files_, desktop_, title, startFolder);
+                 },
+             .showOptions = [this](BatchDefinition& definition) { showOptions(definition); },
+             .showAbout = [&] { show(frmAbout(desktop_, main.window(), mpDocumentation())); }});
+        mainWindow_.run(main);
+        return done;
+    }
+
+    Win32Files files_;
+    Win32Desktop desktop_;
+    Win32CommandInterpreter interpreter_;
+    Win32Process process_;
+    Win32SettingsStore settings_;
+    Win32FormPresenter presenter_;
+    Win32MainWindow mainWindow_;
+    Win32PendingEvents events_{&mainWindow_};
 };
-
-void showHelp(System& system) {
-    frmDisplayCommandLineHelp form;
-    system.presenter.showModal(form);
-}
-
-ExitStatus runUnattended(System& system, BatchDefinition& definition, std::string_view text) {
-    RecordSelection records;
-    const CommandLineServices services{.files = system.files,
-                                       .desktop = system.desktop,
-                                       .interpreter = system.interpreter,
-                                       .events = system.events,
-                                       .showHelp = [&] { showHelp(system); },
-                                       .showOptions =
-                                           [&] {
-                                               frmOptions form(definition, system.files,
-                                                               system.desktop);
-                                               system.presenter.showModal(form);
-                                           }};
-    return RunCommandLine(definition, records, services, text) == CommandLineResult::BatchStarted
-               ? done
-               : notDone;
-}
-
-ExitStatus start(System& system) {
-    ExitStatus status = notDone;
-    trap(system.desktop, "frmMain", "Private Sub Form_Load()", [&] {
-        BatchDefinition definition =
-            definitionAtStartUp(system.process, system.files, system.settings);
-        const std::string commandLine = system.process.commandLine();
-        if (commandLine.empty()) {
-            showHelp(system); // there is no main window yet: say how a definition is run
-        } else {
-            status = runUnattended(system, definition, commandLine);
-        }
-    });
-    return status;
-}
 
 } // namespace
 } // namespace tarnwick
 
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
                    int /*show*/) {
-    tarnwick::System system;
-    return tarnwick::start(system);
+    return tarnwick::Application().run();
 }

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <ranges>
 #include <unordered_map>
 #include <utility>
 
@@ -31,29 +30,39 @@ Places placesOf(const std::vector<std::string>& listing) {
 
 } // namespace
 
-void RecordSelection::load(std::vector<std::string> listing) {
-    if (!selected_.empty()) {
-        Places places = placesOf(listing);
-        std::vector<std::string> stillThere;
-        std::vector<bool> taken(listing.size(), false);
-        for (std::string& name : std::views::reverse(selected_)) {
-            const auto found = places.find(sameName(name));
-            if (found != places.end() && !found->second.empty()) {
-                taken[found->second.back()] = true;
-                found->second.pop_back();
-                stillThere.push_back(std::move(name));
-            }
-        }
-        std::ranges::reverse(stillThere);
-        selected_ = std::move(stillThere);
-        available_.clear();
-        for (std::size_t place = 0; place < listing.size(); ++place) {
-            if (!taken[place]) {
-                available_.push_back(std::move(listing[place]));
-            }
-        }
-        return;
+ListingMatch matchListing(const std::vector<std::string>& listing,
+                          const std::vector<std::string>& selected) {
+    ListingMatch match{.available = std::vector<bool>(listing.size(), true),
+                       .kept = std::vector<bool>(selected.size(), false)};
+    if (selected.empty()) {
+        return match;
     }
+    Places places = placesOf(listing);
+    for (std::size_t i = selected.size(); i-- > 0;) {
+        const auto found = places.find(sameName(selected[i]));
+        if (found != places.end() && !found->second.empty()) {
+            match.available[found->second.back()] = false;
+            found->second.pop_back();
+            match.kept[i] = true;
+        }
+    }
+    return match;
+}
+
+void keepOnly(const std::vector<bool>& kept, std::vector<std::string>& names) {
+    std::size_t end = 0;
+    for (std::size_t place = 0; place < names.size(); ++place) {
+        if (kept[place]) {
+            std::swap(names[end++], names[place]);
+        }
+    }
+    names.resize(end);
+}
+
+void RecordSelection::load(std::vector<std::string> listing) {
+    const ListingMatch match = matchListing(listing, selected_);
+    keepOnly(match.kept, selected_);
+    keepOnly(match.available, listing);
     available_ = std::move(listing);
 }
 

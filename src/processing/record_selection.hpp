@@ -5,6 +5,20 @@
 
 namespace tarnwick {
 
+// What becomes of a selection when the folder is listed anew. A selected name stays selected when
+// the listing still holds it, without regard to case and to blanks around it.
+struct ListingMatch {
+    std::vector<bool> available; // as long as the listing: names that no selected one stands for
+    std::vector<bool> kept;      // as long as the selection: names that the listing still holds
+};
+
+// Costs in proportion to both lists. Each listed name goes with one selected name at most.
+[[nodiscard]] ListingMatch matchListing(const std::vector<std::string>& listing,
+                                        const std::vector<std::string>& selected);
+
+// Drops every name i for which kept[i] is false.
+void keepOnly(const std::vector<bool>& kept, std::vector<std::string>& names);
+
 // The records of the input folder, as two lists of file names without folder: those that may be
 // selected and those that are to be processed. Both are always sorted by name, without duplicates
 // of one another.

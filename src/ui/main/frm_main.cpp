@@ -1,0 +1,115 @@
+#include "ui/main/frm_main.hpp"
+
+#include "common/mod_main.hpp"
+#include "ui/main/frm_main_measures.hpp"
+#include "ui/main/output_rows.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// As it comes, before anybody has typed an extension.
+constexpr std::string_view designPattern = "*.sid;*.tif";
+constexpr std::string_view extensionHint = "*.met;*.txt";
+
+constexpr OutputGridEditor::Procedures mpProcedures{
+    .click = "Private Sub grdFiles_Click()",
+    .mouseDown = "Private Sub grdFiles_MouseDown",
+    .keyDown = "Private Sub grdFiles_KeyDown",
+    .keyPress = "Private Sub grdFiles_KeyPress",
+    .gotFocus = "Private Sub grdFiles_GotFocus()",
+    .leaveCell = "Private Sub grdFiles_LeaveCell()",
+    .pEditGrid = "Private Sub pEditGrid",
+    .pSetCellValue = "Private Sub pSetCellValue()",
+    .editorKeyDown = "Private Sub txtEdit_KeyDown",
+    .folderClick = "Private Sub cmdEdit_Click()",
+};
+
+// Its key-down procedure goes by the name of the other grid's in reports; that is kept.
+constexpr OutputGridEditor::Procedures cnsProcedures{
+    .click = "Private Sub grdCNS_Click()",
+    .mouseDown = "Private Sub grdCNS_MouseDown",
+    .keyDown = "Private Sub grdFiles_KeyDown",
+    .keyPress = "Private Sub grdCNS_KeyPress",
+    .gotFocus = "Private Sub grdCNS_GotFocus()",
+    .leaveCell = "Private Sub grdCNS_LeaveCell()",
+    .pEditGrid = "Private Sub pEditGridCNS",
+    .pSetCellValue = "Private Sub pSetCellValueCNS()",
+    .editorKeyDown = "Private Sub txtEditCNS_KeyDown",
+    .folderClick = "Private Sub cmdEditCNS_Click()",
+};
+
+} // namespace
+
+frmMain::frmMain(MainServices services)
+    : Form("frmMain", applicationTitle),
+      services_(std::move(services)),
+      filAvailable_(services_.files, designPattern),
+      cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, cnsProcedures,
+                  services_.desktop, outputWindow()),
+      mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, mpProcedures,
+                 services_.desktop, outputWindow()) {
+    txtInExt.setHint(extensionHint);
+    ProgressBar1.setVisible(false);
+    tarnwick::LoadDefaultGridSettings(definition_);
+    showDefinition(definition_);
+    sayNames();
+    sayHeirs();
+    connectCommands();
+    connectFields();
+    connectSelection();
+    connectGotFocus();
+    layOut({.width = mainWindow.width - windowFrame.width,
+            .height = mainWindow.height - windowFrame.height});
+    EnableMove();
+}
+
+const BatchDefinition& frmMain::definition() {
+    takeFromControls();
+    return definition_;
+}
+
+void frmMain::takeFromControls() {
+    definition_.iProcessMP = chkMP.value();
+    definition_.iProcessCNS = chkCNS.value();
+    definition_.sInputFolder = txtInput.text();
+    definition_.sInputExtensions = txtInExt.text();
+    definition_.sCNSOutputFolder = txtCNS.text();
+    definition_.sCNSOutputExtension = txtCNSExt.text();
+    definition_.bUseAliases = chkAliases.value();
+    definition_.sAliasesFile = txtAliases.text();
+    definition_.bUseConfigFile = chkCFG.value();
+    definition_.sConfigFile = txtCFG.text();
+    takeOutputs(grdFiles, definition_.MPOutputs);
+    takeOutputs(grdCNS, definition_.CNSOutputs);
+}
+
+void frmMain::showDefinition(const BatchDefinition& definition) {
+    definition_ = definition;
+    showRecord();
+    enableAll();
+    EnableOK();
+}
+
+void frmMain::commonSteps() {
+    StatusBar1.setPanelText(1, "");
+    pSetCellValue();
+    pSetCellValueCNS();
+}
+
+std::string frmMain::pickFolder(std::string_view title, std::string_view startFolder) {
+    return services_.pickFolder ? services_.pickFolder(title, startFolder) : std::string();
+}
+
+OutputGridEditor::Window frmMain::outputWindow() {
+    return {.commonSteps = [this] { commonSteps(); },
+            .settingsChanged = [this] { markChanged(); },
+            .EnableOK = [this] { EnableOK(); },
+            .pickFolder =
+                [this](std::string_view title, std::string_view startFolder) {
+                    return pickFolder(title, startFolder);
+                }};
+}
+
+} // namespace tarnwick

@@ -1,0 +1,245 @@
+#pragma once
+
+#include "definition/batch_definition.hpp"
+#include "ui/forms/button.hpp"
+#include "ui/forms/check_box.hpp"
+#include "ui/forms/combo_box.hpp"
+#include "ui/forms/file_list.hpp"
+#include "ui/forms/form.hpp"
+#include "ui/forms/grid.hpp"
+#include "ui/forms/indicators.hpp"
+#include "ui/forms/list_box.hpp"
+#include "ui/forms/status_bar.hpp"
+#include "ui/forms/text_box.hpp"
+#include "ui/main/main_services.hpp"
+#include "ui/main/output_grid_editor.hpp"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// The main window. It owns the one batch definition of the program: the settings that have a
+// control here are held by that control, the others by a record of their own.
+class frmMain final : public Form {
+  public:
+    explicit frmMain(MainServices services);
+
+    // The definition as the window shows it now.
+    [[nodiscard]] const BatchDefinition& definition();
+    // Makes it the program's definition and shows it. Lists no folder, reads no file and marks
+    // nothing as changed.
+    void showDefinition(const BatchDefinition& definition);
+
+    // Whether the program is to end: the window has been closed, a tool is missing, or a command
+    // line has been carried out.
+    [[nodiscard]] bool ended() const noexcept { return ended_; }
+
+    // Moves entries between the two lists; `Index` is the button's, from 1 (">") to 4 ("<<").
+    void cmdSelectFiles_Click(int Index);
+
+    // The one rule for the two big buttons, and the one for the four between the lists.
+    void EnableOK();
+    void EnableMove();
+
+    // Commit an edit that is going on in a grid.
+    void pSetCellValue() { mpOutputs_.pSetCellValue(); }
+    void pSetCellValueCNS() { cnsOutputs_.pSetCellValue(); }
+
+    // In the order of the focus, which follows the eye.
+    MenuItem mnuFile{*this, "mnuFile", "&File"};
+    MenuItem mnuNewINI{mnuFile, "mnuNewINI", "&New INI File..."};
+    MenuItem mnuBar3{mnuFile, "mnuBar3", "-"};
+    MenuItem mnuOpenINI{mnuFile, "mnuOpenINI", "&Open INI File..."};
+    MenuItem mnuBar1{mnuFile, "mnuBar1", "-"};
+    MenuItem mnuSaveINI{mnuFile, "mnuSaveINI", "&Save INI File"};
+    MenuItem mnuSaveAsINI{mnuFile, "mnuSaveAsINI", "Save INI File &As..."};
+    MenuItem mnuBar2{mnuFile, "mnuBar2", "-"};
+    MenuItem mnuExit{mnuFile, "mnuExit", "E&xit"};
+    MenuItem mnuTools{*this, "mnuTools", "&Tools"};
+    MenuItem mnuOptions{mnuTools, "mnuOptions", "&Options..."};
+    MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
+    MenuItem mnuHelpTarnwick{mnuHelp, "mnuHelpTarnwick", "&Tarnwick Help..."};
+    MenuItem mnuBar4{mnuHelp, "mnuBar4", "-"};
+    MenuItem mnuHelpCNS{mnuHelp, "mnuHelpCNS", "&CNS Help..."};
+    MenuItem mnuHelpMP{mnuHelp, "mnuHelpMP", "&MP Help..."};
+    MenuItem mnuBar5{mnuHelp, "mnuBar5", "-"};
+    MenuItem mnuAbout{mnuHelp, "mnuAbout", "&About Tarnwick..."};
+
+    Line linTop{*this, "linTop"};
+    Line linTop2{*this, "linTop2"};
+
+    Frame fraLanguage{*this, "fraLanguage", "&Language"};
+    ComboBox cboLanguage{
+        *this, "cboLanguage", {"English", "Spanish", "Catalan", "Indonesian", "French"}};
+
+    Frame fraCNS{*this, "fraCNS", "   "};
+    CheckBox chkCNS{*this, "chkCNS", "&CNS (pre-parser)"};
+    Label lblCNS{*this, "lblCNS", "CNS &output folder / MP input folder:"};
+    TextBox txtCNS{*this, "txtCNS"};
+    Button cmdCNS{*this, "cmdCNS", "Browse..."};
+    Label lblCNSExt{*this, "lblCNSExt", "Ex&tension:"};
+    TextBox txtCNSExt{*this, "txtCNSExt"};
+    CheckBox chkAliases{*this, "chkAliases", "&Aliases file:"};
+    TextBox txtAliases{*this, "txtAliases"};
+    Button cmdAliases{*this, "cmdAliases", "Browse..."};
+    Label lblCNSFiles{*this, "lblCNSFiles", "Output de&finition:"};
+    Grid grdCNS{*this, "grdCNS"};
+    TextBox txtEditCNS{*this, "txtEditCNS"};
+    Button cmdEditCNS{*this, "cmdEditCNS", "..."};
+
+    Frame fraMP{*this, "fraMP", "   "};
+    CheckBox chkMP{*this, "chkMP", "&MP"};
+    CheckBox chkfixdoc{*this, "chkfixdoc", "&Run special clean-up on DOCUMENT.aml output"};
+    Button cmdOutputFolder{*this, "cmdOutputFolder", "Set A&ll Folders..."};
+    Label lblMPFiles{*this, "lblMPFiles", "Output &definition:"};
+    Grid grdFiles{*this, "grdFiles"};
+    TextBox txtEdit{*this, "txtEdit"};
+    Button cmdEdit{*this, "cmdEdit", "..."};
+
+    CheckBox chkCFG{*this, "chkCFG", "Confi&guration file:"};
+    TextBox txtCFG{*this, "txtCFG"};
+    Button cmdCFG{*this, "cmdCFG", "Browse..."};
+
+    Frame fraInput{*this, "fraInput", "Select metadata records"};
+    Label lblMrSid{*this, "lblMrSid", "&Input folder:"};
+    TextBox txtInput{*this, "txtInput"};
+    Button cmdInput{*this, "cmdInput", "Browse..."};
+    Label lblInExt{*this, "lblInExt", "Input file &extension(s):"};
+    TextBox txtInExt{*this, "txtInExt"};
+    Label lblAvailable{*this, "lblAvailable", "&Available files:"};
+    ListBox lstAvailable{*this, "lstAvailable", ListBox::Order::ByName};
+    std::array<Button, 4> cmdSelectFiles{{{*this, "cmdSelectFiles1", ">"},
+                                          {*this, "cmdSelectFiles2", ">>"},
+                                          {*this, "cmdSelectFiles3", "<"},
+                                          {*this, "cmdSelectFiles4", "<<"}}};
+    Label lblSelected{*this, "lblSelected", "&Selected files:"};
+    ListBox lstSelected{*this, "lstSelected", ListBox::Order::ByName};
+
+    Button cmdCreateBatFile{*this, "cmdCreateBatFile", "Create &Batch File..."};
+    Button cmdOK{*this, "cmdOK", "Execute", Button::Role::Default};
+    Button cmdCancel{*this, "cmdCancel", "Close", Button::Role::Cancel};
+
+    StatusBar StatusBar1{*this, "StatusBar1", 3};
+    ProgressBar ProgressBar1{*this, "ProgressBar1"};
+
+  private:
+    using Procedure = void (frmMain::*)();
+
+    // Start-up, the end, and the commands of the menus.
+    void Form_Load();
+    void Form_Unload();
+    void mnuNewINI_Click();
+    void mnuOpenINI_Click();
+    void mnuSaveINI_Click();
+    void mnuSaveAsINI_Click();
+    void mnuExit_Click();
+    void mnuOptions_Click();
+    void mnuHelpTarnwick_Click();
+    void mnuHelpCNS_Click();
+    void mnuHelpMP_Click();
+    void mnuAbout_Click();
+    void cboLanguage_Change();
+    void cboLanguage_Click();
+    void cmdOK_Click();
+    void cmdCreateBatFile_Click();
+    void cmdCancel_Click();
+    [[nodiscard]] bool findTools();
+    [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
+    void endNow();
+    void beginFileCommand();
+    void offerToSave();
+    void storeNow(std::string_view sINIFile);
+    void nameINIFile();
+
+    // The definition and the window.
+    void ReadINIFile();
+    void SaveINIFile();
+    void MyDefaultSettings();
+    void LoadDefaultGridSettings();
+    void GetCFGValues();
+    void takeFromControls();
+    void showRecord();
+    void showOutputRows();
+    void showWhatWasRead();
+    void markChanged() noexcept { definition_.bSettingsChanged = true; }
+
+    // Fields and toggles.
+    void chkCNS_Click();
+    void chkMP_Click();
+    void chkAliases_Click();
+    void chkCFG_Click();
+    void chkfixdoc_Click();
+    void cmdAliases_Click();
+    void cmdCFG_Click();
+    void cmdCNS_Click();
+    void cmdOutputFolder_Click();
+    void textEdited();
+    void txtCNS_Change();
+    void txtAliases_Change();
+    void txtCFG_Change();
+    void txtCNS_LostFocus();
+    void txtAliases_LostFocus();
+    void txtCFG_LostFocus();
+    void txtCNSExt_Change();
+    void txtCNSExt_KeyUp(int keyCode);
+    void enableCNS();
+    void enableMP();
+    void enableAll();
+    void labelCNSFolder();
+    [[nodiscard]] bool browse(TextBox& field, std::string_view title, std::string_view filter);
+    [[nodiscard]] bool leaveBlank(TextBox& field);
+    [[nodiscard]] bool leaveFile(TextBox& field, std::string_view what);
+    void refuse(TextBox& field, std::string_view message);
+
+    // The selection of the input files.
+    void txtInput_Change();
+    void txtInput_LostFocus();
+    void txtInExt_Change();
+    void txtInExt_LostFocus();
+    void cmdInput_Click();
+    void lstAvailable_Click();
+    void lstAvailable_DblClick();
+    void lstAvailable_GotFocus();
+    void lstSelected_Click();
+    void lstSelected_DblClick();
+    void lstSelected_GotFocus();
+    void LoadFiles();
+    void UpdateListBoxScrollBars();
+    void listInputFolder();
+    void relist();
+    [[nodiscard]] bool mayExecute() const;
+
+    void Form_Resize();
+    void layOut(Size content);
+    void layOutCNS();
+    void layOutMP();
+    void layOutInput(int bottom);
+    void layOutStatus(Size content);
+
+    void connectCommands();
+    void connectFields();
+    void connectSelection();
+    void connectGotFocus();
+    void connect(std::function<void()>& event, std::string_view procedure, Procedure body);
+    void sayNames();
+    void sayHeirs();
+    void commonSteps();
+    [[nodiscard]] std::string pickFolder(std::string_view title, std::string_view startFolder);
+    [[nodiscard]] OutputGridEditor::Window outputWindow();
+
+    MainServices services_;
+    FileList filAvailable_;
+    // Its fields that a control holds are as old as the last look at that control.
+    BatchDefinition definition_;
+    OutputGridEditor cnsOutputs_;
+    OutputGridEditor mpOutputs_;
+    bool bInputChanged_ = false; // the folder has been edited since it was listed
+    bool bInExtChanged_ = false; // so have the extensions
+    bool bFieldEdited_ = false;  // a field is being edited, and has not been left yet
+    bool ended_ = false;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,187 @@
+// The commands of the menus and of the buttons below right, and the language box.
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "definition/stored_settings.hpp"
+#include "ui/dialogs/choose_file.hpp"
+#include "ui/main/frm_main.hpp"
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view iniFiles = "INI File (*.ini)|*.ini|All Files (*.*)|*.*";
+constexpr std::string_view helpFile = "Tarnwick.chm";
+
+FileDialog iniDialog(FileDialog::Kind kind, std::string_view title) {
+    return {.kind = kind,
+            .title = std::string(title),
+            .filter = std::string(iniFiles),
+            .filterIndex = 1,
+            .fileName = {},
+            .initialFolder = {}};
+}
+
+// At the present INI file, else in the program's folder.
+FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definition) {
+    if (trim(definition.sINIFile).empty()) {
+        dialog.initialFolder = definition.sAppFolder;
+    } else {
+        dialog.fileName = definition.sINIFile;
+    }
+    return dialog;
+}
+
+} // namespace
+
+void frmMain::beginFileCommand() {
+    commonSteps();
+    offerToSave();
+    definition_.bSettingsChanged = false;
+    bFieldEdited_ = false;
+}
+
+void frmMain::offerToSave() {
+    if (!definition_.bSettingsChanged && !bFieldEdited_) {
+        return;
+    }
+    const MessageAnswer answer =
+        services_.desktop.show({.text = "Do you want to save the changes you made to " +
+                                        std::string(lineEnd) + quoted(definition_.sINIFile) + "?",
+                                .title = std::string(applicationTitle),
+                                .icon = MessageIcon::None,
+                                .buttons = MessageButtons::YesNo});
+    if (answer == MessageAnswer::Yes) {
+        SaveINIFile();
+    }
+}
+
+void frmMain::storeNow(std::string_view sINIFile) {
+    definition_.sINIFile = sINIFile;
+    store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
+}
+
+void frmMain::nameINIFile() {
+    const std::string file = GetFileName(definition_.sINIFile);
+    setCaption("Tarnwick - " + file);
+    StatusBar1.setPanelText(2, file);
+}
+
+void frmMain::mnuNewINI_Click() {
+    beginFileCommand();
+    FileDialog dialog = iniDialog(FileDialog::Kind::Save, "New INI File");
+    dialog.overwritePrompt = true;
+    const auto chosen = chooseFile(services_.desktop, dialog);
+    if (!chosen || chosen->empty()) {
+        return;
+    }
+    storeNow(*chosen);
+    MyDefaultSettings();
+    SaveINIFile();
+    nameINIFile();
+    // Only now, so that the new file holds whether MP was run before.
+    chkMP.setValue(checked);
+    chkMP.Click();
+}
+
+void frmMain::mnuOpenINI_Click() {
+    beginFileCommand();
+    FileDialog dialog =
+        startingAtINIFile(iniDialog(FileDialog::Kind::Open, "Open INI File"), definition_);
+    dialog.fileMustExist = true;
+    const auto chosen = chooseFile(services_.desktop, dialog);
+    if (!chosen || chosen->empty()) {
+        return;
+    }
+    definition_.sINIFile = *chosen;
+    ReadINIFile();
+    nameINIFile();
+}
+
+void frmMain::mnuSaveINI_Click() {
+    commonSteps();
+    storeNow(std::string(definition_.sINIFile));
+    SaveINIFile();
+    nameINIFile();
+}
+
+void frmMain::mnuSaveAsINI_Click() {
+    commonSteps();
+    const auto chosen = chooseFile(
+        services_.desktop,
+        startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));
+    if (!chosen || chosen->empty()) {
+        return;
+    }
+    storeNow(*chosen);
+    SaveINIFile();
+    nameINIFile();
+}
+
+void frmMain::mnuExit_Click() {
+    unload();
+}
+
+void frmMain::mnuOptions_Click() {
+    commonSteps();
+    takeFromControls();
+    raise(services_.showOptions, definition_);
+}
+
+void frmMain::mnuHelpTarnwick_Click() {
+    const std::string file = definition_.sAppFolder + std::string(helpFile);
+    if (FileExists(services_.files, file)) {
+        StartDoc(services_.desktop, file);
+    } else {
+        showWarning(services_.desktop, "The help file " + quoted(file) + " does not exist.");
+    }
+}
+
+void frmMain::mnuHelpCNS_Click() {
+    StartDoc(services_.desktop, services_.cnsHelp);
+}
+
+void frmMain::mnuHelpMP_Click() {
+    StartDoc(services_.desktop, services_.mpHelp);
+}
+
+void frmMain::mnuAbout_Click() {
+    commonSteps();
+    raise(services_.showAbout);
+}
+
+void frmMain::cboLanguage_Change() {
+    definition_.sLanguage = cboLanguage.text();
+    markChanged();
+    EnableOK();
+}
+
+void frmMain::cboLanguage_Click() {
+    definition_.sLanguage = cboLanguage.text();
+    markChanged();
+}
+
+void frmMain::cmdOK_Click() {
+    commonSteps();
+    // Enter presses it without leaving the field that it was typed in.
+    if (focused() != nullptr) {
+        raise(focused()->LostFocus);
+    }
+    if (cmdOK.enabled()) {
+        raise(services_.execute);
+    }
+}
+
+void frmMain::cmdCreateBatFile_Click() {
+    commonSteps();
+    raise(services_.createBatchFile);
+}
+
+void frmMain::cmdCancel_Click() {
+    // Escape beside an editor that floats over a grid is meant for that.
+    if (focused() != &cmdCancel && (mpOutputs_.discard() || cnsOutputs_.discard())) {
+        return;
+    }
+    unload();
+}
+
+} // namespace tarnwick

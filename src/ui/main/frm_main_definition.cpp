@@ -1,0 +1,111 @@
+// The definition and the window that shows it: defaults, INI file, configuration file.
+
+#include "common/mod_main.hpp"
+#include "common/trap.hpp"
+#include "definition/ini_file.hpp"
+#include "postprocess/configuration_file.hpp"
+#include "ui/main/frm_main.hpp"
+#include "ui/main/output_rows.hpp"
+
+namespace tarnwick {
+
+void frmMain::showRecord() {
+    chkMP.setValue(definition_.iProcessMP);
+    chkCNS.setValue(definition_.iProcessCNS);
+    txtInput.setText(definition_.sInputFolder);
+    txtInExt.setText(definition_.sInputExtensions);
+    txtCNS.setText(definition_.sCNSOutputFolder);
+    txtCNSExt.setText(definition_.sCNSOutputExtension);
+    chkAliases.setValue(definition_.bUseAliases);
+    txtAliases.setText(definition_.sAliasesFile);
+    chkCFG.setValue(definition_.bUseConfigFile);
+    txtCFG.setText(definition_.sConfigFile);
+    chkfixdoc.setValue(definition_.iFixDoc);
+    cboLanguage.setText(definition_.sLanguage);
+    if (!chkCFG.ticked()) { // a file that is not used names nothing
+        definition_.bCfgNamesInput = false;
+        definition_.bCfgNamesOutput = false;
+    }
+    showOutputRows();
+    bInputChanged_ = false;
+    bInExtChanged_ = false;
+    bFieldEdited_ = false;
+}
+
+void frmMain::showOutputRows() {
+    mpOutputs_.discard();
+    cnsOutputs_.discard();
+    showOutputs(grdFiles, definition_.MPOutputs);
+    showOutputs(grdCNS, definition_.CNSOutputs);
+}
+
+void frmMain::MyDefaultSettings() {
+    trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
+        takeFromControls();
+        tarnwick::MyDefaultSettings(definition_);
+        definition_.bCfgNamesInput = false; // no configuration file is used any more
+        definition_.bCfgNamesOutput = false;
+        bInputChanged_ = false;
+        bInExtChanged_ = false;
+        chkfixdoc.setValue(definition_.iFixDoc);
+        cboLanguage.setText(definition_.sLanguage);
+        chkCFG.setValue(definition_.bUseConfigFile);
+        LoadDefaultGridSettings();
+        mpOutputs_.forgetPress();
+        cnsOutputs_.forgetPress();
+        enableAll();
+    });
+}
+
+void frmMain::LoadDefaultGridSettings() {
+    trap(services_.desktop, name(), "Private Sub LoadDefaultGridSettings", [this] {
+        tarnwick::LoadDefaultGridSettings(definition_);
+        showOutputRows();
+    });
+}
+
+void frmMain::ReadINIFile() {
+    takeFromControls();
+    const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
+                                                 [this] { showWhatWasRead(); });
+    if (!completed) { // the window shows how far the reader got
+        showRecord();
+        enableAll();
+        EnableOK();
+    }
+}
+
+void frmMain::showWhatWasRead() {
+    showRecord();
+    if (FolderExists(services_.files, txtInput.text())) {
+        listInputFolder();
+    }
+    if (chkCFG.ticked() && FileExists(services_.files, txtCFG.text())) {
+        GetCFGValues();
+    }
+    enableAll();
+    EnableOK();
+}
+
+void frmMain::SaveINIFile() {
+    if (bFieldEdited_) {
+        bFieldEdited_ = false;
+        markChanged(); // and stays so where the file cannot be written
+    }
+    takeFromControls();
+    tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+}
+
+void frmMain::GetCFGValues() {
+    takeFromControls();
+    tarnwick::GetCFGValues(definition_, services_.files, services_.desktop, [this] {
+        if (definition_.bCfgNamesOutput) {
+            showOutputRows();
+        }
+        chkCNS.Click();
+        chkMP.Click();
+    });
+    enableAll(); // also where the file could not be read to its end
+}
+
+} // namespace tarnwick

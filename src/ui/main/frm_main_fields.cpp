@@ -1,0 +1,270 @@
+// The fields and check boxes of the main window, and what they enable.
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "common/trap.hpp"
+#include "ui/dialogs/choose_file.hpp"
+#include "ui/forms/keys.hpp"
+#include "ui/main/frm_main.hpp"
+#include "ui/main/output_rows.hpp"
+
+#include <cstddef>
+#include <initializer_list>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view openFolder = "Open Folder";
+constexpr std::string_view textFiles = "Text File (*.txt)|*.txt|All Files (*.*)|*.*";
+constexpr std::string_view configFiles =
+    "Config File (*.cfg)|*.cfg|Text File (*.txt)|*.txt|All Files (*.*)|*.*";
+
+void enable(std::initializer_list<Control*> controls, bool enabled) {
+    for (Control* const control : controls) {
+        control->setEnabled(enabled);
+    }
+}
+
+} // namespace
+
+void frmMain::chkCNS_Click() {
+    commonSteps();
+    markChanged();
+    enableCNS();
+    EnableOK();
+}
+
+// On purpose, this one does not mark the settings as changed.
+void frmMain::chkMP_Click() {
+    commonSteps();
+    enableMP();
+    EnableOK();
+}
+
+void frmMain::enableCNS() {
+    const bool on = chkCNS.ticked();
+    const bool outputsElsewhere = definition_.bCfgNamesOutput;
+    enable({&lblCNS, &txtCNS, &cmdCNS, &lblCNSExt, &txtCNSExt, &lblCNSFiles, &grdCNS},
+           on && !outputsElsewhere);
+    chkAliases.setEnabled(on);
+    enable({&txtAliases, &cmdAliases}, on && chkAliases.ticked());
+    labelCNSFolder();
+    if (on && outputsElsewhere) { // the configuration file decides
+        txtCNS.setText("");
+        txtCNSExt.setText("");
+    }
+}
+
+void frmMain::enableMP() {
+    const bool outputsElsewhere = chkCFG.ticked() && definition_.bCfgNamesOutput;
+    enable({&lblMPFiles, &grdFiles, &chkfixdoc, &cmdOutputFolder},
+           chkMP.ticked() && !outputsElsewhere);
+    labelCNSFolder();
+}
+
+// What CNS writes is what MP reads, when both are run.
+void frmMain::labelCNSFolder() {
+    lblCNS.setCaption(chkCNS.ticked() && chkMP.ticked() ? "CNS &output folder / MP input folder:"
+                                                        : "CNS &output folder:");
+}
+
+void frmMain::enableAll() {
+    enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
+    enableCNS();
+    enableMP();
+}
+
+void frmMain::chkAliases_Click() {
+    commonSteps();
+    markChanged();
+    enable({&txtAliases, &cmdAliases}, chkAliases.ticked());
+    EnableOK();
+}
+
+void frmMain::chkCFG_Click() {
+    commonSteps();
+    markChanged();
+    enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
+    if (!chkCFG.ticked()) {
+        definition_.bCfgNamesInput = false;
+        definition_.bCfgNamesOutput = false;
+    } else if (FileExists(services_.files, txtCFG.text())) {
+        GetCFGValues();
+    }
+    chkCNS.Click();
+    chkMP.Click();
+    EnableOK();
+}
+
+// The one check box without the common steps.
+void frmMain::chkfixdoc_Click() {
+    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
+    markChanged();
+}
+
+void frmMain::cmdAliases_Click() {
+    commonSteps();
+    if (browse(txtAliases, "Open Aliases File", textFiles)) {
+        EnableOK();
+    }
+}
+
+void frmMain::cmdCFG_Click() {
+    commonSteps();
+    if (browse(txtCFG, "Open Configuration File", configFiles)) {
+        GetCFGValues();
+        EnableOK();
+    }
+}
+
+// True when the user chose a file, which is then in the field.
+bool frmMain::browse(TextBox& field, std::string_view title, std::string_view filter) {
+    const auto chosen = chooseFile(services_.desktop, {.kind = FileDialog::Kind::Open,
+                                                       .title = std::string(title),
+                                                       .filter = std::string(filter),
+                                                       .filterIndex = 1,
+                                                       .fileName = field.text(),
+                                                       .initialFolder = {},
+                                                       .hideReadOnly = true});
+    if (!chosen || chosen->empty()) {
+        return false;
+    }
+    field.setText(*chosen);
+    markChanged();
+    return true;
+}
+
+void frmMain::cmdCNS_Click() {
+    commonSteps();
+    const std::string folder = pickFolder(openFolder, txtInput.text());
+    if (!folder.empty()) {
+        txtCNS.setText(folder);
+        markChanged();
+    }
+    EnableOK();
+}
+
+void frmMain::cmdOutputFolder_Click() {
+    commonSteps();
+    const std::string folder = pickFolder(openFolder, txtInput.text());
+    if (!folder.empty()) {
+        for (int row = 1; row < grdFiles.rows(); ++row) {
+            grdFiles.setText(row, folderColumn, folder);
+        }
+        markChanged();
+    }
+    EnableOK();
+}
+
+void frmMain::cmdInput_Click() {
+    commonSteps();
+    const std::string folder = pickFolder(openFolder, txtInput.text());
+    if (!folder.empty()) {
+        txtInput.setText(folder);
+        relist();
+    }
+    EnableOK();
+}
+
+void frmMain::txtCNS_Change() {
+    commonSteps();
+    bFieldEdited_ = true;
+}
+
+void frmMain::txtAliases_Change() {
+    textEdited();
+}
+
+void frmMain::txtCFG_Change() {
+    textEdited();
+}
+
+void frmMain::textEdited() {
+    StatusBar1.setPanelText(1, "");
+    bFieldEdited_ = true;
+}
+
+// The field is being left: true when there is nothing in it to check. Emptying it is a change, too.
+bool frmMain::leaveBlank(TextBox& field) {
+    const bool edited = std::exchange(bFieldEdited_, false);
+    const std::string text(trim(field.text()));
+    if (text.empty()) {
+        if (edited) {
+            markChanged();
+        }
+        return true;
+    }
+    field.setText(text);
+    return false;
+}
+
+void frmMain::txtCNS_LostFocus() {
+    if (!leaveBlank(txtCNS)) {
+        if (FolderExists(services_.files, txtCNS.text())) {
+            markChanged();
+        } else {
+            refuse(txtCNS, "The " + quoted(txtCNS.text()) + " folder does not exist.");
+        }
+    }
+    EnableOK();
+}
+
+void frmMain::txtAliases_LostFocus() {
+    if (leaveFile(txtAliases, "Aliases")) {
+        markChanged();
+    }
+    EnableOK();
+}
+
+void frmMain::txtCFG_LostFocus() {
+    if (leaveFile(txtCFG, "configuration")) {
+        GetCFGValues();
+        markChanged();
+    }
+    EnableOK();
+}
+
+// True when the field, which is being left, names an existing file.
+bool frmMain::leaveFile(TextBox& field, std::string_view what) {
+    if (leaveBlank(field)) {
+        return false;
+    }
+    if (!field.text().contains('\\')) {
+        field.setText(definition_.sAppFolder + field.text());
+    }
+    if (FileExists(services_.files, field.text())) {
+        return true;
+    }
+    refuse(field,
+           "The " + std::string(what) + " file " + quoted(field.text()) + " does not exist.");
+    return false;
+}
+
+void frmMain::refuse(TextBox& field, std::string_view message) {
+    showWarning(services_.desktop, message);
+    field.selectAll();
+    field.setFocus();
+}
+
+void frmMain::txtCNSExt_Change() {
+    markChanged();
+}
+
+// The key is told by its code, whatever it types: the digit goes as well.
+void frmMain::txtCNSExt_KeyUp(int keyCode) {
+    if (keyCode != Key::eight) {
+        return;
+    }
+    services_.desktop.show({.text = R"(Please do not use the wildcard "*" character.)",
+                            .title = std::string(applicationTitle)});
+    std::string text = txtCNSExt.text();
+    const int caret = txtCNSExt.selStart();
+    if (caret > 0) {
+        text.erase(static_cast<std::size_t>(caret) - 1, 1);
+        txtCNSExt.setText(text);
+        txtCNSExt.select(caret - 1, 0);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,181 @@
+// The selection of the input files. The lists may be long: everything is done for all entries at
+// once, in proportion to their number.
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "common/trap.hpp"
+#include "processing/record_selection.hpp"
+#include "ui/main/frm_main.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// The place that a list box keeps free before an entry.
+constexpr std::string_view beforeEntry = "  ";
+
+} // namespace
+
+void frmMain::txtInput_Change() {
+    commonSteps();
+    bInputChanged_ = true;
+    bFieldEdited_ = true;
+}
+
+void frmMain::txtInExt_Change() {
+    bInExtChanged_ = true;
+    bFieldEdited_ = true;
+}
+
+void frmMain::txtInput_LostFocus() {
+    if (bInputChanged_ && !leaveBlank(txtInput)) {
+        if (FolderExists(services_.files, txtInput.text())) {
+            relist();
+        } else {
+            refuse(txtInput, "The " + quoted(txtInput.text()) + " folder does not exist.");
+        }
+    }
+    EnableOK();
+}
+
+void frmMain::txtInExt_LostFocus() {
+    const bool edited = std::exchange(bFieldEdited_, false);
+    if (bInExtChanged_ && FolderExists(services_.files, txtInput.text())) {
+        relist();
+    } else if (edited) {
+        markChanged();
+    }
+    EnableOK();
+}
+
+void frmMain::relist() {
+    listInputFolder();
+    markChanged();
+}
+
+void frmMain::listInputFolder() {
+    filAvailable_.setPattern(txtInExt.text());
+    filAvailable_.setPath(txtInput.text());
+    bInputChanged_ = false;
+    bInExtChanged_ = false;
+    LoadFiles();
+    EnableMove();
+}
+
+void frmMain::LoadFiles() {
+    trap(services_.desktop, name(), "Private Sub LoadFiles()", [this] {
+        lstAvailable.setItems({});
+        services_.events.letRun();
+        std::vector<std::string> listing = filAvailable_.names();
+        const ListingMatch match = matchListing(listing, lstSelected.items());
+        keepOnly(match.available, listing);
+        lstAvailable.setItems(std::move(listing));
+        lstSelected.retain(match.kept);
+        UpdateListBoxScrollBars();
+    });
+}
+
+void frmMain::UpdateListBoxScrollBars() {
+    trap(services_.desktop, name(), "Private Sub UpdateListBoxScrollBars()", [this] {
+        for (ListBox* const list : {&lstAvailable, &lstSelected}) {
+            list->setHorizontalExtent(list->widestItem(beforeEntry));
+        }
+    });
+}
+
+void frmMain::lstAvailable_Click() {
+    commonSteps();
+    EnableMove();
+}
+
+void frmMain::lstSelected_Click() {
+    commonSteps();
+    EnableMove();
+}
+
+void frmMain::lstAvailable_DblClick() {
+    commonSteps();
+    cmdSelectFiles_Click(1);
+}
+
+void frmMain::lstSelected_DblClick() {
+    commonSteps();
+    cmdSelectFiles_Click(3);
+}
+
+void frmMain::lstAvailable_GotFocus() {
+    commonSteps();
+    lstSelected.clearSelection();
+    EnableMove();
+}
+
+void frmMain::lstSelected_GotFocus() {
+    commonSteps();
+    lstAvailable.clearSelection();
+    EnableMove();
+}
+
+void frmMain::cmdSelectFiles_Click(int Index) {
+    trap(services_.desktop, name(), "Private Sub cmdSelectFiles_Click(Index As Integer)", [&] {
+        commonSteps();
+        switch (Index) {
+        case 1:
+            lstSelected.add(lstAvailable.takeSelected());
+            break;
+        case 2:
+            lstSelected.add(lstAvailable.takeAll());
+            break;
+        case 3:
+            lstAvailable.add(lstSelected.takeSelected());
+            break;
+        case 4:
+            lstAvailable.add(lstSelected.takeAll());
+            break;
+        default:
+            services_.desktop.show({.text = "Unsupported case: " + std::to_string(Index),
+                                    .title = std::string(applicationTitle)});
+            break;
+        }
+        EnableMove();
+        EnableOK();
+        UpdateListBoxScrollBars();
+    });
+}
+
+void frmMain::EnableMove() {
+    trap(services_.desktop, name(), "Private Sub EnableMove()", [this] {
+        cmdSelectFiles[0].setEnabled(lstAvailable.selectedCount() > 0);
+        cmdSelectFiles[1].setEnabled(!lstAvailable.empty());
+        cmdSelectFiles[2].setEnabled(lstSelected.selectedCount() > 0);
+        cmdSelectFiles[3].setEnabled(!lstSelected.empty());
+    });
+}
+
+void frmMain::EnableOK() {
+    trap(services_.desktop, name(), "Private Sub EnableOK()", [this] {
+        const bool enabled = mayExecute();
+        cmdOK.setEnabled(enabled);
+        cmdCreateBatFile.setEnabled(enabled);
+    });
+}
+
+bool frmMain::mayExecute() const {
+    const Files& files = services_.files;
+    if (!FolderExists(files, txtInput.text()) || lstSelected.empty()) {
+        return false;
+    }
+    if (!chkCNS.ticked() && !chkMP.ticked()) {
+        return false;
+    }
+    if (chkCFG.ticked() && !FileExists(files, txtCFG.text())) {
+        return false;
+    }
+    if (!chkCNS.ticked()) {
+        return true;
+    }
+    return (FolderExists(files, txtCNS.text()) || definition_.bCfgNamesOutput) &&
+           (!chkAliases.ticked() || FileExists(files, txtAliases.text()));
+}
+
+} // namespace tarnwick

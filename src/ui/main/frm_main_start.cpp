@@ -1,0 +1,74 @@
+// How the main window's life begins and ends.
+
+#include "common/mod_main.hpp"
+#include "common/trap.hpp"
+#include "definition/start_up.hpp"
+#include "definition/stored_settings.hpp"
+#include "ui/main/frm_main.hpp"
+#include "ui/main/frm_main_measures.hpp"
+
+namespace tarnwick {
+
+void frmMain::Form_Load() {
+    resizeTo(mainWindow);
+    centreOnScreen();
+    showDefinition(definitionAtStartUp(services_.process, services_.files, services_.settings));
+    MyDefaultSettings();
+    const std::string commandLine = services_.process.commandLine();
+    if (!commandLine.empty()) {
+        takeFromControls();
+        raise(services_.runCommandLine, definition_, commandLine);
+        endNow();
+        return;
+    }
+    cmdOK.setEnabled(false);
+    if (FileExists(services_.files, definition_.sINIFile)) {
+        ReadINIFile();
+    }
+    if (!findTools()) {
+        endNow();
+        return;
+    }
+    nameINIFile();
+    chkCNS.Click();
+    chkMP.Click();
+    definition_.bSettingsChanged = false;
+}
+
+// Every tool that is to be run must be there before the window comes up.
+bool frmMain::findTools() {
+    return (!chkMP.ticked() || findTool("MP", definition_.sMPExecutable)) &&
+           (!chkCNS.ticked() || findTool("CNS", definition_.sCNSExecutable));
+}
+
+// `executable` is the definition's own field, which the options dialog may change.
+bool frmMain::findTool(std::string_view tool, std::string& executable) {
+    if (FileExists(services_.files, executable)) {
+        return true;
+    }
+    showWarning(services_.desktop,
+                "Please specify the " + std::string(tool) + " executable location.");
+    executable.clear();
+    takeFromControls();
+    raise(services_.showOptions, definition_);
+    return FileExists(services_.files, executable);
+}
+
+void frmMain::endNow() {
+    ended_ = true;
+    abandon();
+}
+
+void frmMain::Form_Unload() {
+    ended_ = true;
+    // A store that cannot be written must not cost the user the question.
+    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
+        store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
+        store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
+        store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
+    });
+    commonSteps(); // an edit that is going on counts
+    offerToSave();
+}
+
+} // namespace tarnwick

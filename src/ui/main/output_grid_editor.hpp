@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/desktop.hpp"
+#include "ui/forms/button.hpp"
+#include "ui/forms/grid.hpp"
+#include "ui/forms/text_box.hpp"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// How the user ticks and edits the rows of one output definition grid: boxes by click or blank,
+// extensions and folders in a text box that floats over the cell, folders also by a button beside
+// it that opens the folder picker. It connects itself to the events of its parts.
+class OutputGridEditor {
+  public:
+    // They must outlive it. The two editors come after the grid in the order of the focus.
+    struct Parts {
+        Grid& grid;
+        TextBox& txtEdit;
+        Button& cmdEdit;
+    };
+    // The declaration lines under which its procedures report their errors.
+    struct Procedures {
+        std::string_view click;
+        std::string_view mouseDown;
+        std::string_view keyDown;
+        std::string_view keyPress;
+        std::string_view gotFocus;
+        std::string_view leaveCell;
+        std::string_view pEditGrid;
+        std::string_view pSetCellValue;
+        std::string_view editorKeyDown;
+        std::string_view folderClick;
+    };
+    // What it asks of its window.
+    struct Window {
+        std::function<void()> commonSteps;     // those of every event: commits the edits, too
+        std::function<void()> settingsChanged; // something was edited
+        std::function<void()> EnableOK;
+        std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder;
+    };
+
+    OutputGridEditor(const Parts& parts, const Procedures& procedures, Desktop& desktop,
+                     Window window);
+
+    // Opens the editor over the current cell where that can be edited. Which character opened it
+    // makes no difference.
+    void pEditGrid(int character);
+    // Writes what is in the editor into its cell and closes it; nothing when it is not open.
+    void pSetCellValue();
+    // Closes the editor and forgets what is in it. False when it was not open.
+    bool discard();
+    // From now on only a fresh press on a box turns that over.
+    void forgetPress() noexcept { bNoToggle_ = true; }
+
+  private:
+    void connectEvents();
+    void Click();
+    void MouseDown(int x, int y);
+    void KeyPress(int character);
+    void editorKeyDown(int keyCode);
+    void folderClick();
+
+    void toggleBuild();
+    void moveOn();
+    void editAt(Grid::Place place);
+    void placeEditors();
+
+    Parts parts_;
+    Procedures procedures_;
+    Desktop& desktop_;
+    Window window_;
+    bool bNoToggle_ = true;     // the next click turns no box over
+    bool bHeaderClick_ = false; // the last press was on no row of data
+};
+
+} // namespace tarnwick

@@ -1,4 +1,5 @@
 #include "platform/run_time_error.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 #include "support/ui/scripted_presenter.hpp"
 #include "ui/dialogs/frm_about.hpp"
@@ -122,11 +123,8 @@ TEST(AboutErrors, An_error_on_opening_is_reported_once_by_whoever_opens) {
     form.show();
     form.userClicked(form.lblLink);
     EXPECT_THAT(desktop.messages,
-                ElementsAre(Message{
-                    .text = "Caller:            modMain - Function StartDoc(DocName As String) As "
-                            "Long\r\nSource:            Tarnwick\r\nNumber:            7\r\n"
-                            "Description:       Out of memory\r\nLastDllErrorError: 0",
-                    .title = "Tarnwick"}));
+                ElementsAre(errorReport("modMain", "Function StartDoc(DocName As String) As Long",
+                                        ErrorNumber::OutOfMemory)));
 }
 
 } // namespace

@@ -16,9 +16,7 @@ struct NewFolder : OpenFolderWorld {
     }
 
     static Message notCreated(std::string_view folder) {
-        return {.text = "Could not create the new folder " + std::string(folder),
-                .title = "Warning!",
-                .icon = MessageIcon::Exclamation};
+        return warning("Could not create the new folder " + std::string(folder), "Warning!");
     }
 };
 
@@ -91,7 +89,7 @@ TEST_F(NewFolder, An_error_after_the_folder_was_created_is_reported) {
     files.failAt(FileOperation::ListFolders, 1, RunTimeError(ErrorNumber::PathFileAccess));
     make("new");
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub cmdNew_Click()", "75", "Path/File access error")));
+                ElementsAre(report("Private Sub cmdNew_Click()", ErrorNumber::PathFileAccess)));
     EXPECT_TRUE(world.exists(R"(C:\Work\new)"));
     expectShown("C:", R"(C:\Work)");
 }

@@ -107,7 +107,7 @@ TEST_F(OpenFolderPath, An_error_while_the_lists_follow_is_reported) {
     files.failAt(FileOperation::ListFolders, 1, RunTimeError(ErrorNumber::PathNotFound));
     form.userMovedFocus(form.drvPath);
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub txtPath_LostFocus()", "76", "Path not found")));
+                ElementsAre(report("Private Sub txtPath_LostFocus()", ErrorNumber::PathNotFound)));
     EXPECT_EQ(form.drvPath.drive(), "C:");
     EXPECT_EQ(form.DirPath.path(), R"(C:\Work)");
 }
@@ -162,7 +162,7 @@ TEST_F(OpenFolderPath, An_error_in_OK_is_reported_and_the_picker_stays) {
     };
     form.userPressedEnter();
     EXPECT_THAT(desktop.messages, ElementsAre(invalidFolder(), report("Private Sub cmdOK_Click()",
-                                                                      "7", "Out of memory")));
+                                                                      ErrorNumber::OutOfMemory)));
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(form.result(), "");
 }

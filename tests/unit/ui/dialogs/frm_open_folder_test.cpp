@@ -61,7 +61,7 @@ TEST_F(OpenFolder, A_start_folder_that_is_lost_on_the_way_is_reported_and_the_pi
     files.failAt(FileOperation::ListFolders, 1, RunTimeError(ErrorNumber::PathFileAccess));
     show(R"(D:\Maps)");
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub Form_Load()", "75", "Path/File access error")));
+                ElementsAre(report("Private Sub Form_Load()", ErrorNumber::PathFileAccess)));
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(form.drvPath.drive(), "C:");
     EXPECT_EQ(form.DirPath.path(), R"(C:\Work)");
@@ -100,7 +100,7 @@ TEST_F(OpenFolder, A_drive_that_is_not_ready_is_reported_and_the_old_one_is_back
     desktop.whileShown = [this](const Message&) { expectShown("C:", R"(C:\Work\b)"); };
     pickDrive("D:");
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub drvPath_Change()", "71", "Disk not ready")));
+                ElementsAre(report("Private Sub drvPath_Change()", ErrorNumber::DiskNotReady)));
     expectShown("C:", R"(C:\Work\b)");
     files.heal();
     pickDrive("D:");
@@ -113,8 +113,8 @@ TEST_F(OpenFolder, A_folder_that_may_not_be_opened_is_reported_and_the_old_one_s
         files.failAlways(listing, RunTimeError(ErrorNumber::PathFileAccess));
     }
     openFolder(R"(C:\Work\b)");
-    EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub DirPath_Change()", "75",
-                                                     "Path/File access error")));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(report("Private Sub DirPath_Change()", ErrorNumber::PathFileAccess)));
     expectShown("C:", R"(C:\Work)");
 }
 
@@ -127,7 +127,7 @@ TEST_F(OpenFolder, A_folder_of_a_share_is_on_no_drive) {
     pickDrive("D:");
     expectShown("", R"(\\server\share\x)");
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub drvPath_Change()", "71", "Disk not ready")));
+                ElementsAre(report("Private Sub drvPath_Change()", ErrorNumber::DiskNotReady)));
     files.heal();
     pickDrive("D:");
     expectShown("D:", R"(D:\)");

@@ -3,6 +3,7 @@
 #include "platform/run_time_error.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 #include "ui/dialogs/frm_open_folder.hpp"
 
@@ -12,7 +13,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tarnwick {
 
@@ -69,18 +69,11 @@ struct OpenFolderWorld : testing::Test {
     }
 
     static Message invalidFolder() {
-        return {.text = "Invalid Folder!\rPlease enter a valid Folder.",
-                .title = "Warning!",
-                .icon = MessageIcon::Exclamation};
+        return warning("Invalid Folder!\rPlease enter a valid Folder.", "Warning!");
     }
 
-    static Message report(std::string_view procedure, std::string_view number,
-                          std::string_view description) {
-        std::string text = "Caller:            frmOpenFolder - ";
-        text.append(procedure).append("\r\nSource:            Tarnwick\r\nNumber:            ");
-        text.append(number).append("\r\nDescription:       ").append(description);
-        text.append("\r\nLastDllErrorError: 0");
-        return {.text = std::move(text), .title = "Tarnwick"};
+    static Message report(std::string_view procedure, ErrorNumber number) {
+        return errorReport("frmOpenFolder", procedure, number);
     }
 
     // All three controls agree.

@@ -24,17 +24,19 @@ struct MainServices {
     SettingsStore& settings;
 
     // Runs the definition that a command line names. The program ends afterwards.
-    std::function<void(BatchDefinition& definition, std::string_view commandLine)> runCommandLine;
+    std::function<void(BatchDefinition& definition, std::string_view commandLine)> runCommandLine =
+        {};
 
     // Each shows a dialog, modal to the main window, and returns when it is closed.
     // The folder that the user picked; empty when cancelled.
-    std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder;
-    std::function<void(BatchDefinition& definition)> showOptions; // may change the definition
-    std::function<void()> showAbout;
+    std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder =
+        {};
+    std::function<void(BatchDefinition& definition)> showOptions = {}; // may change the definition
+    std::function<void()> showAbout = {};
 
     // What the two big buttons start. Without them a click on the button shows and does nothing.
-    std::function<void()> execute;
-    std::function<void()> createBatchFile;
+    std::function<void()> execute = {};
+    std::function<void()> createBatchFile = {};
 
     // Web addresses, opened with the program associated with them.
     std::string mpHelp{mpDocumentation()};

@@ -163,9 +163,9 @@ TEST_F(EnablingRules, Hold_after_every_event_of_long_random_walks) {
         }
         return field.name() + " = " + text;
     };
-    const auto leaveFields = [&] {
+    const auto leaveFields = [&](const std::string& done) {
         form.userMovedFocus(form.chkMP);
-        return std::string("leaving");
+        return done;
     };
     const std::vector<std::function<std::string()>> events_{
         [&] { return form.userClicked(form.chkCNS), "chkCNS"; },
@@ -173,13 +173,11 @@ TEST_F(EnablingRules, Hold_after_every_event_of_long_random_walks) {
         [&] { return form.userClicked(form.chkAliases), "chkAliases"; },
         [&] { return form.userClicked(form.chkCFG), "chkCFG"; },
         [&] { return form.userClicked(form.chkfixdoc), "chkfixdoc"; },
-        [&] { return typeInto(form.txtInput, {R"(D:\in)", R"(D:\in)", ""}) + leaveFields(); },
-        [&] { return typeInto(form.txtInExt, {"*.met", "*.txt", "", "*.none"}) + leaveFields(); },
-        [&] { return typeInto(form.txtCNS, {R"(D:\cns)", ""}) + leaveFields(); },
-        [&] { return typeInto(form.txtAliases, {R"(D:\aliases.txt)", ""}) + leaveFields(); },
-        [&] {
-            return typeInto(form.txtCFG, {R"(D:\plain.cfg)", R"(D:\names.cfg)"}) + leaveFields();
-        },
+        [&] { return leaveFields(typeInto(form.txtInput, {R"(D:\in)", R"(D:\in)", ""})); },
+        [&] { return leaveFields(typeInto(form.txtInExt, {"*.met", "*.txt", "", "*.none"})); },
+        [&] { return leaveFields(typeInto(form.txtCNS, {R"(D:\cns)", ""})); },
+        [&] { return leaveFields(typeInto(form.txtAliases, {R"(D:\aliases.txt)", ""})); },
+        [&] { return leaveFields(typeInto(form.txtCFG, {R"(D:\plain.cfg)", R"(D:\names.cfg)"})); },
         [&] {
             select(form.lstAvailable,
                    form.lstAvailable.items().empty() ? std::vector<int>() : std::vector<int>{0});

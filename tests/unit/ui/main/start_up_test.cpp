@@ -208,6 +208,14 @@ TEST_F(StartUpWindow, Closing_stores_the_INI_file_and_the_tools_and_asks_nothing
     EXPECT_FALSE(world.exists(defaultIni));
 }
 
+TEST_F(StartUpWindow, Escape_closes_the_window_as_its_button_does) {
+    form.show();
+    form.userMovedFocus(form.txtInput);
+    form.userPressedEscape();
+    EXPECT_TRUE(form.ended());
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+}
+
 TEST_F(StartUpWindow, Closing_with_changes_saves_them_on_Yes) {
     form.show();
     form.cboLanguage.userPicked(4);

@@ -113,6 +113,7 @@ TEST_F(Traps, The_lists) {
     expectReport(form.lstAvailable, "Private Sub UpdateListBoxScrollBars()",
                  form.lstAvailable.Remeasured);
     form.lstAvailable.setItems({});
+    form.cmdSelectFiles[1].setEnabled(true);
     expectReport(form.cmdSelectFiles[1], "Private Sub EnableMove()", [this] { form.EnableMove(); });
     form.lstSelected.setItems({"a.met"});
     form.userClicked(form.chkCNS);
@@ -207,8 +208,8 @@ struct GridTraps : Traps {
         expectProcedure(name + "_KeyPress", [&] { grid.KeyPress(32); });
         grid.setCurrent({.row = 1, .column = 2});
         grid.userTyped('x');
-        expectReport(grid, "Private Sub txtEdit" + suffix + "_KeyDown",
-                     [&] { editor.KeyDown(Key::down); });
+        expectReport(editor, "Private Sub txtEdit" + suffix + "_KeyDown",
+                     [&] { editor.KeyDown(Key::escape); });
         pickedFolders = {R"(D:\out)"};
         editor.setText("");
         expectReport(editor, "Private Sub cmdEdit" + suffix + "_Click()", button.Click);

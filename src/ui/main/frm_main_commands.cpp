@@ -177,8 +177,12 @@ void frmMain::cmdCreateBatFile_Click() {
 }
 
 void frmMain::cmdCancel_Click() {
-    // Escape beside an editor that floats over a grid is meant for that.
-    if (focused() != &cmdCancel && (mpOutputs_.discard() || cnsOutputs_.discard())) {
+    // Escape in a grid or beside its editor is meant for the edit; a second one must not end it
+    // all.
+    const Control* const at = focused();
+    if (at == &grdFiles || at == &cmdEdit || at == &grdCNS || at == &cmdEditCNS) {
+        mpOutputs_.discard();
+        cnsOutputs_.discard();
         return;
     }
     unload();

@@ -159,7 +159,7 @@ void frmMain::layOutMP() {
 
 void frmMain::layOutInput(int bottom) {
     const int left = leftColumn + inset;
-    constexpr int fieldLeft = leftColumn + inset + 2040;
+    constexpr int fieldLeft = leftColumn + inset + 2100;
     const int browseLeft = leftColumn + inputWidth - inset - browseWidth;
     const int fieldWidth = browseLeft - gap - fieldLeft;
     // A configuration file is for both tools, and so beside no group.

@@ -157,11 +157,9 @@ void OutputGridEditor::pSetCellValue() {
     });
 }
 
-bool OutputGridEditor::discard() {
-    const bool wasOpen = parts_.txtEdit.visible();
+void OutputGridEditor::discard() {
     parts_.txtEdit.setVisible(false);
     parts_.cmdEdit.setVisible(false);
-    return wasOpen;
 }
 
 void OutputGridEditor::editorKeyDown(int keyCode) {

@@ -51,8 +51,8 @@ class OutputGridEditor {
     void pEditGrid(int character);
     // Writes what is in the editor into its cell and closes it; nothing when it is not open.
     void pSetCellValue();
-    // Closes the editor and forgets what is in it. False when it was not open.
-    bool discard();
+    // Closes the editor and forgets what is in it.
+    void discard();
     // From now on only a fresh press on a box turns that over.
     void forgetPress() noexcept { bNoToggle_ = true; }
 

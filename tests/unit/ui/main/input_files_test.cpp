@@ -1,0 +1,312 @@
+// Which records are to be processed.
+#include "unit/ui/main/main_world.hpp"
+
+#include <algorithm>
+#include <chrono>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct InputFiles : MainWorld {
+    InputFiles() { form.show(); }
+
+    std::vector<bool> moves() {
+        std::vector<bool> enabled;
+        for (const Button& button : form.cmdSelectFiles) {
+            enabled.push_back(button.enabled());
+        }
+        return enabled;
+    }
+    const std::vector<std::string>& available() { return form.lstAvailable.items(); }
+    const std::vector<std::string>& selected() { return form.lstSelected.items(); }
+    void move(std::size_t index) { form.userClicked(form.cmdSelectFiles.at(index - 1)); }
+};
+
+TEST_F(InputFiles, Leaving_the_folder_lists_it_sorted_and_writes_the_trimmed_text_back) {
+    type(form.txtInput, R"(  D:\in )");
+    leave();
+    EXPECT_EQ(form.txtInput.text(), R"(D:\in)");
+    EXPECT_THAT(available(), ElementsAre("a.met", "b.met", "c.txt"));
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, false));
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(events.timesRun, 1);
+}
+
+TEST_F(InputFiles, A_folder_that_is_not_there_sends_the_focus_back) {
+    type(form.txtInput, R"( D:\nowhere )");
+    form.userMovedFocus(form.txtInExt);
+    expectRefusal(form.txtInput, R"(The "D:\nowhere" folder does not exist.)");
+    EXPECT_EQ(form.txtInput.text(), R"(D:\nowhere)");
+    EXPECT_FALSE(changed());
+}
+
+TEST_F(InputFiles, A_refused_folder_is_checked_again_and_listed_once_it_is_there) {
+    type(form.txtInput, R"(D:\late)");
+    leave();
+    leave();
+    EXPECT_EQ(desktop.messages.size(), 2U);
+    world.write(R"(D:\late\x.met)", "");
+    leave();
+    EXPECT_EQ(desktop.messages.size(), 2U);
+    EXPECT_THAT(available(), ElementsAre("x.met"));
+}
+
+TEST_F(InputFiles, A_blank_folder_gives_no_message_and_nothing_can_be_executed) {
+    listRecords();
+    move(2);
+    ASSERT_TRUE(form.cmdOK.enabled());
+    type(form.txtInput, "   ");
+    leave();
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_FALSE(form.cmdOK.enabled());
+    EXPECT_FALSE(form.cmdCreateBatFile.enabled());
+    EXPECT_EQ(form.txtInput.text(), "   ");
+}
+
+TEST_F(InputFiles, A_folder_that_nobody_edited_is_not_listed_again) {
+    listRecords();
+    world.write(R"(D:\in\new.met)", "");
+    form.userMovedFocus(form.txtInput);
+    leave();
+    EXPECT_EQ(available().size(), 3U);
+    type(form.txtInput, R"(D:\in)");
+    leave();
+    EXPECT_EQ(available().size(), 4U);
+}
+
+TEST_F(InputFiles, Extensions_are_patterns_and_only_edited_ones_list_again) {
+    listRecords();
+    type(form.txtInExt, "*.txt; *.MET");
+    leave();
+    EXPECT_THAT(available(), ElementsAre("a.met", "b.met", "c.txt"));
+    type(form.txtInExt, "*.txt");
+    leave();
+    EXPECT_THAT(available(), ElementsAre("c.txt"));
+    world.write(R"(D:\in\d.txt)", "");
+    forgetChanges();
+    form.userMovedFocus(form.txtInExt);
+    leave();
+    EXPECT_THAT(available(), ElementsAre("c.txt"));
+    EXPECT_FALSE(changed());
+    type(form.txtInExt, "");
+    leave();
+    EXPECT_EQ(available().size(), 4U);
+}
+
+TEST_F(InputFiles, Extensions_for_no_folder_give_no_message) {
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(available(), IsEmpty());
+}
+
+TEST_F(InputFiles, Browsing_starts_at_the_field_and_lists_what_was_picked) {
+    type(form.txtInput, R"(D:\in)");
+    pickedFolders = {R"(D:\empty)", ""};
+    form.userClicked(form.cmdInput);
+    EXPECT_EQ(form.txtInput.text(), R"(D:\empty)");
+    EXPECT_THAT(available(), IsEmpty());
+    EXPECT_TRUE(changed());
+    forgetChanges();
+    form.userClicked(form.cmdInput);
+    EXPECT_EQ(form.txtInput.text(), R"(D:\empty)");
+    EXPECT_FALSE(changed());
+    EXPECT_THAT(picks,
+                ElementsAre(Pick{"Open Folder", R"(D:\in)"}, Pick{"Open Folder", R"(D:\empty)"}));
+}
+
+TEST_F(InputFiles, The_marked_entries_move_and_stay_sorted) {
+    listRecords();
+    select(form.lstAvailable, {0, 2});
+    EXPECT_THAT(moves(), ElementsAre(true, true, false, false));
+    move(1);
+    EXPECT_THAT(available(), ElementsAre("b.met"));
+    EXPECT_THAT(selected(), ElementsAre("a.met", "c.txt"));
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, true));
+    EXPECT_EQ(form.focused(), &form.lstAvailable); // the button is switched off now
+    select(form.lstSelected, {0});
+    EXPECT_THAT(moves(), ElementsAre(false, true, true, true));
+    move(3);
+    EXPECT_THAT(available(), ElementsAre("a.met", "b.met"));
+    EXPECT_THAT(selected(), ElementsAre("c.txt"));
+}
+
+TEST_F(InputFiles, All_entries_move_there_and_back) {
+    listRecords();
+    move(2);
+    EXPECT_THAT(available(), IsEmpty());
+    EXPECT_THAT(selected(), ElementsAre("a.met", "b.met", "c.txt"));
+    EXPECT_THAT(moves(), ElementsAre(false, false, false, true));
+    EXPECT_TRUE(form.cmdOK.enabled());
+    EXPECT_TRUE(form.cmdCreateBatFile.enabled());
+    move(4);
+    EXPECT_THAT(available(), ElementsAre("a.met", "b.met", "c.txt"));
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, false));
+    EXPECT_FALSE(form.cmdOK.enabled());
+}
+
+TEST_F(InputFiles, Moving_is_no_change_of_the_settings) {
+    listRecords();
+    forgetChanges();
+    move(2);
+    move(4);
+    EXPECT_FALSE(changed());
+}
+
+TEST_F(InputFiles, A_double_click_moves_the_entry) {
+    listRecords();
+    select(form.lstAvailable, {1});
+    form.lstAvailable.userDoubleClicked();
+    EXPECT_THAT(selected(), ElementsAre("b.met"));
+    select(form.lstSelected, {0});
+    form.lstSelected.userDoubleClicked();
+    EXPECT_THAT(selected(), IsEmpty());
+    EXPECT_EQ(available().size(), 3U);
+}
+
+TEST_F(InputFiles, Going_to_one_list_unmarks_the_other) {
+    listRecords();
+    select(form.lstAvailable, {0});
+    move(1);
+    select(form.lstAvailable, {0, 1});
+    form.userMovedFocus(form.lstSelected);
+    EXPECT_EQ(form.lstAvailable.selectedCount(), 0U);
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, true));
+    select(form.lstSelected, {0});
+    form.userMovedFocus(form.lstAvailable);
+    EXPECT_EQ(form.lstSelected.selectedCount(), 0U);
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, true));
+}
+
+TEST_F(InputFiles, No_other_move_is_known) {
+    listRecords();
+    form.cmdSelectFiles_Click(5);
+    form.cmdSelectFiles_Click(-1);
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(plain("Unsupported case: 5"), plain("Unsupported case: -1")));
+    EXPECT_EQ(available().size(), 3U);
+}
+
+TEST_F(InputFiles, A_selected_file_that_no_pattern_matches_any_more_drops_out) {
+    listRecords();
+    select(form.lstAvailable, {0, 2});
+    move(1);
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_THAT(selected(), ElementsAre("a.met"));
+    EXPECT_THAT(available(), ElementsAre("b.met"));
+    EXPECT_THAT(moves(), ElementsAre(false, true, false, true));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(InputFiles, A_selected_file_stays_selected_however_its_name_is_written) {
+    listRecords();
+    move(2);
+    // The same names, but for case and blanks around them.
+    world.files().moveOver(R"(D:\in\a.met)", R"(D:\in\A.MET)");
+    world.files().moveOver(R"(D:\in\b.met)", R"(D:\in\ b.met)");
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_THAT(selected(), ElementsAre("a.met", "b.met"));
+    EXPECT_THAT(available(), IsEmpty());
+}
+
+TEST_F(InputFiles, The_scroll_bars_follow_the_widest_name) {
+    listRecords();
+    constexpr int character = 8; // without a view
+    EXPECT_EQ(form.lstAvailable.horizontalExtent(), 7 * character);
+    EXPECT_EQ(form.lstSelected.horizontalExtent(), 0);
+    world.write(R"(D:\in\a long name.met)", "");
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_EQ(form.lstAvailable.horizontalExtent(), 17 * character);
+    select(form.lstAvailable, {0});
+    move(1);
+    EXPECT_EQ(form.lstAvailable.horizontalExtent(), 7 * character);
+    EXPECT_EQ(form.lstSelected.horizontalExtent(), 17 * character);
+    CharacterWidths wide;
+    wide.fill(10);
+    form.lstSelected.measured(wide);
+    EXPECT_EQ(form.lstSelected.horizontalExtent(), 170);
+}
+
+TEST_F(InputFiles, A_folder_that_cannot_be_listed_is_reported_and_leaves_an_empty_list) {
+    listRecords();
+    files.failAlways(FileOperation::ListFiles, RunTimeError(ErrorNumber::PathFileAccess));
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub LoadFiles()", 75,
+                                                     describe(ErrorNumber::PathFileAccess))));
+    EXPECT_THAT(available(), IsEmpty());
+    EXPECT_THAT(moves(), ElementsAre(false, false, false, false));
+}
+
+TEST_F(InputFiles, What_the_user_does_while_the_list_is_empty_does_no_harm) {
+    listRecords();
+    select(form.lstAvailable, {0});
+    move(1);
+    events.handler = [this] {
+        EXPECT_THAT(available(), IsEmpty());
+        events.handler = nullptr;
+        form.cmdSelectFiles_Click(4); // the user is quick
+        EXPECT_THAT(available(), ElementsAre("a.met"));
+    };
+    type(form.txtInput, R"(D:\in)");
+    leave();
+    EXPECT_THAT(available(), ElementsAre("a.met", "b.met", "c.txt"));
+    EXPECT_THAT(selected(), IsEmpty());
+}
+
+// A folder with very many files, without the files.
+class HugeFolder : public ForwardingFiles {
+  public:
+    using ForwardingFiles::ForwardingFiles;
+    [[nodiscard]] std::vector<std::string> listFiles(std::string_view,
+                                                     std::string_view) const override {
+        return names;
+    }
+    std::vector<std::string> names;
+};
+
+TEST_F(InputFiles, A_hundred_thousand_files_are_matched_without_comparing_all_with_all) {
+    HugeFolder huge(files);
+    constexpr int count = 100000;
+    for (int i = 0; i < count; ++i) {
+        std::string number = std::to_string(i);
+        huge.names.push_back("r" + std::string(6 - number.size(), '0') + number + ".met");
+    }
+    MainServices hugeServices{.files = huge,
+                              .desktop = desktop,
+                              .events = events,
+                              .process = process,
+                              .settings = settings};
+    frmMain window(hugeServices);
+    window.show();
+    window.userMovedFocus(window.txtInput);
+    window.txtInput.userTyped(R"(D:\in)");
+    const auto start = std::chrono::steady_clock::now();
+    window.userMovedFocus(window.chkMP);
+    std::vector<int> half;
+    for (int i = 0; i < count; i += 2) {
+        half.push_back(i);
+    }
+    window.lstAvailable.userSelected(half);
+    window.cmdSelectFiles_Click(1);
+    window.userMovedFocus(window.txtInExt);
+    window.txtInExt.userTyped("*");
+    window.userMovedFocus(window.chkMP);
+    EXPECT_EQ(window.lstAvailable.items().size(), 50000U);
+    EXPECT_EQ(window.lstSelected.items().size(), 50000U);
+    window.cmdSelectFiles_Click(2);
+    EXPECT_EQ(window.lstSelected.items().size(), 100000U);
+    window.cmdSelectFiles_Click(4);
+    EXPECT_TRUE(std::ranges::equal(window.lstAvailable.items(), huge.names));
+    // Seconds even under a sanitizer; all with all would take hours there.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
+}
+
+} // namespace
+} // namespace tarnwick

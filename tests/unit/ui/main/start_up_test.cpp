@@ -1,0 +1,285 @@
+// From the first moment to the window, and how the program ends.
+#include "unit/ui/main/main_world.hpp"
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class StartUpWindow : public MainWorld {};
+
+constexpr const char* missingMP = "Please specify the MP executable location.";
+constexpr const char* missingCNS = "Please specify the CNS executable location.";
+
+TEST_F(StartUpWindow, At_first_MP_is_ticked_CNS_is_not_and_the_fields_are_empty) {
+    form.show();
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(form.chkMP.value(), 1);
+    EXPECT_EQ(form.chkCNS.value(), 0);
+    EXPECT_EQ(form.chkfixdoc.value(), 0);
+    EXPECT_EQ(form.chkAliases.value(), 0);
+    EXPECT_EQ(form.chkCFG.value(), 0);
+    EXPECT_EQ(form.txtCNSExt.text(), ".cns");
+    EXPECT_EQ(form.txtInExt.hint(), "*.met;*.txt");
+    for (const TextBox* const field :
+         {&form.txtInput, &form.txtInExt, &form.txtCNS, &form.txtAliases, &form.txtCFG}) {
+        EXPECT_EQ(field->text(), "") << field->name();
+    }
+    EXPECT_EQ(form.cboLanguage.text(), "English");
+    EXPECT_THAT(form.cboLanguage.items(),
+                ElementsAre("English", "Spanish", "Catalan", "Indonesian", "French"));
+    EXPECT_EQ(form.lblCNS.caption(), "CNS &output folder:");
+    EXPECT_FALSE(form.cmdOK.enabled());
+    EXPECT_FALSE(form.cmdCreateBatFile.enabled());
+    EXPECT_FALSE(changed());
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_FALSE(form.ended());
+}
+
+TEST_F(StartUpWindow, The_window_has_its_size_and_stands_in_the_middle_of_the_screen) {
+    form.measured({.width = 9000, .height = 6000}, {.width = 20000, .height = 10000});
+    form.show();
+    EXPECT_EQ(form.window(), (Bounds{.left = 3632, .top = 770, .width = 12735, .height = 8460}));
+}
+
+TEST_F(StartUpWindow, Caption_and_second_panel_name_the_INI_file) {
+    EXPECT_EQ(form.caption(), "Tarnwick");
+    store(settings, StoredSetting::INIFileName, R"(D:\work\last.ini)");
+    form.show();
+    EXPECT_EQ(form.caption(), "Tarnwick - last.ini");
+    EXPECT_EQ(form.StatusBar1.panelText(2), "last.ini");
+    EXPECT_EQ(form.StatusBar1.panelText(1), "");
+}
+
+TEST_F(StartUpWindow, A_vanished_INI_file_leaves_the_defaults) {
+    world.write(defaultIni, "Process CNS=1\r\n");
+    store(settings, StoredSetting::INIFileName, R"(D:\work\gone.ini)");
+    form.show();
+    EXPECT_EQ(form.caption(), "Tarnwick - gone.ini");
+    EXPECT_EQ(form.definition().sINIFile, R"(D:\work\gone.ini)");
+    EXPECT_EQ(form.chkCNS.value(), 0);
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(StartUpWindow, The_stored_INI_file_is_read_and_the_window_follows_it) {
+    world.write(R"(D:\last.ini)", "Process MP=0\r\nProcess CNS=1\r\nInput Folder=D:\\in\r\n"
+                                  "Input File Extension=*.met\r\nCNS Output Folder=D:\\cns\r\n"
+                                  "Aliases File=D:\\aliases.txt\r\nFIX DOC=1\r\nLanguage=French\r\n"
+                                  "GRID_Leftovers=D:\\out\r\n");
+    store(settings, StoredSetting::INIFileName, R"(D:\last.ini)");
+    form.show();
+    EXPECT_FALSE(form.chkMP.ticked());
+    EXPECT_TRUE(form.chkCNS.ticked());
+    EXPECT_THAT(form.lstAvailable.items(), ElementsAre("a.met", "b.met"));
+    EXPECT_FALSE(form.cmdSelectFiles[0].enabled());
+    EXPECT_TRUE(form.cmdSelectFiles[1].enabled());
+    EXPECT_TRUE(form.txtAliases.enabled());
+    EXPECT_TRUE(form.grdCNS.enabled());
+    EXPECT_FALSE(form.grdFiles.enabled());
+    EXPECT_EQ(form.chkfixdoc.value(), 1);
+    EXPECT_EQ(form.cboLanguage.text(), "French");
+    EXPECT_EQ(form.grdCNS.text(2, 3), R"(D:\out)");
+    EXPECT_FALSE(changed());
+}
+
+TEST_F(StartUpWindow, A_read_only_INI_file_is_read_and_cannot_be_saved) {
+    world.write(defaultIni, "Language=Catalan\r\n");
+    world.makeReadOnly(defaultIni);
+    form.show();
+    EXPECT_EQ(form.cboLanguage.text(), "Catalan");
+    form.cboLanguage.userPicked(1);
+    form.mnuSaveINI.userClicked();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(report("Public Sub SaveINIFile()", 75,
+                                   describe(ErrorNumber::PathFileAccess), EACCES)));
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(world.read(defaultIni), "Language=Catalan\r\n");
+    EXPECT_EQ(form.caption(), "Tarnwick - TARNWICK.ini");
+}
+
+TEST_F(StartUpWindow, A_tool_beside_the_program_wins_and_is_what_is_stored_at_the_end) {
+    world.write(R"(D:\mp.exe)", "");
+    store(settings, StoredSetting::MPExecutable, R"(D:\mp.exe)");
+    form.show();
+    EXPECT_EQ(form.definition().sMPExecutable, R"(C:\App\mp.exe)");
+    form.userClosed();
+    EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
+}
+
+TEST_F(StartUpWindow, A_command_line_is_handed_on_whole_before_any_INI_file_is_read) {
+    world.write(defaultIni, "Language=French\r\n");
+    process.givenCommandLine = R"(-I "D:\batch.ini" -n)";
+    form.show();
+    EXPECT_THAT(commandLines, ElementsAre(R"(-I "D:\batch.ini" -n)"));
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.ended());
+    EXPECT_EQ(form.cboLanguage.text(), "English");
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), "none");
+}
+
+struct MissingTools {
+    bool mp;
+    bool cns;
+    std::vector<std::string> asked; // while nothing is given
+};
+
+class StartUpWithoutTools : public MainWorld, public testing::WithParamInterface<MissingTools> {
+  protected:
+    StartUpWithoutTools() {
+        world.write(defaultIni, std::string("Process MP=") + (GetParam().mp ? "1" : "0") +
+                                    "\r\nProcess CNS=" + (GetParam().cns ? "1" : "0") + "\r\n");
+        world.files().remove(R"(C:\App\mp.exe)");
+        world.files().remove(R"(C:\App\cns.exe)");
+        world.write(R"(D:\tools\mp.exe)", "");
+        world.write(R"(D:\tools\cns.exe)", "");
+        for (const std::string& text : GetParam().asked) {
+            expected.push_back(warning(text));
+        }
+    }
+    std::vector<Message> expected;
+};
+
+TEST_P(StartUpWithoutTools, The_program_ends_at_once_where_the_options_do_not_give_the_tool) {
+    form.show();
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.ended());
+    // The first missing tool ends it; no second one is asked for.
+    EXPECT_THAT(desktop.messages, ElementsAre(expected.front()));
+    EXPECT_EQ(optionsShown, 1);
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), "none");
+}
+
+TEST_P(StartUpWithoutTools, The_window_comes_up_once_the_options_have_given_every_tool) {
+    inOptions = [this](BatchDefinition& definition) {
+        EXPECT_EQ(definition.iProcessMP, GetParam().mp ? 1 : 0);
+        EXPECT_EQ(definition.iProcessCNS, GetParam().cns ? 1 : 0);
+        std::string& tool = desktop.messages.back().text == missingMP ? definition.sMPExecutable
+                                                                      : definition.sCNSExecutable;
+        EXPECT_EQ(tool, "");
+        tool = &tool == &definition.sMPExecutable ? R"(D:\tools\mp.exe)" : R"(D:\tools\cns.exe)";
+        definition.bSettingsChanged = true;
+    };
+    form.show();
+    EXPECT_TRUE(form.visible());
+    EXPECT_FALSE(form.ended());
+    EXPECT_EQ(desktop.messages, expected);
+    EXPECT_FALSE(changed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Both_or_one, StartUpWithoutTools,
+                         testing::Values(MissingTools{true, true, {missingMP, missingCNS}},
+                                         MissingTools{false, true, {missingCNS}},
+                                         MissingTools{true, false, {missingMP}}));
+
+TEST_F(StartUpWindow, With_neither_tool_to_run_none_is_missing) {
+    world.write(defaultIni, "Process MP=0\r\n");
+    world.files().remove(R"(C:\App\mp.exe)");
+    world.files().remove(R"(C:\App\cns.exe)");
+    form.show();
+    EXPECT_TRUE(form.visible());
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(StartUpWindow, With_MP_there_and_CNS_missing_only_CNS_is_asked_for) {
+    world.write(defaultIni, "Process CNS=1\r\n");
+    world.files().remove(R"(C:\App\cns.exe)");
+    form.show();
+    EXPECT_TRUE(form.ended());
+    EXPECT_THAT(desktop.messages, ElementsAre(warning(missingCNS)));
+}
+
+TEST_F(StartUpWindow, An_empty_or_wrong_TEMP_puts_temporary_files_in_the_programs_folder) {
+    process.variables["TEMP"] = R"(D:\nowhere)";
+    form.show();
+    EXPECT_EQ(form.definition().sTempFolder, R"(C:\App\)");
+}
+
+TEST_F(StartUpWindow, Closing_stores_the_INI_file_and_the_tools_and_asks_nothing) {
+    form.show();
+    form.userClicked(form.cmdCancel);
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.ended());
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+    EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
+    EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_FALSE(world.exists(defaultIni));
+}
+
+TEST_F(StartUpWindow, Escape_closes_the_window_as_its_button_does) {
+    form.show();
+    form.userMovedFocus(form.txtInput);
+    form.userPressedEscape();
+    EXPECT_TRUE(form.ended());
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+}
+
+TEST_F(StartUpWindow, Closing_with_changes_saves_them_on_Yes) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::Yes};
+    form.mnuExit.userClicked();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+    EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Language=French\r\n"));
+    EXPECT_TRUE(form.ended());
+}
+
+TEST_F(StartUpWindow, Closing_with_changes_drops_them_on_No_and_cannot_be_held_up) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::No};
+    form.userClosed();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+    EXPECT_FALSE(world.exists(defaultIni));
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.ended());
+}
+
+TEST_F(StartUpWindow, Closing_counts_an_edit_that_is_still_going_on) {
+    form.show();
+    click(form.grdFiles, 6, 2);
+    form.txtEdit.userSelected(0, 4);
+    form.txtEdit.userTyped(".x");
+    desktop.answers = {MessageAnswer::Yes};
+    form.userClosed();
+    EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Xml Extension=.x\r\n"));
+}
+
+TEST_F(StartUpWindow, Closing_counts_a_field_that_was_not_left_and_checks_it_no_more) {
+    form.show();
+    type(form.txtInput, R"(D:\nowhere)");
+    desktop.answers = {MessageAnswer::Yes};
+    form.userClicked(form.cmdCancel);
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+    EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Input Folder=D:\\nowhere\r\n"));
+}
+
+TEST_F(StartUpWindow, A_settings_store_that_cannot_be_written_does_not_cost_the_question) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    settings.unwritable = true;
+    desktop.answers = {MessageAnswer::Yes};
+    form.userClosed();
+    EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub Form_Unload(Cancel As Integer)",
+                                                     75, describe(ErrorNumber::PathFileAccess)),
+                                              saveQuestion(defaultIni)));
+    EXPECT_TRUE(world.exists(defaultIni));
+    EXPECT_TRUE(form.ended());
+}
+
+TEST_F(StartUpWindow, A_failing_start_up_is_reported_and_the_window_comes_up) {
+    services.runCommandLine = [](BatchDefinition&, std::string_view) {
+        throw RunTimeError(ErrorNumber::DiskFull);
+    };
+    frmMain failing(services);
+    failing.measured({.width = 12735, .height = 8460}, {.width = 15360, .height = 11520});
+    process.givenCommandLine = "-I x";
+    failing.show();
+    EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub Form_Load()", 61,
+                                                     describe(ErrorNumber::DiskFull))));
+}
+
+} // namespace
+} // namespace tarnwick

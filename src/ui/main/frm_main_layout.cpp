@@ -23,9 +23,9 @@ constexpr int buttonHeight = 375;
 
 // The two columns of groups.
 constexpr int leftColumn = margin;
-constexpr int leftWidth = 6120;
+constexpr int leftWidth = 6000;
 constexpr int rightColumn = leftColumn + leftWidth + margin;
-constexpr int rightWidth = 6135;
+constexpr int rightWidth = 6255;
 
 constexpr int topOfGroups = 120;
 constexpr int languageHeight = 690;
@@ -145,7 +145,7 @@ void frmMain::layOutMP() {
                      .top = topOfGroups,
                      .width = 900,
                      .height = checkHeight});
-    constexpr int allFoldersWidth = 1695;
+    constexpr int allFoldersWidth = 1560;
     cmdOutputFolder.setBounds({.left = left + width - allFoldersWidth,
                                .top = topOfGroups + 330,
                                .width = allFoldersWidth,

@@ -79,7 +79,7 @@ TEST_F(Layout, The_columns_of_the_grids_have_their_widths) {
 TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
     // The whole height, and what is left of it below a menu bar.
     for (const int menuBar : {0, 285, 315}) {
-        form.measuredContent({.width = 12615, .height = 8055 - menuBar});
+        form.measuredFrame({.width = 120, .height = 405 + menuBar});
         form.Resize();
         const Bounds room{
             .left = 0, .top = 0, .width = 12615, .height = form.StatusBar1.bounds().top};

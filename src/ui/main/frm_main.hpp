@@ -27,7 +27,7 @@ class frmMain final : public Form {
   public:
     explicit frmMain(MainServices services);
 
-    // The definition as the window shows it now.
+    // The definition as the window shows it now, without a cell that is still being edited.
     [[nodiscard]] const BatchDefinition& definition();
     // Makes it the program's definition and shows it. Lists no folder, reads no file and marks
     // nothing as changed.
@@ -48,7 +48,6 @@ class frmMain final : public Form {
     void pSetCellValue() { mpOutputs_.pSetCellValue(); }
     void pSetCellValueCNS() { cnsOutputs_.pSetCellValue(); }
 
-    // In the order of the focus, which follows the eye.
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuNewINI{mnuFile, "mnuNewINI", "&New INI File..."};
     MenuItem mnuBar3{mnuFile, "mnuBar3", "-"};
@@ -68,6 +67,7 @@ class frmMain final : public Form {
     MenuItem mnuBar5{mnuHelp, "mnuBar5", "-"};
     MenuItem mnuAbout{mnuHelp, "mnuAbout", "&About Tarnwick..."};
 
+    // From here on in the order of the focus, which follows the eye.
     Line linTop{*this, "linTop"};
     Line linTop2{*this, "linTop2"};
 

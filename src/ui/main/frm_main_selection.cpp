@@ -29,6 +29,7 @@ void frmMain::txtInExt_Change() {
 }
 
 void frmMain::txtInput_LostFocus() {
+    commonSteps();
     if (bInputChanged_ && !leaveBlank(txtInput)) {
         if (FolderExists(services_.files, txtInput.text())) {
             relist();
@@ -40,6 +41,7 @@ void frmMain::txtInput_LostFocus() {
 }
 
 void frmMain::txtInExt_LostFocus() {
+    commonSteps();
     const bool edited = std::exchange(bFieldEdited_, false);
     if (bInExtChanged_ && FolderExists(services_.files, txtInput.text())) {
         relist();

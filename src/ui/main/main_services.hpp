@@ -31,12 +31,13 @@ struct MainServices {
     // The folder that the user picked; empty when cancelled.
     std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder =
         {};
-    std::function<void(BatchDefinition& definition)> showOptions = {}; // may change the definition
-    std::function<void()> showAbout = {};
+    std::function<void(BatchDefinition& definition)> showOptions =
+        nullptr; // may change the definition
+    std::function<void()> showAbout = nullptr;
 
     // What the two big buttons start. Without them a click on the button shows and does nothing.
-    std::function<void()> execute = {};
-    std::function<void()> createBatchFile = {};
+    std::function<void()> execute = nullptr;
+    std::function<void()> createBatchFile = nullptr;
 
     // Web addresses, opened with the program associated with them.
     std::string mpHelp{mpDocumentation()};

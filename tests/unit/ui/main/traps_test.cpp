@@ -73,6 +73,7 @@ TEST_F(Traps, The_text_fields) {
     expectReport(form.txtCFG, "Private Sub txtCFG_LostFocus()", form.txtCFG.LostFocus);
     type(form.txtInput, " x ");
     expectReport(form.txtInput, "Private Sub txtInput_LostFocus()", form.txtInput.LostFocus);
+    expectProcedure("txtInExt_LostFocus()", form.txtInExt.LostFocus);
 }
 
 TEST_F(Traps, The_key_of_the_eight) {

@@ -48,8 +48,9 @@ test_the_menu_by_mouse_and_by_keyboard() {
     open_controls
     key alt+f n
     expect_since mnuNew_Click
-    key alt+f d # disabled: the menu stays open
+    key alt+f
     picture_of root controls-menu
+    key d # disabled
     key Escape Escape
     expect_since ''
     key alt+f x

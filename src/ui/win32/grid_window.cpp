@@ -86,7 +86,13 @@ void GridWindow::registerClass() noexcept {
 }
 
 GridWindow::GridWindow(Grid& grid, HWND window) : ControlWindow(grid, window), grid_(grid) {
-    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPSIBLINGS);
+    // A dialog may have made the border a sunken edge, which is wider than gridFrame.
+    SetWindowLongPtrA(window, GWL_STYLE,
+                      GetWindowLongPtrA(window, GWL_STYLE) | WS_BORDER | WS_CLIPSIBLINGS);
+    SetWindowLongPtrA(window, GWL_EXSTYLE,
+                      GetWindowLongPtrA(window, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+    SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 

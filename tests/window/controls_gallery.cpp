@@ -3,6 +3,9 @@
 // the middle in twips from the upper left corner of the menu bar. RESULT has a line for every event
 // as soon as its handler has run.
 //
+// controls_gallery names RESULT LAYOUT: the same; Help, About writes into RESULT what a screen
+// reader says of the grid.
+//
 // controls_gallery lists RESULT COUNT: measures how long COUNT names take to be moved from one list
 // to another and back, and to be put into a bare list box: lines "what milliseconds".
 
@@ -19,10 +22,14 @@
 #include "ui/forms/list_box.hpp"
 #include "ui/forms/status_bar.hpp"
 #include "ui/forms/text_box.hpp"
+#include "ui/win32/com_pointer.hpp"
 #include "ui/win32/win32_main_window.hpp"
 
 #include <windows.h>
 
+#include <oleacc.h>
+
+#include <array>
 #include <chrono>
 #include <exception>
 #include <fstream>
@@ -223,10 +230,12 @@ class frmControls final : public Form {
     }
 
     void fillGrid() {
-        const std::vector<std::string> headers{"Build?", "File type", "Extension", "Output folder"};
-        const std::vector<std::string> types{"Error", "Text", "Html", "Faq", "Sgml", "Xml"};
+        const std::vector<std::string> headers{"Build?", "File Type", "Extension", "Output Folder"};
+        const std::vector<std::string> types{"Error",     "Text", "Leftovers",
+                                             "Info_file", "Sgml", "Xml"};
         grd.setRows(static_cast<int>(types.size()) + 1);
         grd.setAccessibleName("Output definition");
+        grd.setTitleColumn(1);
         for (int column = 0; column < grd.columns(); ++column) {
             grd.setText(0, column, headers[static_cast<std::size_t>(column)]);
         }
@@ -356,6 +365,43 @@ void measureLists(frmControls& form, const std::string& resultFile, int count) {
     form.unload();
 }
 
+// Of the child of that number, or of the window itself.
+std::string nameOf(IAccessible& object, LONG child) {
+    VARIANT id{};
+    id.vt = VT_I4;
+    id.lVal = child;
+    BSTR name = nullptr;
+    if (object.get_accName(id, &name) != S_OK) {
+        return "none";
+    }
+    std::array<char, 200> text{};
+    WideCharToMultiByte(CP_ACP, 0, name, -1, text.data(), static_cast<int>(text.size()), nullptr,
+                        nullptr);
+    SysFreeString(name);
+    return text.data();
+}
+
+void printNames(HWND dialog, const std::string& resultFile) {
+    const ComUser com;
+    std::ofstream out(resultFile, std::ios::binary);
+    HWND grid = FindWindowExA(dialog, nullptr, "TarnwickGrid", nullptr);
+    ComPointer<IAccessible> object;
+    if (AccessibleObjectFromWindow(grid, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                   object.receive()) != S_OK) {
+        out << "no object\n";
+        return;
+    }
+    LONG children = 0;
+    object->get_accChildCount(&children);
+    out << "children=" << children << '\n';
+    for (const LONG child : {0, 1, 5, 8, 9, 28}) {
+        out << child << '=' << nameOf(*object.get(), child) << '\n';
+    }
+    VARIANT focus{};
+    object->get_accFocus(&focus);
+    out << "focus=" << focus.lVal << '\n';
+}
+
 bool run(std::string_view what, const std::string& resultFile, const std::string& third) {
     const Win32Files files;
     Win32MainWindow window;
@@ -364,10 +410,15 @@ bool run(std::string_view what, const std::string& resultFile, const std::string
         window.run(form);
     } else if (what == "lists") {
         frmControls form(files, "events.txt", "layout.txt");
-        form.Resize = [&form, &resultFile, &third] {
-            form.Resize = nullptr;
-            measureLists(form, resultFile, std::stoi(third));
+        form.Resize = [&, measured = false]() mutable {
+            if (!std::exchange(measured, true)) {
+                measureLists(form, resultFile, std::stoi(third));
+            }
         };
+        window.run(form);
+    } else if (what == "names") {
+        frmControls form(files, "events.txt", third);
+        form.mnuAbout.Click = [&] { printNames(GetActiveWindow(), resultFile); };
         window.run(form);
     } else {
         return false;

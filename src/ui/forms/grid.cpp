@@ -162,14 +162,24 @@ std::optional<Grid::Place> Grid::cellAt(int x, int y) const {
     return std::nullopt;
 }
 
+void Grid::setTitleColumn(int column) {
+    check(0, column);
+    titleColumn_ = column;
+}
+
 std::string Grid::accessibleText(int row, int column) const {
     const Cell& shown = cell(row, column);
-    const std::string& header = text(0, column);
-    std::string value = shown.text;
+    if (row == 0) {
+        return shown.text;
+    }
+    std::string value = shown.text.empty() ? "empty" : shown.text;
     if (shown.showsBox()) {
         value = shown.showsTick() ? "ticked" : "not ticked";
     }
-    return row == 0 || header.empty() ? value : header + ": " + (value.empty() ? "empty" : value);
+    const std::string& header = text(0, column);
+    const bool titled = titleColumn_ && *titleColumn_ != column;
+    return (titled ? text(row, *titleColumn_) + ", " : "") + (header.empty() ? "" : header + ": ") +
+           value;
 }
 
 void Grid::userPressed(int x, int y) {

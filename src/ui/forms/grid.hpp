@@ -68,7 +68,9 @@ class Grid final : public Control {
     [[nodiscard]] Bounds cellBounds() const { return cellBounds(row(), column()); }
     // The cell at that place within the control's bounds.
     [[nodiscard]] std::optional<Place> cellAt(int x, int y) const;
-    // What a screen reader says of the cell: its column's header and its text.
+    // The column whose text tells one row from another, for a screen reader; none to begin with.
+    void setTitleColumn(int column);
+    // What a screen reader says of the cell: the row's title, the column's header and the text.
     [[nodiscard]] std::string accessibleText(int row, int column) const;
 
     // A mouse button went down at that place within the control's bounds: the focus comes, the cell
@@ -102,6 +104,7 @@ class Grid final : public Control {
 
     std::vector<std::vector<Cell>> rows_;
     std::vector<int> widths_;
+    std::optional<int> titleColumn_;
     int rowHeight_ = 285;
     Place current_{.row = 1, .column = 0};
     int topRow_ = 1;

@@ -16,11 +16,13 @@ constexpr int pictureSize = 240;
 constexpr int gap = 45;
 constexpr int indent = 180;
 
-HICON picture(SHSTOCKICONID which) noexcept {
-    SHSTOCKICONINFO info{};
-    info.cbSize = sizeof info;
-    return SHGetStockIconInfo(which, SHGSI_ICON | SHGSI_SMALLICON, &info) == S_OK ? info.hIcon
-                                                                                  : nullptr;
+// Of any folder: it need not be there.
+HICON picture(UINT state) noexcept {
+    SHFILEINFOA info{};
+    const UINT what = SHGFI_USEFILEATTRIBUTES | SHGFI_ICON | SHGFI_SMALLICON | state;
+    return SHGetFileInfoA("folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what) != 0
+               ? info.hIcon
+               : nullptr;
 }
 
 } // namespace
@@ -35,8 +37,8 @@ FolderListWindow::~FolderListWindow() {
 }
 
 void FolderListWindow::loadPictures() {
-    closed_ = picture(SIID_FOLDER);
-    open_ = picture(SIID_FOLDEROPEN);
+    closed_ = picture(0);
+    open_ = picture(SHGFI_OPENICON);
     SendMessageA(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
 }
 

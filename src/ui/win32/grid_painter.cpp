@@ -82,6 +82,22 @@ bool isInstalled(HDC context, const std::string& name) {
     return found;
 }
 
+// Takes the room around the text off `area`: less than usual, and a bit off the text itself, where
+// it would be cut off otherwise.
+void fit(HDC context, const std::string& text, RECT& area, int dpi) {
+    SIZE size{};
+    GetTextExtentPoint32A(context, text.data(), static_cast<int>(text.size()), &size);
+    const int wide = toPixels(padding, dpi);
+    const int tight = toPixels(lineWidth, dpi);
+    const int room = area.right - area.left - size.cx;
+    area.left += room >= wide ? wide : tight;
+    area.right -= room >= 2 * wide ? wide : 0;
+    const int lacking = area.left + size.cx - area.right;
+    if (lacking > 0 && lacking <= static_cast<int>(text.size())) {
+        SetTextCharacterExtra(context, -1);
+    }
+}
+
 } // namespace
 
 RECT cellArea(const Grid& grid, Grid::Place place, int dpi) {
@@ -90,6 +106,14 @@ RECT cellArea(const Grid& grid, Grid::Place place, int dpi) {
             .top = toPixels(cell.top, dpi) - gridFrame,
             .right = toPixels(cell.left + cell.width, dpi) - gridFrame,
             .bottom = toPixels(cell.top + cell.height, dpi) - gridFrame};
+}
+
+int pixelToTwips(int pixel, int dpi) noexcept {
+    return toTwips(2 * (pixel + gridFrame) + 1, 2 * dpi);
+}
+
+std::optional<Grid::Place> cellAtPixel(const Grid& grid, POINT pixel, int dpi) {
+    return grid.cellAt(pixelToTwips(pixel.x, dpi), pixelToTwips(pixel.y, dpi));
 }
 
 void GridPainter::paint(HDC context, const RECT& area, const Grid& grid, const Look& look) {
@@ -139,10 +163,11 @@ void GridPainter::paintText(HDC context, const Cell& cell, RECT area, const Look
         return;
     }
     const Selected selected(context, own != nullptr ? own : look.font);
-    InflateRect(&area, -toPixels(padding, look.dpi), 0);
+    fit(context, cell.text, area, look.dpi);
     DrawTextA(context, cell.text.data(), static_cast<int>(cell.text.size()), &area,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS |
                   formatOf(cell.alignment));
+    SetTextCharacterExtra(context, 0);
 }
 
 HFONT GridPainter::font(const std::string& name, const Look& look) {

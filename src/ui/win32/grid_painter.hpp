@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <map>
+#include <optional>
 #include <string>
 
 namespace tarnwick {
@@ -38,6 +39,11 @@ class GridPainter {
 
 // Where the window of a grid of `dpi` has the cell, within its content.
 [[nodiscard]] RECT cellArea(const Grid& grid, Grid::Place place, int dpi);
+
+// From a pixel of that content to a place in the grid. The middle of a pixel tells for sure which
+// side of an edge it is on.
+[[nodiscard]] int pixelToTwips(int pixel, int dpi) noexcept;
+[[nodiscard]] std::optional<Grid::Place> cellAtPixel(const Grid& grid, POINT pixel, int dpi);
 
 // The line that the system draws around the grid's content, in pixels.
 inline constexpr int gridFrame = 1;

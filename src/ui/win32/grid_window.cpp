@@ -1,6 +1,7 @@
 #include "ui/win32/grid_window.hpp"
 
 #include "ui/forms/measures.hpp"
+#include "ui/win32/accessible_grid.hpp"
 #include "ui/win32/key_listener.hpp"
 #include "ui/win32/view_messages.hpp"
 
@@ -85,7 +86,13 @@ void GridWindow::registerClass() noexcept {
 }
 
 GridWindow::GridWindow(Grid& grid, HWND window) : ControlWindow(grid, window), grid_(grid) {
-    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPSIBLINGS);
+    // A dialog may have made the border a sunken edge, which is wider than gridFrame.
+    SetWindowLongPtrA(window, GWL_STYLE,
+                      GetWindowLongPtrA(window, GWL_STYLE) | WS_BORDER | WS_CLIPSIBLINGS);
+    SetWindowLongPtrA(window, GWL_EXSTYLE,
+                      GetWindowLongPtrA(window, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+    SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -100,6 +107,11 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         return 0;
     }
     switch (message) {
+    case WM_GETOBJECT:
+        if (grid != nullptr && static_cast<LONG>(lParam) == OBJID_CLIENT) {
+            return giveAccessibleGrid(window, wParam);
+        }
+        break;
     case WM_SETFONT:
         SetWindowLongPtrA(window, fontSlot, static_cast<LONG_PTR>(wParam));
         if (grid != nullptr) {
@@ -178,7 +190,10 @@ void GridWindow::changed(Property property) {
     case Property::Selection:
         showScrollBar();
         InvalidateRect(window(), nullptr, FALSE);
+        tellScreenReader(property);
         break;
+    case Property::AccessibleName:
+        break; // it is asked for
     default:
         ControlWindow::changed(property);
         break;
@@ -200,6 +215,15 @@ void GridWindow::showScrollBar() {
     info.nPage = static_cast<UINT>(grid_.pageRows());
     info.nPos = grid_.topRow();
     SetScrollInfo(window(), SB_VERT, &info, TRUE);
+}
+
+void GridWindow::tellScreenReader(Property property) const noexcept {
+    if (GetFocus() == window()) {
+        NotifyWinEvent(property == Property::Selection ? EVENT_OBJECT_FOCUS
+                                                       : EVENT_OBJECT_NAMECHANGE,
+                       window(), OBJID_CLIENT,
+                       accessibleChild(grid_, {.row = grid_.row(), .column = grid_.column()}));
+    }
 }
 
 void GridWindow::userInput(const MSG& message) {
@@ -228,12 +252,14 @@ void GridWindow::userInput(const MSG& message) {
     }
 }
 
-// The middle of a pixel tells for sure which side of an edge it is on.
 void GridWindow::pressed(LPARAM place) {
-    const auto middle = [this](int pixel) {
-        return toTwips(2 * (pixel + gridFrame) + 1, 2 * dpi());
-    };
-    grid_.userPressed(middle(GET_X_LPARAM(place)), middle(GET_Y_LPARAM(place)));
+    grid_.userPressed(pixelToTwips(GET_X_LPARAM(place), dpi()),
+                      pixelToTwips(GET_Y_LPARAM(place), dpi()));
+}
+
+const Grid* GridWindow::gridOf(HWND window) noexcept {
+    const auto* const grid = pointerIn<const GridWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    return grid == nullptr ? nullptr : &grid->grid_;
 }
 
 void GridWindow::scrolled(WORD how) {

@@ -16,6 +16,9 @@ class GridWindow final : public ControlWindow {
     // like.
     static void registerClass() noexcept;
 
+    // The grid that such a window shows; null before it is bound and after.
+    [[nodiscard]] static const Grid* gridOf(HWND window) noexcept;
+
     GridWindow(Grid& grid, HWND window);
     GridWindow(const GridWindow&) = delete;
     GridWindow(GridWindow&&) = delete;
@@ -36,6 +39,7 @@ class GridWindow final : public ControlWindow {
     void pressed(LPARAM place);
     void scrolled(WORD how);
     void showScrollBar();
+    void tellScreenReader(Property property) const noexcept;
 
     Grid& grid_;
     GridPainter painter_;

@@ -10,6 +10,7 @@ namespace tarnwick {
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
     : ControlWindow(textBox, window), textBox_(textBox), keys_(window) {
     SendMessageA(window, EM_SETLIMITTEXT, 0, 0); // no limit
+    dropMargins();
 }
 
 void TextBoxWindow::changed(Property property) {
@@ -43,6 +44,17 @@ void TextBoxWindow::changed(Property property) {
 void TextBoxWindow::resolutionChanged() {
     ControlWindow::resolutionChanged();
     showFont();
+    dropMargins();
+}
+
+// A field without a border lies over something whose text its own stands in for: whoever places it
+// has seen to the room around it.
+void TextBoxWindow::dropMargins() {
+    const bool bordered = (GetWindowLongPtrA(window(), GWL_STYLE) & WS_BORDER) != 0 ||
+                          (GetWindowLongPtrA(window(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+    if (!bordered) {
+        SendMessageA(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    }
 }
 
 void TextBoxWindow::notified(WORD code) {

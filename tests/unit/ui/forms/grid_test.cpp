@@ -306,7 +306,11 @@ TEST_F(Grids, A_screen_reader_hears_the_header_and_the_value) {
     EXPECT_EQ(grd.accessibleText(1, 3), "Output folder: C:\\out");
     EXPECT_EQ(grd.accessibleText(2, 3), "Output folder: empty");
     EXPECT_EQ(grd.accessibleText(0, 3), "Output folder");
-    EXPECT_EQ(grd.accessibleText(2, 1), "");
+    EXPECT_EQ(grd.accessibleText(2, 1), "empty");
+    grd.setTitleColumn(1);
+    grd.setText(1, 1, "Html");
+    EXPECT_EQ(grd.accessibleText(1, 0), "Html, Build?: ticked");
+    EXPECT_EQ(grd.accessibleText(1, 1), "Html");
 }
 
 TEST_F(Grids, A_glyph_is_a_box_only_in_the_symbol_font) {

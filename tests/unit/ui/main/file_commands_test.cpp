@@ -340,6 +340,8 @@ TEST_P(QuestionedCommand, A_cell_or_field_that_is_being_edited_is_a_change) {
     type(form.txtInput, "D:\\");
     command().userClicked();
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni), saveQuestion(defaultIni)));
+    form.userClosed(); // both were answered
+    EXPECT_EQ(desktop.messages.size(), 2U);
 }
 
 INSTANTIATE_TEST_SUITE_P(New_and_Open, QuestionedCommand,

@@ -94,7 +94,7 @@ class frmControls final : public Form {
     StatusBar StatusBar1{*this, "StatusBar1", 3};
 
   private:
-    void note(const std::string& event) { result_ << event << std::endl; }
+    void note(const std::string& event) { result_ << event << '\n' << std::flush; }
 
     void fillMenu() {
         mnuOff.setEnabled(false);
@@ -337,6 +337,7 @@ void fillBareListBox(const std::vector<std::string>& names) {
 
 void measureLists(frmControls& form, const std::string& resultFile, int count) {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         names.push_back("metadata record " + std::to_string(1'000'000 + i) + ".met");
     }

@@ -64,7 +64,7 @@ std::string fullFolderPath(std::string_view path, std::string_view currentFolder
     const std::string whole = fromCurrentFolder(slashes, currentFolder);
     std::string result(rootOf(whole));
     for (const std::string& name : namesIn(std::string_view(whole).substr(result.size()))) {
-        result = withBackslash(result) + name;
+        result = withBackslash(result).append(name);
     }
     return result;
 }

@@ -85,7 +85,7 @@ class AccessibleGrid final : public IAccessible {
     }
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
         const Grid* const grid = shown();
-        *count = grid == nullptr ? 0 : static_cast<LONG>(grid->rows() * grid->columns());
+        *count = grid == nullptr ? 0 : grid->rows() * grid->columns();
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_accChild(VARIANT /*id*/, IDispatch** child) override {
@@ -233,7 +233,7 @@ LRESULT giveAccessibleGrid(HWND window, WPARAM wParam) {
 }
 
 LONG accessibleChild(const Grid& grid, Grid::Place place) noexcept {
-    return static_cast<LONG>(place.row * grid.columns() + place.column + 1);
+    return place.row * grid.columns() + place.column + 1;
 }
 
 } // namespace tarnwick

@@ -134,7 +134,7 @@ void GridPainter::paint(HDC context, const RECT& area, const Grid& grid, const L
     }
     if (look.focused && grid.rows() > 1) {
         const Grid::Place current{.row = grid.row(), .column = grid.column()};
-        RECT frame = cellArea(grid, current, look.dpi);
+        const RECT frame = cellArea(grid, current, look.dpi);
         if (grid.rowIsVisible(current.row)) {
             drawFrame(context, frame, toPixels(focusWidth, look.dpi));
         }
@@ -157,7 +157,7 @@ void GridPainter::paintCell(HDC context, const Grid& grid, Grid::Place place, co
 }
 
 void GridPainter::paintText(HDC context, const Cell& cell, RECT area, const Look& look) {
-    HFONT const own = cell.fontName.empty() ? nullptr : font(cell.fontName, look);
+    HFONT own = cell.fontName.empty() ? nullptr : font(cell.fontName, look);
     if (own == nullptr && cell.showsBox()) {
         drawCheckBox(look.window, context, area, cell.showsTick(), look.enabled);
         return;

@@ -161,10 +161,10 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
 // Into a picture in memory first: nothing flickers.
 void GridWindow::paint() {
     PAINTSTRUCT request{};
-    HDC const screen = BeginPaint(window(), &request);
+    HDC screen = BeginPaint(window(), &request);
     RECT area{};
     GetClientRect(window(), &area);
-    HDC const context = CreateCompatibleDC(screen);
+    HDC context = CreateCompatibleDC(screen);
     {
         const GdiHandle<HBITMAP> picture(CreateCompatibleBitmap(screen, area.right, area.bottom));
         const Selected selected(context, picture.get());

@@ -2,6 +2,7 @@
 
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/redraw_pause.hpp"
+#include "ui/win32/view_messages.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,7 +21,7 @@ int ListBoxWindow::ask(UINT message) const noexcept {
 void ListBoxWindow::measureCharacters() {
     const WindowContext context(window());
     const Selected font(context.get(),
-                        reinterpret_cast<HGDIOBJ>(SendMessageA(window(), WM_GETFONT, 0, 0)));
+                        pointerIn<HGDIOBJ>(SendMessageA(window(), WM_GETFONT, 0, 0)));
     CharacterWidths widths{};
     GetCharWidth32A(context.get(), 0, static_cast<UINT>(widths.size() - 1), widths.data());
     listBox_.measured(widths);

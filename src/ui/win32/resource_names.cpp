@@ -74,7 +74,7 @@ int readHead(Reader& reader) {
 
 std::map<int, std::string> textsInResource(const std::string& dialog) {
     std::map<int, std::string> texts;
-    HRSRC const found = FindResourceA(nullptr, dialog.c_str(), pointerIn<LPCSTR>(5)); // RT_DIALOG
+    HRSRC found = FindResourceA(nullptr, dialog.c_str(), pointerIn<LPCSTR>(5)); // RT_DIALOG
     if (found == nullptr) {
         return texts;
     }

@@ -126,7 +126,7 @@ struct PathLists : testing::Test {
     void TearDown() override { folders.detach(); }
 
     // As "  name" by depth, with "+" before what is open and the selected one in brackets.
-    std::vector<std::string> shown() const {
+    [[nodiscard]] std::vector<std::string> shown() const {
         std::vector<std::string> lines;
         for (std::size_t i = 0; i < folders.entries().size(); ++i) {
             const auto& entry = folders.entries()[i];

@@ -180,7 +180,7 @@ class frmControls final : public Form {
         cmdEdit.passFocusTo(grd);
         cmdEdit.setAccessibleName("Choose the output folder");
         txtEdit.setAccessibleName("Value of the cell");
-        txtEdit.setWantsEnterAndEscape(true);
+        txtEdit.setLeavesKeysToGrid(true);
         txtEdit.setVisible(false);
         cmdEdit.setVisible(false);
     }

@@ -48,6 +48,11 @@ void Form::moveTo(int left, int top) {
     tellView(Property::Bounds);
 }
 
+void Form::userMoved(int left, int top) noexcept {
+    window_.left = left;
+    window_.top = top;
+}
+
 void Form::resizeTo(Size window) {
     if (window_.width != window.width || window_.height != window.height) {
         window_.width = window.width;

@@ -109,6 +109,8 @@ class Form {
     // The window's close button, or what stands for it.
     void userClosed();
     void userResized(Size window, WindowState state);
+    // Where the window is now; raises nothing.
+    void userMoved(int left, int top) noexcept;
     void userMovedMouse();
 
     // The view must outlive its attachment. There is one at a time.

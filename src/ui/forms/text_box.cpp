@@ -30,7 +30,8 @@ void TextBox::setHint(std::string_view hint) {
 }
 
 bool TextBox::wantsKey(int keyCode) const {
-    return wantsEnterAndEscape_ && (keyCode == Key::enter || keyCode == Key::escape);
+    return keysOfGrid_ && (keyCode == Key::enter || keyCode == Key::escape || keyCode == Key::up ||
+                           keyCode == Key::down);
 }
 
 void TextBox::userTyped(std::string_view typed) {

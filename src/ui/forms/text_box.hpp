@@ -36,8 +36,9 @@ class TextBox final : public Control {
     [[nodiscard]] const std::string& hint() const noexcept { return hint_; }
     void setHint(std::string_view hint);
 
-    // Enter and Escape go to KeyDown instead of to the form's buttons.
-    void setWantsEnterAndEscape(bool wants) noexcept { wantsEnterAndEscape_ = wants; }
+    // The keys that lead through a grid (Enter, Escape, Up, Down) go to KeyDown alone, instead of
+    // to the form's buttons or to the caret: for a field that floats over a grid.
+    void setLeavesKeysToGrid(bool leaves) noexcept { keysOfGrid_ = leaves; }
     [[nodiscard]] bool wantsKey(int keyCode) const override;
 
     // The user typed or pasted `typed` over what is selected; the caret goes behind it.
@@ -62,7 +63,7 @@ class TextBox final : public Control {
     int selStart_ = 0;
     int selLength_ = 0;
     bool readOnly_ = false;
-    bool wantsEnterAndEscape_ = false;
+    bool keysOfGrid_ = false;
 };
 
 } // namespace tarnwick

@@ -74,6 +74,12 @@ void frmMain::mnuNewINI_Click() {
     if (!chosen || chosen->empty()) {
         return;
     }
+    if ((bInputChanged_ || bInExtChanged_) &&
+        FolderExists(services_.files, trim(txtInput.text()))) {
+        // A menu command leaves no field: what was typed is listed now, for the defaults forget
+        // that it was.
+        relist();
+    }
     storeNow(*chosen);
     MyDefaultSettings();
     SaveINIFile();

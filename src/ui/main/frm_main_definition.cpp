@@ -43,8 +43,6 @@ void frmMain::MyDefaultSettings() {
     trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
         takeFromControls();
         tarnwick::MyDefaultSettings(definition_);
-        definition_.bCfgNamesInput = false; // no configuration file is used any more
-        definition_.bCfgNamesOutput = false;
         bInputChanged_ = false;
         bInExtChanged_ = false;
         chkfixdoc.setValue(definition_.iFixDoc);

@@ -242,6 +242,7 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 }
 
 void frmMain::refuse(TextBox& field, std::string_view message) {
+    bFieldEdited_ = true; // what was typed is still there to be lost
     showWarning(services_.desktop, message);
     field.selectAll();
     field.setFocus();

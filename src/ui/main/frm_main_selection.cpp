@@ -69,7 +69,14 @@ void frmMain::LoadFiles() {
     trap(services_.desktop, name(), "Private Sub LoadFiles()", [this] {
         lstAvailable.setItems({});
         services_.events.letRun();
-        std::vector<std::string> listing = filAvailable_.names();
+        std::vector<std::string> listing;
+        try {
+            listing = filAvailable_.names();
+        } catch (...) {
+            lstSelected.setItems({}); // they were another folder's: nobody may run them in this one
+            EnableOK();
+            throw;
+        }
         const ListingMatch match = matchListing(listing, lstSelected.items());
         keepOnly(match.available, listing);
         lstAvailable.setItems(std::move(listing));

@@ -25,7 +25,7 @@ constexpr int gridLine = 15;
 OutputGridEditor::OutputGridEditor(const Parts& parts, const Procedures& procedures,
                                    Desktop& desktop, Window window)
     : parts_(parts), procedures_(procedures), desktop_(desktop), window_(std::move(window)) {
-    parts_.txtEdit.setWantsEnterAndEscape(true);
+    parts_.txtEdit.setLeavesKeysToGrid(true);
     parts_.txtEdit.passFocusTo(parts_.grid);
     parts_.cmdEdit.passFocusTo(parts_.grid);
     discard();

@@ -99,6 +99,9 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE:
         resized(wParam);
         return true;
+    case WM_MOVE:
+        moved();
+        return true;
     case WM_SETCURSOR:
         mouseOver(pointerIn<HWND>(static_cast<LONG_PTR>(wParam)), LOWORD(lParam));
         return showPointer(LOWORD(lParam));
@@ -157,6 +160,9 @@ void FormView::answer(LRESULT result) const noexcept {
 }
 
 void FormView::bind() {
+    // However the window was opened: whoever works by keyboard must see where the focus is.
+    SendMessageA(dialog_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+                 0);
     bindControls();
     menuBar_.show(dialog_, form_.menu());
     SetWindowTextA(dialog_, form_.caption().c_str());
@@ -217,6 +223,15 @@ void FormView::lookWhereTheFocusIs() {
         form_.userMovedFocus(outer->control()); // the field inside a combo box
     } else {
         form_.windowDeactivated();
+    }
+}
+
+void FormView::moved() {
+    RECT window{};
+    if (IsIconic(dialog_) == FALSE && GetWindowRect(dialog_, &window) != FALSE) {
+        const RECT screen = screenArea();
+        form_.userMoved(toTwips(window.left - screen.left, dpi()),
+                        toTwips(window.top - screen.top, dpi()));
     }
 }
 

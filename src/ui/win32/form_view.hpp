@@ -62,6 +62,7 @@ class FormView : public View {
     void command(WORD id, WORD code, HWND window);
     void lookWhereTheFocusIs();
     void resized(WPARAM kind);
+    void moved();
     void measureFrame();
     void place();
     void resolutionChanged();

@@ -15,8 +15,11 @@ LRESULT tellDialog(HWND window, ViewMessage what, WPARAM key) {
 }
 
 bool controlWants(HWND window, WPARAM key) {
-    return (key == Key::enter || key == Key::escape) &&
-           tellDialog(window, ViewMessage::wantsKey, key) != 0;
+    return tellDialog(window, ViewMessage::wantsKey, key) != 0;
+}
+
+bool isEnterOrEscape(WPARAM key) {
+    return key == Key::enter || key == Key::escape;
 }
 
 LRESULT CALLBACK listen(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
@@ -24,16 +27,21 @@ LRESULT CALLBACK listen(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
     switch (message) {
     case WM_GETDLGCODE:
         return DefSubclassProc(window, message, wParam, lParam) | dialogCodeForKey(window, lParam);
-    case WM_KEYDOWN:
+    case WM_KEYDOWN: {
+        // A key that the form deals with must not move the caret behind its back: by then the field
+        // may stand over another cell, with its text selected.
+        const bool wanted = controlWants(window, wParam);
         tellDialog(window, ViewMessage::keyPressed, wParam);
-        return DefSubclassProc(window, message, wParam, lParam);
+        return wanted ? 0 : DefSubclassProc(window, message, wParam, lParam);
+    }
     case WM_KEYUP: {
         const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
         tellDialog(window, ViewMessage::keyReleased, wParam);
         return result;
     }
     case WM_CHAR:
-        if (controlWants(window, wParam)) { // their characters are their codes
+        if (isEnterOrEscape(wParam) &&
+            controlWants(window, wParam)) { // their characters are their codes
             return 0;                       // a field would only beep at it
         }
         break;
@@ -47,8 +55,8 @@ LRESULT CALLBACK listen(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
 
 LRESULT dialogCodeForKey(HWND window, LPARAM message) {
     const auto* const key = pointerIn<const MSG*>(message);
-    const bool wanted =
-        key != nullptr && key->message == WM_KEYDOWN && controlWants(window, key->wParam);
+    const bool wanted = key != nullptr && key->message == WM_KEYDOWN &&
+                        isEnterOrEscape(key->wParam) && controlWants(window, key->wParam);
     return wanted ? DLGC_WANTMESSAGE : 0;
 }
 

@@ -169,16 +169,18 @@ TEST_F(SmallControls, The_forms_view_is_told_of_the_menu) {
     form.detach();
 }
 
-TEST_F(SmallControls, A_field_that_wants_Enter_and_Escape_gets_them_instead_of_the_buttons) {
+TEST_F(SmallControls, A_field_over_a_grid_gets_its_keys_instead_of_the_buttons_and_the_caret) {
     std::vector<int> keys;
     form.txtFirst.KeyDown = [&](int code) { keys.push_back(code); };
-    form.txtFirst.setWantsEnterAndEscape(true);
-    EXPECT_FALSE(form.txtFirst.wantsKey(Key::up));
+    form.txtFirst.setLeavesKeysToGrid(true);
+    EXPECT_TRUE(form.txtFirst.wantsKey(Key::up));
+    EXPECT_TRUE(form.txtFirst.wantsKey(Key::down));
+    EXPECT_FALSE(form.txtFirst.wantsKey(Key::left));
     form.userPressedEnter();
     form.userPressedEscape();
     EXPECT_THAT(keys, ElementsAre(Key::enter, Key::escape));
     EXPECT_THAT(events, IsEmpty());
-    form.txtFirst.setWantsEnterAndEscape(false);
+    form.txtFirst.setLeavesKeysToGrid(false);
     form.userPressedEnter();
     EXPECT_THAT(events, ElementsAre("OK"));
 }

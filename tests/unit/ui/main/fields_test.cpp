@@ -303,5 +303,16 @@ TEST_F(Fields, Without_anything_to_start_the_big_buttons_show_nothing) {
     EXPECT_EQ(executions + batchFiles, 0);
 }
 
+TEST_F(Fields, A_text_that_was_refused_is_still_asked_about_when_the_window_closes) {
+    type(form.txtCNS, R"(D:\nowhere)");
+    leave();
+    expectRefusal(form.txtCNS, R"(The "D:\nowhere" folder does not exist.)");
+    desktop.messages.clear();
+    desktop.answers = {MessageAnswer::No};
+    form.userClosed();
+    ASSERT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(desktop.messages.front().buttons, MessageButtons::YesNo);
+}
+
 } // namespace
 } // namespace tarnwick

@@ -268,6 +268,15 @@ TEST_F(FileCommands, New_writes_defaults_with_the_fields_as_they_stand_before_MP
     EXPECT_EQ(desktop.messages.size(), 1U);
 }
 
+TEST_F(FileCommands, New_lists_the_folder_that_was_being_typed) {
+    world.write(R"(D:\other\z.met)", "");
+    desktop.answers = {MessageAnswer::No};
+    desktop.chosenFiles = {R"(D:\new.ini)"};
+    type(form.txtInput, R"(D:\other)");
+    form.mnuNewINI.userClicked();
+    EXPECT_EQ(form.lstAvailable.items(), std::vector<std::string>{"z.met"});
+}
+
 TEST_F(FileCommands, New_frees_the_outputs_from_the_configuration_file) {
     form.userClicked(form.chkCNS);
     form.userClicked(form.chkCFG);

@@ -244,6 +244,16 @@ TEST_F(InputFiles, A_folder_that_cannot_be_listed_is_reported_and_leaves_an_empt
     EXPECT_THAT(moves(), ElementsAre(false, false, false, false));
 }
 
+TEST_F(InputFiles, A_folder_that_cannot_be_listed_leaves_no_file_of_another_one_selected) {
+    listRecords();
+    move(2);
+    files.failAlways(FileOperation::ListFiles, RunTimeError(ErrorNumber::PathFileAccess));
+    type(form.txtInExt, "*.met");
+    leave();
+    EXPECT_THAT(selected(), IsEmpty());
+    EXPECT_FALSE(form.cmdOK.enabled());
+}
+
 TEST_F(InputFiles, What_the_user_does_while_the_list_is_empty_does_no_harm) {
     listRecords();
     select(form.lstAvailable, {0});

@@ -143,9 +143,9 @@ void frmMain::layOutMP() {
         {.left = rightColumn, .top = topOfGroups, .width = rightWidth, .height = groupsHeight});
     chkMP.setBounds({.left = rightColumn + onLineLeft,
                      .top = topOfGroups,
-                     .width = 900,
+                     .width = 645,
                      .height = checkHeight});
-    constexpr int allFoldersWidth = 1560;
+    constexpr int allFoldersWidth = 1500;
     cmdOutputFolder.setBounds({.left = left + width - allFoldersWidth,
                                .top = topOfGroups + 330,
                                .width = allFoldersWidth,

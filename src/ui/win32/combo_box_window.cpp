@@ -50,6 +50,9 @@ void ComboBoxWindow::notified(WORD code) {
         comboBox_.userChangedText(windowText(window()));
     } else if (code == CBN_SELCHANGE && picked() >= 0) {
         comboBox_.userPicked(static_cast<std::size_t>(picked()));
+    } else if (code == CBN_KILLFOCUS) {
+        // Else its text would stay marked as if it still had the focus.
+        SendMessageA(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
     }
 }
 

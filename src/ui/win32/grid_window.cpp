@@ -194,6 +194,10 @@ void GridWindow::changed(Property property) {
         break;
     case Property::AccessibleName:
         break; // it is asked for
+    case Property::Bounds:
+        ControlWindow::changed(property);
+        showScrollBar(); // more or fewer rows fit now
+        break;
     default:
         ControlWindow::changed(property);
         break;

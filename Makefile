@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo test test-sanitize test-native test-windows windows bench coverage screenshots lint format check-format clean
+.PHONY: help demo window test test-sanitize test-native test-windows windows bench coverage screenshots lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -14,6 +14,7 @@ sources = $(shell find src tests demo bench -name '*.cpp' -o -name '*.hpp')
 
 help:
 	@echo 'make demo         builds Tarnwick and runs it on the demo records'
+	@echo 'make window       opens the window on the demo; with no display, leaves its pictures'
 	@echo 'make test         builds everything and passes every test'
 	@echo 'make test-native  the quick loop: the tests that need no Windows'
 	@echo 'make windows      leaves build/windows/Tarnwick.exe'
@@ -22,6 +23,12 @@ help:
 demo: windows
 	@$(ensure) $(wine_packages)
 	@demo/run build
+
+# With no display: the window is worked on a virtual one, and build/screenshots/ shows it.
+window: windows
+	@$(ensure) $(wine_packages)
+	@if [ -n "$$DISPLAY" ]; then demo/run build window; \
+	else tests/window/run.sh build/windows main; fi
 
 windows:
 	@$(ensure) $(windows_packages)
@@ -66,6 +73,7 @@ screenshots: windows
 	@$(ensure) $(wine_packages)
 	tests/window/run.sh build/windows dialogs
 	tests/window/run.sh build/windows controls
+	tests/window/run.sh build/windows main
 
 check-format:
 	@$(ensure) clang-format-19

@@ -28,7 +28,7 @@ lay_out_work() {
     printf 'input\n  file: one.met\noutput\n  html: one.html\n' >"$folder/mp.cfg"
     "$wine_run" reg delete 'HKCU\Software\Corvane' /f >"$work/reg.log" 2>&1 || true
 }
-lay_out_wine_tools() { probe=$build/tests/window/window_probe.exe; }
+probe=$build/tests/window/window_probe.exe
 
 # launch [TITLE]: starts the program and waits for that window, the main one when none is given.
 launch() {
@@ -195,7 +195,6 @@ test_1_a_definition_is_made_from_nothing_saved_and_found_again() {
     expect_stored 'CNS Executable' 'C:\work\cns.exe'
     # Started again, it opens that file by itself.
     launch 'Tarnwick - made.ini'
-    cp "$work/state.lines" "$work/before"
     look
     expect_text txtInput 'C:\work\records'
     expect_text txtInExt '*.met'
@@ -484,7 +483,6 @@ take_pictures_at() {
 
 run_all_tests() {
     set_resolution 96
-    lay_out_wine_tools
     for test_name in $(compgen -A function test_ | grep "${TARNWICK_ONLY:-}"); do
         say "$test_name ($SECONDS s)"
         "$test_name"

@@ -145,7 +145,7 @@ void frmMain::layOutMP() {
                      .top = topOfGroups,
                      .width = 645,
                      .height = checkHeight});
-    constexpr int allFoldersWidth = 1500;
+    constexpr int allFoldersWidth = 1515;
     cmdOutputFolder.setBounds({.left = left + width - allFoldersWidth,
                                .top = topOfGroups + 330,
                                .width = allFoldersWidth,

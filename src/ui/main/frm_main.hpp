@@ -33,8 +33,7 @@ class frmMain final : public Form {
     // nothing as changed.
     void showDefinition(const BatchDefinition& definition);
 
-    // Whether the program is to end: the window has been closed, a tool is missing, or a command
-    // line has been carried out.
+    // Whether the program is to end: the window has been closed, or a tool is missing.
     [[nodiscard]] bool ended() const noexcept { return ended_; }
 
     // Moves entries between the two lists; `Index` is the button's, from 1 (">") to 4 ("<<").

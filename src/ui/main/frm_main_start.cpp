@@ -14,13 +14,6 @@ void frmMain::Form_Load() {
     centreOnScreen();
     showDefinition(definitionAtStartUp(services_.process, services_.files, services_.settings));
     MyDefaultSettings();
-    const std::string commandLine = services_.process.commandLine();
-    if (!commandLine.empty()) {
-        takeFromControls();
-        raise(services_.runCommandLine, definition_, commandLine);
-        endNow();
-        return;
-    }
     cmdOK.setEnabled(false);
     if (FileExists(services_.files, definition_.sINIFile)) {
         ReadINIFile();

@@ -23,10 +23,6 @@ struct MainServices {
     const Process& process;
     SettingsStore& settings;
 
-    // Runs the definition that a command line names. The program ends afterwards.
-    std::function<void(BatchDefinition& definition, std::string_view commandLine)> runCommandLine =
-        nullptr;
-
     // Each shows a dialog, modal to the main window, and returns when it is closed.
     // The folder that the user picked; empty when cancelled.
     std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder =

@@ -88,7 +88,6 @@ struct MainWorld : testing::Test {
     int aboutShown = 0;
     int executions = 0;
     int batchFiles = 0;
-    std::vector<std::string> commandLines;
 
     MainServices services{
         .files = files,
@@ -96,10 +95,6 @@ struct MainWorld : testing::Test {
         .events = events,
         .process = process,
         .settings = settings,
-        .runCommandLine =
-            [this](BatchDefinition&, std::string_view commandLine) {
-                commandLines.emplace_back(commandLine);
-            },
         .pickFolder =
             [this](std::string_view title, std::string_view startFolder) {
                 picks.push_back({std::string(title), std::string(startFolder)});

@@ -107,18 +107,6 @@ TEST_F(StartUpWindow, A_tool_beside_the_program_wins_and_is_what_is_stored_at_th
     EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
 }
 
-TEST_F(StartUpWindow, A_command_line_is_handed_on_whole_before_any_INI_file_is_read) {
-    world.write(defaultIni, "Language=French\r\n");
-    process.givenCommandLine = R"(-I "D:\batch.ini" -n)";
-    form.show();
-    EXPECT_THAT(commandLines, ElementsAre(R"(-I "D:\batch.ini" -n)"));
-    EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.ended());
-    EXPECT_EQ(form.cboLanguage.text(), "English");
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), "none");
-}
-
 struct MissingTools {
     bool mp;
     bool cns;
@@ -270,14 +258,13 @@ TEST_F(StartUpWindow, A_settings_store_that_cannot_be_written_does_not_cost_the_
 }
 
 TEST_F(StartUpWindow, A_failing_start_up_is_reported_and_the_window_comes_up) {
-    services.runCommandLine = [](BatchDefinition&, std::string_view) {
-        throw RunTimeError(ErrorNumber::DiskFull);
-    };
+    services.showOptions = [](BatchDefinition&) { throw RunTimeError(ErrorNumber::DiskFull); };
+    world.files().remove(R"(C:\App\mp.exe)");
     frmMain failing(services);
     failing.measured({.width = 12735, .height = 8460}, {.width = 15360, .height = 11520});
-    process.givenCommandLine = "-I x";
     failing.show();
-    EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub Form_Load()", 61,
+    EXPECT_THAT(desktop.messages, ElementsAre(warning("Please specify the MP executable location."),
+                                              report("Private Sub Form_Load()", 61,
                                                      describe(ErrorNumber::DiskFull))));
 }
 

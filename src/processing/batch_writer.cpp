@@ -25,6 +25,10 @@ void BatchWriter::append(std::string_view text) {
     file_->write(lineEnd);
 }
 
+void BatchWriter::flush() {
+    file_->flush();
+}
+
 void BatchWriter::close() {
     file_->close();
 }

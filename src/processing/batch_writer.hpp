@@ -21,6 +21,10 @@ class BatchWriter {
     // Adds the line and its CR LF. Raises what OutputFile::write raises.
     void line(std::string_view text);
 
+    // Asks the system to put on the medium what was written so far. Raises what OutputFile::flush
+    // raises.
+    void flush();
+
     // Closes the file. Raises what OutputFile::close raises.
     void close();
 

@@ -40,15 +40,9 @@ void writeRecord(BatchWriter& batch, const BatchDefinition& definition,
         batch.line(
             sBuildCNSstatement(definition, services, definition.sInputFolder, record, cnsOutput));
     }
-    if (definition.iProcessMP != checked) {
-        return;
-    }
-    if (definition.iProcessCNS == checked) {
-        const std::string& folder =
-            definition.bCfgNamesOutput ? definition.sInputFolder : definition.sCNSOutputFolder;
-        batch.line(sBuildMPstatement(definition, services, folder, cnsOutput));
-    } else {
-        batch.line(sBuildMPstatement(definition, services, definition.sInputFolder, record));
+    if (definition.iProcessMP == checked) {
+        const auto [folder, file] = mpInput(definition, record, cnsOutput);
+        batch.line(sBuildMPstatement(definition, services, folder, file));
     }
 }
 

@@ -100,6 +100,16 @@ std::string cnsOutputName(const BatchDefinition& definition, std::string_view sF
 
 } // namespace
 
+MPInput mpInput(const BatchDefinition& definition, std::string_view record,
+                std::string_view sCNSOutputFile) {
+    if (definition.iProcessCNS != checked) {
+        return {.sFolder = definition.sInputFolder, .sFile = std::string(record)};
+    }
+    return {.sFolder =
+                definition.bCfgNamesOutput ? definition.sInputFolder : definition.sCNSOutputFolder,
+            .sFile = std::string(sCNSOutputFile)};
+}
+
 std::string sGetOptFromFileType(std::string_view sFileType) {
     return std::string(translate(options, sFileType));
 }

@@ -16,6 +16,17 @@ struct StatementServices {
     Desktop& desktop;      // for the error report
 };
 
+// What MP reads of one record.
+struct MPInput {
+    std::string sFolder;
+    std::string sFile;
+};
+
+// Where CNS runs first, that is its output, which it writes into the input folder when the
+// configuration file names the outputs; else the record itself.
+[[nodiscard]] MPInput mpInput(const BatchDefinition& definition, std::string_view record,
+                              std::string_view sCNSOutputFile);
+
 // The tool option of an output type, without regard to case; any other text is its own option.
 // "leftovers" and "Error" share a letter: they belong to different tools.
 [[nodiscard]] std::string sGetOptFromFileType(std::string_view sFileType);

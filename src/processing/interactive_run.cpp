@@ -1,0 +1,181 @@
+#include "processing/interactive_run.hpp"
+
+#include "common/mod_main.hpp"
+#include "common/one_step_file.hpp"
+#include "common/trap.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+template <typename Body>
+void trapRun(Desktop& desktop, Body&& body) {
+    trap(desktop, "frmMain", "Private Sub cmdOK_Click()", static_cast<Body&&>(body));
+}
+
+} // namespace
+
+InteractiveRun::InteractiveRun(const RunServices& services, std::string_view sTempFolder,
+                               RunWindow& window, RelativizeLinks fixRelativePaths)
+    : services_(services),
+      temporary_(sTempFolder),
+      window_(window),
+      fixRelativePaths_(std::move(fixRelativePaths)) {}
+
+void InteractiveRun::execute() {
+    trapRun(services_.desktop, [this] {
+        if (window_.isReadyToRun()) {
+            prepare();
+            openLog();
+            processAll();
+        }
+    });
+    cleanUp();
+}
+
+void InteractiveRun::close() {
+    stop_.close();
+    trapRun(services_.desktop, [this] { closeLog(); });
+    removeTemporaryFiles();
+}
+
+void InteractiveRun::prepare() {
+    window_.showStatus("");
+    window_.commitEdits();
+    window_.showProgress(0);
+    window_.showProgressBar(true);
+    window_.offerCancel(true);
+    window_.showBusy(true);
+    job_ = window_.job();
+    letEventsRun();
+}
+
+void InteractiveRun::openLog() {
+    if (!job_.definition.bCommandLineLogging || stop_.closed) {
+        return;
+    }
+    if (const auto path = logFilePath(job_.definition, services_.files); path) {
+        log_.emplace(services_.files, *path);
+    } else {
+        window_.switchLoggingOff();
+    }
+}
+
+// Whoever cancels finds the last record's status where it was: on purpose, "Stopped!" is said only
+// where there was no record that could be stopped at.
+void InteractiveRun::processAll() {
+    const auto count = static_cast<double>(job_.records.size());
+    double done = 0;
+    for (const std::string& record : job_.records) {
+        if (stop_.cancelled || !process(record)) {
+            return;
+        }
+        window_.showProgress(++done / count * 100);
+        letEventsRun();
+        if (stop_.cancelled) {
+            return;
+        }
+    }
+    window_.showStatus(stop_.cancelled ? "Stopped!" : "Done!");
+}
+
+bool InteractiveRun::process(const std::string& record) {
+    window_.showStatus("Processing " + record + "...");
+    std::string cnsOutput;
+    if (job_.definition.iProcessCNS == checked && !runCNS(record, cnsOutput)) {
+        return false;
+    }
+    if (job_.definition.iProcessMP == checked) {
+        if (!runMP(record, cnsOutput)) {
+            return false;
+        }
+        fixLinks(record, cnsOutput);
+    }
+    return true;
+}
+
+bool InteractiveRun::runCNS(const std::string& record, std::string& cnsOutput) {
+    clearBatch();
+    // Asked anew for every tool: the run takes long, and folders come and go.
+    KnownFolders folders(services_.files);
+    const std::string statement =
+        sBuildCNSstatement(job_.definition, {.folders = folders, .desktop = services_.desktop},
+                           job_.definition.sInputFolder, record, cnsOutput);
+    log(statement);
+    window_.showStatus("CNS - Processing " + record + "...");
+    return runTool(statement);
+}
+
+bool InteractiveRun::runMP(const std::string& record, const std::string& cnsOutput) {
+    clearBatch();
+    KnownFolders folders(services_.files);
+    const auto [folder, file] = mpInput(job_.definition, record, cnsOutput);
+    const std::string statement = sBuildMPstatement(
+        job_.definition, {.folders = folders, .desktop = services_.desktop}, folder, file);
+    window_.showStatus("MP - Processing " + file + "...");
+    log(statement);
+    return runTool(statement);
+}
+
+void InteractiveRun::clearBatch() {
+    if (FileExists(services_.files, temporary_.batch)) {
+        services_.files.remove(temporary_.batch);
+    }
+    letEventsRun();
+}
+
+bool InteractiveRun::runTool(std::string_view statement) {
+    return !stop_.cancelled &&
+           ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_) ==
+               Waited::Done &&
+           !stop_.cancelled;
+}
+
+void InteractiveRun::fixLinks(const std::string& record, const std::string& cnsOutput) {
+    const BatchDefinition& definition = job_.definition;
+    if (!definition.bConvertHyperlinks || definition.bCfgNamesOutput || !fixRelativePaths_) {
+        return;
+    }
+    if (definition.iProcessCNS == checked) {
+        fixRelativePaths_(definition, definition.sCNSOutputFolder, cnsOutput);
+    } else {
+        fixRelativePaths_(definition, definition.sInputFolder, record);
+    }
+}
+
+void InteractiveRun::log(std::string_view statement) {
+    if (log_) {
+        log_->write(statement);
+    }
+}
+
+// On every way out. What fails in one part of it keeps no other from being done.
+void InteractiveRun::cleanUp() {
+    trapRun(services_.desktop, [this] {
+        window_.showBusy(false);
+        letEventsRun();
+    });
+    trapRun(services_.desktop, [this] { closeLog(); });
+    removeTemporaryFiles();
+    trapRun(services_.desktop, [this] {
+        letEventsRun();
+        window_.offerCancel(false);
+        window_.showProgressBar(false);
+        window_.showProgress(0);
+    });
+}
+
+void InteractiveRun::closeLog() {
+    if (auto log = std::exchange(log_, std::nullopt); log) {
+        log->close();
+    }
+}
+
+// A tool that still runs may keep its batch; the next run clears that away.
+void InteractiveRun::removeTemporaryFiles() {
+    removeQuietly(services_.files, temporary_.marker);
+    removeQuietly(services_.files, temporary_.batch);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "processing/command_line_log.hpp"
+#include "processing/process_and_wait.hpp"
+#include "processing/run_window.hpp"
+#include "processing/tool_statements.hpp"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// Makes the links in what MP built of one record relative; reports its own errors.
+using RelativizeLinks = std::function<void(const BatchDefinition& definition,
+                                           std::string_view sFolder, std::string_view sFile)>;
+
+// One run of the tools over the selected records, one tool at a time, while the window stays alive.
+// It works on the window's settings and selection as they are when the checks are passed: what is
+// edited meanwhile, be it in the options dialog, counts for the next run.
+// One object is one run; the window keeps a second one from starting inside it.
+class InteractiveRun {
+  public:
+    // What the services refer to and the window must outlive it.
+    InteractiveRun(const RunServices& services, std::string_view sTempFolder, RunWindow& window,
+                   RelativizeLinks fixRelativePaths);
+
+    // Checks, runs and cleans up. Reports its own errors.
+    void execute();
+
+    // For handlers of events that run meanwhile.
+    // No further tool is started. The one that runs is not waited for, nor ended.
+    void cancel() noexcept { stop_.cancelled = true; }
+    // As cancel, and at once nothing is left that the run has made for itself: where the window has
+    // been closed the program may end at any moment.
+    void close();
+
+  private:
+    void prepare();
+    void openLog();
+    void processAll();
+    // Whether the run goes on.
+    [[nodiscard]] bool process(const std::string& record);
+    [[nodiscard]] bool runCNS(const std::string& record, std::string& cnsOutput);
+    [[nodiscard]] bool runMP(const std::string& record, const std::string& cnsOutput);
+    [[nodiscard]] bool runTool(std::string_view statement);
+    void clearBatch();
+    void fixLinks(const std::string& record, const std::string& cnsOutput);
+    void log(std::string_view statement);
+    void cleanUp();
+    void closeLog();
+    void removeTemporaryFiles();
+    void letEventsRun() { services_.events.letRun(); }
+
+    RunServices services_;
+    TemporaryFiles temporary_;
+    RunWindow& window_;
+    RelativizeLinks fixRelativePaths_;
+    StopRequest stop_;
+    RunJob job_;
+    std::optional<CommandLineLog> log_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,441 @@
+#include "unit/processing/run_world.hpp"
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+struct InteractiveRuns : RunWorld {};
+
+TEST_F(InteractiveRuns, Both_tools_over_two_records_step_by_step) {
+    definition().bConvertHyperlinks = true;
+    execute();
+    EXPECT_THAT(journal,
+                ElementsAre("check", "status ", "commit edits", "progress 0.000", "bar shown",
+                            "cancel offered", "busy",
+                            // the first record
+                            "status Processing a.met...", "status CNS - Processing a.met...",
+                            "create C:\\temp\\MPtmp.bat", "start", "delete C:\\temp\\MPtmp.bat",
+                            "status MP - Processing a.cns...", "delete C:\\temp\\MPdone.tmp",
+                            "create C:\\temp\\MPtmp.bat", "start", "links D:\\cns|a.cns",
+                            "progress 50.00",
+                            // the second one
+                            "status Processing b.met...", "delete C:\\temp\\MPtmp.bat",
+                            "status CNS - Processing b.met...", "delete C:\\temp\\MPdone.tmp",
+                            "create C:\\temp\\MPtmp.bat", "start", "delete C:\\temp\\MPtmp.bat",
+                            "status MP - Processing b.cns...", "delete C:\\temp\\MPdone.tmp",
+                            "create C:\\temp\\MPtmp.bat", "start", "links D:\\cns|b.cns",
+                            "progress 100.0", "status Done!",
+                            // the end
+                            "not busy", "delete C:\\temp\\MPdone.tmp", "delete C:\\temp\\MPtmp.bat",
+                            "cancel gone", "bar hidden", "progress 0.000"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    ASSERT_THAT(interpreter.started, SizeIs(4));
+    EXPECT_EQ(interpreter.started.at(0).path, batch);
+    EXPECT_EQ(interpreter.started.at(0).content,
+              "@echo off\r\nD:\r\ncd \\in\r\n@echo on\r\n\r\n"
+              "call \"C:\\app\\cns.exe\" -l en -o \"D:\\cns\\a.cns\" \"D:\\in\\a.met\"\r\n"
+              "echo Done! > C:\\temp\\MPdone.tmp\r\n");
+    EXPECT_EQ(interpreter.started.at(1).content,
+              "@echo off\r\nD:\r\ncd \\in\r\n@echo on\r\n\r\n"
+              "call \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\a.err\" \"D:\\cns\\a.cns\"\r\n"
+              "echo Done! > C:\\temp\\MPdone.tmp\r\n");
+}
+
+TEST_F(InteractiveRuns, Mp_alone_reads_the_record_and_its_links_are_those_of_the_record) {
+    definition().iProcessCNS = 0;
+    definition().bConvertHyperlinks = true;
+    window.given.records = {"a.met"};
+    execute();
+    EXPECT_THAT(statuses(),
+                ElementsAre("", "Processing a.met...", "MP - Processing a.met...", "Done!"));
+    EXPECT_THAT(entries("links "), ElementsAre("D:\\in|a.met"));
+    ASSERT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_THAT(interpreter.started.front().content,
+                testing::HasSubstr(
+                    "call \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\a.err\" \"D:\\in\\a.met\"\r\n"));
+}
+
+TEST_F(InteractiveRuns, Cns_alone_converts_no_links) {
+    definition().iProcessMP = 0;
+    definition().bConvertHyperlinks = true;
+    window.given.records = {"a.met"};
+    execute();
+    EXPECT_THAT(statuses(),
+                ElementsAre("", "Processing a.met...", "CNS - Processing a.met...", "Done!"));
+    EXPECT_THAT(entries("links "), IsEmpty());
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+}
+
+TEST_F(InteractiveRuns, Without_the_switch_no_links_are_converted) {
+    execute();
+    EXPECT_THAT(entries("links "), IsEmpty());
+}
+
+TEST_F(InteractiveRuns, Where_the_configuration_file_names_the_outputs_no_links_are_converted) {
+    definition().bConvertHyperlinks = true;
+    definition().bCfgNamesOutput = true;
+    window.given.records = {"a.met"};
+    execute();
+    EXPECT_THAT(entries("links "), IsEmpty());
+    ASSERT_THAT(interpreter.started, SizeIs(2));
+    EXPECT_THAT(interpreter.started.at(1).content,
+                testing::HasSubstr("call \"C:\\app\\mp.exe\" -l en \"a.met\"\r\n"));
+}
+
+TEST_F(InteractiveRuns, On_a_network_folder_the_batch_stands_nowhere) {
+    world.makeShare("\\\\server\\share");
+    definition().sInputFolder = R"(\\server\share)";
+    definition().iProcessCNS = 0;
+    window.given.records = {"a.met"};
+    execute();
+    EXPECT_EQ(interpreter.started.at(0).content,
+              "\r\ncall \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\a.err\" "
+              "\"\\\\server\\share\\a.met\"\r\necho Done! > C:\\temp\\MPdone.tmp\r\n");
+}
+
+TEST_F(InteractiveRuns, Progress_is_counted_in_fractions_of_the_records) {
+    window.given.records = {"a.met", "b.met", "c.met"};
+    execute();
+    EXPECT_THAT(window.progress, ElementsAre(0, 1 / 3.0 * 100, 2 / 3.0 * 100, 100, 0));
+}
+
+TEST_F(InteractiveRuns, With_no_record_selected_it_is_done_at_once) {
+    window.given.records.clear();
+    execute();
+    EXPECT_THAT(statuses(), ElementsAre("", "Done!"));
+    EXPECT_EQ(events.secondsWaited, 0);
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_cancel_with_no_record_to_stop_at_is_the_one_that_says_stopped) {
+    window.given.records.clear();
+    whileEventsRun = [this] { run->cancel(); };
+    execute();
+    EXPECT_THAT(statuses(), ElementsAre("", "Stopped!"));
+}
+
+TEST_F(InteractiveRuns, A_batch_that_fails_its_checks_is_only_cleaned_up_after) {
+    window.ready = false;
+    world.write(batch, "old");
+    world.write(marker, "old");
+    execute();
+    EXPECT_THAT(journal, ElementsAre("check", "not busy", "delete C:\\temp\\MPdone.tmp",
+                                     "delete C:\\temp\\MPtmp.bat", "cancel gone", "bar hidden",
+                                     "progress 0.000"));
+    EXPECT_THAT(interpreter.started, IsEmpty());
+}
+
+TEST_F(InteractiveRuns, What_is_edited_during_the_run_counts_for_the_next_one) {
+    whileEventsRun = [this] {
+        window.given.records.clear();
+        definition().iProcessMP = 0;
+        definition().sCNSExecutable = "other.exe";
+    };
+    window.given.records = {"a.met", "b.met"};
+    execute();
+    ASSERT_THAT(interpreter.started, SizeIs(4));
+    EXPECT_THAT(interpreter.started.at(2).content, testing::HasSubstr("C:\\app\\cns.exe"));
+    EXPECT_EQ(window.status, "Done!");
+}
+
+TEST_F(InteractiveRuns, An_output_folder_that_goes_in_mid_run_is_left_out_from_then_on) {
+    int started = 0;
+    interpreter.run = [&](const FakeCommandInterpreter::Started&) {
+        world.write(marker, "");
+        if (++started == 2) {
+            faulty.failAlways(FileOperation::CanListFolder,
+                              RunTimeError(ErrorNumber::DeviceUnavailable));
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started.at(1).content, testing::HasSubstr(" -e \"D:\\out\\a.err\" "));
+    EXPECT_THAT(interpreter.started.at(3).content,
+                testing::HasSubstr("call \"C:\\app\\mp.exe\" -l en \"D:\\cns\\b.cns\"\r\n"));
+    EXPECT_EQ(window.status, "Done!");
+}
+
+// Cancelling, in each place where the run looks.
+
+TEST_F(InteractiveRuns, A_cancel_while_a_tool_runs_leaves_it_to_itself_within_two_seconds) {
+    toolsEnd = false;
+    double cancelledAt = 0;
+    whileEventsRun = [&] {
+        if (clock.steady >= 1004 && cancelledAt == 0) {
+            cancelledAt = clock.steady;
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_GT(cancelledAt, 0);
+    EXPECT_LE(clock.steady - cancelledAt, 2);
+    // The status stays that of the tool.
+    EXPECT_THAT(statuses(), ElementsAre("", "Processing a.met...", "CNS - Processing a.met..."));
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    expectCleanedUp();
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(InteractiveRuns, A_cancel_between_the_tools_keeps_MP_from_being_started) {
+    whileEventsRun = [this] {
+        if (world.exists(marker)) { // CNS is done
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_EQ(window.status, "CNS - Processing a.met...");
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_cancel_between_two_records_keeps_the_status_of_the_first) {
+    whileEventsRun = [this] {
+        if (window.progress.size() == 2) {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started, SizeIs(2));
+    EXPECT_EQ(window.status, "MP - Processing a.cns...");
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_cancel_behind_the_last_record_is_no_done) {
+    window.given.records = {"a.met"};
+    whileEventsRun = [this] {
+        if (window.progress.size() == 2) {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_EQ(window.status, "MP - Processing a.cns...");
+}
+
+TEST_F(InteractiveRuns, A_cancel_before_the_first_tool_starts_none) {
+    whileEventsRun = [this] { run->cancel(); };
+    execute();
+    EXPECT_THAT(interpreter.started, IsEmpty());
+    EXPECT_THAT(statuses(), ElementsAre(""));
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_cancelled_MP_converts_no_links) {
+    definition().bConvertHyperlinks = true;
+    whileEventsRun = [this] {
+        if (interpreter.started.size() == 2) {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(entries("links "), IsEmpty());
+}
+
+// Closing.
+
+TEST_F(InteractiveRuns, Closing_while_a_tool_runs_leaves_nothing_at_once) {
+    toolsEnd = false;
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "log.txt";
+    bool closed = false;
+    whileEventsRun = [&] {
+        if (clock.steady >= 1003 && !closed) {
+            closed = true;
+            run->close();
+            EXPECT_FALSE(world.exists(batch));
+            EXPECT_EQ(files.count(FileOperation::Close, R"(D:\in\log.txt)"), 1);
+        }
+    };
+    execute();
+    EXPECT_TRUE(closed);
+    EXPECT_EQ(clock.steady, 1003); // nobody waits any longer
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    expectCleanedUp();
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+// Of all moments: each time that events run, in turn.
+TEST_F(InteractiveRuns, Closing_at_any_moment_ends_it_without_a_word) {
+    window.given.records = {"a.met"};
+    execute();
+    const int moments = events.timesRun;
+    ASSERT_GT(moments, 20);
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "log.txt";
+    for (int moment = 1; moment <= moments; ++moment) {
+        journal.clear();
+        interpreter.started.clear();
+        events.timesRun = 0;
+        std::size_t startedBefore = 99;
+        whileEventsRun = [&] {
+            if (events.timesRun == moment) {
+                startedBefore = interpreter.started.size();
+                run->close();
+            }
+        };
+        execute();
+        EXPECT_THAT(desktop.messages, IsEmpty()) << moment;
+        EXPECT_EQ(interpreter.started.size(), startedBefore) << moment;
+        expectCleanedUp();
+    }
+}
+
+// The log.
+
+TEST_F(InteractiveRuns, The_log_lies_in_the_input_folder_and_holds_every_line_as_it_is) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    world.write(R"(D:\in\run.log)", std::string(9000, 'x'));
+    window.given.records = {"caf\xE9.met"};
+    std::string whileRunning;
+    int closed = -1;
+    whileEventsRun = [&] {
+        if (interpreter.started.size() == 1 && whileRunning.empty()) {
+            whileRunning = world.read(R"(D:\in\run.log)");
+            closed = files.count(FileOperation::Close, R"(D:\in\run.log)");
+        }
+    };
+    execute();
+    const std::string cns = "call \"C:\\app\\cns.exe\" -l en -o \"D:\\cns\\caf\xE9.cns\" "
+                            "\"D:\\in\\caf\xE9.met\"\r\n";
+    EXPECT_EQ(world.read(R"(D:\in\run.log)"),
+              cns + "call \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\caf\xE9.err\" "
+                    "\"D:\\cns\\caf\xE9.cns\"\r\n");
+    EXPECT_EQ(whileRunning, cns);
+    EXPECT_EQ(closed, 0); // open for the whole run
+    EXPECT_EQ(files.count(FileOperation::Close, R"(D:\in\run.log)"), 1);
+    EXPECT_EQ(files.count(FileOperation::Create, R"(D:\in\run.log)"), 1);
+}
+
+TEST_F(InteractiveRuns, A_log_name_with_a_folder_is_that_file) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = R"(D:\out\run.log)";
+    window.given.records.clear();
+    execute();
+    EXPECT_EQ(world.read(R"(D:\out\run.log)"), "");
+    EXPECT_THAT(entries("logging off"), IsEmpty());
+}
+
+TEST_F(InteractiveRuns, A_log_in_a_missing_folder_switches_logging_off_without_a_word) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = R"(D:\nowhere\run.log)";
+    execute();
+    EXPECT_THAT(entries("logging off"), SizeIs(1));
+    EXPECT_FALSE(world.exists(R"(D:\nowhere)"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_EQ(window.status, "Done!");
+}
+
+TEST_F(InteractiveRuns, An_input_folder_that_ends_in_a_backslash_gets_no_second_one) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    definition().sInputFolder = "D:\\in\\";
+    window.given.records.clear();
+    execute();
+    EXPECT_EQ(files.count(FileOperation::Create, R"(D:\in\run.log)"), 1);
+}
+
+TEST_F(InteractiveRuns, Without_logging_no_log_is_made_whatever_its_name) {
+    definition().sCommandLineLogFile = "run.log";
+    execute();
+    EXPECT_FALSE(world.exists(R"(D:\in\run.log)"));
+}
+
+// What goes wrong. The report comes once, and the window is idle again.
+
+constexpr const char* inRun = "Private Sub cmdOK_Click()";
+constexpr const char* inWait = "Private Sub ProcessAndWait()";
+
+TEST_F(InteractiveRuns, A_log_that_cannot_be_written_keeps_the_run_from_starting) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    world.makeFolder(R"(D:\in\run.log)");
+    execute();
+    ASSERT_THAT(desktop.messages, SizeIs(1));
+    EXPECT_THAT(desktop.messages.front().text,
+                testing::StartsWith("Caller:            frmMain - Private Sub cmdOK_Click()\r\n"));
+    EXPECT_THAT(interpreter.started, IsEmpty());
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_log_that_cannot_be_written_on_ends_the_run) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    faulty.failAt(FileOperation::Flush, 2, RunTimeError(ErrorNumber::DiskFull));
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::DiskFull)));
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_batch_that_cannot_be_written_ends_the_run) {
+    int started = 0;
+    interpreter.run = [&](const FakeCommandInterpreter::Started&) {
+        world.write(marker, "");
+        if (++started == 2) {
+            faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
+        }
+    };
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", inWait, ErrorNumber::PathFileAccess)));
+    EXPECT_THAT(interpreter.started, SizeIs(2));
+    EXPECT_EQ(window.status, "CNS - Processing b.met...");
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, An_interpreter_that_cannot_be_started_ends_the_run) {
+    interpreter.failure = RunTimeError(ErrorNumber::PathFileAccess);
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", inWait, ErrorNumber::PathFileAccess)));
+    EXPECT_EQ(events.secondsWaited, 0);
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, An_old_batch_that_cannot_be_deleted_ends_the_run) {
+    world.write(batch, "old");
+    faulty.failAt(FileOperation::Remove, 1, RunTimeError(ErrorNumber::PermissionDenied));
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::PermissionDenied)));
+    EXPECT_THAT(interpreter.started, IsEmpty());
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, What_cannot_be_deleted_at_the_end_is_left_without_a_word) {
+    window.given.records = {"a.met"};
+    definition().iProcessCNS = 0;
+    interpreter.run = [&](const FakeCommandInterpreter::Started&) {
+        world.write(marker, "");
+        faulty.failAlways(FileOperation::Remove, RunTimeError(ErrorNumber::PermissionDenied));
+    };
+    execute();
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_EQ(window.status, "Done!");
+    EXPECT_EQ(journal.back(), "progress 0.000");
+}
+
+TEST_F(InteractiveRuns, A_log_that_cannot_be_closed_is_told_and_all_else_is_cleaned_up) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    window.given.records.clear();
+    world.write(batch, "old");
+    faulty.failAlways(FileOperation::Close, RunTimeError(ErrorNumber::DiskFull));
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::DiskFull)));
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_tool_that_failed_goes_unnoticed) {
+    // Its batch writes the marker all the same; nothing else is looked at.
+    execute();
+    EXPECT_FALSE(world.exists(R"(D:\cns\a.cns)"));
+    EXPECT_EQ(window.status, "Done!");
+}
+
+} // namespace
+} // namespace tarnwick

@@ -1,0 +1,183 @@
+#include "processing/process_and_wait.hpp"
+#include "support/fake_clock.hpp"
+#include "support/fake_command_interpreter.hpp"
+#include "support/forwarding_files.hpp"
+#include "support/hosted_world.hpp"
+#include "support/scripted_desktop.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+
+// Keeps a short name for one folder.
+class ShortNames : public ForwardingFiles {
+  public:
+    using ForwardingFiles::ForwardingFiles;
+    [[nodiscard]] std::string shortPath(std::string_view path) const override {
+        return shortened.empty() ? ForwardingFiles::shortPath(path) : shortened;
+    }
+    std::string shortened;
+};
+
+struct Waits : testing::Test {
+    Waits() {
+        world.makeFolder(R"(C:\temp)");
+        events.handler = [this] { times.push_back(clock.steady - 1000); };
+        // The tool ends that many seconds behind its start.
+        interpreter.run = [this](const FakeCommandInterpreter::Started&) {
+            events.handler = [this, started = clock.steady] {
+                times.push_back(clock.steady - 1000);
+                if (clock.steady - started >= toolTakes) {
+                    world.write(temporary.marker, "Done!\r\n");
+                }
+                if (cancelAt > 0 && clock.steady - 1000 >= cancelAt) {
+                    stop.cancelled = true;
+                }
+            };
+        };
+    }
+
+    Waited wait() {
+        return ProcessAndWait({.files = files,
+                               .desktop = desktop,
+                               .interpreter = interpreter,
+                               .events = events,
+                               .clock = clock},
+                              temporary, R"(D:\in)", "call it", stop);
+    }
+    double waited() {
+        EXPECT_EQ(wait(), Waited::Done);
+        return clock.steady - 1000;
+    }
+    std::string target(std::string_view folder, std::string_view shortened = {}) {
+        files.shortened = shortened;
+        return redirectionTarget(files, TemporaryFiles(folder));
+    }
+
+    HostedWorld world;
+    ShortNames files{world.files()};
+    ScriptedDesktop desktop;
+    FakeCommandInterpreter interpreter{world.files()};
+    FakeClock clock;
+    FakePendingEvents events{clock};
+    TemporaryFiles temporary{"C:\\temp\\"};
+    StopRequest stop;
+    std::vector<double> times; // of letting events run
+    double toolTakes = 0;
+    double cancelAt = 0;
+};
+
+TEST_F(Waits, A_tool_that_is_quick_takes_two_seconds) {
+    EXPECT_EQ(waited(), 2);
+}
+
+TEST_F(Waits, After_the_first_second_it_looks_every_two) {
+    toolTakes = 4;
+    EXPECT_EQ(waited(), 6); // seen behind five seconds, and one more
+}
+
+TEST_F(Waits, Midnight_makes_no_pause_longer_or_shorter) {
+    clock.midnightSeconds = 86399.5;
+    toolTakes = 4;
+    EXPECT_EQ(waited(), 6);
+    EXPECT_LT(clock.midnightSeconds, 6);
+}
+
+TEST_F(Waits, A_clock_that_is_set_back_makes_no_pause_longer) {
+    toolTakes = 4;
+    const auto handler = events.handler;
+    events.handler = [&, handler] {
+        handler();
+        clock.midnightSeconds = 5;
+    };
+    EXPECT_EQ(waited(), 6);
+}
+
+TEST_F(Waits, Events_that_come_in_a_pause_run_at_once_and_do_not_shorten_it) {
+    // Waiting ends early, as when an event waits.
+    class Restless : public FakePendingEvents {
+      public:
+        using FakePendingEvents::FakePendingEvents;
+        void waitForEvent(double seconds) override {
+            FakePendingEvents::waitForEvent(std::min(seconds, 0.25));
+        }
+    };
+    Restless restless(clock);
+    int ran = 0;
+    restless.handler = [&] { ++ran; };
+    pause(clock, restless, 2, stop);
+    EXPECT_EQ(clock.steady, 1002);
+    EXPECT_EQ(ran, 9);
+}
+
+TEST_F(Waits, A_pause_rests_the_processor_for_all_of_its_length) {
+    pause(clock, events, 2, stop);
+    EXPECT_EQ(events.secondsWaited, 2);
+    EXPECT_THAT(times, ElementsAre(0, 2));
+}
+
+TEST_F(Waits, A_tool_that_never_ends_is_waited_for_until_the_user_cancels) {
+    toolTakes = std::numeric_limits<double>::infinity();
+    cancelAt = 4000;
+    EXPECT_EQ(wait(), Waited::Stopped);
+    EXPECT_GE(clock.steady - 1000, 4000);
+    EXPECT_LE(clock.steady - 1000, 4002);
+}
+
+TEST_F(Waits, An_old_marker_is_not_taken_for_the_tools_own) {
+    world.write(temporary.marker, "Done!\r\n");
+    toolTakes = 4;
+    EXPECT_EQ(waited(), 6);
+}
+
+TEST_F(Waits, A_longer_old_batch_is_replaced_whole) {
+    world.write(temporary.batch, std::string(1000, 'x'));
+    EXPECT_EQ(wait(), Waited::Done);
+    EXPECT_EQ(interpreter.started.front().content,
+              "@echo off\r\nD:\r\ncd \\in\r\n@echo on\r\n\r\ncall it\r\n"
+              "echo Done! > C:\\temp\\MPdone.tmp\r\n");
+}
+
+TEST_F(Waits, The_marker_is_named_as_it_is_where_nothing_in_it_misleads_the_interpreter) {
+    EXPECT_EQ(target(R"(C:\Users\Ren)"
+                     "\xE9"
+                     R"(\AppData\Local\Temp\)"),
+              R"(C:\Users\Ren)"
+              "\xE9"
+              R"(\AppData\Local\Temp\MPdone.tmp)");
+    EXPECT_EQ(target(R"(\\server\share\tmp-1_2.3~4#)"),
+              R"(\\server\share\tmp-1_2.3~4#\MPdone.tmp)");
+}
+
+TEST_F(Waits, A_temporary_folder_with_blanks_is_named_in_its_short_form) {
+    EXPECT_EQ(target(R"(C:\My Temp\)", R"(C:\MYTEMP~1)"), R"(C:\MYTEMP~1\MPdone.tmp)");
+    EXPECT_EQ(target(R"(C:\R&D\)", R"(C:\RD~1\)"), R"(C:\RD~1\MPdone.tmp)");
+}
+
+TEST_F(Waits, Without_a_short_form_the_marker_stands_in_quotation_marks) {
+    for (const char* const folder : {"C:\\My Temp\\", "C:\\R&D\\", "C:\\a^b\\", "C:\\a(1)\\",
+                                     "C:\\a,b\\", "C:\\a;b\\", "C:\\a=b\\"}) {
+        world.makeFolder(folder);
+        EXPECT_EQ(target(folder), '"' + std::string(folder) + "MPdone.tmp\"");
+    }
+    // A short form that is no better is none.
+    EXPECT_EQ(target(R"(C:\R&D\)", R"(C:\R&D)"), R"("C:\R&D\MPdone.tmp")");
+    // Where nothing is there to have one.
+    EXPECT_EQ(target(R"(C:\not there\)"), R"("C:\not there\MPdone.tmp")");
+}
+
+TEST_F(Waits, A_percent_sign_is_no_variable) {
+    EXPECT_EQ(target(R"(C:\100%\)"), R"("C:\100%%\MPdone.tmp")");
+}
+
+} // namespace
+} // namespace tarnwick

@@ -2,6 +2,7 @@
 
 #include "common/trap.hpp"
 #include "definition/start_up.hpp"
+#include "platform/win32/win32_clock.hpp"
 #include "platform/win32/win32_command_interpreter.hpp"
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
@@ -65,7 +66,9 @@ class Application {
         frmMain main(
             {.files = files_,
              .desktop = desktop_,
+             .interpreter = interpreter_,
              .events = events_,
+             .clock = clock_,
              .process = process_,
              .settings = settings_,
              .pickFolder =
@@ -81,6 +84,7 @@ class Application {
     Win32Files files_;
     Win32Desktop desktop_;
     Win32CommandInterpreter interpreter_;
+    Win32Clock clock_;
     Win32Process process_;
     Win32SettingsStore settings_;
     Win32FormPresenter presenter_;

@@ -49,7 +49,11 @@ frmMain::frmMain(MainServices services)
       cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, cnsProcedures,
                   services_.desktop, outputWindow()),
       mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, mpProcedures,
-                 services_.desktop, outputWindow()) {
+                 services_.desktop, outputWindow()),
+      batchExport_({.files = services_.files,
+                    .desktop = services_.desktop,
+                    .interpreter = services_.interpreter,
+                    .clock = services_.clock}) {
     txtInExt.setHint(extensionHint);
     ProgressBar1.setVisible(false);
     tarnwick::LoadDefaultGridSettings(definition_);

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "definition/batch_definition.hpp"
+#include "processing/batch_export.hpp"
+#include "processing/interactive_run.hpp"
+#include "processing/validation.hpp"
 #include "ui/forms/button.hpp"
 #include "ui/forms/check_box.hpp"
 #include "ui/forms/combo_box.hpp"
@@ -15,7 +18,9 @@
 #include "ui/main/output_grid_editor.hpp"
 
 #include <array>
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,7 +28,7 @@ namespace tarnwick {
 
 // The main window. It owns the one batch definition of the program: the settings that have a
 // control here are held by that control, the others by a record of their own.
-class frmMain final : public Form {
+class frmMain final : public Form, private RunWindow {
   public:
     explicit frmMain(MainServices services);
 
@@ -142,9 +147,6 @@ class frmMain final : public Form {
     void mnuAbout_Click();
     void cboLanguage_Change();
     void cboLanguage_Click();
-    void cmdOK_Click();
-    void cmdCreateBatFile_Click();
-    void cmdCancel_Click();
     [[nodiscard]] bool findTools();
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
     void endNow();
@@ -152,6 +154,22 @@ class frmMain final : public Form {
     void offerToSave();
     void storeNow(std::string_view sINIFile);
     void nameINIFile();
+
+    // The run and the batch file.
+    void cmdOK_Click();
+    void cmdCreateBatFile_Click();
+    void cmdCancel_Click();
+    [[nodiscard]] bool validate();
+    void editOutputFolder(OutputGrid grid, std::size_t row);
+    [[nodiscard]] bool isReadyToRun() override { return validate(); }
+    void commitEdits() override;
+    [[nodiscard]] RunJob job() override;
+    void switchLoggingOff() override { definition_.bCommandLineLogging = false; }
+    void showStatus(std::string_view text) override { StatusBar1.setPanelText(1, text); }
+    void showProgressBar(bool visible) override { ProgressBar1.setVisible(visible); }
+    void showProgress(double percent) override;
+    void showBusy(bool busy) override;
+    void offerCancel(bool offered) override;
 
     // The definition and the window.
     void ReadINIFile();
@@ -235,6 +253,8 @@ class frmMain final : public Form {
     BatchDefinition definition_;
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;
+    BatchExport batchExport_;
+    std::optional<InteractiveRun> run_; // while one goes on
     bool bInputChanged_ = false; // the folder has been edited since it was listed
     bool bInExtChanged_ = false; // so have the extensions
     bool bFieldEdited_ = false;  // a field is being edited, and has not been left yet

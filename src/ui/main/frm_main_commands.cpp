@@ -1,4 +1,4 @@
-// The commands of the menus and of the buttons below right, and the language box.
+// The commands of the menus, and the language box.
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
@@ -164,34 +164,6 @@ void frmMain::cboLanguage_Change() {
 void frmMain::cboLanguage_Click() {
     definition_.sLanguage = cboLanguage.text();
     markChanged();
-}
-
-void frmMain::cmdOK_Click() {
-    commonSteps();
-    // Enter presses it without leaving the field that it was typed in.
-    if (focused() != nullptr) {
-        raise(focused()->LostFocus);
-    }
-    if (cmdOK.enabled()) {
-        raise(services_.execute);
-    }
-}
-
-void frmMain::cmdCreateBatFile_Click() {
-    commonSteps();
-    raise(services_.createBatchFile);
-}
-
-void frmMain::cmdCancel_Click() {
-    // Escape in a grid or beside its editor is meant for the edit; a second one must not end it
-    // all.
-    const Control* const at = focused();
-    if (at == &grdFiles || at == &cmdEdit || at == &grdCNS || at == &cmdEditCNS) {
-        mpOutputs_.discard();
-        cnsOutputs_.discard();
-        return;
-    }
-    unload();
 }
 
 } // namespace tarnwick

@@ -60,8 +60,13 @@ void frmMain::Form_Unload() {
         store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
         store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
     });
-    commonSteps(); // an edit that is going on counts
-    offerToSave();
+    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
+        commonSteps(); // an edit that is going on counts
+        offerToSave();
+    });
+    if (run_) { // whatever has failed: nobody could cancel it any more
+        run_->close();
+    }
 }
 
 } // namespace tarnwick

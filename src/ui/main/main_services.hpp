@@ -2,6 +2,7 @@
 
 #include "definition/batch_definition.hpp"
 #include "platform/clock.hpp"
+#include "platform/command_interpreter.hpp"
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
 #include "platform/process.hpp"
@@ -19,7 +20,9 @@ namespace tarnwick {
 struct MainServices {
     Files& files;
     Desktop& desktop;
+    CommandInterpreter& interpreter;
     PendingEvents& events;
+    const Clock& clock;
     const Process& process;
     SettingsStore& settings;
 
@@ -30,10 +33,6 @@ struct MainServices {
     std::function<void(BatchDefinition& definition)> showOptions =
         nullptr; // may change the definition
     std::function<void()> showAbout = nullptr;
-
-    // What the two big buttons start. Without them a click on the button shows and does nothing.
-    std::function<void()> execute = nullptr;
-    std::function<void()> createBatchFile = nullptr;
 
     // Web addresses, opened with the program associated with them.
     std::string mpHelp{mpDocumentation()};

@@ -276,31 +276,14 @@ TEST_F(Fields, Enter_in_a_field_checks_it_before_anything_is_executed) {
     type(form.txtInput, R"(D:\nowhere)");
     form.userPressedEnter();
     expectRefusal(form.txtInput, R"(The "D:\nowhere" folder does not exist.)");
-    EXPECT_EQ(executions, 0);
+    desktop.messages.clear();
     type(form.txtInput, R"(D:\in)");
     leave();
     form.userMovedFocus(form.lstSelected);
     form.userPressedEnter();
-    EXPECT_EQ(executions, 1);
-    form.userClicked(form.cmdCreateBatFile);
-    EXPECT_EQ(batchFiles, 1);
-}
-
-TEST_F(Fields, Without_anything_to_start_the_big_buttons_show_nothing) {
-    services.execute = nullptr;
-    services.createBatchFile = nullptr;
-    frmMain window(services);
-    window.show();
-    window.userMovedFocus(window.txtInput);
-    window.txtInput.userTyped(R"(D:\in)");
-    window.userMovedFocus(window.chkMP);
-    window.userClicked(window.cmdSelectFiles[1]);
-    ASSERT_TRUE(window.cmdOK.enabled());
-    window.userClicked(window.cmdOK);
-    window.userClicked(window.cmdCreateBatFile);
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_THAT(desktop.fileDialogs, IsEmpty());
-    EXPECT_EQ(executions + batchFiles, 0);
+    // Whose own checks come next.
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(warning("Please specify a folder for the output \"Error\" file.")));
 }
 
 TEST_F(Fields, A_text_that_was_refused_is_still_asked_about_when_the_window_closes) {

@@ -290,7 +290,9 @@ TEST_F(InputFiles, A_hundred_thousand_files_are_matched_without_comparing_all_wi
     }
     MainServices hugeServices{.files = huge,
                               .desktop = desktop,
+                              .interpreter = interpreter,
                               .events = events,
+                              .clock = clock,
                               .process = process,
                               .settings = settings};
     frmMain window(hugeServices);

@@ -4,6 +4,7 @@
 #include "definition/stored_settings.hpp"
 #include "platform/run_time_error.hpp"
 #include "support/fake_clock.hpp"
+#include "support/fake_command_interpreter.hpp"
 #include "support/fake_process.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
@@ -73,6 +74,7 @@ struct MainWorld : testing::Test {
     ScriptedDesktop desktop;
     FakeClock clock;
     FakePendingEvents events{clock};
+    FakeCommandInterpreter interpreter{files};
     FakeProcess process;
     MemorySettingsStore settings;
 
@@ -86,13 +88,13 @@ struct MainWorld : testing::Test {
     int optionsShown = 0;
     std::function<void(BatchDefinition&)> inOptions; // what the user does there
     int aboutShown = 0;
-    int executions = 0;
-    int batchFiles = 0;
 
     MainServices services{
         .files = files,
         .desktop = desktop,
+        .interpreter = interpreter,
         .events = events,
+        .clock = clock,
         .process = process,
         .settings = settings,
         .pickFolder =
@@ -114,8 +116,6 @@ struct MainWorld : testing::Test {
                 }
             },
         .showAbout = [this] { ++aboutShown; },
-        .execute = [this] { ++executions; },
-        .createBatchFile = [this] { ++batchFiles; },
     };
     frmMain form{services};
 

@@ -1,0 +1,129 @@
+// What the three buttons below right do: run the batch, write it into a file, cancel or close.
+
+#include "common/text.hpp"
+#include "ui/dialogs/choose_file.hpp"
+#include "ui/main/frm_main.hpp"
+
+#include <cmath>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::string_view close = "Close";
+constexpr std::string_view cancel = "Cancel";
+constexpr std::string_view batchFiles = "Batch File (*.bat)|*.bat|All Files (*.*)|*.*";
+constexpr int folderColumn = 3;
+constexpr int openedByClick = ' ';
+
+} // namespace
+
+// A run waits for a marker that another one inside it would take away: a second one does not start.
+void frmMain::cmdOK_Click() {
+    if (run_) {
+        return;
+    }
+    commonSteps();
+    // Enter presses it without leaving the field that it was typed in.
+    if (focused() != nullptr) {
+        raise(focused()->LostFocus);
+    }
+    if (!cmdOK.enabled()) {
+        return;
+    }
+    RunWindow& window = *this;
+    run_.emplace(RunServices{.files = services_.files,
+                             .desktop = services_.desktop,
+                             .interpreter = services_.interpreter,
+                             .events = services_.events,
+                             .clock = services_.clock},
+                 definition_.sTempFolder, window, nullptr);
+    run_->execute();
+    run_.reset();
+}
+
+// While a run goes on, this writes the batch that the window shows now and leaves the run alone.
+void frmMain::cmdCreateBatFile_Click() {
+    commonSteps();
+    if (!validate()) {
+        return;
+    }
+    const auto chosen = chooseFile(services_.desktop, {.kind = FileDialog::Kind::Save,
+                                                       .title = "Save Batch File",
+                                                       .filter = std::string(batchFiles),
+                                                       .filterIndex = 1,
+                                                       .fileName = {},
+                                                       .initialFolder = {}});
+    if (chosen && !chosen->empty()) {
+        const RunJob batch = job();
+        batchExport_.write(batch.definition, batch.records, *chosen);
+    }
+}
+
+void frmMain::cmdCancel_Click() {
+    // Escape in a grid or beside its editor is meant for the edit; a second one must not end it
+    // all.
+    const Control* const at = focused();
+    if (at == &grdFiles || at == &cmdEdit || at == &grdCNS || at == &cmdEditCNS) {
+        mpOutputs_.discard();
+        cnsOutputs_.discard();
+        return;
+    }
+    if (equalIgnoringCase(cmdCancel.caption(), cancel)) {
+        if (run_) {
+            run_->cancel();
+        }
+    } else {
+        unload();
+    }
+}
+
+// The checks of both ways to use the batch.
+bool frmMain::validate() {
+    takeFromControls();
+    const BatchFault fault = validateBatch(
+        definition_,
+        {.files = services_.files,
+         .desktop = services_.desktop,
+         .showOptions = [this] { raise(services_.showOptions, definition_); },
+         .editOutputFolder = [this](OutputGrid grid,
+                                    std::size_t row) { editOutputFolder(grid, row); }});
+    if (fault == BatchFault::ConfigurationFile) {
+        txtCFG.selectAll();
+        txtCFG.setFocus();
+    }
+    return fault == BatchFault::None;
+}
+
+void frmMain::editOutputFolder(OutputGrid grid, std::size_t row) {
+    const Grid::Place folder{.row = static_cast<int>(row), .column = folderColumn};
+    if (grid == OutputGrid::CNS) {
+        grdCNS.setCurrent(folder);
+        cnsOutputs_.pEditGrid(openedByClick);
+    } else {
+        grdFiles.setCurrent(folder);
+        mpOutputs_.pEditGrid(openedByClick);
+    }
+}
+
+void frmMain::commitEdits() {
+    pSetCellValue();
+    pSetCellValueCNS();
+}
+
+RunJob frmMain::job() {
+    return {.definition = definition(), .records = lstSelected.items()};
+}
+
+void frmMain::showProgress(double percent) {
+    ProgressBar1.setValue(static_cast<int>(std::lround(percent)));
+}
+
+void frmMain::showBusy(bool busy) {
+    setMousePointer(busy ? MousePointer::Busy : MousePointer::Default);
+}
+
+void frmMain::offerCancel(bool offered) {
+    cmdCancel.setCaption(offered ? cancel : close);
+}
+
+} // namespace tarnwick

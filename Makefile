@@ -76,6 +76,7 @@ screenshots: windows
 	tests/window/run.sh build/windows dialogs
 	tests/window/run.sh build/windows controls
 	tests/window/run.sh build/windows main
+	tests/window/run.sh build/windows execute
 
 check-format:
 	@$(ensure) clang-format-19

@@ -1,0 +1,423 @@
+# Sourced by run.sh: whole runs of the tools, and the batch files that the user keeps, in the
+# program's own window.
+
+export LC_ALL=C.UTF-8 # names with accents, and their bytes in the definition
+# shellcheck source=main_hands.sh
+. "$here/main_hands.sh"
+
+watcher=$build/tests/window/run_watcher.exe
+control[StatusBar1]='status 1'
+control[ProgressBar1]='progress 1'
+
+# The temporary folder of programs started from now on; it is made, and is then $temp.
+set_temp() {
+    temp=$drive/work/$1
+    mkdir -p "$temp"
+    "$wine_run" reg add 'HKCU\Environment' /v TEMP /d "C:\\work\\$1" /f \
+        >"$work/reg.log" 2>&1 </dev/null || fail "TEMP cannot be set"
+}
+# define [LINE...]: the definition, MP alone over C:\work\records into C:\work\out\mp, and what
+# differs from that. Lines are UTF-8 here and in the system's code page there.
+define() {
+    lines 'MP EXECUTABLE=C:\work\mp.exe' 'CNS EXECUTABLE=C:\work\cns.exe' 'Process MP=1' \
+        'Process CNS=0' 'Input Folder=C:\work\records' 'Input File Extension=*.met' \
+        'CNS Output Folder=C:\work\out\cns' 'CNS Output File Extension=.cns' \
+        'GRID_Error=C:\work\out\mp' "$@" | iconv -f UTF-8 -t CP1252 >"$folder/TARNWICK.ini"
+}
+# Starts the program on the definition, with all records selected.
+launch_run() {
+    launch
+    look
+    press cmdSelectFiles2
+    look
+    expect_state cmdOK on
+}
+fresh() {
+    lay_out_work
+    rm -f "$folder"/records/[bc].met "$folder/records/d.txt" # one is enough for most
+    set_temp tmp
+}
+# A tool in the place of MP that does what is said: sleep SECONDS, fail, forever.
+use_trying_tool() {
+    cp "$build/tests/window/trying_tool.exe" "$folder/mp.exe"
+    echo "$*" >"$folder/how"
+}
+tools_started() { if [ -e "$folder/started" ]; then wc -l <"$folder/started"; else echo 0; fi; }
+
+# watch SECONDS [STATUS]: until the run is over, or the status begins so; see $work/watch.
+watch() {
+    "$wine_run" "$watcher" "$title" watch "$@" >"$work/watch.out" 2>&1 </dev/null ||
+        fail "waiting for ${2:-the end} ended with status $?: $(cat "$work/watch.out")"
+    tr -d '\r' <"$work/watch.out" | iconv -f CP1252 -t UTF-8 >"$work/watch"
+}
+# The run shows these, one after the other: "button|per cent|status".
+expect_shown() {
+    local expected
+    expected=$(printf '%s\n' "$@")
+    [ "$(sed '/^answers/d; s/^[^|]*|//' "$work/watch")" = "$expected" ] ||
+        fail "not these but: $(cat "$work/watch")"
+}
+press_button() { "$wine_run" "$watcher" "$title" press "$1" >"$work/press" 2>&1 || fail "no $1"; }
+expect_status() { expect_text StatusBar1 "$1"; }
+expect_no_temporary_files() {
+    [ -z "$(find "$temp" -name 'MP*')" ] || fail "left in $temp: $(ls "$temp")"
+}
+# As before and after every run, with that status.
+expect_idle() {
+    look
+    expect_status "$1"
+    expect_text cmdCancel Close
+    expect_state cmdOK on
+    expect_state cmdCreateBatFile on
+    expect_state ProgressBar1 hidden
+    expect_no_temporary_files
+    expect_no_message
+}
+expect_no_message() {
+    ! find_now Warning && ! find_now Tarnwick || fail 'there is a message'
+}
+expect_made() { [ -s "$1" ] || fail "$1 was not made"; }
+# In CP 1252 there, in UTF-8 here.
+expect_lines() { # FILE LINE...
+    cmp -s "$1" <(lines "${@:2}" | iconv -f UTF-8 -t CP1252) ||
+        fail "$1 holds: $(iconv -f CP1252 -t UTF-8 "$1")"
+}
+end_program() { close_unchanged; }
+# An edit that is going on is a change.
+end_program_asked() {
+    key alt+F4
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+}
+run_is_over() {
+    look
+    [ "$(text_of cmdCancel)" = Close ]
+}
+process_of_program() {
+    local pid
+    for pid in $(pgrep -x Tarnwick.exe); do
+        if grep -qzxF "WINEPREFIX=$TARNWICK_WINE_BUILD/wine" "/proc/$pid/environ" 2>/dev/null; then
+            echo "$pid"
+        fi
+    done
+}
+# Of the program, in hundredths of a second.
+processor_time() { awk '{ print $14 + $15 }' "/proc/$(process_of_program)/stat"; }
+# Waits up to ten seconds until the command succeeds.
+wait_until() {
+    for _ in $(seq 100); do
+        if "$@"; then return; fi
+        sleep 0.1
+    done
+    fail "in vain: $*"
+}
+has_started() { [ "$(tools_started)" -ge "$1" ]; }
+expect_started() { [ "$(tools_started)" = "$1" ] || fail "$(tools_started) tools were started"; }
+
+test_1_both_tools_where_all_names_have_blanks_and_accents() {
+    fresh
+    set_temp 'passagère à moi'
+    mkdir -p "$folder/mes données/entrée 1" "$folder/sorties é/mp" "$folder/sorties é/cns"
+    cp "$here/../../demo/records/lakes.met" "$folder/mes données/entrée 1/café 1.met"
+    cp "$here/../../demo/records/loose.met" "$folder/mes données/entrée 1/b.met"
+    define 'Process CNS=1' 'Command Line Logging=True' 'Command Line Log Filename=run.log' \
+        'Input Folder=C:\work\mes données\entrée 1' 'CNS Output Folder=C:\work\sorties é\cns' \
+        'GRID_Leftovers=C:\work\sorties é\cns' 'GRID_Error=C:\work\sorties é\mp' \
+        'GRID_Html=C:\work\sorties é\mp'
+    launch_run
+    press cmdOK
+    watch 60
+    expect_shown 'Cancel|0|CNS - Processing b.met...' 'Cancel|0|MP - Processing b.cns...' \
+        'Cancel|50|CNS - Processing café 1.met...' 'Cancel|50|MP - Processing café 1.cns...' \
+        'Close|-|Done!'
+    expect_idle Done!
+    picture_of "$dialog" execute-done
+    local in='C:\work\mes données\entrée 1' out='C:\work\sorties é'
+    local logged=()
+    for name in b 'café 1'; do
+        logged+=("call \"C:\\work\\cns.exe\" -l en -e \"$out\\cns\\$name.lft\" -o \"$out\\cns\\$name.cns\" \"$in\\$name.met\"")
+        logged+=("call \"C:\\work\\mp.exe\" -l en -e \"$out\\mp\\$name.err\" -h \"$out\\mp\\$name.html\" \"$out\\cns\\$name.cns\"")
+        for file in cns/"$name".cns mp/"$name".err mp/"$name".html; do
+            expect_made "$folder/sorties é/$file"
+        done
+    done
+    expect_lines "$folder/mes données/entrée 1/run.log" "${logged[@]}"
+    # The same work as a batch file, run by the interpreter without the program.
+    mv "$folder/sorties é" "$folder/made by the run"
+    mkdir -p "$folder/sorties é/mp" "$folder/sorties é/cns"
+    press cmdCreateBatFile
+    answer_file_dialog 'Save Batch File' 'C:\work\kept.bat'
+    expect_message Tarnwick 'The batch file "C:\work\kept.bat" has been created.'
+    grep -qE $'^REM Date Created:  .*[0-9]{4}.*, .*[0-9]+:[0-9]{2}:[0-9]{2}.*\r$' "$folder/kept.bat" ||
+        fail "no date and time in $(cat "$folder/kept.bat")"
+    "$wine_run" cmd /c 'C:\work\kept.bat' >"$work/kept.log" 2>&1 </dev/null ||
+        fail "the batch file: $(cat "$work/kept.log")"
+    diff -r "$folder/made by the run" "$folder/sorties é" || fail 'the batch file makes other files'
+    end_program
+}
+
+test_2_MP_alone_on_another_drive() {
+    fresh
+    local other=$TARNWICK_WINE_BUILD/wine/drive_e/in
+    rm -rf "$other"
+    mkdir -p "$other"
+    cp "$folder/records/a.met" "$other"
+    define 'Input Folder=E:\in'
+    launch_run
+    press cmdOK
+    watch 60
+    expect_shown 'Cancel|0|MP - Processing a.met...' 'Close|-|Done!'
+    expect_idle Done!
+    expect_made "$folder/out/mp/a.err"
+    end_program
+    rm -r "$other"
+}
+
+test_3_CNS_alone_on_a_network_folder() {
+    fresh
+    local share=$TARNWICK_WINE_BUILD/wine/dosdevices/unc/server/share
+    mkdir -p "$share/my in"
+    cp "$folder/records/a.met" "$share/my in"
+    define 'Process MP=0' 'Process CNS=1' 'Input Folder=\\server\share\my in'
+    launch_run
+    press cmdOK
+    watch 60
+    expect_shown 'Cancel|0|CNS - Processing a.met...' 'Close|-|Done!'
+    expect_idle Done!
+    expect_made "$folder/out/cns/a.cns"
+    end_program
+    rm -r "$TARNWICK_WINE_BUILD/wine/dosdevices/unc/server"
+}
+
+test_4_a_configuration_file_that_names_the_outputs() {
+    fresh
+    lines input '  folder "C:\work\records"' output '  html C:\work\elsewhere' \
+        '  error C:\work\elsewhere .report' '  info C:\work\elsewhere' >"$folder/mp.cfg"
+    define 'Process CNS=1' 'Configuration File=C:\work\mp.cfg' 'GRID_Error=C:\nowhere'
+    launch
+    look
+    expect_state chkCFG ticked
+    press cmdSelectFiles2
+    press cmdOK
+    watch 60
+    expect_shown 'Cancel|0|CNS - Processing a.met...' 'Cancel|0|MP - Processing a.met...' \
+        'Close|-|Done!'
+    expect_idle Done!
+    for file in a.html a.report; do expect_made "$folder/elsewhere/$file"; done
+    end_program
+}
+
+test_5_the_window_is_alive_while_a_slow_tool_runs_and_cancel_leaves_it_to_itself() {
+    fresh
+    use_trying_tool sleep 14
+    define
+    launch_run
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    look
+    expect_text cmdCancel Cancel
+    expect_state cmdOK on
+    expect_state ProgressBar1 shown
+    picture_of "$dialog" execute-running
+    # It rests: 2 % of a processor would be 8 hundredths of a second in these four seconds.
+    local before after
+    before=$(processor_time)
+    sleep 4
+    after=$(processor_time)
+    [ $((after - before)) -le 8 ] || fail "waiting takes $((after - before)) hundredths in 4 s"
+    # It answers.
+    for _ in 1 2 3 4; do
+        "$wine_run" "$watcher" "$title" click '&MP' >"$work/click" 2>&1 || fail 'no click'
+        [ "$(tr -d '\r' <"$work/click")" -le 100 ] || fail "a click takes $(cat "$work/click") ms"
+    done
+    press cmdOK # a second time: nothing comes of it
+    sleep 0.5
+    expect_started 1
+    press cmdCancel
+    wait_until run_is_over
+    # The button took the focus, and with it the status. The tool goes on with its batch, which
+    # the interpreter holds until it is done.
+    look
+    expect_status ''
+    expect_text cmdCancel Close
+    expect_state ProgressBar1 hidden
+    expect_state cmdOK on
+    expect_no_message
+    [ ! -e "$temp/MPdone.tmp" ] || fail 'the tool cannot have ended yet'
+    # What it leaves in the end is its own marker, and the next run clears that away. That one's
+    # tool fails, which nobody asks about.
+    wait_until test -e "$temp/MPdone.tmp"
+    sleep 0.5
+    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
+    use_trying_tool fail
+    press cmdOK
+    watch 20
+    expect_shown 'Cancel|0|MP - Processing a.met...' 'Close|-|Done!'
+    expect_idle Done!
+    expect_started 2
+    end_program
+}
+
+test_6_a_tool_that_never_ends_is_waited_for_until_Escape() {
+    fresh
+    use_trying_tool forever
+    define
+    launch_run
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    wait_until has_started 1
+    sleep 6
+    look
+    expect_text cmdCancel Cancel
+    key Escape
+    wait_until run_is_over
+    look
+    expect_status 'MP - Processing a.met...' # no focus has moved
+    expect_state ProgressBar1 hidden
+    expect_state cmdOK on
+    expect_no_message
+    touch "$folder/enough"
+    wait_until test -e "$temp/MPdone.tmp"
+    rm -f "$temp/MPdone.tmp"
+    end_program
+}
+
+test_7_a_record_and_a_tool_that_go_in_mid_run() {
+    fresh
+    cp "$folder/records/a.met" "$folder/records/b.met"
+    cp "$folder/records/a.met" "$folder/records/c.met"
+    define
+    launch_run
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    rm "$folder/records/b.met"
+    watch 20 'MP - Processing b.met...'
+    wait_until test -e "$folder/out/mp/b.err" # it is told that there is no such record
+    rm "$folder/mp.exe"
+    watch 20
+    expect_idle Done!
+    expect_made "$folder/out/mp/a.err"
+    [ ! -e "$folder/out/mp/c.err" ] || fail 'who made c.err?'
+    # Now its location is asked for.
+    press cmdOK
+    expect_message Warning 'The MP executable file "C:\work\mp.exe" does not exist.'
+    expect_window Options
+    key Escape
+    expect_message Warning 'The MP executable file "C:\work\mp.exe" does not exist.'
+    expect_idle ''
+    end_program
+}
+
+test_8_the_window_is_closed_during_a_run() {
+    fresh
+    use_trying_tool forever
+    define
+    launch_run
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    wait_until has_started 1
+    key alt+F4
+    expect_end
+    [ -z "$(process_of_program)" ] || fail 'the program still runs'
+    touch "$folder/enough"
+    wait_until test -e "$temp/MPdone.tmp" # the batch has been left to itself
+    sleep 0.5
+    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
+    # By the menu, with something to save.
+    rm "$folder/enough"
+    launch_run
+    press chkfixdoc
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    wait_until has_started 2
+    menu f x
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+    touch "$folder/enough"
+    wait_until test -e "$temp/MPdone.tmp"
+}
+
+test_9_the_temporary_folder_becomes_unwritable() {
+    fresh
+    use_trying_tool sleep 1
+    cp "$folder/mp.exe" "$folder/cns.exe"
+    define 'Process CNS=1'
+    launch_run
+    press cmdOK
+    watch 20 'CNS - Processing a.met...'
+    wait_until test -e "$temp/MPtmp.bat"
+    chmod a-w "$temp/MPtmp.bat" # MP's cannot take its place
+    expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
+    chmod u+w "$temp/MPtmp.bat"
+    look
+    expect_status 'CNS - Processing a.met...'
+    expect_text cmdCancel Close
+    expect_state ProgressBar1 hidden
+    expect_state cmdOK on
+    expect_started 1
+    # Not there at all.
+    rm -r "$temp"
+    press cmdOK
+    expect_message Tarnwick 'frmMain - Private Sub ProcessAndWait()'
+    look
+    expect_status 'CNS - Processing a.met...'
+    expect_text cmdCancel Close
+    expect_state cmdOK on
+    # And once more in the midst: its tool's marker never comes, but the window is alive.
+    mkdir "$temp"
+    press cmdOK
+    watch 20 'CNS - Processing a.met...'
+    wait_until has_started 2
+    mv "$temp" "$temp.away"
+    sleep 4
+    look
+    expect_text cmdCancel Cancel
+    press cmdCancel
+    wait_until run_is_over
+    rm -rf "$temp.away"
+    mkdir "$temp"
+    press cmdOK
+    watch 30
+    expect_idle Done!
+    end_program
+}
+
+test_10_what_keeps_a_run_from_starting() {
+    fresh
+    mkdir "$folder/records/run.log"
+    define 'Command Line Logging=True' 'Command Line Log Filename=run.log'
+    launch_run
+    press cmdOK
+    expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
+    expect_idle ''
+    rmdir "$folder/records/run.log"
+    echo old >"$folder/records/run.log"
+    chmod a-w "$folder/records/run.log"
+    press cmdOK
+    expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
+    expect_idle ''
+    [ "$(cat "$folder/records/run.log")" = old ] || fail 'the log was written'
+    # The folder that is wrong is open for editing.
+    rm -r "$folder/out/mp"
+    press cmdOK
+    expect_message Warning 'The "C:\work\out\mp" folder does not exist.'
+    expect_idle ''
+    expect_state txtEdit shown focus
+    expect_text txtEdit 'C:\work\out\mp'
+    picture_of "$dialog" execute-bad-folder
+    expect_state cmdEdit shown
+    [ ! -e "$folder/out/mp/a.err" ] || fail 'a tool was run'
+    end_program_asked
+}
+
+run_all_tests() {
+    set_resolution 96
+    for test_name in $(compgen -A function test_ | sort -V | grep "${TARNWICK_ONLY:-}"); do
+        say "$test_name ($SECONDS s)"
+        "$test_name"
+    done
+    "$wine_run" reg delete 'HKCU\Environment' /v TEMP /f >"$work/reg.log" 2>&1 || true
+    say "all passed in $SECONDS s; pictures are in $pictures"
+}

@@ -51,27 +51,39 @@ class Waiting {
         if (stop_.closed) { // has taken the batch along
             return Waited::Stopped;
         }
-        services_.interpreter.startHidden(temporary_.batch);
+        const auto batch = services_.interpreter.startHidden(temporary_.batch);
         letEventsRun();
         letEventsRun();
         wait(beforeFirstLook);
-        while (!markerIsThere()) {
+        // A batch that has ended without a marker has nowhere to write it, and never will.
+        if (!waitUntil([&] { return markerIsThere() || batch->hasEnded(); })) {
+            return Waited::Stopped;
+        }
+        letEventsRun();
+        wait(afterMarker);
+        // The marker of a batch that was left to itself says nothing about this one, which would
+        // have ended by now.
+        return waitUntil([&] { return batch->hasEnded(); }) ? Waited::Done : Waited::Stopped;
+    }
+
+  private:
+    // False when a stop is asked for before that.
+    template <typename Condition>
+    [[nodiscard]] bool waitUntil(const Condition& isMet) {
+        while (!isMet()) {
             if (stop_.cancelled) {
-                return Waited::Stopped;
+                return false;
             }
             letEventsRun();
             wait(betweenLooks);
             letEventsRun();
             if (stop_.cancelled) {
-                return Waited::Stopped;
+                return false;
             }
         }
-        letEventsRun();
-        wait(afterMarker);
-        return Waited::Done;
+        return true;
     }
 
-  private:
     [[nodiscard]] bool markerIsThere() const {
         return FileExists(services_.files, temporary_.marker);
     }

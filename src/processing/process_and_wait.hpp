@@ -31,15 +31,17 @@ struct TemporaryFiles {
 };
 
 enum class Waited {
-    Done,    // the marker was seen
+    Done,    // the tool has ended
     Stopped, // before that, a stop was asked for; the tool goes on by itself
     Failed,  // the batch could not be written or started; the user has been told
 };
 
 // Writes the temporary batch around the statement, which it runs in the input folder, starts it
 // hidden, and returns when its marker is there or a stop is asked for. Window events run meanwhile.
-// There is no time-out: a tool that never ends is waited for until then.
-// The marker says nothing about how the tool ended.
+// There is no time-out: a tool that never ends is waited for until then. The marker says nothing
+// about how the tool ended.
+// All runs share one name of the marker: that of a batch which an earlier run has left to itself
+// is not taken for this one's. A batch that ends without a marker has ended all the same.
 [[nodiscard]] Waited ProcessAndWait(const RunServices& services, const TemporaryFiles& temporary,
                                     std::string_view sInputFolder, std::string_view sStatement,
                                     const StopRequest& stop);

@@ -43,6 +43,20 @@ TEST_F(Interpreter, A_batch_file_is_started_and_not_waited_for) {
     EXPECT_TRUE(appears("marker"));
 }
 
+TEST_F(Interpreter, A_started_batch_tells_when_it_has_ended) {
+    put("a.bat", platform->batchThatWaits(in("signal"), in("marker")));
+    const auto batch = interpreter.startHidden(in("a.bat"));
+    EXPECT_FALSE(batch->hasEnded());
+    put("signal");
+    EXPECT_TRUE(appears("marker"));
+    using namespace std::chrono_literals;
+    for (int i = 0; i < 600 && !batch->hasEnded(); ++i) {
+        std::this_thread::sleep_for(50ms);
+    }
+    EXPECT_TRUE(batch->hasEnded());
+    EXPECT_TRUE(batch->hasEnded()); // and goes on saying so
+}
+
 TEST_F(Interpreter, A_batch_file_with_bytes_above_127_in_its_name_is_started) {
     put("caf\xE9.bat", platform->batchThatWaits(in("signal"), in("marker")));
     put("signal");

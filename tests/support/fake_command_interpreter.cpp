@@ -5,7 +5,26 @@
 
 namespace tarnwick {
 
-void FakeCommandInterpreter::startHidden(std::string_view batchFile) {
+namespace {
+
+class FakeStartedBatch : public StartedBatch {
+  public:
+    FakeStartedBatch(const FakeCommandInterpreter& interpreter, std::size_t number)
+        : interpreter_(interpreter), number_(number) {}
+
+    [[nodiscard]] bool hasEnded() const override {
+        return number_ < interpreter_.started.size() || !interpreter_.hasEnded ||
+               interpreter_.hasEnded();
+    }
+
+  private:
+    const FakeCommandInterpreter& interpreter_;
+    std::size_t number_;
+};
+
+} // namespace
+
+std::unique_ptr<StartedBatch> FakeCommandInterpreter::startHidden(std::string_view batchFile) {
     if (failure) {
         throw RunTimeError(*failure);
     }
@@ -13,6 +32,7 @@ void FakeCommandInterpreter::startHidden(std::string_view batchFile) {
     if (run) {
         run(started.back());
     }
+    return std::make_unique<FakeStartedBatch>(*this, started.size());
 }
 
 std::string FakeCommandInterpreter::batchText(std::string_view text) const {

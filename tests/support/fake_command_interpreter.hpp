@@ -24,7 +24,7 @@ class FakeCommandInterpreter : public CommandInterpreter {
     // Reads the batch files through `files`, which must outlive it.
     explicit FakeCommandInterpreter(const Files& files) : files_(files) {}
 
-    void startHidden(std::string_view batchFile) override;
+    std::unique_ptr<StartedBatch> startHidden(std::string_view batchFile) override;
     [[nodiscard]] std::string batchText(std::string_view text) const override;
     [[nodiscard]] std::string systemCodePageLine() const override;
 
@@ -32,6 +32,8 @@ class FakeCommandInterpreter : public CommandInterpreter {
     std::optional<RunTimeError> failure; // raised by every start instead of starting
     // Called behind each start: does what the batch would do.
     std::function<void(const Started&)> run;
+    // Whether the batch that was started last has ended; they do so at once where this is empty.
+    std::function<bool()> hasEnded;
 
   private:
     const Files& files_;

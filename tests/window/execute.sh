@@ -277,9 +277,19 @@ test_6_a_tool_that_never_ends_is_waited_for_until_Escape() {
     expect_state ProgressBar1 hidden
     expect_state cmdOK on
     expect_no_message
+    # The next run does not take that tool's marker for the one of its own.
+    echo 'sleep 7' >"$folder/how"
+    press cmdOK
+    wait_until has_started 2
     touch "$folder/enough"
     wait_until test -e "$temp/MPdone.tmp"
-    rm -f "$temp/MPdone.tmp"
+    sleep 4
+    look
+    expect_text cmdCancel Cancel
+    expect_status 'MP - Processing a.met...'
+    watch 20
+    expect_idle Done!
+    expect_started 2
     end_program
 }
 

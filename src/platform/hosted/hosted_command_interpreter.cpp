@@ -5,6 +5,7 @@
 #include "platform/hosted/file_descriptor.hpp"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -28,15 +29,38 @@ int become(char* const* arguments) {
     return errno;
 }
 
-// Starts the command as nobody's child, so that it outlives this program and nobody need wait for
-// it. The errno value when it could not be started, else 0.
-int startDetached(char* const* arguments) {
+struct Pipe {
+    FileDescriptor readingEnd;
+    FileDescriptor writingEnd;
+};
+
+// Raises when there is none left to be had.
+Pipe makePipe() {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-        return errno;
+        throw RunTimeError(ErrorNumber::PathFileAccess, errno);
     }
-    const FileDescriptor readingEnd(ends[0]);
-    FileDescriptor writingEnd(ends[1]);
+    return {.readingEnd = FileDescriptor(ends[0]), .writingEnd = FileDescriptor(ends[1])};
+}
+
+// Knows by a pipe, which closes when the last process ends that has inherited it.
+class HostedStartedBatch : public StartedBatch {
+  public:
+    explicit HostedStartedBatch(FileDescriptor lifeLine) : lifeLine_(std::move(lifeLine)) {}
+
+    [[nodiscard]] bool hasEnded() const override {
+        pollfd asked{.fd = lifeLine_.get(), .events = POLLIN, .revents = 0};
+        return ::poll(&asked, 1, 0) > 0;
+    }
+
+  private:
+    FileDescriptor lifeLine_;
+};
+
+// Starts the command as nobody's child, so that it outlives this program and nobody need wait for
+// it. It inherits `lifeLine`. The errno value when it could not be started, else 0.
+int startDetached(char* const* arguments, const FileDescriptor& lifeLine) {
+    auto [readingEnd, writingEnd] = makePipe();
     const pid_t child = ::fork();
     if (child < 0) {
         return errno;
@@ -44,6 +68,7 @@ int startDetached(char* const* arguments) {
     if (child == 0) {
         ::setsid();
         if (::fork() == 0) {
+            ::fcntl(lifeLine.get(), F_SETFD, 0);
             // The pipe closes by itself when the command starts, and carries the reason when not.
             const int reason = become(arguments);
             static_cast<void>(!::write(writingEnd.get(), &reason, sizeof reason));
@@ -63,7 +88,7 @@ HostedCommandInterpreter::HostedCommandInterpreter(const HostedFiles& files,
                                                    std::vector<std::string> interpreter)
     : files_(files), interpreter_(std::move(interpreter)) {}
 
-void HostedCommandInterpreter::startHidden(std::string_view batchFile) {
+std::unique_ptr<StartedBatch> HostedCommandInterpreter::startHidden(std::string_view batchFile) {
     auto command = interpreter_;
     command.push_back(files_.hostPath(batchFile));
     struct stat status{};
@@ -76,9 +101,11 @@ void HostedCommandInterpreter::startHidden(std::string_view batchFile) {
         arguments.push_back(argument.data());
     }
     arguments.push_back(nullptr);
-    if (const int reason = startDetached(arguments.data()); reason != 0) {
+    Pipe life = makePipe();
+    if (const int reason = startDetached(arguments.data(), life.writingEnd); reason != 0) {
         throw RunTimeError(ErrorNumber::PathFileAccess, reason);
     }
+    return std::make_unique<HostedStartedBatch>(std::move(life.readingEnd));
 }
 
 std::string HostedCommandInterpreter::batchText(std::string_view text) const {

@@ -16,7 +16,7 @@ class HostedCommandInterpreter : public CommandInterpreter {
     // Refers to `files`, which must outlive it.
     HostedCommandInterpreter(const HostedFiles& files, std::vector<std::string> interpreter);
 
-    void startHidden(std::string_view batchFile) override;
+    std::unique_ptr<StartedBatch> startHidden(std::string_view batchFile) override;
     [[nodiscard]] std::string batchText(std::string_view text) const override;
     [[nodiscard]] std::string systemCodePageLine() const override;
 

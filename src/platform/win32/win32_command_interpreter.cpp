@@ -9,6 +9,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 namespace tarnwick {
 namespace {
 
@@ -43,9 +45,21 @@ void requireFile(const std::string& path) {
     }
 }
 
+class Win32StartedBatch : public StartedBatch {
+  public:
+    explicit Win32StartedBatch(Handle process) : process_(std::move(process)) {}
+
+    [[nodiscard]] bool hasEnded() const override {
+        return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
+    }
+
+  private:
+    Handle process_;
+};
+
 } // namespace
 
-void Win32CommandInterpreter::startHidden(std::string_view batchFile) {
+std::unique_ptr<StartedBatch> Win32CommandInterpreter::startHidden(std::string_view batchFile) {
     if (!isPossiblePath(batchFile)) {
         throw RunTimeError(ErrorNumber::BadFileName, ERROR_INVALID_NAME);
     }
@@ -65,8 +79,9 @@ void Win32CommandInterpreter::startHidden(std::string_view batchFile) {
                        &started) == 0) {
         raiseSystemError(ErrorNumber::PathFileAccess, GetLastError());
     }
-    const Handle process(started.hProcess);
+    Handle process(started.hProcess);
     const Handle thread(started.hThread);
+    return std::make_unique<Win32StartedBatch>(std::move(process));
 }
 
 std::string Win32CommandInterpreter::batchText(std::string_view text) const {

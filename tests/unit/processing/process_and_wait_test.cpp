@@ -32,6 +32,7 @@ struct Waits : testing::Test {
     Waits() {
         world.makeFolder(R"(C:\temp)");
         events.handler = [this] { times.push_back(clock.steady - 1000); };
+        interpreter.hasEnded = [this] { return batchEnds && world.exists(temporary.marker); };
         // The tool ends that many seconds behind its start.
         interpreter.run = [this](const FakeCommandInterpreter::Started&) {
             events.handler = [this, started = clock.steady] {
@@ -73,6 +74,7 @@ struct Waits : testing::Test {
     StopRequest stop;
     std::vector<double> times; // of letting events run
     double toolTakes = 0;
+    bool batchEnds = true;
     double cancelAt = 0;
 };
 
@@ -136,6 +138,24 @@ TEST_F(Waits, A_tool_that_never_ends_is_waited_for_until_the_user_cancels) {
 TEST_F(Waits, An_old_marker_is_not_taken_for_the_tools_own) {
     world.write(temporary.marker, "Done!\r\n");
     toolTakes = 4;
+    EXPECT_EQ(waited(), 6);
+}
+
+TEST_F(Waits, The_marker_of_a_batch_that_was_left_to_itself_is_not_taken_for_this_tools) {
+    interpreter.hasEnded = [this] { return clock.steady >= 1009; };
+    EXPECT_EQ(waited(), 10); // the marker is there from the beginning
+}
+
+TEST_F(Waits, A_tool_that_runs_on_beside_a_strange_marker_can_be_cancelled) {
+    batchEnds = false;
+    cancelAt = 20;
+    EXPECT_EQ(wait(), Waited::Stopped);
+    EXPECT_LE(clock.steady - 1000, 22);
+}
+
+TEST_F(Waits, A_batch_that_ends_without_a_marker_is_not_waited_for) {
+    toolTakes = std::numeric_limits<double>::infinity();
+    interpreter.hasEnded = [this] { return clock.steady >= 1004; };
     EXPECT_EQ(waited(), 6);
 }
 

@@ -104,6 +104,7 @@ struct RunWorld : testing::Test {
                 world.write(marker, "Done!\r\n");
             }
         };
+        interpreter.hasEnded = [this] { return toolsEnd; };
         events.handler = [this] {
             if (whileEventsRun) {
                 whileEventsRun();

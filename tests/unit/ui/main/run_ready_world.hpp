@@ -26,6 +26,7 @@ struct RunReadyWorld : MainWorld {
                 world.write(marker, "Done!\r\n");
             }
         };
+        interpreter.hasEnded = [this] { return toolsEnd; };
     }
 
     // What the user does when the first tool runs.

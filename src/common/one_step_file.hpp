@@ -12,6 +12,13 @@ namespace tarnwick {
 // it was and nothing is left beside it.
 void writeInOneStep(Files& files, std::string_view path, std::string_view content);
 
+// Puts the file `from` in the place of `to` in one step, as Files::moveOver does, and from another
+// volume too: there it is first copied to `beside`, a path on the volume of `to`. `from` is gone
+// afterwards. Raises what moveOver and the copying raise; `to` is then as it was, `from` still
+// there and nothing left at `beside`.
+void moveInOneStep(Files& files, std::string_view from, std::string_view to,
+                   std::string_view beside);
+
 // Deletes the file, if that can be done. For cleaning up after an error, which is the one that the
 // user must hear of.
 void removeQuietly(Files& files, std::string_view path);

@@ -108,10 +108,12 @@ class Files {
     virtual void createFolder(std::string_view path) = 0;
 
     // Puts the file `from` in the place of `to` in one step: whoever opens `to` finds the old
-    // content or the new, never half of one and never none, and `from` is gone afterwards. `to`
-    // need not exist. Both must lie on one volume.
-    // Raises 53 (no `from`, or a folder), 75 (`to` is read-only or a folder, or the volumes
-    // differ), 70 (one of them is in use), 76; both files are then as they were.
+    // content or the new, never half of one and never none, and `from` is gone afterwards. That
+    // holds after a loss of power too, as far as the file system keeps what it was told in order.
+    // `to` need not exist. Both must lie on one volume.
+    // Raises 53 (no `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in
+    // use), 74 (the volumes differ), 76; both files are then as they were. What could be told in
+    // more than one way is told in one of them.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 };
 

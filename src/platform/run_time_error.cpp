@@ -32,6 +32,8 @@ std::string_view describe(ErrorNumber number) {
         return "Permission denied";
     case ErrorNumber::DiskNotReady:
         return "Disk not ready";
+    case ErrorNumber::DifferentDrive:
+        return "Can't rename with different drive";
     case ErrorNumber::PathFileAccess:
         return "Path/File access error";
     case ErrorNumber::PathNotFound:

@@ -30,6 +30,7 @@ enum class ErrorNumber : std::int32_t {
     DeviceUnavailable = 68,
     PermissionDenied = 70,
     DiskNotReady = 71,
+    DifferentDrive = 74,
     PathFileAccess = 75,
     PathNotFound = 76,
     Cancelled = 32755,

@@ -108,6 +108,18 @@ TEST_F(FilesChange, A_read_only_file_is_not_replaced) {
     EXPECT_EQ(get("old.txt"), "old");
 }
 
+TEST_F(FilesChange, Nothing_moves_from_one_volume_to_another) {
+    const auto there = platform->otherVolume() + R"(\there.txt)";
+    put("here.txt", "abc");
+    const auto move = [&] { return raisedBy([&] { files.moveOver(in("here.txt"), there); }); };
+    EXPECT_EQ(move(), 74);
+    EXPECT_EQ(files.firstNormalFile(there), "");
+    putBytes(files, there, "old");
+    EXPECT_EQ(move(), 74);
+    EXPECT_EQ(bytesOf(files, there), "old");
+    EXPECT_EQ(get("here.txt"), "abc");
+}
+
 TEST_F(FilesChange, A_file_in_use_is_neither_replaced_nor_moved) {
     put("new.txt", "new");
     put("old.txt", "old");

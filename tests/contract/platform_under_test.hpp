@@ -23,7 +23,9 @@ class PlatformUnderTest {
     [[nodiscard]] virtual std::string scratch() const = 0; // full, without a final "\"
     // The current folder of `files`; `scratch` need not lie in it.
     [[nodiscard]] virtual std::string currentFolder() const = 0;
-    [[nodiscard]] virtual std::string emptyDrive() = 0;         // such as "E:"
+    [[nodiscard]] virtual std::string emptyDrive() = 0; // such as "E:"
+    // An empty folder on another volume than `scratch`, without a final "\".
+    [[nodiscard]] virtual std::string otherVolume() = 0;
     [[nodiscard]] virtual std::string missingDrive() const = 0; // such as "Q:"
     virtual void hide(const std::string& path) = 0;
     virtual void makeSystem(const std::string& path) = 0;

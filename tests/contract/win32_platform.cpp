@@ -105,6 +105,9 @@ class Win32Platform final : public PlatformUnderTest {
         for (int i = 0; i < 100 && (fs::remove_all(scratch_, failed), failed); ++i) {
             Sleep(50);
         }
+        if (!otherVolume_.empty()) {
+            fs::remove_all(otherVolume_, failed);
+        }
         forgetSettings();
         if (!substitute_.empty()) {
             DefineDosDeviceA(DDD_REMOVE_DEFINITION, substitute_.c_str(), nullptr);
@@ -129,6 +132,25 @@ class Win32Platform final : public PlatformUnderTest {
         substitute_ = missingDrive();
         DefineDosDeviceA(0, substitute_.c_str(), (scratch_ + R"(\empty drive)").c_str());
         return substitute_;
+    }
+    // The first drive that lies elsewhere; under Wine, where the drives are folders of one disk,
+    // the host's shared memory.
+    std::string otherVolume() override {
+        auto roots = files_.drives();
+        roots.emplace_back(R"(Z:\dev\shm)");
+        for (const auto& root : roots) {
+            const auto folder = root + R"(\tarnwick-test-)" + std::to_string(GetCurrentProcessId());
+            const bool fixed = GetDriveTypeA((root.substr(0, 2) + '\\').c_str()) == DRIVE_FIXED;
+            if (!fixed || CreateDirectoryA(folder.c_str(), nullptr) == 0) {
+                continue;
+            }
+            if (liesElsewhere(folder)) {
+                otherVolume_ = folder;
+                return folder;
+            }
+            RemoveDirectoryA(folder.c_str());
+        }
+        throw std::runtime_error("these tests need a second volume");
     }
     [[nodiscard]] std::string missingDrive() const override {
         std::string drive = "Q:";
@@ -166,6 +188,16 @@ class Win32Platform final : public PlatformUnderTest {
     void post(std::function<void()> event) override { window_.post(std::move(event)); }
 
   private:
+    [[nodiscard]] bool liesElsewhere(const std::string& folder) const {
+        const auto probe = scratch_ + R"(\probe)";
+        const auto moved = folder + R"(\probe)";
+        CloseHandle(
+            CreateFileA(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        const bool elsewhere = MoveFileExA(probe.c_str(), moved.c_str(), 0) == 0 &&
+                               GetLastError() == ERROR_NOT_SAME_DEVICE;
+        DeleteFileA(elsewhere ? probe.c_str() : moved.c_str());
+        return elsewhere;
+    }
     void forgetSettings() const {
         RegDeleteTreeA(HKEY_CURRENT_USER, (R"(Software\)" + application_).c_str());
     }
@@ -173,6 +205,7 @@ class Win32Platform final : public PlatformUnderTest {
     std::string application_ = "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
     std::string scratch_ = newScratchFolder();
     std::string substitute_;
+    std::string otherVolume_;
     Win32Files files_;
     Win32SettingsStore settings_;
     Win32Process process_;
@@ -218,7 +251,7 @@ TEST(Win32Errors, Every_code_has_its_number) {
         {ERROR_ACCESS_DENIED, PathFileAccess},
         {ERROR_WRITE_PROTECT, PathFileAccess},
         {ERROR_ALREADY_EXISTS, PathFileAccess},
-        {ERROR_NOT_SAME_DEVICE, PathFileAccess},
+        {ERROR_NOT_SAME_DEVICE, DifferentDrive},
         {ERROR_DISK_FULL, DiskFull},
         {ERROR_HANDLE_DISK_FULL, DiskFull},
         {ERROR_NOT_READY, DiskNotReady},

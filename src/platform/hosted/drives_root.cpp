@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -108,21 +109,29 @@ DrivesRoot::DrivesRoot(std::string hostFolder, std::string_view currentFolder)
 
 std::string DrivesRoot::hostPath(std::string_view path) const {
     const auto parsed = parse(path);
+    const auto volume = hostNames(parsed.volume);
+    // Mostly every name is spelled as it is on the disk: one look instead of one for each folder.
+    auto exact = hostFolder_;
+    for (const auto& names : {std::cref(volume), std::cref(parsed.names)}) {
+        for (const auto& name : names.get()) {
+            exact.append("/").append(name);
+        }
+    }
+    if (exists(exact)) {
+        return exact;
+    }
+    if (auto folder = exact.substr(0, exact.rfind('/'));
+        !parsed.names.empty() && isFolder(folder)) {
+        const auto found = findIgnoringCase(folder, parsed.names.back());
+        return found ? folder.append("/").append(*found) : exact;
+    }
     auto host = hostFolder_;
     const bool onDrive = !parsed.volume.starts_with(R"(\\)");
-    for (const auto& name : hostNames(parsed.volume)) {
+    for (const auto& name : volume) {
         if (!descend(host, name)) {
             throw RunTimeError(onDrive ? ErrorNumber::DeviceUnavailable
                                        : ErrorNumber::PathNotFound);
         }
-    }
-    // Mostly every name is spelled as it is on the disk: one look instead of one for each folder.
-    auto exact = host;
-    for (const auto& name : parsed.names) {
-        exact.append("/").append(name);
-    }
-    if (exists(exact)) {
-        return exact;
     }
     for (std::size_t i = 0; i < parsed.names.size(); ++i) {
         const bool last = i + 1 == parsed.names.size();

@@ -16,8 +16,9 @@ ErrorNumber errorNumber(int systemError) noexcept {
     case EEXIST:
     case EISDIR:
     case ENOTEMPTY:
-    case EXDEV:
         return ErrorNumber::PathFileAccess;
+    case EXDEV:
+        return ErrorNumber::DifferentDrive;
     case EAGAIN:
     case EBUSY:
     case ETXTBSY:

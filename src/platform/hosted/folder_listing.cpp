@@ -26,7 +26,8 @@ struct FolderCloser {
 };
 using Folder = std::unique_ptr<DIR, FolderCloser>;
 
-Folder openFolder(const std::string& hostFolder) {
+// A folder that may be listed.
+FileDescriptor openDescriptor(const std::string& hostFolder) {
     FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!descriptor.isOpen()) {
         raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
@@ -38,6 +39,11 @@ Folder openFolder(const std::string& hostFolder) {
     if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
         raiseSystemError(EACCES);
     }
+    return descriptor;
+}
+
+Folder openFolder(const std::string& hostFolder) {
+    FileDescriptor descriptor = openDescriptor(hostFolder);
     Folder folder(::fdopendir(descriptor.get()));
     if (!folder) {
         raiseSystemError(errno);
@@ -48,10 +54,13 @@ Folder openFolder(const std::string& hostFolder) {
 
 std::string contentOf(int folder, const char* name) {
     const FileDescriptor file(::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen()) {
+        return {};
+    }
     std::string content;
     std::array<char, 4096> block{};
     ssize_t count = 0;
-    while (file.isOpen() && (count = ::read(file.get(), block.data(), block.size())) > 0) {
+    while ((count = ::read(file.get(), block.data(), block.size())) > 0) {
         content.append(block.data(), static_cast<std::size_t>(count));
     }
     return content;
@@ -66,9 +75,9 @@ bool isControlFile(std::string_view name) {
 // The names that a folder does not show. Most folders name none, and then no name is looked up.
 class UnseenNames {
   public:
-    explicit UnseenNames(DIR* folder) {
+    explicit UnseenNames(int folder) {
         for (const auto* controlFile : controlFiles) {
-            const auto content = contentOf(::dirfd(folder), controlFile);
+            const auto content = contentOf(folder, controlFile);
             std::string_view rest = content;
             while (!rest.empty()) {
                 const auto end = std::min(rest.find('\n'), rest.size());
@@ -117,7 +126,7 @@ bool isSpecialName(std::string_view name) {
 void listHostFolder(const std::string& hostFolder,
                     const std::function<void(std::string_view name, EntryKind kind)>& take) {
     const auto folder = openFolder(hostFolder);
-    const UnseenNames unseen(folder.get());
+    const UnseenNames unseen(::dirfd(folder.get()));
     errno = 0;
     while (const dirent* entry = ::readdir(folder.get())) {
         const std::string_view name = entry->d_name;
@@ -134,11 +143,11 @@ void listHostFolder(const std::string& hostFolder,
 }
 
 bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
-    return UnseenNames(openFolder(hostFolder).get()).contain(name);
+    return UnseenNames(openDescriptor(hostFolder).get()).contain(name);
 }
 
 void requireListable(const std::string& hostFolder) {
-    static_cast<void>(openFolder(hostFolder));
+    static_cast<void>(openDescriptor(hostFolder));
 }
 
 } // namespace tarnwick

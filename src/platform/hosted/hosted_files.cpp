@@ -89,10 +89,12 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
         return first == names.end() ? std::string() : *first;
     }
     const auto host = root_.hostPath(path);
+    if (!isFile(statusOf(host))) {
+        return {};
+    }
     const auto slash = host.rfind('/');
-    const auto name = host.substr(slash + 1);
-    const bool normal = isFile(statusOf(host)) && !isHiddenOrSystem(host.substr(0, slash), name);
-    return normal ? name : std::string();
+    auto name = host.substr(slash + 1);
+    return isHiddenOrSystem(host.substr(0, slash), name) ? std::string() : std::move(name);
 }
 
 std::vector<std::string> HostedFiles::listFiles(std::string_view folder,
@@ -171,13 +173,15 @@ void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     if (!isFile(statusOf(hostFrom))) {
         raiseSystemError(ENOENT);
     }
-    if (root_.volume(from) != root_.volume(to)) {
-        raiseSystemError(EXDEV);
-    }
     requireNotInUse(hostFrom);
     if (const auto status = statusOf(hostTo)) {
         requireReplaceable(hostTo, *status);
     }
+    if (root_.volume(from) != root_.volume(to)) {
+        raiseSystemError(EXDEV);
+    }
+    // The file systems of today write the content of a file before its rename over another: to wait
+    // for the medium here would cost many times what rewriting a page does.
     if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
         raiseSystemError(errno);
     }

@@ -34,9 +34,10 @@ ErrorNumber errorNumber(DWORD systemError) noexcept {
     case ERROR_NETWORK_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
     case ERROR_ALREADY_EXISTS:
-    case ERROR_NOT_SAME_DEVICE:
     case ERROR_DELETE_PENDING:
         return ErrorNumber::PathFileAccess;
+    case ERROR_NOT_SAME_DEVICE:
+        return ErrorNumber::DifferentDrive;
     case ERROR_FILE_EXISTS:
         return ErrorNumber::FileAlreadyExists;
     case ERROR_DISK_FULL:

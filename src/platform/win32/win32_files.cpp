@@ -70,6 +70,17 @@ bool isInUse(const std::string& path) {
     return !file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
+// Puts what the file holds on the medium. A file that may not be written is left for the move to
+// tell about.
+void flushContent(const std::string& path) {
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Handle file(
+        CreateFileA(path.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (file.isOpen() && FlushFileBuffers(file.get()) == 0) {
+        raiseSystemError(GetLastError());
+    }
+}
+
 std::vector<std::string> namesOf(std::string_view folder, EntryKind kind,
                                  std::string_view patterns) {
     std::vector<std::string> names;
@@ -184,6 +195,8 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
         raiseSystemError(ERROR_FILE_NOT_FOUND);
     }
     requireReplaceable(target);
+    // A rename can reach the medium before the renamed file's content does.
+    flushContent(source);
     if (MoveFileExA(source.c_str(), target.c_str(),
                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
         return;

@@ -62,5 +62,61 @@ TEST(OneStepFile, The_first_error_is_raised_even_when_cleaning_up_fails_too) {
     }
 }
 
+class MoveInOneStep : public testing::Test {
+  protected:
+    MoveInOneStep() {
+        world.makeDrive('D');
+        world.write("C:\\new", "new");
+        world.write("D:\\page", "old content");
+    }
+    void expectOldPageAlone() {
+        EXPECT_EQ(world.read("D:\\page"), "old content");
+        EXPECT_EQ(world.read("C:\\new"), "new");
+        EXPECT_THAT(world.files().listFiles("D:\\", ""), ElementsAre("page"));
+    }
+
+    HostedWorld world;
+    FaultyFiles files{world.files()};
+};
+
+TEST_F(MoveInOneStep, On_one_volume_nothing_is_copied) {
+    world.write("C:\\page", "old content");
+    RecordingFiles recording(world.files());
+    moveInOneStep(recording, "C:\\new", "C:\\page", "C:\\beside");
+    EXPECT_THAT(recording.calls(), ElementsAre(RecordingFiles::Call{
+                                       .operation = FileOperation::MoveOver, .path = "C:\\new"}));
+    EXPECT_EQ(world.read("C:\\page"), "new");
+    EXPECT_FALSE(world.exists("C:\\new"));
+}
+
+TEST_F(MoveInOneStep, From_another_volume_the_file_is_first_copied_beside_its_place) {
+    const std::string large(600UZ * 1024, 'x');
+    world.write("C:\\new", large);
+    RecordingFiles recording(world.files());
+    moveInOneStep(recording, "C:\\new", "D:\\page", "D:\\beside");
+    EXPECT_EQ(recording.count(FileOperation::MoveOver, "D:\\beside"), 1);
+    EXPECT_EQ(recording.count(FileOperation::Create, "D:\\page"), 0);
+    EXPECT_TRUE(world.read("D:\\page") == large);
+    EXPECT_FALSE(world.exists("C:\\new"));
+    EXPECT_FALSE(world.exists("D:\\beside"));
+}
+
+TEST_F(MoveInOneStep, A_full_volume_leaves_the_old_file_and_nothing_beside_it) {
+    files.fillDiskAfter(1);
+    EXPECT_THROW(moveInOneStep(files, "C:\\new", "D:\\page", "D:\\beside"), RunTimeError);
+    expectOldPageAlone();
+}
+
+TEST_F(MoveInOneStep, What_may_not_be_replaced_stays) {
+    world.makeReadOnly("D:\\page");
+    try {
+        moveInOneStep(files, "C:\\new", "D:\\page", "D:\\beside");
+        FAIL() << "raised nothing";
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.is(ErrorNumber::PathFileAccess));
+    }
+    expectOldPageAlone();
+}
+
 } // namespace
 } // namespace tarnwick

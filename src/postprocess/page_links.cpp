@@ -1,0 +1,114 @@
+#include "postprocess/page_links.hpp"
+
+#include "common/text.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr auto nowhere = std::string_view::npos;
+
+constexpr auto endsLine = [](char character) noexcept {
+    return character == '\n' || character == '\r';
+};
+
+// How much of `text`, from its front, is whole lines. (Between CR and LF is an empty line: there
+// is nothing in it to change.)
+std::size_t wholeLines(std::string_view text) {
+    const auto last = std::ranges::find_if(text.rbegin(), text.rend(), endsLine);
+    return static_cast<std::size_t>(text.rend() - last);
+}
+
+// Bytes that nobody has set, for reading into.
+class Block {
+  public:
+    explicit Block(std::size_t size)
+        : bytes_(std::make_unique_for_overwrite<char[]>(size)), size_(size) {}
+    [[nodiscard]] std::span<char> all() const noexcept { return {bytes_.get(), size_}; }
+
+  private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_;
+};
+
+// Gives a file's bytes in large pieces, none of which ends within a line.
+class LineBlocks {
+  public:
+    explicit LineBlocks(InputFile& file) : file_(file) {}
+
+    // The next piece; empty at the end of the file. It holds until the next call.
+    std::string_view next() {
+        filled_ -= given_;
+        std::ranges::copy(block_.all().subspan(std::exchange(given_, 0), filled_),
+                          block_.all().begin());
+        for (bool atEnd = false; given_ == 0 && !atEnd;) {
+            if (filled_ == block_.all().size()) {
+                grow();
+            }
+            const auto room = block_.all().subspan(filled_);
+            const auto count = file_.read(room);
+            atEnd = count == 0;
+            const auto lines = atEnd ? 0 : wholeLines({room.data(), count});
+            given_ = atEnd || lines > 0 ? filled_ + lines : 0;
+            filled_ += count;
+        }
+        return {block_.all().data(), given_};
+    }
+
+  private:
+    // For a line that is longer than the block.
+    void grow() {
+        Block larger(2 * filled_);
+        std::ranges::copy(block_.all(), larger.all().begin());
+        block_ = std::move(larger);
+    }
+
+    static constexpr std::size_t blockSize = 128UZ * 1024;
+
+    InputFile& file_;
+    Block block_{blockSize};
+    std::size_t filled_ = 0;
+    std::size_t given_ = 0; // the front of it, which the caller is done with
+};
+
+} // namespace
+
+void rewriteLine(std::string& line, const PageRule& rule) {
+    for (const auto& [from, to] : rule.links) {
+        if (const auto at = line.find(from); at != nowhere) {
+            line.replace(at, from.size(), to);
+        }
+    }
+    constexpr std::string_view baseMarker = "<base href";
+    if (equalIgnoringCase(trim(line).substr(0, baseMarker.size()), baseMarker)) {
+        if (const auto at = line.rfind(rule.ownPath); at != nowhere) {
+            line.replace(at, rule.ownPath.size(), rule.ownName);
+        }
+    }
+}
+
+void rewriteLinks(InputFile& page, OutputFile& copy, const PageRule& rule) {
+    LineBlocks blocks(page);
+    std::string line;
+    for (auto text = blocks.next(); !text.empty(); text = blocks.next()) {
+        // Only a line with a "\" can hold one of the paths. Most lines hold none, and are never
+        // looked at one by one.
+        for (auto at = text.find('\\'); at != nowhere; at = text.find('\\')) {
+            const auto begin = wholeLines(text.substr(0, at));
+            const auto* const end = std::ranges::find_if(text.substr(at), endsLine);
+            line.assign(text.begin() + begin, end);
+            copy.write(text.substr(0, begin));
+            text.remove_prefix(begin + line.size());
+            rewriteLine(line, rule);
+            copy.write(line);
+        }
+        copy.write(text);
+    }
+}
+
+} // namespace tarnwick

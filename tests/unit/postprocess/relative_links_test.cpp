@@ -1,0 +1,291 @@
+#include "platform/run_time_error.hpp"
+#include "postprocess/relative_links.hpp"
+#include "support/faulty_files.hpp"
+#include "support/messages.hpp"
+#include "support/recording_files.hpp"
+#include "unit/postprocess/links_world.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RelativePath : public testing::Test {
+  protected:
+    ~RelativePath() override { EXPECT_THAT(desktop.messages, IsEmpty()); }
+    std::string relative(std::string_view from, std::string_view to) {
+        return GetRelativePath(desktop, from, to);
+    }
+
+    ScriptedDesktop desktop;
+};
+
+TEST_F(RelativePath, Common_folders_fall_away_and_each_other_one_is_a_step_up) {
+    EXPECT_EQ(relative("C:\\out\\html\\rec.html", "C:\\out\\faq\\rec.faq"), "..\\faq\\rec.faq");
+    EXPECT_EQ(relative("C:\\out\\faq\\rec.faq", "C:\\out\\text\\rec.txt"), "..\\text\\rec.txt");
+    EXPECT_EQ(relative("C:\\a\\b\\c\\rec.html", "C:\\a\\rec.txt"), "..\\..\\rec.txt");
+    EXPECT_EQ(relative("C:\\a\\rec.html", "C:\\a\\b\\c\\rec.txt"), "b\\c\\rec.txt");
+}
+
+TEST_F(RelativePath, In_the_same_folder_the_name_is_left) {
+    EXPECT_EQ(relative("C:\\out\\rec.html", "C:\\out\\rec.faq"), "rec.faq");
+}
+
+TEST_F(RelativePath, Paths_that_differ_only_in_letter_case_are_treated_as_common) {
+    EXPECT_EQ(relative("c:\\Out\\DONN\xC9"
+                       "ES\\rec.html",
+                       "C:\\OUT\\donn\xE9"
+                       "es\\rec.txt"),
+              "rec.txt");
+}
+
+TEST_F(RelativePath, Between_drives_the_target_stays_whole) {
+    EXPECT_EQ(relative("C:\\out\\rec.html", "D:\\out\\rec.txt"), "..\\..\\D:\\out\\rec.txt");
+}
+
+TEST_F(RelativePath, A_folder_that_only_begins_alike_is_another) {
+    EXPECT_EQ(relative("C:\\out\\rec.html", "C:\\output\\rec.txt"), "..\\output\\rec.txt");
+    EXPECT_EQ(relative("C:\\output\\rec.html", "C:\\out\\rec.txt"), "..\\out\\rec.txt");
+}
+
+TEST_F(RelativePath, A_target_that_is_shorter_than_the_next_folder_stops_it) {
+    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:\\a"), "..\\a");
+    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:\\folder"), "..\\folder");
+    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:"), "..\\..\\C:");
+    EXPECT_EQ(relative("C:\\folder\\rec.html", ""), "..\\..\\");
+    EXPECT_EQ(relative("rec.html", "C:\\a"), "C:\\a");
+}
+
+TEST_F(RelativePath, On_a_network_share_too) {
+    EXPECT_EQ(relative("\\\\srv\\share\\a\\rec.html", "\\\\SRV\\share\\b\\rec.txt"),
+              "..\\b\\rec.txt");
+}
+
+TEST_F(RelativePath, Every_backslash_becomes_a_slash) {
+    EXPECT_EQ(ChangeMySlashes(desktop, "..\\a b\\\\c/d\\"), "../a b//c/d/");
+    EXPECT_EQ(ChangeMySlashes(desktop, ""), "");
+}
+
+class RelativeLinks : public LinksWorld, public testing::Test {
+  protected:
+    void putHtml(std::string_view bytes) { world.write(out + "Html\\rec.html", bytes); }
+    void putFaq(std::string_view bytes) { world.write(out + "Faq\\rec_faq.htm", bytes); }
+    [[nodiscard]] std::string html() const { return world.read(out + "Html\\rec.html"); }
+    [[nodiscard]] std::string faq() const { return world.read(out + "Faq\\rec_faq.htm"); }
+    [[nodiscard]] static Message report(ErrorNumber number, std::int32_t lastDllError = 0) {
+        return errorReport("frmMain", "Private Sub FixRelativePaths()", number, lastDllError);
+    }
+};
+
+TEST_F(RelativeLinks, The_html_page_links_to_all_other_outputs_but_the_error_report) {
+    putHtml("<base href=\"C:\\out\\Html\\rec.html\">\r\n" + hrefLine("C:\\out\\Faq\\rec_faq.htm") +
+            hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("C:\\out\\Sgml\\rec.sgml") +
+            hrefLine("C:\\out\\Xml\\rec.xml") + hrefLine("C:\\out\\Dif\\rec.dif") +
+            hrefLine("C:\\out\\Error\\rec.err") + hrefLine("C:\\out\\Html\\rec.html"));
+    fix();
+    EXPECT_EQ(html(), "<base href=\"rec.html\">\r\n" + hrefLine("../Faq/rec_faq.htm") +
+                          hrefLine("../Text/rec.txt") + hrefLine("../Sgml/rec.sgml") +
+                          hrefLine("../Xml/rec.xml") + hrefLine("../Dif/rec.dif") +
+                          hrefLine("C:\\out\\Error\\rec.err") +
+                          hrefLine("C:\\out\\Html\\rec.html"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(RelativeLinks, The_faq_page_links_to_the_html_page_and_not_to_itself) {
+    putFaq("<BASE HREF=\"C:\\out\\Faq\\rec_faq.htm\">\r\n" + hrefLine("C:\\out\\Html\\rec.html") +
+           hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("C:\\out\\Sgml\\rec.sgml") +
+           hrefLine("C:\\out\\Xml\\rec.xml") + hrefLine("C:\\out\\Dif\\rec.dif") +
+           hrefLine("C:\\out\\Error\\rec.err") + hrefLine("C:\\out\\Faq\\rec_faq.htm"));
+    fix();
+    EXPECT_EQ(faq(), "<BASE HREF=\"rec_faq.htm\">\r\n" + hrefLine("../Html/rec.html") +
+                         hrefLine("../Text/rec.txt") + hrefLine("../Sgml/rec.sgml") +
+                         hrefLine("../Xml/rec.xml") + hrefLine("../Dif/rec.dif") +
+                         hrefLine("C:\\out\\Error\\rec.err") +
+                         hrefLine("C:\\out\\Faq\\rec_faq.htm"));
+}
+
+TEST_F(RelativeLinks, Only_the_base_name_of_the_record_counts) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    FixRelativePaths(definition, {.files = world.files(), .desktop = desktop}, "Q:\\nowhere",
+                     " D:\\other\\rec.old ");
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, Without_page_rows_or_with_their_folders_missing_nothing_is_opened) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
+    row("Html").sOutputFolder = "C:\\missing";
+    row("Faq").sFileType = "Info_file";
+    RecordingFiles recording(world.files());
+    fix(recording);
+    for (const auto operation : {FileOperation::OpenForReading, FileOperation::Create,
+                                 FileOperation::Remove, FileOperation::MoveOver}) {
+        EXPECT_EQ(recording.count(operation), 0) << operation;
+    }
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_EQ(faq(), html());
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(RelativeLinks, A_page_that_does_not_exist_or_is_hidden_is_passed_over) {
+    putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.hide(out + "Faq\\rec_faq.htm");
+    fix();
+    EXPECT_EQ(faq(), hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_FALSE(world.exists(out + "Html\\rec.html"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(RelativeLinks, The_build_marks_are_not_consulted) {
+    for (OutputDefinition& row : definition.MPOutputs) {
+        row.bBuild = false;
+    }
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, A_target_is_one_if_its_folder_exists_whether_or_not_the_file_does) {
+    row("Sgml").sOutputFolder = "C:\\missing";
+    putHtml(hrefLine("C:\\missing\\rec.sgml") + hrefLine("C:\\out\\Dif\\rec.dif"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("C:\\missing\\rec.sgml") + hrefLine("../Dif/rec.dif"));
+}
+
+TEST_F(RelativeLinks, Types_are_compared_without_regard_to_case) {
+    row("Html").sFileType = "HTML";
+    row("Text").sFileType = "tEXT";
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, A_later_row_of_the_same_type_replaces_an_earlier_one_if_its_folder_exists) {
+    world.makeFolder("C:\\late");
+    row("Dif") = {
+        .bBuild = false, .sFileType = "text", .sExtension = ".asc", .sOutputFolder = "C:\\late"};
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("C:\\late\\rec.asc"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("../../late/rec.asc"));
+    row("text").sOutputFolder = "C:\\missing";
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt") + hrefLine("../../late/rec.asc"));
+}
+
+TEST_F(RelativeLinks, A_folder_may_be_given_with_its_final_backslash) {
+    row("Html").sOutputFolder += '\\';
+    row("Text").sOutputFolder += '\\';
+    definition.sInputFolder += '\\';
+    putHtml("<base href=\"C:\\out\\Html\\rec.html\">" + hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_EQ(html(), "<base href=\"rec.html\">" + hrefLine("../Text/rec.txt"));
+    EXPECT_FALSE(world.exists("C:\\in\\tarnwick.tmp"));
+}
+
+TEST_F(RelativeLinks, Where_the_configuration_file_names_the_outputs_all_lie_in_the_input_folder) {
+    definition.bCfgNamesOutput = true;
+    putHtml(hrefLine("C:\\in\\rec.txt"));
+    world.write("C:\\in\\rec.html", hrefLine("C:\\in\\rec.txt"));
+    fix();
+    EXPECT_EQ(world.read("C:\\in\\rec.html"), hrefLine("rec.txt"));
+    EXPECT_EQ(html(), hrefLine("C:\\in\\rec.txt"));
+}
+
+TEST_F(RelativeLinks, An_extension_may_lead_into_a_folder) {
+    world.write(out + "Html\\rec\\page.html", "<base href=\"C:\\out\\Html\\rec\\page.html\">" +
+                                                  hrefLine("C:\\out\\Text\\rec.txt"));
+    row("Html").sExtension = "\\page.html";
+    fix();
+    EXPECT_EQ(world.read(out + "Html\\rec\\page.html"),
+              "<base href=\"rec\\page.html\">" + hrefLine("../../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, A_second_time_changes_nothing_more) {
+    putHtml("<base href=\"C:\\out\\Html\\rec.html\">\n" + hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    const std::string once = html();
+    fix();
+    EXPECT_EQ(html(), once);
+}
+
+TEST_F(RelativeLinks, A_page_is_rewritten_into_the_temporary_file_and_moved_into_its_place) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    RecordingFiles recording(world.files());
+    fix(recording);
+    EXPECT_EQ(recording.count(FileOperation::Create, "C:\\in\\tarnwick.tmp"), 1);
+    EXPECT_EQ(recording.count(FileOperation::MoveOver, "C:\\in\\tarnwick.tmp"), 1);
+    EXPECT_EQ(recording.count(FileOperation::Create), 1);
+    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Html", ""), ElementsAre("rec.html"));
+}
+
+TEST_F(RelativeLinks, A_temporary_file_of_an_earlier_call_is_deleted_even_when_there_is_no_page) {
+    world.write("C:\\in\\tarnwick.tmp", "half a page");
+    world.write(out + "Html\\tarnwick-new.tmp", "half a page");
+    world.write(out + "Faq\\tarnwick-new.tmp", "half a page");
+    fix();
+    EXPECT_FALSE(world.exists("C:\\in\\tarnwick.tmp"));
+    EXPECT_FALSE(world.exists(out + "Html\\tarnwick-new.tmp"));
+    EXPECT_FALSE(world.exists(out + "Faq\\tarnwick-new.tmp"));
+}
+
+TEST_F(RelativeLinks, An_error_is_reported_and_skips_the_rest) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.makeReadOnly(out + "Html\\rec.html");
+    fix();
+    EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PathFileAccess, EACCES)));
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_EQ(faq(), hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Html", ""), ElementsAre("rec.html"));
+}
+
+TEST_F(RelativeLinks, A_page_that_another_program_has_open_stays_as_it_is) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    auto reader = world.files().openForReading(out + "Html\\rec.html");
+    fix();
+    EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PermissionDenied, EAGAIN)));
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
+    reader.reset();
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, An_input_folder_that_is_not_there_is_reported) {
+    definition.sInputFolder = "C:\\missing";
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PathNotFound)));
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
+}
+
+TEST_F(RelativeLinks, A_temporary_file_that_cannot_be_deleted_is_reported) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.write("C:\\in\\tarnwick.tmp", "");
+    const auto kept = world.files().openForReading("C:\\in\\tarnwick.tmp");
+    fix();
+    EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PermissionDenied, EAGAIN)));
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
+}
+
+TEST_F(RelativeLinks, From_a_network_share_and_with_accents_and_blanks_in_names) {
+    world.makeShare("\\\\srv\\pub");
+    row("Html").sOutputFolder = "\\\\srv\\pub\\caf\xE9 1";
+    world.write("\\\\srv\\pub\\caf\xE9 1\\r\xE9 c.html",
+                "caf\xE9" + hrefLine("C:\\out\\Text\\r\xE9 c.txt"));
+    fix(world.files(), "r\xE9 c.met");
+    EXPECT_EQ(world.read("\\\\srv\\pub\\caf\xE9 1\\r\xE9 c.html"),
+              "caf\xE9" + hrefLine("../../../../../C:/out/Text/r\xE9 c.txt"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+} // namespace
+} // namespace tarnwick

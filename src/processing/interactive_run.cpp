@@ -3,6 +3,7 @@
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/trap.hpp"
+#include "postprocess/relative_links.hpp"
 
 #include <utility>
 
@@ -15,13 +16,6 @@ void trapRun(Desktop& desktop, Body&& body) {
 }
 
 } // namespace
-
-InteractiveRun::InteractiveRun(const RunServices& services, std::string_view sTempFolder,
-                               RunWindow& window, RelativizeLinks fixRelativePaths)
-    : services_(services),
-      temporary_(sTempFolder),
-      window_(window),
-      fixRelativePaths_(std::move(fixRelativePaths)) {}
 
 void InteractiveRun::execute() {
     trapRun(services_.desktop, [this] {
@@ -132,15 +126,17 @@ bool InteractiveRun::runTool(std::string_view statement) {
            !stop_.cancelled;
 }
 
+// A page that cannot be rewritten has been reported, and the run goes on.
 void InteractiveRun::fixLinks(const std::string& record, const std::string& cnsOutput) {
     const BatchDefinition& definition = job_.definition;
-    if (!definition.bConvertHyperlinks || definition.bCfgNamesOutput || !fixRelativePaths_) {
+    if (!definition.bConvertHyperlinks || definition.bCfgNamesOutput) {
         return;
     }
+    const LinkServices services{.files = services_.files, .desktop = services_.desktop};
     if (definition.iProcessCNS == checked) {
-        fixRelativePaths_(definition, definition.sCNSOutputFolder, cnsOutput);
+        FixRelativePaths(definition, services, definition.sCNSOutputFolder, cnsOutput);
     } else {
-        fixRelativePaths_(definition, definition.sInputFolder, record);
+        FixRelativePaths(definition, services, definition.sInputFolder, record);
     }
 }
 

@@ -5,16 +5,11 @@
 #include "processing/run_window.hpp"
 #include "processing/tool_statements.hpp"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tarnwick {
-
-// Makes the links in what MP built of one record relative; reports its own errors.
-using RelativizeLinks = std::function<void(const BatchDefinition& definition,
-                                           std::string_view sFolder, std::string_view sFile)>;
 
 // One run of the tools over the selected records, one tool at a time, while the window stays alive.
 // It works on the window's settings and selection as they are when the checks are passed: what is
@@ -23,8 +18,8 @@ using RelativizeLinks = std::function<void(const BatchDefinition& definition,
 class InteractiveRun {
   public:
     // What the services refer to and the window must outlive it.
-    InteractiveRun(const RunServices& services, std::string_view sTempFolder, RunWindow& window,
-                   RelativizeLinks fixRelativePaths);
+    InteractiveRun(const RunServices& services, std::string_view sTempFolder, RunWindow& window)
+        : services_(services), temporary_(sTempFolder), window_(window) {}
 
     // Checks, runs and cleans up. Reports its own errors.
     void execute();
@@ -56,7 +51,6 @@ class InteractiveRun {
     RunServices services_;
     TemporaryFiles temporary_;
     RunWindow& window_;
-    RelativizeLinks fixRelativePaths_;
     StopRequest stop_;
     RunJob job_;
     std::optional<CommandLineLog> log_;

@@ -5,9 +5,12 @@ namespace tarnwick {
 void pause(const Clock& clock, PendingEvents& events, double seconds, const StopRequest& stop) {
     const double end = clock.steadySeconds() + seconds;
     events.letRun();
-    for (double now = clock.steadySeconds(); now < end && !stop.closed;
-         now = clock.steadySeconds()) {
-        events.waitForEvent(end - now);
+    while (!stop.closed) {
+        const double left = end - clock.steadySeconds();
+        if (left <= 0) {
+            return;
+        }
+        events.waitForEvent(left);
         events.letRun();
     }
 }

@@ -123,7 +123,7 @@ std::string redirectionTarget(const Files& files, const TemporaryFiles& temporar
     if (isPlain(temporary.marker)) {
         return temporary.marker;
     }
-    std::string shortened = joinPath(shortFolder(files, temporary.sTempFolder), markerName);
+    const std::string shortened = joinPath(shortFolder(files, temporary.sTempFolder), markerName);
     return isPlain(shortened) ? shortened : quoted(withDoubledPercents(temporary.marker));
 }
 

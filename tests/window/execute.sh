@@ -157,19 +157,23 @@ test_1_both_tools_where_all_names_have_blanks_and_accents() {
     end_program
 }
 
-test_2_MP_alone_on_another_drive() {
+test_2_MP_alone_on_another_drive_with_links_between_folders() {
     fresh
     local other=$TARNWICK_WINE_BUILD/wine/drive_e/in
     rm -rf "$other"
     mkdir -p "$other"
     cp "$folder/records/a.met" "$other"
-    define 'Input Folder=E:\in'
+    define 'Input Folder=E:\in' 'Convert HyperLink To Relative Path=True' \
+        'GRID_Html=C:\work\out\mp' 'GRID_Faq=C:\work\elsewhere'
     launch_run
     press cmdOK
     watch 60
     expect_shown 'Cancel|0|MP - Processing a.met...' 'Close|-|Done!'
     expect_idle Done!
     expect_made "$folder/out/mp/a.err"
+    grep -qF 'HREF="../../elsewhere/a_faq.htm"' "$folder/out/mp/a.html" ||
+        fail "the links are: $(grep HREF "$folder/out/mp/a.html")"
+    [ "$(ls "$other")" = a.met ] || fail "left beside the record: $(ls "$other")"
     end_program
     rm -r "$other"
 }
@@ -375,17 +379,17 @@ test_9_the_temporary_folder_becomes_unwritable() {
     expect_status 'CNS - Processing a.met...'
     expect_text cmdCancel Close
     expect_state cmdOK on
-    # And once more in the midst: its tool's marker never comes, but the window is alive.
+    # In the midst: the marker of the first tool never comes, which keeps nothing waiting.
     mkdir "$temp"
     press cmdOK
     watch 20 'CNS - Processing a.met...'
     wait_until has_started 2
     mv "$temp" "$temp.away"
-    sleep 4
+    expect_message Tarnwick 'frmMain - Private Sub ProcessAndWait()'
     look
-    expect_text cmdCancel Cancel
-    press cmdCancel
-    wait_until run_is_over
+    expect_status 'MP - Processing a.cns...'
+    expect_text cmdCancel Close
+    expect_state cmdOK on
     rm -rf "$temp.away"
     mkdir "$temp"
     press cmdOK

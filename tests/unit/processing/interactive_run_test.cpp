@@ -10,7 +10,7 @@ using testing::SizeIs;
 struct InteractiveRuns : RunWorld {};
 
 TEST_F(InteractiveRuns, Both_tools_over_two_records_step_by_step) {
-    definition().bConvertHyperlinks = true;
+    givePages();
     execute();
     EXPECT_THAT(journal,
                 ElementsAre("check", "status ", "commit edits", "progress 0.000", "bar shown",
@@ -19,15 +19,15 @@ TEST_F(InteractiveRuns, Both_tools_over_two_records_step_by_step) {
                             "status Processing a.met...", "status CNS - Processing a.met...",
                             "create C:\\temp\\MPtmp.bat", "start", "delete C:\\temp\\MPtmp.bat",
                             "status MP - Processing a.cns...", "delete C:\\temp\\MPdone.tmp",
-                            "create C:\\temp\\MPtmp.bat", "start", "links D:\\cns|a.cns",
-                            "progress 50.00",
+                            "create C:\\temp\\MPtmp.bat", "start", "create D:\\in\\tarnwick.tmp",
+                            "rewrite D:\\out\\a.html", "progress 50.00",
                             // the second one
                             "status Processing b.met...", "delete C:\\temp\\MPtmp.bat",
                             "status CNS - Processing b.met...", "delete C:\\temp\\MPdone.tmp",
                             "create C:\\temp\\MPtmp.bat", "start", "delete C:\\temp\\MPtmp.bat",
                             "status MP - Processing b.cns...", "delete C:\\temp\\MPdone.tmp",
-                            "create C:\\temp\\MPtmp.bat", "start", "links D:\\cns|b.cns",
-                            "progress 100.0", "status Done!",
+                            "create C:\\temp\\MPtmp.bat", "start", "create D:\\in\\tarnwick.tmp",
+                            "rewrite D:\\out\\b.html", "progress 100.0", "status Done!",
                             // the end
                             "not busy", "delete C:\\temp\\MPdone.tmp", "delete C:\\temp\\MPtmp.bat",
                             "cancel gone", "bar hidden", "progress 0.000"));
@@ -44,14 +44,15 @@ TEST_F(InteractiveRuns, Both_tools_over_two_records_step_by_step) {
               "echo Done! > C:\\temp\\MPdone.tmp\r\n");
 }
 
-TEST_F(InteractiveRuns, Mp_alone_reads_the_record_and_its_links_are_those_of_the_record) {
+TEST_F(InteractiveRuns, Mp_alone_reads_the_record_and_its_pages_are_rewritten) {
     definition().iProcessCNS = 0;
-    definition().bConvertHyperlinks = true;
+    givePages();
     window.given.records = {"a.met"};
     execute();
     EXPECT_THAT(statuses(),
                 ElementsAre("", "Processing a.met...", "MP - Processing a.met...", "Done!"));
-    EXPECT_THAT(entries("links "), ElementsAre("D:\\in|a.met"));
+    EXPECT_THAT(entries("rewrite "), ElementsAre("D:\\out\\a.html"));
+    EXPECT_EQ(world.read(R"(D:\out\a.html)"), R"(<A HREF="a.dif">)");
     ASSERT_THAT(interpreter.started, SizeIs(1));
     EXPECT_THAT(interpreter.started.front().content,
                 testing::HasSubstr(
@@ -60,26 +61,40 @@ TEST_F(InteractiveRuns, Mp_alone_reads_the_record_and_its_links_are_those_of_the
 
 TEST_F(InteractiveRuns, Cns_alone_converts_no_links) {
     definition().iProcessMP = 0;
-    definition().bConvertHyperlinks = true;
+    givePages();
     window.given.records = {"a.met"};
     execute();
     EXPECT_THAT(statuses(),
                 ElementsAre("", "Processing a.met...", "CNS - Processing a.met...", "Done!"));
-    EXPECT_THAT(entries("links "), IsEmpty());
+    EXPECT_THAT(entries("rewrite "), IsEmpty());
     EXPECT_THAT(interpreter.started, SizeIs(1));
 }
 
-TEST_F(InteractiveRuns, Without_the_switch_no_links_are_converted) {
+TEST_F(InteractiveRuns, A_page_that_cannot_be_rewritten_is_reported_and_the_run_goes_on) {
+    givePages();
+    faulty.failAt(FileOperation::MoveOver, 1, RunTimeError(ErrorNumber::PermissionDenied));
     execute();
-    EXPECT_THAT(entries("links "), IsEmpty());
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", "Private Sub FixRelativePaths()",
+                                        ErrorNumber::PermissionDenied)));
+    EXPECT_EQ(world.read(R"(D:\out\a.html)"), R"(<A HREF="D:\out\a.dif">)");
+    EXPECT_EQ(world.read(R"(D:\out\b.html)"), R"(<A HREF="b.dif">)");
+    EXPECT_EQ(window.status, "Done!");
+}
+
+TEST_F(InteractiveRuns, Without_the_switch_no_links_are_converted) {
+    givePages();
+    definition().bConvertHyperlinks = false;
+    execute();
+    EXPECT_THAT(entries("rewrite "), IsEmpty());
 }
 
 TEST_F(InteractiveRuns, Where_the_configuration_file_names_the_outputs_no_links_are_converted) {
-    definition().bConvertHyperlinks = true;
+    givePages();
     definition().bCfgNamesOutput = true;
     window.given.records = {"a.met"};
     execute();
-    EXPECT_THAT(entries("links "), IsEmpty());
+    EXPECT_THAT(entries("rewrite "), IsEmpty());
     ASSERT_THAT(interpreter.started, SizeIs(2));
     EXPECT_THAT(interpreter.started.at(1).content,
                 testing::HasSubstr("call \"C:\\app\\mp.exe\" -l en \"a.met\"\r\n"));
@@ -222,14 +237,14 @@ TEST_F(InteractiveRuns, A_cancel_before_the_first_tool_starts_none) {
 }
 
 TEST_F(InteractiveRuns, A_cancelled_MP_converts_no_links) {
-    definition().bConvertHyperlinks = true;
+    givePages();
     whileEventsRun = [this] {
         if (interpreter.started.size() == 2) {
             run->cancel();
         }
     };
     execute();
-    EXPECT_THAT(entries("links "), IsEmpty());
+    EXPECT_THAT(entries("rewrite "), IsEmpty());
 }
 
 // Closing.

@@ -67,6 +67,10 @@ class JournalFiles : public ForwardingFiles {
         journal_.push_back("create " + std::string(path));
         return file;
     }
+    void moveOver(std::string_view from, std::string_view to) override {
+        ForwardingFiles::moveOver(from, to);
+        journal_.push_back("rewrite " + std::string(to));
+    }
     void remove(std::string_view path) override {
         ForwardingFiles::remove(path);
         journal_.push_back("delete " + std::string(path));
@@ -120,11 +124,16 @@ struct RunWorld : testing::Test {
                                 .interpreter = interpreter,
                                 .events = events,
                                 .clock = clock},
-                    "C:\\temp\\", window,
-                    [this](const BatchDefinition&, std::string_view folder, std::string_view file) {
-                        journal.push_back("links " + std::string(folder) + "|" + std::string(file));
-                    });
+                    "C:\\temp\\", window);
         run->execute();
+    }
+    // MP has built a page with a full link of each record, and is to go on building it.
+    void givePages() {
+        definition().bConvertHyperlinks = true;
+        definition().MPOutputs.at(2).sOutputFolder = R"(D:\out)";
+        definition().MPOutputs.at(6).sOutputFolder = R"(D:\out)";
+        world.write(R"(D:\out\a.html)", R"(<A HREF="D:\out\a.dif">)");
+        world.write(R"(D:\out\b.html)", R"(<A HREF="D:\out\b.dif">)");
     }
     // The statuses that the run showed, in their order.
     [[nodiscard]] std::vector<std::string> statuses() const { return entries("status "); }

@@ -66,7 +66,8 @@ class frmMain final : public Form {
     MenuItem mnuBar5{mnuHelp, "mnuBar5", "-"};
     MenuItem mnuAbout{mnuHelp, "mnuAbout", "&About Tarnwick..."};
 
-    // From here on in the order of the focus, which follows the eye.
+    // From here on in the order of the focus, which follows the eye. What floats over a grid comes
+    // before it, for that is its place on the screen as well.
     Line linTop{*this, "linTop"};
     Line linTop2{*this, "linTop2"};
 
@@ -85,18 +86,18 @@ class frmMain final : public Form {
     TextBox txtAliases{*this, "txtAliases"};
     Button cmdAliases{*this, "cmdAliases", "Browse..."};
     Label lblCNSFiles{*this, "lblCNSFiles", "Output de&finition:"};
-    Grid grdCNS{*this, "grdCNS"};
     TextBox txtEditCNS{*this, "txtEditCNS"};
     Button cmdEditCNS{*this, "cmdEditCNS", "..."};
+    Grid grdCNS{*this, "grdCNS"};
 
     Frame fraMP{*this, "fraMP", "   "};
     CheckBox chkMP{*this, "chkMP", "&MP"};
     CheckBox chkfixdoc{*this, "chkfixdoc", "&Run special clean-up on DOCUMENT.aml output"};
     Button cmdOutputFolder{*this, "cmdOutputFolder", "Set A&ll Folders..."};
     Label lblMPFiles{*this, "lblMPFiles", "Output &definition:"};
-    Grid grdFiles{*this, "grdFiles"};
     TextBox txtEdit{*this, "txtEdit"};
     Button cmdEdit{*this, "cmdEdit", "..."};
+    Grid grdFiles{*this, "grdFiles"};
 
     CheckBox chkCFG{*this, "chkCFG", "Confi&guration file:"};
     TextBox txtCFG{*this, "txtCFG"};
@@ -125,11 +126,11 @@ class frmMain final : public Form {
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
   private:
-    using Procedure = void (frmMain::*)();
-
     // Start-up, the end, and the commands of the menus.
     void Form_Load();
     void Form_Unload();
+    void Form_SessionIsEnding();
+    void Form_SessionGoesOn();
     void mnuNewINI_Click();
     void mnuOpenINI_Click();
     void mnuSaveINI_Click();
@@ -150,7 +151,7 @@ class frmMain final : public Form {
     void endNow();
     void beginFileCommand();
     void offerToSave();
-    void storeNow(std::string_view sINIFile);
+    void storeNow(std::string_view sINIFile, std::string_view procedure);
     void nameINIFile();
 
     // The definition and the window.
@@ -214,15 +215,14 @@ class frmMain final : public Form {
     void Form_Resize();
     void layOut(Size content);
     void layOutCNS();
-    void layOutMP();
-    void layOutInput(int bottom);
+    void layOutMP(int rightEdge);
+    void layOutInput(int rightEdge, int bottom);
     void layOutStatus(Size content);
 
     void connectCommands();
     void connectFields();
     void connectSelection();
     void connectGotFocus();
-    void connect(std::function<void()>& event, std::string_view procedure, Procedure body);
     void sayNames();
     void sayHeirs();
     void commonSteps();
@@ -235,9 +235,10 @@ class frmMain final : public Form {
     BatchDefinition definition_;
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;
-    bool bInputChanged_ = false; // the folder has been edited since it was listed
-    bool bInExtChanged_ = false; // so have the extensions
-    bool bFieldEdited_ = false;  // a field is being edited, and has not been left yet
+    bool bInputChanged_ = false;      // the folder has been edited since it was listed
+    bool bInExtChanged_ = false;      // so have the extensions
+    bool bFieldEdited_ = false;       // a field is being edited, and has not been left yet
+    bool bAskedAtSessionEnd_ = false; // whether to save; the user is not asked once more
     bool ended_ = false;
 };
 

@@ -60,8 +60,22 @@ void frmMain::Form_Unload() {
         store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
         store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
     });
-    commonSteps(); // an edit that is going on counts
+    if (!bAskedAtSessionEnd_) {
+        commonSteps(); // an edit that is going on counts
+        offerToSave();
+    }
+}
+
+// The system waits for an answer only now: when the session has ended, it may end the program
+// before anybody has read a question.
+void frmMain::Form_SessionIsEnding() {
+    commonSteps();
     offerToSave();
+    bAskedAtSessionEnd_ = true;
+}
+
+void frmMain::Form_SessionGoesOn() {
+    bAskedAtSessionEnd_ = false;
 }
 
 } // namespace tarnwick

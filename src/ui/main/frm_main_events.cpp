@@ -118,6 +118,8 @@ void frmMain::sayNames() {
     txtCFG.setAccessibleName("Configuration file");
     cmdCFG.setAccessibleName("Browse for the configuration file");
     cmdInput.setAccessibleName("Browse for the input folder");
+    lstAvailable.setAccessibleName("Available files");
+    lstSelected.setAccessibleName("Selected files");
     constexpr std::array<std::string_view, 4> moves{"Select the marked files", "Select all files",
                                                     "Take the marked files back",
                                                     "Take all files back"};

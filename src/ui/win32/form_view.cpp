@@ -234,7 +234,10 @@ HWND FormView::windowOf(const Control* control) const noexcept {
 }
 
 void FormView::command(WORD id, WORD code, HWND window) {
-    if (ControlWindow* const bound = find(window); bound != nullptr) {
+    const bool escape = id == IDCANCEL && code == BN_CLICKED && GetFocus() != window;
+    if (escape) { // also where the system takes it for a click on Cancel
+        form_.userPressedEscape();
+    } else if (ControlWindow* const bound = find(window); bound != nullptr) {
         if (bound->isFocusNotice(code) && !std::exchange(focusMoved_, true)) {
             // The focus is still on its way, and no message may be shown before it has arrived.
             PostMessageA(dialog_, ViewMessage::focusMoved, 0, 0);
@@ -242,8 +245,6 @@ void FormView::command(WORD id, WORD code, HWND window) {
         bound->notified(code);
     } else if (id == IDOK) {
         form_.userPressedEnter();
-    } else if (id == IDCANCEL) {
-        form_.userPressedEscape();
     } else if (window == nullptr) {
         (void)menuBar_.choose(id);
     }

@@ -9,7 +9,7 @@ namespace tarnwick {
 namespace {
 
 constexpr UINT_PTR fieldId = 2; // the key listener has its own
-constexpr int roomInside = 2;   // that the system keeps above and below the text, in lines
+constexpr int roomInside = 1;   // that the system keeps above and below the text, in lines
 
 int heightOfText(HWND window) noexcept {
     const WindowContext context(window);

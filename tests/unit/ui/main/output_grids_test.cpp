@@ -240,6 +240,16 @@ TEST_P(OutputGrids, Enter_in_the_editor_goes_on_cell_by_cell_and_keeps_every_tex
     EXPECT_EQ(executions, 0);
 }
 
+TEST_P(OutputGrids, Enter_in_the_folder_column_of_the_last_row_stays_on_that_row) {
+    click(grid, rows, folderColumn);
+    txtEdit.userTyped("E:\\last");
+    for (int times = 0; times < 2; ++times) {
+        form.userPressedEnter();
+        expectEditing(rows, folderColumn);
+        EXPECT_EQ(grid.text(rows, folderColumn), "E:\\last");
+    }
+}
+
 TEST_P(OutputGrids, Enter_leads_over_rows_that_are_off_without_an_editor) {
     setToBuild(grid, 2, false);
     click(grid, 1, folderColumn);

@@ -214,7 +214,13 @@ TEST_F(StartUpWindow, With_MP_there_and_CNS_missing_only_CNS_is_asked_for) {
 }
 
 TEST_F(StartUpWindow, An_empty_or_wrong_TEMP_puts_temporary_files_in_the_programs_folder) {
-    process.variables["TEMP"] = R"(D:\nowhere)";
+    for (const char* const temp : {R"(D:\nowhere)", "", "  "}) {
+        process.variables["TEMP"] = temp;
+        frmMain window(services);
+        window.show();
+        EXPECT_EQ(window.definition().sTempFolder, R"(C:\App\)") << temp;
+    }
+    process.variables.erase("TEMP");
     form.show();
     EXPECT_EQ(form.definition().sTempFolder, R"(C:\App\)");
 }

@@ -24,11 +24,11 @@ demo: windows
 	@$(ensure) $(wine_packages)
 	@demo/run build
 
-# With no display: the window is worked on a virtual one, and build/screenshots/ shows it.
+# With no display: on a virtual one, and build/screenshots/ shows every window.
 window: windows
 	@$(ensure) $(wine_packages)
 	@if [ -n "$$DISPLAY" ]; then demo/run build window; \
-	else tests/window/run.sh build/windows main; fi
+	else tests/window/run.sh build/windows pictures; fi
 
 windows:
 	@$(ensure) $(windows_packages)
@@ -75,7 +75,7 @@ screenshots: windows
 	@$(ensure) $(wine_packages)
 	tests/window/run.sh build/windows dialogs
 	tests/window/run.sh build/windows controls
-	tests/window/run.sh build/windows main
+	tests/window/run.sh build/windows pictures
 	tests/window/run.sh build/windows execute
 
 check-format:

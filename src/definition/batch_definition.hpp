@@ -61,15 +61,6 @@ inline constexpr int checked = 1;
 // In the program's folder; read when no other INI file is known.
 inline constexpr std::string_view defaultINIFileName = "TARNWICK.ini";
 
-// The two glyphs of a grid's Build? column, in the symbol font.
-inline constexpr std::string_view buildGlyph = "\xFE";   // a ticked box
-inline constexpr std::string_view noBuildGlyph = "\xA8"; // an empty box
-
-// Whether a Build? cell with this text means: build. Anything but the ticked box does not.
-[[nodiscard]] constexpr bool isBuildGlyph(std::string_view cell) noexcept {
-    return cell == buildGlyph;
-}
-
 // Leaves all nine products off, with their type names and default extensions and without a folder.
 void switchOffAllOutputs(BatchDefinition& definition);
 

@@ -35,8 +35,8 @@ struct FileDialog {
     bool operator==(const FileDialog&) const = default;
 };
 
-// What this program shows outside its own forms. Every call is modal to the active window and
-// returns when the user is done.
+// What this program shows outside its own forms. Every call is modal to the window that asks
+// and returns when the user is done.
 class Desktop {
   public:
     virtual ~Desktop() = default;

@@ -1,6 +1,7 @@
 // The desktop of Windows, with a second thread for its user.
 
 #include "platform/run_time_error.hpp"
+#include "platform/win32/asking_window.hpp"
 #include "platform/win32/input_box.hpp"
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
@@ -118,6 +119,69 @@ TEST(Win32Desktop, A_question_is_answered_by_Yes_or_No) {
         EXPECT_EQ(desktop.show(question()), yes ? MessageAnswer::Yes : MessageAnswer::No);
         EXPECT_EQ(std::count(texts.begin(), texts.end(), question().text), 1);
     }
+}
+
+// A window of this thread with a title.
+class Asker {
+  public:
+    explicit Asker(const char* title)
+        : window_(CreateWindowExA(0, "Static", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 300,
+                                  200, nullptr, nullptr, nullptr, nullptr)) {}
+    Asker(const Asker&) = delete;
+    Asker& operator=(const Asker&) = delete;
+    Asker(Asker&&) = delete;
+    Asker& operator=(Asker&&) = delete;
+    ~Asker() { DestroyWindow(window_); }
+
+    [[nodiscard]] HWND get() const noexcept { return window_; }
+
+  private:
+    HWND window_;
+};
+
+TEST(Win32Desktop, Without_a_window_nobody_asks) {
+    EXPECT_EQ(askingWindow(), nullptr);
+}
+
+TEST(Win32Desktop,
+     Dialogs_are_owned_by_the_window_that_asks_also_when_another_program_is_in_front) {
+    const Asker behind("behind");
+    const Asker asking("asking");
+    EnableWindow(behind.get(), FALSE); // it waits for the other one
+    SetForegroundWindow(GetDesktopWindow());
+    SetActiveWindow(nullptr);
+    ASSERT_EQ(GetActiveWindow(), nullptr);
+    EXPECT_EQ(askingWindow(), asking.get());
+    Win32Desktop desktop;
+    HWND owner = nullptr;
+    {
+        const User user("Tarnwick", [&](HWND dialog) {
+            owner = GetWindow(dialog, GW_OWNER);
+            press(dialog, IDNO);
+        });
+        desktop.show(question());
+    }
+    EXPECT_EQ(owner, asking.get());
+    owner = nullptr;
+    {
+        const User user("Find a file", [&](HWND dialog) {
+            owner = GetWindow(dialog, GW_OWNER);
+            press(dialog, IDCANCEL);
+        });
+        desktop.askForText("Name:", "Find a file");
+    }
+    EXPECT_EQ(owner, asking.get());
+    owner = nullptr;
+    {
+        const User user("Open one", [&](HWND dialog) {
+            owner = GetWindow(dialog, GW_OWNER);
+            press(dialog, IDCANCEL);
+        });
+        FileDialog dialog;
+        dialog.title = "Open one";
+        EXPECT_THROW((void)desktop.chooseFile(dialog), RunTimeError);
+    }
+    EXPECT_EQ(owner, asking.get());
 }
 
 TEST(Win32Desktop, The_input_box_gives_the_line_typed) {

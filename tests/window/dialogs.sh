@@ -358,36 +358,12 @@ test_about_the_pointer_tells_the_link_from_the_rest() {
     expect_result 'pointer=arrow and question mark'
 }
 
-take_pictures_at() {
-    set_resolution "$1"
-    start_dialog options Options
-    picture_of "$dialog" "options-$1dpi"
-    click cmdCancel
-    expect_end
-    start_dialog help "Command Line Help on Tarnwick"
-    picture_of "$dialog" "help-$1dpi"
-    click cmdOK
-    expect_end
-    start_dialog folder 'Open HTML Folder'
-    picture_of "$dialog" "folder-$1dpi"
-    click cmdCancel
-    expect_end
-    start_dialog about 'About Tarnwick'
-    picture_of "$dialog" "about-$1dpi"
-    click cmdOK
-    expect_end
-}
-
 run_all_tests() {
     set_resolution 96
     lay_out_tools
     for test_name in $(compgen -A function test_); do
         say "$test_name"
         "$test_name"
-    done
-    for test_name in 144 192; do
-        say "pictures at $test_name dpi"
-        take_pictures_at "$test_name"
     done
     say "all passed; pictures are in $pictures"
 }

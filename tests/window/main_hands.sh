@@ -42,13 +42,18 @@ launch() {
 # Closes it; no question may come.
 close_unchanged() {
     key alt+F4
-    expect_no_window Tarnwick
+    for _ in $(seq 50); do
+        kill -0 "$gallery_pid" 2>/dev/null || break
+        if find_now Tarnwick; then fail 'there is a question'; fi
+        sleep 0.1
+    done
     expect_end
 }
 
 # look [TITLE]: what that window, the main one when none is given, shows now is in $work/state.
 look() {
     "$wine_run" "$probe" "${1:-$title}" >"$work/state" 2>"$work/probe.log" </dev/null ||
+        { sleep 0.5 && "$wine_run" "$probe" "${1:-$title}" >"$work/state" </dev/null; } ||
         fail "no window \"${1:-$title}\" to look at: $(cat "$work/probe.log")"
     tr -d '\r' <"$work/state" >"$work/state.lines"
 }
@@ -70,16 +75,22 @@ expect_text() { [ "$(text_of "$1")" = "$2" ] || fail "$1 is \"$(text_of "$1")\",
 # The list holds that many names, and so many of them are selected.
 expect_entries() {
     local state
-    state=$(line_of "$1" | sed 's/^\([^ ]* \)\{8\}//; s/ *[a-z]* |.*//')
+    state=$(line_of "$1" | cut -d' ' -f9,10)
     [ "$state" = "$2 $3" ] || fail "$1 has \"$state\" entries and selected ones, not \"$2 $3\""
 }
+# The number of the uppermost entry that shows.
+top_of() { line_of "$1" | cut -d' ' -f12; }
+# Sends a window with that title a message, and waits for the answer.
+send_message() { "$wine_run" "$probe" "$1" send "${@:2}" 2>"$work/probe.log" </dev/null | tr -d '\r'; }
+# How many windows with that title there are.
+count_windows() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | wc -l; }
 # A message with that title and text, which Enter closes.
 expect_message() {
     expect_window "$1"
     "$wine_run" "$probe" "$1" >"$work/message" 2>&1 </dev/null || fail "no message \"$1\""
     grep -qF -- "$2" "$work/message" || fail "not \"$2\" but: $(cat "$work/message")"
     key Return
-    expect_no_window "$1"
+    expect_closed "$1"
 }
 
 find_now() { [ -n "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null || true)" ]; }
@@ -110,10 +121,10 @@ answer_file_dialog() {
     key ctrl+a
     type_text "$2"
     key Return
-    expect_no_window "$1"
+    expect_closed "$1"
 }
-# menu KEY...: by F10, for some access keys of the menu bar are those of fields too.
-menu() { key F10 "$@"; }
+# menu KEY...: the first one opens a menu of the menu bar.
+menu() { key "alt+$1" "${@:2}"; }
 
 expect_file() {
     cmp -s "$1" - || fail "$1 holds: $(cat "$1")"

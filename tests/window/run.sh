@@ -1,15 +1,16 @@
 #!/bin/bash
-# tests/window/run.sh BUILD_DIR [dialogs|controls|main|execute]: works the dialogs, one of every kind
-# of control, the program itself, or whole runs in it, in their real windows with mouse and keyboard,
-# on a screen and in a Wine prefix of its own, and leaves pictures in BUILD_DIR/../screenshots.
+# tests/window/run.sh BUILD_DIR [dialogs|controls|main|execute|pictures]: works the dialogs, one of
+# every kind of control, the program itself, or whole runs in it, in their real windows with mouse and
+# keyboard, on a screen and in a Wine prefix of its own. Pictures are left in
+# BUILD_DIR/../screenshots; "pictures" leaves those of the whole program and does nothing else.
 set -euo pipefail
 
 suite=${2:-dialogs}
 case $#/$suite in
 [12]/dialogs) program=tests/window/dialog_gallery.exe ;;
 2/controls) program=tests/window/controls_gallery.exe ;;
-2/main | 2/execute) program=Tarnwick.exe ;;
-*) echo "usage: $0 BUILD_DIR [dialogs|controls|main|execute]" >&2; exit 2 ;;
+2/main | 2/execute | 2/pictures) program=Tarnwick.exe ;;
+*) echo "usage: $0 BUILD_DIR [dialogs|controls|main|execute|pictures]" >&2; exit 2 ;;
 esac
 for tool in wine Xvfb openbox xdotool xev import flock; do
     command -v "$tool" >/dev/null || { echo "run.sh: $tool is missing" >&2; exit 127; }

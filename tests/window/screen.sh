@@ -66,7 +66,15 @@ expect_window() {
     find_window "$1" || fail "no window \"$1\""
     # A click or key may come only when the window manager is done with it.
     xdotool windowactivate --sync "$found" 2>/dev/null || true
-    sleep 0.4
+    sleep 0.3
+}
+# It was there, and goes now.
+expect_closed() {
+    for _ in $(seq 50); do
+        [ -n "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null || true)" ] || return 0
+        sleep 0.1
+    done
+    fail "the window \"$1\" stays"
 }
 expect_no_window() {
     sleep 0.7

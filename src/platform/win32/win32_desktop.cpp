@@ -1,6 +1,7 @@
 #include "platform/win32/win32_desktop.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/input_box.hpp"
 
@@ -41,7 +42,7 @@ bool runDialog(const FileDialog& dialog, std::string& name) {
     const auto filter = filterList(dialog.filter);
     OPENFILENAMEA request{};
     request.lStructSize = sizeof request;
-    request.hwndOwner = GetActiveWindow();
+    request.hwndOwner = askingWindow();
     request.lpstrFilter = dialog.filter.empty() ? nullptr : filter.c_str();
     request.nFilterIndex = static_cast<DWORD>(dialog.filterIndex);
     request.lpstrFile = name.data();
@@ -56,7 +57,7 @@ bool runDialog(const FileDialog& dialog, std::string& name) {
 } // namespace
 
 MessageAnswer Win32Desktop::show(const Message& message) {
-    switch (MessageBoxA(GetActiveWindow(), message.text.c_str(), message.title.c_str(),
+    switch (MessageBoxA(askingWindow(), message.text.c_str(), message.title.c_str(),
                         styleOf(message))) {
     case IDYES:
         return MessageAnswer::Yes;
@@ -86,7 +87,7 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
 }
 
 std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {
-    return runInputBox(GetActiveWindow(), std::string(prompt), std::string(title));
+    return runInputBox(askingWindow(), std::string(prompt), std::string(title));
 }
 
 std::int32_t Win32Desktop::openDocument(std::string_view document, std::string_view workingFolder) {

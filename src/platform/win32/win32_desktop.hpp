@@ -4,7 +4,8 @@
 
 namespace tarnwick {
 
-// Message boxes, common dialogs and the input box of Windows, each owned by the active window.
+// Message boxes, common dialogs and the input box of Windows, each owned by the window that
+// asks (see asking_window.hpp).
 class Win32Desktop : public Desktop {
   public:
     MessageAnswer show(const Message& message) override;

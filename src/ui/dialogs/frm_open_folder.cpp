@@ -4,9 +4,8 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "platform/run_time_error.hpp"
+#include "ui/forms/connect.hpp"
 #include "ui/forms/folder_path.hpp"
-
-#include <functional>
 
 namespace tarnwick {
 namespace {
@@ -27,13 +26,7 @@ frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop)
 }
 
 void frmOpenFolder::connectEvents() {
-    // Every event procedure traps its own errors, and reports them under its declaration line.
-    const auto connect = [this](std::function<void()>& event, std::string_view procedure,
-                                void (frmOpenFolder::*body)()) {
-        event = [this, procedure, body] {
-            trap(desktop_, formName, procedure, [&] { (this->*body)(); });
-        };
-    };
+    const Connector connect(desktop_, *this);
     connect(Load, "Private Sub Form_Load()", &frmOpenFolder::Form_Load);
     connect(drvPath.Change, "Private Sub drvPath_Change()", &frmOpenFolder::drvPath_Change);
     connect(DirPath.Change, "Private Sub DirPath_Change()", &frmOpenFolder::DirPath_Change);
@@ -134,9 +127,10 @@ void frmOpenFolder::createIfPossible(std::string_view folder) {
     }
 }
 
+// Enter presses it without leaving the field, where a path may still count from the current folder.
 void frmOpenFolder::cmdOK_Click() {
     if (acceptPath()) {
-        result_ = txtPath.text();
+        result_ = fullFolderPath(txtPath.text(), files_.currentFolder());
         hide();
     }
 }

@@ -22,7 +22,7 @@ class frmOpenFolder final : public Form {
 
     // Where to start; the current folder when this is empty or no folder.
     void setStartFolder(std::string_view folder) { startFolder_ = folder; }
-    // The chosen folder; empty until there is one.
+    // The chosen folder, in full; empty until there is one.
     [[nodiscard]] const std::string& result() const noexcept { return result_; }
 
     TextBox txtPath{*this, "txtPath"};

@@ -2,8 +2,8 @@
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
-#include "common/trap.hpp"
 #include "ui/dialogs/choose_file.hpp"
+#include "ui/forms/connect.hpp"
 
 #include <utility>
 
@@ -44,13 +44,7 @@ frmOptions::frmOptions(BatchDefinition& definition, const Files& files, Desktop&
 }
 
 void frmOptions::connectEvents() {
-    // Every event procedure traps its own errors, and reports them under its declaration line.
-    const auto connect = [this](std::function<void()>& event, std::string_view procedure,
-                                void (frmOptions::*body)()) {
-        event = [this, procedure, body] {
-            trap(desktop_, formName, procedure, [&] { (this->*body)(); });
-        };
-    };
+    const Connector connect(desktop_, *this);
     connect(Load, "Private Sub Form_Load()", &frmOptions::Form_Load);
     connect(cmdMPEXE.Click, "Private Sub cmdMPEXE_Click()", &frmOptions::cmdMPEXE_Click);
     connect(cmdCNS.Click, "Private Sub cmdCNS_Click()", &frmOptions::cmdCNS_Click);

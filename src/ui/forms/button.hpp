@@ -22,6 +22,12 @@ class Button final : public Clickable {
         return role_ == Role::Cancel || role_ == Role::DefaultAndCancel;
     }
 
+    [[nodiscard]] bool wantsKey(int keyCode) const override;
+    void userPressedKey(int keyCode) override;
+
+    // The key, while the button has the focus; without a handler it clicks the form's Cancel.
+    std::function<void()> Escape;
+
   private:
     Role role_;
 };

@@ -226,6 +226,23 @@ void Form::userClosed() {
     }
 }
 
+void Form::sessionIsEnding() {
+    if (visible_) {
+        raise(SessionIsEnding);
+    }
+}
+
+void Form::sessionEnded(bool ended) {
+    if (!visible_) {
+        return;
+    }
+    if (ended) {
+        unload();
+    } else {
+        raise(SessionGoesOn);
+    }
+}
+
 void Form::userResized(Size window, WindowState state) {
     const bool same =
         window.width == window_.width && window.height == window_.height && state == windowState_;

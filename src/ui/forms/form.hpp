@@ -84,6 +84,8 @@ class Form {
     std::function<void()> Load;   // before it is shown for the first time
     std::function<void()> Resize; // after it was shown, and whenever its size has changed
     std::function<void()> Unload;
+    std::function<void()> SessionIsEnding; // and the form may soon be closed with it
+    std::function<void()> SessionGoesOn;   // after all
     std::function<void()> MouseMove; // over no control, or over one that has no handler for it
 
     // For presenters: the window's and the screen's size, before show().
@@ -108,6 +110,10 @@ class Form {
     void userPressedEscape();
     // The window's close button, or what stands for it.
     void userClosed();
+    // The user's session on the machine is about to end: now is the time to ask something. Whether
+    // it has ended, or goes on because another program would not have it, is told afterwards.
+    void sessionIsEnding();
+    void sessionEnded(bool ended);
     void userResized(Size window, WindowState state);
     // Where the window is now; raises nothing.
     void userMoved(int left, int top) noexcept;

@@ -269,4 +269,11 @@ void Grid::userScrolled(int topRow) {
     }
 }
 
+void Grid::userTurnedWheel(int delta) {
+    turned_ += delta;
+    const int notches = turned_ / wheelNotch;
+    turned_ -= notches * wheelNotch;
+    userScrolled(topRow_ - notches);
+}
+
 } // namespace tarnwick

@@ -24,6 +24,7 @@ class Grid final : public Control {
 
     // Around the cells, inside the control's bounds.
     static constexpr int borderWidth = 15;
+    static constexpr int wheelNotch = 120;
 
     // With its header, and no rows of data.
     Grid(Form& form, std::string_view name, int columns = 4);
@@ -85,6 +86,9 @@ class Grid final : public Control {
     // Raises KeyDown; then the keys that move, move the current cell.
     void userPressedKey(int keyCode) override;
     void userScrolled(int topRow);
+    // The mouse wheel was turned away from the user by so much: `wheelNotch` is one row up. What is
+    // less is kept, for wheels that turn smoothly.
+    void userTurnedWheel(int delta);
 
     [[nodiscard]] bool wantsKey(int keyCode) const override;
 
@@ -108,6 +112,7 @@ class Grid final : public Control {
     int rowHeight_ = 285;
     Place current_{.row = 1, .column = 0};
     int topRow_ = 1;
+    int turned_ = 0; // of the wheel, less than a notch
     bool leaving_ = false;
     bool pressed_ = false;
 };

@@ -71,7 +71,8 @@ class frmMain final : public Form, private RunWindow {
     MenuItem mnuBar5{mnuHelp, "mnuBar5", "-"};
     MenuItem mnuAbout{mnuHelp, "mnuAbout", "&About Tarnwick..."};
 
-    // From here on in the order of the focus, which follows the eye.
+    // From here on in the order of the focus, which follows the eye. What floats over a grid comes
+    // before it, for that is its place on the screen as well.
     Line linTop{*this, "linTop"};
     Line linTop2{*this, "linTop2"};
 
@@ -90,18 +91,18 @@ class frmMain final : public Form, private RunWindow {
     TextBox txtAliases{*this, "txtAliases"};
     Button cmdAliases{*this, "cmdAliases", "Browse..."};
     Label lblCNSFiles{*this, "lblCNSFiles", "Output de&finition:"};
-    Grid grdCNS{*this, "grdCNS"};
     TextBox txtEditCNS{*this, "txtEditCNS"};
     Button cmdEditCNS{*this, "cmdEditCNS", "..."};
+    Grid grdCNS{*this, "grdCNS"};
 
     Frame fraMP{*this, "fraMP", "   "};
     CheckBox chkMP{*this, "chkMP", "&MP"};
     CheckBox chkfixdoc{*this, "chkfixdoc", "&Run special clean-up on DOCUMENT.aml output"};
     Button cmdOutputFolder{*this, "cmdOutputFolder", "Set A&ll Folders..."};
     Label lblMPFiles{*this, "lblMPFiles", "Output &definition:"};
-    Grid grdFiles{*this, "grdFiles"};
     TextBox txtEdit{*this, "txtEdit"};
     Button cmdEdit{*this, "cmdEdit", "..."};
+    Grid grdFiles{*this, "grdFiles"};
 
     CheckBox chkCFG{*this, "chkCFG", "Confi&guration file:"};
     TextBox txtCFG{*this, "txtCFG"};
@@ -130,11 +131,11 @@ class frmMain final : public Form, private RunWindow {
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
   private:
-    using Procedure = void (frmMain::*)();
-
     // Start-up, the end, and the commands of the menus.
     void Form_Load();
     void Form_Unload();
+    void Form_SessionIsEnding();
+    void Form_SessionGoesOn();
     void mnuNewINI_Click();
     void mnuOpenINI_Click();
     void mnuSaveINI_Click();
@@ -152,7 +153,7 @@ class frmMain final : public Form, private RunWindow {
     void endNow();
     void beginFileCommand();
     void offerToSave();
-    void storeNow(std::string_view sINIFile);
+    void storeNow(std::string_view sINIFile, std::string_view procedure);
     void nameINIFile();
 
     // The run and the batch file.
@@ -232,15 +233,14 @@ class frmMain final : public Form, private RunWindow {
     void Form_Resize();
     void layOut(Size content);
     void layOutCNS();
-    void layOutMP();
-    void layOutInput(int bottom);
+    void layOutMP(int rightEdge);
+    void layOutInput(int rightEdge, int bottom);
     void layOutStatus(Size content);
 
     void connectCommands();
     void connectFields();
     void connectSelection();
     void connectGotFocus();
-    void connect(std::function<void()>& event, std::string_view procedure, Procedure body);
     void sayNames();
     void sayHeirs();
     void commonSteps();
@@ -255,9 +255,10 @@ class frmMain final : public Form, private RunWindow {
     OutputGridEditor mpOutputs_;
     BatchExport batchExport_;
     std::optional<InteractiveRun> run_; // while one goes on
-    bool bInputChanged_ = false; // the folder has been edited since it was listed
-    bool bInExtChanged_ = false; // so have the extensions
-    bool bFieldEdited_ = false;  // a field is being edited, and has not been left yet
+    bool bInputChanged_ = false;      // the folder has been edited since it was listed
+    bool bInExtChanged_ = false;      // so have the extensions
+    bool bFieldEdited_ = false;       // a field is being edited, and has not been left yet
+    bool bAskedAtSessionEnd_ = false; // whether to save; the user is not asked once more
     bool ended_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
+#include "common/trap.hpp"
 #include "definition/stored_settings.hpp"
 #include "ui/dialogs/choose_file.hpp"
 #include "ui/main/frm_main.hpp"
@@ -11,6 +12,10 @@ namespace {
 
 constexpr std::string_view iniFiles = "INI File (*.ini)|*.ini|All Files (*.*)|*.*";
 constexpr std::string_view helpFile = "Tarnwick.chm";
+
+constexpr std::string_view newProcedure = "Private Sub mnuNewINI_Click()";
+constexpr std::string_view saveProcedure = "Private Sub mnuSaveINI_Click()";
+constexpr std::string_view saveAsProcedure = "Private Sub mnuSaveAsINI_Click()";
 
 FileDialog iniDialog(FileDialog::Kind kind, std::string_view title) {
     return {.kind = kind,
@@ -55,9 +60,11 @@ void frmMain::offerToSave() {
     }
 }
 
-void frmMain::storeNow(std::string_view sINIFile) {
+// A store that cannot be written must not keep the work from its file.
+void frmMain::storeNow(std::string_view sINIFile, std::string_view procedure) {
     definition_.sINIFile = sINIFile;
-    store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
+    trap(services_.desktop, name(), procedure,
+         [this] { store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile); });
 }
 
 void frmMain::nameINIFile() {
@@ -80,7 +87,7 @@ void frmMain::mnuNewINI_Click() {
         // that it was.
         relist();
     }
-    storeNow(*chosen);
+    storeNow(*chosen, newProcedure);
     MyDefaultSettings();
     SaveINIFile();
     nameINIFile();
@@ -105,7 +112,7 @@ void frmMain::mnuOpenINI_Click() {
 
 void frmMain::mnuSaveINI_Click() {
     commonSteps();
-    storeNow(std::string(definition_.sINIFile));
+    storeNow(std::string(definition_.sINIFile), saveProcedure);
     SaveINIFile();
     nameINIFile();
 }
@@ -118,7 +125,7 @@ void frmMain::mnuSaveAsINI_Click() {
     if (!chosen || chosen->empty()) {
         return;
     }
-    storeNow(*chosen);
+    storeNow(*chosen, saveAsProcedure);
     SaveINIFile();
     nameINIFile();
 }

@@ -1,7 +1,9 @@
 // Which procedure of the main window answers which event, and what a screen reader says.
 
 #include "common/trap.hpp"
+#include "ui/forms/connect.hpp"
 #include "ui/main/frm_main.hpp"
+#include "ui/main/output_rows.hpp"
 
 #include <array>
 #include <cstddef>
@@ -9,16 +11,15 @@
 
 namespace tarnwick {
 
-// Every procedure traps its own errors, and reports them under its declaration line.
-void frmMain::connect(std::function<void()>& event, std::string_view procedure, Procedure body) {
-    event = [this, procedure, body] {
-        trap(services_.desktop, name(), procedure, [&] { (this->*body)(); });
-    };
-}
-
 void frmMain::connectCommands() {
+    const Connector connect(services_.desktop, *this);
     connect(Load, "Private Sub Form_Load()", &frmMain::Form_Load);
     connect(Unload, "Private Sub Form_Unload(Cancel As Integer)", &frmMain::Form_Unload);
+    // Both are parts of it: what they ask, it asks no more.
+    connect(SessionIsEnding, "Private Sub Form_Unload(Cancel As Integer)",
+            &frmMain::Form_SessionIsEnding);
+    connect(SessionGoesOn, "Private Sub Form_Unload(Cancel As Integer)",
+            &frmMain::Form_SessionGoesOn);
     connect(Resize, "Private Sub Form_Resize()", &frmMain::Form_Resize);
     connect(mnuNewINI.Click, "Private Sub mnuNewINI_Click()", &frmMain::mnuNewINI_Click);
     connect(mnuOpenINI.Click, "Private Sub mnuOpenINI_Click()", &frmMain::mnuOpenINI_Click);
@@ -40,6 +41,7 @@ void frmMain::connectCommands() {
 }
 
 void frmMain::connectFields() {
+    const Connector connect(services_.desktop, *this);
     connect(chkCNS.Click, "Private Sub chkCNS_Click()", &frmMain::chkCNS_Click);
     connect(chkMP.Click, "Private Sub chkMP_Click()", &frmMain::chkMP_Click);
     connect(chkAliases.Click, "Private Sub chkAliases_Click()", &frmMain::chkAliases_Click);
@@ -59,13 +61,11 @@ void frmMain::connectFields() {
             &frmMain::txtAliases_LostFocus);
     connect(txtCFG.LostFocus, "Private Sub txtCFG_LostFocus()", &frmMain::txtCFG_LostFocus);
     connect(txtCNSExt.Change, "Private Sub txtCNSExt_Change()", &frmMain::txtCNSExt_Change);
-    txtCNSExt.KeyUp = [this](int keyCode) {
-        trap(services_.desktop, name(), "Private Sub txtCNSExt_KeyUp",
-             [&] { txtCNSExt_KeyUp(keyCode); });
-    };
+    connect(txtCNSExt.KeyUp, "Private Sub txtCNSExt_KeyUp", &frmMain::txtCNSExt_KeyUp);
 }
 
 void frmMain::connectSelection() {
+    const Connector connect(services_.desktop, *this);
     connect(txtInput.Change, "Private Sub txtInput_Change()", &frmMain::txtInput_Change);
     connect(txtInExt.Change, "Private Sub txtInExt_Change()", &frmMain::txtInExt_Change);
     connect(txtInput.LostFocus, "Private Sub txtInput_LostFocus()", &frmMain::txtInput_LostFocus);
@@ -85,6 +85,7 @@ void frmMain::connectSelection() {
 }
 
 void frmMain::connectGotFocus() {
+    const Connector connect(services_.desktop, *this);
     for (Control* const control : std::initializer_list<Control*>{
              &cboLanguage,     &chkCNS,     &txtCNS,           &cmdCNS, &txtCNSExt,
              &chkAliases,      &txtAliases, &cmdAliases,       &chkMP,  &chkfixdoc,
@@ -111,10 +112,14 @@ void frmMain::sayNames() {
     txtAliases.setAccessibleName("Aliases file");
     cmdAliases.setAccessibleName("Browse for the aliases file");
     grdCNS.setAccessibleName("CNS output definition");
+    grdCNS.setTitleColumn(fileTypeColumn);
     grdFiles.setAccessibleName("MP output definition");
+    grdFiles.setTitleColumn(fileTypeColumn);
     txtCFG.setAccessibleName("Configuration file");
     cmdCFG.setAccessibleName("Browse for the configuration file");
     cmdInput.setAccessibleName("Browse for the input folder");
+    lstAvailable.setAccessibleName("Available files");
+    lstSelected.setAccessibleName("Selected files");
     constexpr std::array<std::string_view, 4> moves{"Select the marked files", "Select all files",
                                                     "Take the marked files back",
                                                     "Take all files back"};

@@ -1,5 +1,6 @@
 // Where everything stands, in twips. The columns of controls line up across the groups; what is
-// left over in height goes to the two lists.
+// left over in height goes to the two lists, and in width to the right column: the window's size is
+// fixed, but not how much of it the system's frame takes.
 
 #include "ui/forms/form.hpp"
 #include "ui/main/frm_main.hpp"
@@ -25,7 +26,6 @@ constexpr int buttonHeight = 375;
 constexpr int leftColumn = margin;
 constexpr int leftWidth = 6000;
 constexpr int rightColumn = leftColumn + leftWidth + margin;
-constexpr int rightWidth = 6255;
 
 constexpr int topOfGroups = 120;
 constexpr int languageHeight = 690;
@@ -104,8 +104,8 @@ void frmMain::layOut(Size content) {
                            .width = 2400,
                            .height = fieldHeight});
     layOutCNS();
-    layOutMP();
-    layOutInput(content.height - statusHeight - margin);
+    layOutMP(content.width - margin);
+    layOutInput(content.width - margin, content.height - statusHeight - margin);
     layOutStatus(content);
     setColumns(grdCNS);
     setColumns(grdFiles);
@@ -136,11 +136,12 @@ void frmMain::layOutCNS() {
     lblCNSFiles.setBounds(labelAbove(grdCNS.bounds()));
 }
 
-void frmMain::layOutMP() {
+void frmMain::layOutMP(int rightEdge) {
     const int left = rightColumn + inset;
-    const int width = rightWidth - 2 * inset;
+    const int groupWidth = rightEdge - rightColumn;
+    const int width = groupWidth - 2 * inset;
     fraMP.setBounds(
-        {.left = rightColumn, .top = topOfGroups, .width = rightWidth, .height = groupsHeight});
+        {.left = rightColumn, .top = topOfGroups, .width = groupWidth, .height = groupsHeight});
     chkMP.setBounds({.left = rightColumn + onLineLeft,
                      .top = topOfGroups,
                      .width = 645,
@@ -157,7 +158,7 @@ void frmMain::layOutMP() {
     lblMPFiles.setBounds(labelAbove(grdFiles.bounds()));
 }
 
-void frmMain::layOutInput(int bottom) {
+void frmMain::layOutInput(int rightEdge, int bottom) {
     const int left = leftColumn + inset;
     constexpr int fieldLeft = leftColumn + inset + 2100;
     const int browseLeft = leftColumn + inputWidth - inset - browseWidth;
@@ -209,7 +210,7 @@ void frmMain::layOutInput(int bottom) {
     for (Button* const button : {&cmdCreateBatFile, &cmdOK, &cmdCancel}) {
         button->setBounds({.left = buttonsLeft,
                            .top = top,
-                           .width = rightColumn + rightWidth - buttonsLeft,
+                           .width = rightEdge - buttonsLeft,
                            .height = buttonHeight});
         top += buttonHeight + gap;
     }

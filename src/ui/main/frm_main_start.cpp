@@ -60,13 +60,27 @@ void frmMain::Form_Unload() {
         store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
         store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
     });
-    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-        commonSteps(); // an edit that is going on counts
-        offerToSave();
-    });
+    if (!bAskedAtSessionEnd_) {
+        trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
+            commonSteps(); // an edit that is going on counts
+            offerToSave();
+        });
+    }
     if (run_) { // whatever has failed: nobody could cancel it any more
         run_->close();
     }
+}
+
+// The system waits for an answer only now: when the session has ended, it may end the program
+// before anybody has read a question.
+void frmMain::Form_SessionIsEnding() {
+    commonSteps();
+    offerToSave();
+    bAskedAtSessionEnd_ = true;
+}
+
+void frmMain::Form_SessionGoesOn() {
+    bAskedAtSessionEnd_ = false;
 }
 
 } // namespace tarnwick

@@ -53,6 +53,7 @@ void OutputGridEditor::connectEvents() {
     parts_.txtEdit.KeyDown =
         trapped(procedures_.editorKeyDown, [this](int keyCode) { editorKeyDown(keyCode); });
     parts_.cmdEdit.Click = trapped(procedures_.folderClick, [this] { folderClick(); });
+    parts_.cmdEdit.Escape = trapped(procedures_.editorKeyDown, [this] { discard(); });
 }
 
 void OutputGridEditor::Click() {
@@ -78,7 +79,7 @@ void OutputGridEditor::toggleBuild() {
 
 void OutputGridEditor::MouseDown(int x, int y) {
     Grid& grid = parts_.grid;
-    const int first = grid.columnWidth(buildColumn);
+    const int first = Grid::borderWidth + grid.columnWidth(buildColumn);
     const int second = first + grid.columnWidth(fileTypeColumn);
     if (grid.columnIsVisible(buildColumn) && x < first) {
         grid.setColumn(buildColumn);
@@ -89,7 +90,7 @@ void OutputGridEditor::MouseDown(int x, int y) {
         bNoToggle_ = true;
     }
     // Below the last row there is nothing to turn over or to edit either.
-    bHeaderClick_ = y < grid.rowHeight() || !grid.cellAt(x, y);
+    bHeaderClick_ = y < Grid::borderWidth + grid.rowHeight() || !grid.cellAt(x, y);
 }
 
 void OutputGridEditor::KeyPress(int character) {

@@ -16,7 +16,7 @@ namespace tarnwick {
 // it that opens the folder picker. It connects itself to the events of its parts.
 class OutputGridEditor {
   public:
-    // They must outlive it. The two editors come after the grid in the order of the focus.
+    // They must outlive it. The two editors come right before the grid in the order of the focus.
     struct Parts {
         Grid& grid;
         TextBox& txtEdit;

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -49,12 +48,12 @@ void takeOutputs(const Grid& grid, std::span<OutputDefinition> outputs) {
 }
 
 bool isToBuild(const Grid& grid, int row) {
-    return isBuildGlyph(grid.text(row, buildColumn));
+    return grid.text(row, buildColumn) == tickedGlyph;
 }
 
 void setToBuild(Grid& grid, int row, bool build) {
     grid.setCell(row, buildColumn,
-                 {.text = std::string(build ? buildGlyph : noBuildGlyph),
+                 {.text = build ? tickedGlyph : emptyGlyph,
                   .fontName = symbolFont,
                   .alignment = Alignment::Centre,
                   .fore = build ? Colour(red) : Colour(SystemColour::ButtonText)});

@@ -1,6 +1,7 @@
 #include "ui/win32/dialog_view.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/win32/asking_window.hpp"
 #include "ui/forms/measures.hpp"
 
 #include <cstdint>
@@ -9,7 +10,7 @@ namespace tarnwick {
 
 void DialogView::runModal() {
     const INT_PTR result = DialogBoxParamA(GetModuleHandleA(nullptr), form().name().c_str(),
-                                           GetActiveWindow(), &DialogView::procedure,
+                                           askingWindow(), &DialogView::procedure,
                                            reinterpret_cast<LPARAM>(static_cast<FormView*>(this)));
     const DWORD code = GetLastError();
     release();

@@ -1,6 +1,8 @@
 #include "ui/win32/form_view.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "ui/forms/access_keys.hpp"
+#include "ui/forms/captioned.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/resource_names.hpp"
 #include "ui/win32/view_messages.hpp"
@@ -38,6 +40,11 @@ LPCSTR cursorOf(MousePointer pointer) noexcept {
     default:
         return IDC_ARROW;
     }
+}
+
+// Not SetFocus: the dialog must know, for the default button's sake.
+void goTo(HWND dialog, HWND control) noexcept {
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 } // namespace
@@ -91,10 +98,12 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
         form_.userClosed();
         return true;
+    case WM_QUERYENDSESSION:
+        form_.sessionIsEnding();
+        answer(TRUE); // nobody is held up
+        return true;
     case WM_ENDSESSION:
-        if (wParam != FALSE) {
-            form_.userClosed();
-        }
+        form_.sessionEnded(wParam != FALSE);
         return true;
     case WM_SIZE:
         resized(wParam);
@@ -129,6 +138,10 @@ bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     if (message == ViewMessage::focusMoved) {
         lookWhereTheFocusIs();
+        return true;
+    }
+    if (message == ViewMessage::accessKey) {
+        answer(pressedAccessKey(static_cast<char>(wParam)) ? TRUE : FALSE);
         return true;
     }
     if (message < ViewMessage::focusMoved || message > ViewMessage::resolutionChanged) {
@@ -191,15 +204,40 @@ void FormView::bindControls() {
 }
 
 void FormView::showFocus() noexcept {
-    const auto window = std::ranges::find_if(
-        windows_, [this](const auto& each) { return &each->control() == form_.focused(); });
-    if (window != windows_.end()) {
-        SendMessageA(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>((*window)->window()), TRUE);
+    if (HWND window = windowOf(form_.focused()); window != nullptr) {
+        goTo(dialog_, window);
     }
 }
 
+// Whether the key leads anywhere.
+bool FormView::pressedAccessKey(char key) const noexcept {
+    if (opensMenu(form_, key)) {
+        PostMessageA(dialog_, WM_SYSCOMMAND, SC_KEYMENU, static_cast<unsigned char>(key));
+        return true;
+    }
+    const AccessKeyTarget target = accessKeyTarget(form_, key);
+    HWND window = windowOf(target.control);
+    if (window == nullptr) {
+        return false;
+    }
+    goTo(dialog_, window);
+    if (target.isOnly && dynamic_cast<const Clickable*>(target.control) != nullptr) {
+        SendMessageA(window, BM_CLICK, 0, 0);
+    }
+    return true;
+}
+
+HWND FormView::windowOf(const Control* control) const noexcept {
+    const auto found = std::ranges::find_if(
+        windows_, [control](const auto& each) { return &each->control() == control; });
+    return found == windows_.end() ? nullptr : (*found)->window();
+}
+
 void FormView::command(WORD id, WORD code, HWND window) {
-    if (ControlWindow* const bound = find(window); bound != nullptr) {
+    const bool escape = id == IDCANCEL && code == BN_CLICKED && GetFocus() != window;
+    if (escape) { // also where the system takes it for a click on Cancel
+        form_.userPressedEscape();
+    } else if (ControlWindow* const bound = find(window); bound != nullptr) {
         if (bound->isFocusNotice(code) && !std::exchange(focusMoved_, true)) {
             // The focus is still on its way, and no message may be shown before it has arrived.
             PostMessageA(dialog_, ViewMessage::focusMoved, 0, 0);
@@ -207,8 +245,6 @@ void FormView::command(WORD id, WORD code, HWND window) {
         bound->notified(code);
     } else if (id == IDOK) {
         form_.userPressedEnter();
-    } else if (id == IDCANCEL) {
-        form_.userPressedEscape();
     } else if (window == nullptr) {
         (void)menuBar_.choose(id);
     }

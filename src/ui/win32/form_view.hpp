@@ -16,7 +16,8 @@ namespace tarnwick {
 // Shows a form in a window made from a dialog resource. The resource bears the form's name, and the
 // text of each control in it is the name of the control that it shows; captions come from the form.
 // Every control has a number of its own.
-// Order of tabs, access keys, default button and Escape are the system's. A control that lies over
+// Order of tabs, default button and Escape are the system's; so are the access keys, but for those
+// of a main window (see access_keys.hpp). A control that lies over
 // another one comes before it in the resource.
 class FormView : public View {
   public:
@@ -60,6 +61,8 @@ class FormView : public View {
 
     void bindControls();
     void command(WORD id, WORD code, HWND window);
+    [[nodiscard]] bool pressedAccessKey(char key) const noexcept;
+    [[nodiscard]] HWND windowOf(const Control* control) const noexcept;
     void lookWhereTheFocusIs();
     void resized(WPARAM kind);
     void moved();

@@ -249,7 +249,7 @@ void GridWindow::userInput(const MSG& message) {
         scrolled(LOWORD(message.wParam));
         break;
     case WM_MOUSEWHEEL:
-        grid_.userScrolled(grid_.topRow() - GET_WHEEL_DELTA_WPARAM(message.wParam) / WHEEL_DELTA);
+        grid_.userTurnedWheel(GET_WHEEL_DELTA_WPARAM(message.wParam));
         break;
     default:
         break;

@@ -41,6 +41,11 @@ void ListBoxWindow::changed(Property property) {
         SendMessageA(window(), LB_SETHORIZONTALEXTENT,
                      static_cast<WPARAM>(listBox_.horizontalExtent()), 0);
         break;
+    case Property::AccessibleName:
+        // Its own text, which nobody sees, is what some systems tell instead.
+        SetWindowTextA(window(), listBox_.accessibleName().c_str());
+        ControlWindow::changed(property);
+        break;
     default:
         ControlWindow::changed(property);
         break;

@@ -8,7 +8,7 @@
 namespace tarnwick {
 
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
-    : ControlWindow(textBox, window), textBox_(textBox), keys_(window) {
+    : ControlWindow(textBox, window), textBox_(textBox), keys_(window), field_(window) {
     SendMessageA(window, EM_SETLIMITTEXT, 0, 0); // no limit
     dropMargins();
 }
@@ -45,6 +45,7 @@ void TextBoxWindow::resolutionChanged() {
     ControlWindow::resolutionChanged();
     showFont();
     dropMargins();
+    field_.measureAgain();
 }
 
 // A field without a border lies over something whose text its own stands in for: whoever places it

@@ -4,6 +4,7 @@
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/key_listener.hpp"
+#include "ui/win32/one_line_field.hpp"
 
 #include <windows.h>
 
@@ -35,6 +36,7 @@ class TextBoxWindow final : public ControlWindow {
 
     TextBox& textBox_;
     KeyListener keys_;
+    OneLineField field_;
     GdiHandle<HFONT> font_;
     bool showingText_ = false; // what the window reports now is our own doing
 };

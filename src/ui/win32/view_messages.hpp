@@ -16,6 +16,8 @@ enum ViewMessage : UINT {
     wantsKey,
     // The user did something in a window of our own class: wParam points to its MSG.
     userInput,
+    // Alt and a character (wParam) were pressed; answered in DWLP_MSGRESULT whether that is all.
+    accessKey,
     // The window is on a screen of another resolution now, and the system has laid it out.
     resolutionChanged,
 };

@@ -7,7 +7,7 @@ namespace tarnwick {
 // Shows forms as dialogs, made from this program's own resources (see dialog_view.hpp).
 class Win32FormPresenter final : public FormPresenter {
   public:
-    // The owner is the active window of this program, if there is one.
+    // The owner is the window that asks, if there is one.
     // Raises 51 where the dialog resource is missing or does not fit the form.
     void showModal(Form& form) override;
 };

@@ -3,6 +3,7 @@
 #include "platform/run_time_error.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/form_view.hpp"
+#include "ui/win32/view_messages.hpp"
 
 #include <cstdint>
 
@@ -102,7 +103,16 @@ void Win32MainWindow::run(Form& form) {
 }
 
 bool Win32MainWindow::handles(MSG& message) {
-    return window_ != nullptr && IsDialogMessageA(window_, &message) != FALSE;
+    if (window_ == nullptr) {
+        return false;
+    }
+    // Before the system looks for a control: it knows nothing of a menu that bears the same key.
+    const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE;
+    if (ours && message.message == WM_SYSCHAR &&
+        SendMessageA(window_, ViewMessage::accessKey, message.wParam, 0) != FALSE) {
+        return true;
+    }
+    return IsDialogMessageA(window_, &message) != FALSE;
 }
 
 } // namespace tarnwick

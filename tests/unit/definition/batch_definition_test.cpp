@@ -67,13 +67,5 @@ TEST(BatchDefinition, Defaults_leave_tools_ini_file_input_and_process_boxes_as_t
     EXPECT_EQ(definition.sLanguage, "English");
 }
 
-TEST(BatchDefinition, Only_the_ticked_box_in_a_build_cell_means_build) {
-    EXPECT_TRUE(isBuildGlyph("\xFE"));
-    EXPECT_FALSE(isBuildGlyph("\xA8"));
-    EXPECT_FALSE(isBuildGlyph(""));
-    EXPECT_FALSE(isBuildGlyph("1"));
-    EXPECT_FALSE(isBuildGlyph("\xFE "));
-}
-
 } // namespace
 } // namespace tarnwick

@@ -118,10 +118,10 @@ TEST_F(OpenFolderPath, A_wrong_path_says_nothing_on_the_way_to_another_program) 
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
-TEST_F(OpenFolderPath, OK_gives_the_path_as_it_stands_in_the_field) {
+TEST_F(OpenFolderPath, OK_gives_the_folder_in_full) {
     type(R"(D:\Maps\)");
     form.userPressedEnter();
-    EXPECT_EQ(form.result(), R"(D:\Maps\)");
+    EXPECT_EQ(form.result(), R"(D:\Maps)");
     EXPECT_FALSE(form.visible());
     EXPECT_TRUE(form.loaded()) << "the caller unloads it";
     EXPECT_THAT(desktop.messages, IsEmpty());
@@ -131,6 +131,17 @@ TEST_F(OpenFolderPath, Clicking_OK_leaves_the_field_first) {
     type(R"(b)");
     form.userClicked(form.cmdOK);
     EXPECT_EQ(form.result(), R"(C:\Work\b)");
+}
+
+TEST_F(OpenFolderPath, Enter_on_a_path_that_counts_from_the_current_folder_gives_it_in_full) {
+    for (const auto& [typed, folder] : std::vector<std::pair<const char*, const char*>>{
+             {"b", R"(C:\Work\b)"}, {"..", R"(C:\)"}, {R"(\other)", R"(C:\other)"}}) {
+        form.show();
+        type(typed);
+        form.userPressedEnter();
+        EXPECT_EQ(form.result(), folder);
+        EXPECT_FALSE(form.visible());
+    }
 }
 
 TEST_F(OpenFolderPath, OK_refuses_a_path_that_does_not_exist_with_one_message) {
@@ -164,6 +175,18 @@ TEST_F(OpenFolderPath, An_error_in_OK_is_reported_and_the_picker_stays) {
     EXPECT_THAT(desktop.messages, ElementsAre(invalidFolder(), report("Private Sub cmdOK_Click()",
                                                                       ErrorNumber::OutOfMemory)));
     EXPECT_TRUE(form.visible());
+    EXPECT_EQ(form.result(), "");
+}
+
+TEST_F(OpenFolderPath, An_error_in_Cancel_is_reported) {
+    struct NoScreen : View {
+        void changed(Property /*property*/) override { throw RunTimeError(ErrorNumber::DeviceIO); }
+    } none;
+    form.attach(none);
+    form.userClicked(form.cmdCancel);
+    form.detach();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(report("Private Sub cmdCancel_Click()", ErrorNumber::DeviceIO)));
     EXPECT_EQ(form.result(), "");
 }
 

@@ -158,6 +158,23 @@ TEST_F(FormLife, One_button_can_answer_both_Enter_and_Escape) {
     EXPECT_EQ(clicks, 2);
 }
 
+TEST_F(FormLife, The_end_of_the_session_asks_first_and_unloads_when_it_is_sure) {
+    form.SessionIsEnding = [this] { events.emplace_back("SessionIsEnding"); };
+    form.SessionGoesOn = [this] { events.emplace_back("SessionGoesOn"); };
+    form.sessionIsEnding(); // nobody sees it
+    form.sessionEnded(false);
+    form.show();
+    events.clear();
+    form.sessionIsEnding();
+    form.sessionEnded(false);
+    EXPECT_TRUE(form.visible());
+    form.sessionIsEnding();
+    form.sessionEnded(true);
+    EXPECT_FALSE(form.visible());
+    EXPECT_THAT(events,
+                ElementsAre("SessionIsEnding", "SessionGoesOn", "SessionIsEnding", "Unload"));
+}
+
 TEST_F(FormLife, A_form_that_is_not_shown_takes_no_notice_of_the_user) {
     form.cmdOK.Click = [this] { events.emplace_back("Click"); };
     form.userPressedEnter();

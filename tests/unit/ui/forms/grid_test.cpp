@@ -295,6 +295,24 @@ TEST_F(Grids, Scrolling_ends_at_the_last_page_and_tells_when_rows_moved) {
     EXPECT_EQ(grd.topRow(), 1);
 }
 
+TEST_F(Grids, The_wheel_scrolls_a_row_for_each_notch_and_adds_up_what_is_less) {
+    grd.setRows(11);
+    grd.userTurnedWheel(-120);
+    EXPECT_EQ(grd.topRow(), 2);
+    grd.userTurnedWheel(-360);
+    EXPECT_EQ(grd.topRow(), 5);
+    for (const int delta : {40, 40, 40}) {
+        grd.userTurnedWheel(delta);
+    }
+    EXPECT_EQ(grd.topRow(), 4);
+    grd.userTurnedWheel(-70);
+    grd.userTurnedWheel(30);
+    grd.userTurnedWheel(-70);
+    EXPECT_EQ(grd.topRow(), 4);
+    grd.userTurnedWheel(-10);
+    EXPECT_EQ(grd.topRow(), 5);
+}
+
 TEST_F(Grids, A_screen_reader_hears_the_header_and_the_value) {
     grd.setText(0, 0, "Build?");
     grd.setText(0, 3, "Output folder");

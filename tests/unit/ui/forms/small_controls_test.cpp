@@ -185,6 +185,20 @@ TEST_F(SmallControls, A_field_over_a_grid_gets_its_keys_instead_of_the_buttons_a
     EXPECT_THAT(events, ElementsAre("OK"));
 }
 
+TEST_F(SmallControls, A_button_may_have_a_use_for_Escape_of_its_own) {
+    int escapes = 0;
+    form.cmdOK.setFocus();
+    form.cmdOK.Escape = [&escapes] { ++escapes; };
+    form.userPressedEscape();
+    EXPECT_EQ(escapes, 1);
+    EXPECT_THAT(events, IsEmpty());
+    form.userPressedEnter();
+    form.txtFirst.setFocus();
+    form.userPressedEscape();
+    EXPECT_EQ(escapes, 1);
+    EXPECT_THAT(events, ElementsAre("OK", "OK"));
+}
+
 TEST_F(SmallControls, A_control_that_is_hidden_passes_the_focus_to_its_heir) {
     form.txtEdit.passFocusTo(form.cmdOK);
     form.txtEdit.setFocus();

@@ -2,6 +2,7 @@
 // combination of boxes, flags and field states, after every event that can change it.
 #include "unit/ui/main/main_world.hpp"
 
+#include <array>
 #include <map>
 #include <random>
 
@@ -9,6 +10,10 @@ namespace tarnwick {
 namespace {
 
 enum class Config { Missing, Plain, NamesOutputs };
+// What a field that names a folder or a file says.
+enum class Named { There, Missing, Blank };
+// The entries of a list.
+enum class Entries { None, Unmarked, Marked };
 
 struct State {
     bool cns;
@@ -16,10 +21,10 @@ struct State {
     bool aliases;
     bool cfg;
     Config config;
-    bool inputExists;
+    Named input;
+    Named cnsFolder;
+    Named aliasesFile;
     bool anySelected;
-    bool cnsFolderExists;
-    bool aliasesExist;
 };
 
 const char* pathOf(Config config) {
@@ -37,9 +42,17 @@ const char* pathOf(Config config) {
 struct EnablingRules : MainWorld {
     EnablingRules() { form.show(); }
 
-    // Field texts that are neither there nor blank, and blank ones, in turn.
-    std::string missing(const char* text) { return ++turn % 2 == 0 ? text : "  "; }
-    int turn = 0;
+    static std::string text(Named named, const char* there, const char* missing) {
+        switch (named) {
+        case Named::There:
+            return there;
+        case Named::Missing:
+            return missing;
+        case Named::Blank:
+            break;
+        }
+        return "  ";
+    }
 
     void enter(const State& state) {
         BatchDefinition definition = form.definition();
@@ -50,10 +63,9 @@ struct EnablingRules : MainWorld {
         definition.bUseConfigFile = state.cfg ? 1 : 0;
         definition.sConfigFile = pathOf(state.config);
         definition.bCfgNamesOutput = state.cfg && state.config == Config::NamesOutputs;
-        definition.sInputFolder = state.inputExists ? R"(D:\in)" : missing(R"(D:\none)");
-        definition.sCNSOutputFolder = state.cnsFolderExists ? R"(D:\cns)" : missing(R"(D:\none)");
-        definition.sAliasesFile =
-            state.aliasesExist ? R"(D:\aliases.txt)" : missing(R"(D:\no.txt)");
+        definition.sInputFolder = text(state.input, R"(D:\in)", R"(D:\none)");
+        definition.sCNSOutputFolder = text(state.cnsFolder, R"(D:\cns)", R"(D:\none)");
+        definition.sAliasesFile = text(state.aliasesFile, R"(D:\aliases.txt)", R"(D:\no.txt)");
         form.lstSelected.setItems(state.anySelected ? std::vector<std::string>{"a.met"}
                                                     : std::vector<std::string>());
         form.showDefinition(definition);
@@ -115,37 +127,89 @@ struct EnablingRules : MainWorld {
 };
 
 TEST_F(EnablingRules, Hold_in_every_state_and_after_a_click_on_every_box_in_it) {
+    constexpr std::array<Named, 3> named{Named::There, Named::Missing, Named::Blank};
+    constexpr unsigned fields = 27; // three fields of three kinds each
     int states = 0;
-    for (unsigned bits = 0; bits < 256; ++bits) {
-        for (const Config config : {Config::Missing, Config::Plain, Config::NamesOutputs}) {
-            const auto bit = [bits](unsigned place) { return (bits >> place & 1U) != 0; };
-            const State state{.cns = bit(0),
-                              .mp = bit(1),
-                              .aliases = bit(2),
-                              .cfg = bit(3),
-                              .config = config,
-                              .inputExists = bit(4),
-                              .anySelected = bit(5),
-                              .cnsFolderExists = bit(6),
-                              .aliasesExist = bit(7)};
-            for (CheckBox* const box :
-                 {&form.chkCNS, &form.chkMP, &form.chkAliases, &form.chkCFG, &form.chkfixdoc}) {
-                enter(state);
-                form.EnableMove();
-                const std::string name =
-                    "state " + std::to_string(bits) + " config " + pathOf(config);
-                expectRules(name);
-                box->userClicked();
-                expectRules(name + " and a click on " + box->name());
-            }
-            ++states;
-            if (HasFailure()) {
-                return;
+    for (unsigned bits = 0; bits < 32; ++bits) {
+        for (unsigned texts = 0; texts < fields && !HasFailure(); ++texts) {
+            for (const Config config : {Config::Missing, Config::Plain, Config::NamesOutputs}) {
+                const auto bit = [bits](unsigned place) { return (bits >> place & 1U) != 0; };
+                const State state{.cns = bit(0),
+                                  .mp = bit(1),
+                                  .aliases = bit(2),
+                                  .cfg = bit(3),
+                                  .config = config,
+                                  .input = named.at(texts % 3),
+                                  .cnsFolder = named.at(texts / 3 % 3),
+                                  .aliasesFile = named.at(texts / 9),
+                                  .anySelected = bit(4)};
+                for (CheckBox* const box :
+                     {&form.chkCNS, &form.chkMP, &form.chkAliases, &form.chkCFG, &form.chkfixdoc}) {
+                    enter(state);
+                    form.EnableMove();
+                    const std::string name = "state " + std::to_string(bits) + " texts " +
+                                             std::to_string(texts) + " config " + pathOf(config);
+                    expectRules(name);
+                    box->userClicked();
+                    expectRules(name + " and a click on " + box->name());
+                }
+                ++states;
             }
         }
     }
-    EXPECT_EQ(states, 768);
+    EXPECT_EQ(states, 2592);
     EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(EnablingRules, The_move_buttons_follow_what_is_in_the_lists_and_what_is_marked_there) {
+    const auto fill = [](ListBox& list, Entries entries) {
+        list.setItems(entries == Entries::None ? std::vector<std::string>()
+                                               : std::vector<std::string>{"a.met", "b.met"});
+        if (entries == Entries::Marked) {
+            list.setSelected(1, true);
+        }
+    };
+    constexpr std::array<Entries, 3> kinds{Entries::None, Entries::Unmarked, Entries::Marked};
+    for (const Entries available : kinds) {
+        for (const Entries selected : kinds) {
+            fill(form.lstAvailable, available);
+            fill(form.lstSelected, selected);
+            form.EnableMove();
+            std::vector<bool> enabled;
+            for (const Button& button : form.cmdSelectFiles) {
+                enabled.push_back(button.enabled());
+            }
+            EXPECT_THAT(enabled, testing::ElementsAre(
+                                     available == Entries::Marked, available != Entries::None,
+                                     selected == Entries::Marked, selected != Entries::None));
+        }
+    }
+}
+
+// The two groups look at the configuration file in two ways: that of CNS at what was found in it,
+// that of MP also at whether it is used.
+TEST_F(EnablingRules, Outputs_that_an_unused_configuration_file_names_are_taken_from_CNS_alone) {
+    form.userClicked(form.chkCNS);
+    form.txtCNS.setText(R"(D:\cns)");
+    desktop.chosenFiles = {R"(D:\names.cfg)"};
+    form.cmdCFG.Click(); // as if somebody were quicker than the box
+    ASSERT_FALSE(form.chkCFG.ticked());
+    ASSERT_TRUE(form.definition().bCfgNamesOutput);
+    for (const Control* const control :
+         std::initializer_list<Control*>{&form.lblCNS, &form.txtCNS, &form.cmdCNS, &form.lblCNSExt,
+                                         &form.txtCNSExt, &form.lblCNSFiles, &form.grdCNS}) {
+        EXPECT_FALSE(control->enabled()) << control->name();
+    }
+    EXPECT_EQ(form.txtCNS.text(), "");
+    for (const Control* const control :
+         std::initializer_list<Control*>{&form.lblMPFiles, &form.grdFiles, &form.chkfixdoc,
+                                         &form.cmdOutputFolder, &form.chkAliases}) {
+        EXPECT_TRUE(control->enabled()) << control->name();
+    }
+    // No folder of CNS is needed then.
+    listRecords();
+    form.userClicked(form.cmdSelectFiles[1]);
+    EXPECT_TRUE(form.cmdOK.enabled());
 }
 
 // The same walk for the same number.

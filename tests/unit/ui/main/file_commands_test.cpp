@@ -99,6 +99,30 @@ TEST_F(FileCommands, Save_writes_the_present_file_without_a_dialog) {
     EXPECT_FALSE(changed());
 }
 
+TEST_F(FileCommands, A_settings_store_that_cannot_be_written_does_not_keep_the_work_from_its_file) {
+    const std::vector<std::pair<MenuItem*, std::string>> commands{
+        {&form.mnuSaveINI, "Private Sub mnuSaveINI_Click()"},
+        {&form.mnuSaveAsINI, "Private Sub mnuSaveAsINI_Click()"},
+        {&form.mnuNewINI, "Private Sub mnuNewINI_Click()"}};
+    settings.unwritable = true;
+    for (const auto& [command, procedure] : commands) {
+        const bool present = command == &form.mnuSaveINI;
+        const std::string file = present ? defaultIni : R"(D:\other.ini)";
+        world.write(file, "");
+        type(form.txtInput, R"(D:\in)");
+        leave();
+        desktop.messages.clear();
+        desktop.answers = {MessageAnswer::No};
+        desktop.chosenFiles = {file};
+        command->userClicked();
+        EXPECT_EQ(desktop.messages.back(),
+                  report(procedure, 75, describe(ErrorNumber::PathFileAccess)));
+        EXPECT_THAT(world.read(file), HasSubstr("Input Folder=D:\\in\r\n")) << procedure;
+        EXPECT_EQ(form.caption(), "Tarnwick - " + GetFileName(file));
+        EXPECT_FALSE(changed());
+    }
+}
+
 TEST_F(FileCommands, Save_holds_a_cell_that_is_being_edited_and_a_field_that_was_not_left) {
     type(form.txtInExt, "*.met");
     form.mnuSaveINI.userClicked();

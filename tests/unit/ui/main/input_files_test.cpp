@@ -118,6 +118,22 @@ TEST_F(InputFiles, Browsing_starts_at_the_field_and_lists_what_was_picked) {
                 ElementsAre(Pick{"Open Folder", R"(D:\in)"}, Pick{"Open Folder", R"(D:\empty)"}));
 }
 
+TEST_F(InputFiles, Without_CNS_a_missing_aliases_file_or_CNS_folder_does_not_block_execution) {
+    listRecords();
+    move(2);
+    form.userClicked(form.chkCNS);
+    EXPECT_FALSE(form.cmdOK.enabled()); // its folder is wanted
+    type(form.txtCNS, R"(D:\cns)");
+    form.userClicked(form.chkAliases);
+    EXPECT_FALSE(form.cmdOK.enabled()); // and the aliases file
+    form.txtCNS.setText(R"(D:\nowhere)");
+    form.txtAliases.setText(R"(D:\no.txt)");
+    form.userClicked(form.chkCNS);
+    EXPECT_TRUE(form.cmdOK.enabled());
+    EXPECT_TRUE(form.cmdCreateBatFile.enabled());
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
 TEST_F(InputFiles, The_marked_entries_move_and_stay_sorted) {
     listRecords();
     select(form.lstAvailable, {0, 2});

@@ -77,12 +77,14 @@ TEST_F(Layout, The_columns_of_the_grids_have_their_widths) {
 }
 
 TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
-    // The whole height, and what is left of it below a menu bar.
-    for (const int menuBar : {0, 285, 315}) {
-        form.measuredFrame({.width = 120, .height = 405 + menuBar});
+    // The whole height, and what is left of it below a menu bar; narrow frames and wide ones.
+    for (const Size taken : {Size{120, 405}, Size{90, 690}, Size{240, 720}}) {
+        form.measuredFrame(taken);
         form.Resize();
-        const Bounds room{
-            .left = 0, .top = 0, .width = 12615, .height = form.StatusBar1.bounds().top};
+        const Bounds room{.left = 0,
+                          .top = 0,
+                          .width = 12735 - taken.width,
+                          .height = form.StatusBar1.bounds().top};
         const std::set<const Control*> frames{&form.fraLanguage, &form.fraCNS, &form.fraMP,
                                               &form.fraInput};
         const std::set<const Control*> elsewhere{
@@ -114,9 +116,26 @@ TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
     }
 }
 
+TEST_F(Layout, The_right_margin_is_as_wide_as_the_left_one_whatever_the_frame_takes) {
+    for (const int frame : {90, 120, 240}) {
+        form.measuredFrame({.width = frame, .height = 405});
+        form.Resize();
+        const int right = form.content().width - form.fraCNS.bounds().left;
+        EXPECT_EQ(form.content().width, 12735 - frame);
+        for (const Control* const control : std::initializer_list<Control*>{
+                 &form.fraMP, &form.cmdCreateBatFile, &form.cmdOK, &form.cmdCancel}) {
+            EXPECT_EQ(control->bounds().left + control->bounds().width, right) << control->name();
+        }
+        EXPECT_EQ(form.grdFiles.columnWidth(3),
+                  form.grdFiles.bounds().width - 550 - 800 - 820 - 135);
+    }
+}
+
 TEST_F(Layout, Captions_have_room_at_the_usual_width_of_letters) {
     constexpr int perLetter = 84; // twips, of the dialog font on average
     constexpr int boxAndGap = 270;
+    form.measuredFrame({.width = 240, .height = 720}); // the least room
+    form.Resize();
     for (const Control* const control : form.controls()) {
         const auto* const captioned = dynamic_cast<const Captioned*>(control);
         if (captioned == nullptr || dynamic_cast<const Frame*>(control) != nullptr ||
@@ -139,9 +158,9 @@ TEST_F(Layout, The_focus_goes_through_the_window_as_the_eye_does) {
     }
     EXPECT_THAT(names,
                 ElementsAre("cboLanguage", "chkCNS", "txtCNS", "cmdCNS", "txtCNSExt", "chkAliases",
-                            "txtAliases", "cmdAliases", "grdCNS", "txtEditCNS", "cmdEditCNS",
-                            "chkMP", "chkfixdoc", "cmdOutputFolder", "grdFiles", "txtEdit",
-                            "cmdEdit", "chkCFG", "txtCFG", "cmdCFG", "txtInput", "cmdInput",
+                            "txtAliases", "cmdAliases", "txtEditCNS", "cmdEditCNS", "grdCNS",
+                            "chkMP", "chkfixdoc", "cmdOutputFolder", "txtEdit", "cmdEdit",
+                            "grdFiles", "chkCFG", "txtCFG", "cmdCFG", "txtInput", "cmdInput",
                             "txtInExt", "lstAvailable", "cmdSelectFiles1", "cmdSelectFiles2",
                             "cmdSelectFiles3", "cmdSelectFiles4", "lstSelected", "cmdCreateBatFile",
                             "cmdOK", "cmdCancel"));

@@ -88,6 +88,23 @@ TEST_P(OutputGrids, Two_clicks_on_a_box_bring_the_row_back_to_its_first_look) {
     }
 }
 
+TEST_P(OutputGrids, A_press_belongs_to_the_column_that_it_is_seen_in_to_the_last_twip) {
+    const int y = grid.cellBounds(1, buildColumn).top + 100;
+    const int edge = grid.cellBounds(1, fileTypeColumn).left;
+    grid.userClicked(edge - 1, y);
+    expectLook(1, false);
+    EXPECT_EQ(grid.column(), buildColumn);
+    grid.userClicked(edge, y);
+    expectLook(1, false);
+    EXPECT_EQ(grid.column(), fileTypeColumn);
+    grid.userClicked(grid.cellBounds(1, extensionColumn).left - 1, y);
+    EXPECT_EQ(grid.column(), fileTypeColumn);
+    grid.userClicked(100, grid.cellBounds(1, buildColumn).top - 1); // the header's last line
+    expectLook(1, false);
+    grid.userClicked(100, grid.cellBounds(1, buildColumn).top);
+    expectLook(1, true);
+}
+
 TEST_P(OutputGrids, Only_a_press_on_a_box_turns_it_over) {
     click(grid, 1, fileTypeColumn);
     click(grid, 1, extensionColumn);
@@ -190,7 +207,6 @@ TEST_P(OutputGrids, Escape_discards_the_edit_and_does_not_close_the_window) {
         EXPECT_EQ(grid.text(1, column), before);
         expectNotEditing();
         EXPECT_EQ(form.focused(), &grid);
-        form.userPressedEscape(); // once more, to be sure
         EXPECT_TRUE(form.visible());
         EXPECT_FALSE(changed());
     }
@@ -222,6 +238,16 @@ TEST_P(OutputGrids, Enter_in_the_editor_goes_on_cell_by_cell_and_keeps_every_tex
     // On the last row it stays where it is.
     expectEditing(rows, folderColumn);
     EXPECT_TRUE(interpreter.started.empty());
+}
+
+TEST_P(OutputGrids, Enter_in_the_folder_column_of_the_last_row_stays_on_that_row) {
+    click(grid, rows, folderColumn);
+    txtEdit.userTyped("E:\\last");
+    for (int times = 0; times < 2; ++times) {
+        form.userPressedEnter();
+        expectEditing(rows, folderColumn);
+        EXPECT_EQ(grid.text(rows, folderColumn), "E:\\last");
+    }
 }
 
 TEST_P(OutputGrids, Enter_leads_over_rows_that_are_off_without_an_editor) {
@@ -365,10 +391,10 @@ TEST_P(OutputGrids, Wherever_the_focus_goes_the_edit_is_kept) {
 }
 
 TEST_P(OutputGrids, A_box_that_is_neither_glyph_is_off) {
-    grid.setText(1, buildColumn, "");
-    EXPECT_FALSE(outputOf(grid, 1).bBuild);
-    grid.setText(1, buildColumn, "x");
-    EXPECT_FALSE(outputOf(grid, 1).bBuild);
+    for (const char* const text : {"", "x", "1", "\xFE "}) {
+        grid.setText(1, buildColumn, text);
+        EXPECT_FALSE(outputOf(grid, 1).bBuild) << text;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, OutputGrids,

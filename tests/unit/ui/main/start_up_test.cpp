@@ -107,6 +107,41 @@ TEST_F(StartUpWindow, A_tool_beside_the_program_wins_and_is_what_is_stored_at_th
     EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
 }
 
+TEST_F(StartUpWindow, The_locations_in_the_INI_file_win_over_the_stored_ones) {
+    world.files().remove(R"(C:\App\mp.exe)");
+    for (const char* const tool :
+         {R"(D:\stored\mp.exe)", R"(D:\ini\mp.exe)", R"(D:\ini\cns.exe)"}) {
+        world.write(tool, "");
+    }
+    store(settings, StoredSetting::MPExecutable, R"(D:\stored\mp.exe)");
+    world.write(defaultIni, "MP EXECUTABLE=D:\\ini\\mp.exe\r\nCNS EXECUTABLE=D:\\ini\\cns.exe\r\n");
+    form.show();
+    EXPECT_EQ(form.definition().sMPExecutable, R"(D:\ini\mp.exe)");
+    EXPECT_EQ(form.definition().sCNSExecutable, R"(D:\ini\cns.exe)");
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(StartUpWindow, A_stored_location_serves_where_no_tool_is_beside_the_program) {
+    world.files().remove(R"(C:\App\mp.exe)");
+    world.write(R"(D:\stored\mp.exe)", "");
+    store(settings, StoredSetting::MPExecutable, R"(D:\stored\mp.exe)");
+    form.show();
+    EXPECT_EQ(form.definition().sMPExecutable, R"(D:\stored\mp.exe)");
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(StartUpWindow, The_tools_are_looked_for_before_the_window_is_given_its_name) {
+    world.files().remove(R"(C:\App\mp.exe)");
+    inOptions = [this](BatchDefinition& definition) {
+        EXPECT_EQ(form.caption(), "Tarnwick");
+        EXPECT_EQ(form.StatusBar1.panelText(2), "");
+        definition.sMPExecutable = R"(C:\App\cns.exe)"; // any file
+    };
+    form.show();
+    EXPECT_EQ(optionsShown, 1);
+    EXPECT_EQ(form.caption(), "Tarnwick - TARNWICK.ini");
+}
+
 struct MissingTools {
     bool mp;
     bool cns;
@@ -179,7 +214,13 @@ TEST_F(StartUpWindow, With_MP_there_and_CNS_missing_only_CNS_is_asked_for) {
 }
 
 TEST_F(StartUpWindow, An_empty_or_wrong_TEMP_puts_temporary_files_in_the_programs_folder) {
-    process.variables["TEMP"] = R"(D:\nowhere)";
+    for (const char* const temp : {R"(D:\nowhere)", "", "  "}) {
+        process.variables["TEMP"] = temp;
+        frmMain window(services);
+        window.show();
+        EXPECT_EQ(window.definition().sTempFolder, R"(C:\App\)") << temp;
+    }
+    process.variables.erase("TEMP");
     form.show();
     EXPECT_EQ(form.definition().sTempFolder, R"(C:\App\)");
 }
@@ -223,6 +264,51 @@ TEST_F(StartUpWindow, Closing_with_changes_drops_them_on_No_and_cannot_be_held_u
     EXPECT_FALSE(world.exists(defaultIni));
     EXPECT_FALSE(form.visible());
     EXPECT_TRUE(form.ended());
+}
+
+TEST_F(StartUpWindow, The_settings_are_stored_before_the_question_comes) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::No};
+    desktop.whileShown = [this](const Message&) {
+        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+        EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
+        EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
+    };
+    form.userClosed();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+}
+
+TEST_F(StartUpWindow, The_end_of_the_session_asks_while_there_is_time_and_stores_when_it_is_sure) {
+    for (const MessageAnswer answer : {MessageAnswer::Yes, MessageAnswer::No}) {
+        frmMain window(services);
+        desktop.messages.clear();
+        desktop.answers = {answer};
+        window.measured({.width = 12735, .height = 8460}, {.width = 15360, .height = 11520});
+        window.show();
+        settings = {};
+        window.cboLanguage.userPicked(answer == MessageAnswer::Yes ? 4 : 1);
+        window.sessionIsEnding();
+        EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+        EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Language=French\r\n"));
+        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), "none");
+        window.sessionEnded(true);
+        EXPECT_EQ(desktop.messages.size(), 1U); // asked once
+        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), defaultIni);
+        EXPECT_TRUE(window.ended());
+    }
+}
+
+TEST_F(StartUpWindow, A_session_that_goes_on_after_all_leaves_the_window_and_its_question) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::No, MessageAnswer::No};
+    form.sessionIsEnding();
+    form.sessionEnded(false);
+    EXPECT_TRUE(form.visible());
+    EXPECT_TRUE(changed());
+    form.userClosed();
+    EXPECT_EQ(desktop.messages.size(), 2U);
 }
 
 TEST_F(StartUpWindow, Closing_counts_an_edit_that_is_still_going_on) {

@@ -142,6 +142,21 @@ TEST_F(Traps, The_window) {
     expectReport(form.StatusBar1, "Private Sub Form_Unload(Cancel As Integer)", form.Unload);
 }
 
+// A screen that fails as a whole.
+class NoScreen : public View {
+  public:
+    void changed(Property /*property*/) override { throw RunTimeError(ErrorNumber::DeviceIO); }
+};
+
+TEST_F(Traps, Leaving_the_program) {
+    NoScreen none;
+    form.attach(none);
+    desktop.messages.clear();
+    form.mnuExit.Click();
+    EXPECT_THAT(desktop.messages, ElementsAre(deviceError("Private Sub mnuExit_Click()")));
+    form.detach();
+}
+
 TEST_F(Traps, The_definition) {
     form.cboLanguage.setText("French");
     desktop.chosenFiles = {R"(D:\new.ini)"};
@@ -174,14 +189,65 @@ TEST_F(Traps, Failing_dialogs_are_reported_but_a_cancelled_one_is_not) {
                                                      describe(ErrorNumber::PathFileAccess))));
 }
 
+// A desktop that opens nothing.
+class HelplessDesktop : public ScriptedDesktop {
+  public:
+    std::int32_t openDocument(std::string_view, std::string_view) override {
+        throw RunTimeError(ErrorNumber::DeviceIO);
+    }
+};
+
+TEST_F(Traps, What_opens_a_document_is_reported_by_the_one_who_opens_it) {
+    HelplessDesktop helpless;
+    MainServices helplessServices{.files = files,
+                                  .desktop = helpless,
+                                  .events = events,
+                                  .process = process,
+                                  .settings = settings};
+    frmMain window(helplessServices);
+    window.show();
+    world.write(R"(C:\App\Tarnwick.chm)", "");
+    for (MenuItem* const item : {&window.mnuHelpTarnwick, &window.mnuHelpCNS, &window.mnuHelpMP}) {
+        helpless.messages.clear();
+        item->userClicked();
+        ASSERT_EQ(helpless.messages.size(), 1U) << item->name();
+        EXPECT_THAT(helpless.messages.front().text,
+                    testing::HasSubstr("modMain - Function StartDoc(DocName As String) As Long"));
+    }
+}
+
+// Whose bodies touch nothing that can fail but a message.
+TEST_F(Traps, The_help_file_that_is_not_there) {
+    desktop.whileShown = [this](const Message&) {
+        desktop.whileShown = nullptr;
+        throw RunTimeError(ErrorNumber::DeviceIO);
+    };
+    desktop.messages.clear();
+    form.mnuHelpTarnwick.userClicked();
+    EXPECT_EQ(desktop.messages.back(), deviceError("Private Sub mnuHelpTarnwick_Click()"));
+}
+
+TEST_F(Traps, Saving_is_reported_by_itself_from_New_and_from_Save_As) {
+    files.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::DeviceIO));
+    files.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::DeviceIO));
+    for (MenuItem* const command : {&form.mnuNewINI, &form.mnuSaveAsINI}) {
+        desktop.messages.clear();
+        desktop.chosenFiles = {R"(D:\new.ini)"};
+        command->userClicked();
+        EXPECT_THAT(desktop.messages, ElementsAre(deviceError("Public Sub SaveINIFile()")))
+            << command->name();
+    }
+}
+
 struct GridTraps : Traps {
     // `name` is what the grid is called, `suffix` what its private helpers end in.
     void expectAll(Grid& grid, TextBox& editor, Button& button, const std::string& name,
                    const std::string& suffix) {
+        const auto endEdit = [&] { editor.userPressedKey(Key::escape); };
         const auto ready = [&](int column) {
             form.userMovedFocus(form.chkMP);
             click(grid, 1, column);
-            form.userPressedEscape();
+            endEdit();
         };
         if (!grid.cell(1, 0).showsTick()) {
             click(grid, 1, 0);
@@ -191,7 +257,7 @@ struct GridTraps : Traps {
         expectProcedure(name + "_LeaveCell()", grid.LeaveCell);
         ready(2);
         expectReport(editor, "Private Sub pEditGrid" + suffix, [&] { grid.userTyped('x'); });
-        form.userPressedEscape();
+        endEdit();
         editor.setVisible(false);
         ready(2);
         grid.userTyped('x');
@@ -200,7 +266,7 @@ struct GridTraps : Traps {
             form.StatusBar1.setPanelText(1, "");
             (suffix.empty() ? form.pSetCellValue() : form.pSetCellValueCNS());
         });
-        form.userPressedEscape();
+        endEdit();
         ready(1);
         expectReport(grid, "Private Sub grdFiles_KeyDown", [&] { grid.KeyDown(13); });
         ready(1);

@@ -1,0 +1,101 @@
+#include "ui/win32/one_line_field.hpp"
+
+#include "ui/win32/gdi_handle.hpp"
+#include "ui/win32/view_messages.hpp"
+
+#include <commctrl.h>
+
+namespace tarnwick {
+namespace {
+
+constexpr UINT_PTR fieldId = 2; // the key listener has its own
+constexpr int roomInside = 1;   // that the system keeps above and below the text, in lines
+
+int heightOfText(HWND window) noexcept {
+    const WindowContext context(window);
+    const Selected font(context.get(), pointerIn<HGDIOBJ>(SendMessageA(window, WM_GETFONT, 0, 0)));
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(context.get(), &metrics);
+    return metrics.tmHeight + 2 * roomInside * GetSystemMetrics(SM_CYBORDER);
+}
+
+// Takes the half of what the text does not need off either side.
+void shrink(RECT& content, int needed) noexcept {
+    const int spare = content.bottom - content.top - needed;
+    if (spare > 0) {
+        content.top += spare / 2;
+        content.bottom = content.top + needed;
+    }
+}
+
+// The strips that were taken off, inside the border.
+void paintStrips(HWND window) noexcept {
+    RECT field{};
+    RECT content{};
+    GetWindowRect(window, &field);
+    GetClientRect(window, &content);
+    MapWindowPoints(window, HWND_DESKTOP, reinterpret_cast<POINT*>(&content), 2);
+    OffsetRect(&content, -field.left, -field.top);
+    const int border = content.left; // the same on every side
+    const bool writable = IsWindowEnabled(window) != FALSE &&
+                          (GetWindowLongPtrA(window, GWL_STYLE) & ES_READONLY) == 0;
+    HBRUSH brush = GetSysColorBrush(writable ? COLOR_WINDOW : COLOR_BTNFACE);
+    HDC context = GetWindowDC(window);
+    const RECT above{
+        .left = content.left, .top = border, .right = content.right, .bottom = content.top};
+    const RECT below{.left = content.left,
+                     .top = content.bottom,
+                     .right = content.right,
+                     .bottom = field.bottom - field.top - border};
+    FillRect(context, &above, brush);
+    FillRect(context, &below, brush);
+    ReleaseDC(window, context);
+}
+
+void drawAgain(HWND window) noexcept {
+    RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+}
+
+LRESULT CALLBACK keepInTheMiddle(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                 UINT_PTR /*id*/, DWORD_PTR /*data*/) {
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    switch (message) {
+    case WM_NCCALCSIZE:
+        shrink(*pointerIn<RECT*>(lParam), heightOfText(window)); // the first member in both cases
+        break;
+    case WM_NCPAINT:
+        paintStrips(window);
+        break;
+    case WM_ENABLE:
+        drawAgain(window);
+        break;
+    case WM_NCHITTEST:
+        return result == HTNOWHERE || result == HTBORDER ? HTCLIENT : result;
+    default:
+        break;
+    }
+    return result;
+}
+
+} // namespace
+
+OneLineField::OneLineField(HWND window) noexcept : window_(window) {
+    const LONG_PTR style = GetWindowLongPtrA(window, GWL_STYLE);
+    const bool bordered = (style & WS_BORDER) != 0 ||
+                          (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+    if (bordered && (style & ES_MULTILINE) == 0) {
+        SetWindowSubclass(window, keepInTheMiddle, fieldId, 0);
+        measureAgain();
+    }
+}
+
+OneLineField::~OneLineField() {
+    RemoveWindowSubclass(window_, keepInTheMiddle, fieldId);
+}
+
+void OneLineField::measureAgain() noexcept {
+    SetWindowPos(window_, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,112 @@
+# Sourced by main_window.sh: the two grids of output definitions.
+
+test_the_grids_keys_toggles_and_folder_button() {
+    launch_defined
+    press_cell grdFiles 1 2 # of a ticked row: the editor opens on its extension
+    look
+    expect_state txtEdit shown focus 0 4
+    expect_text txtEdit .err
+    type_text '*.x*1'
+    key Return # to the folder
+    look
+    expect_state txtEdit shown focus
+    expect_state cmdEdit shown
+    expect_text txtEdit 'C:\work\out\mp'
+    type_text nonsense
+    key Escape # does not count
+    look
+    expect_state txtEdit hidden
+    press_cell grdFiles 3 2
+    look
+    expect_text txtEdit .html
+    key Up # to an unticked row: no editor there
+    look
+    expect_state txtEdit hidden
+    press_cell grdFiles 2 0 # Text is ticked
+    press_cell grdFiles 1 2
+    look
+    expect_text txtEdit .x1
+    key Down
+    look
+    expect_text txtEdit .txt
+    key Down
+    look
+    expect_text txtEdit .html
+    key Up
+    look
+    expect_text txtEdit .txt
+    press_cell grdFiles 2 3
+    look
+    expect_state cmdEdit shown
+    press cmdEdit
+    expect_window 'Open Text Folder'
+    key ctrl+a
+    type_text 'C:\work\elsewhere'
+    key Return
+    expect_closed 'Open Text Folder'
+    press_cell grdFiles 4 2 # not ticked
+    look
+    expect_state txtEdit hidden
+    press_cell grdFiles 3 0 # Html off, on, off
+    press_cell grdFiles 3 0
+    press_cell grdFiles 3 0
+    press_cell grdCNS 2 0
+    press_cell grdCNS 2 2
+    look
+    expect_state txtEditCNS shown focus
+    type_text .left
+    menu f s # saving takes what is being typed
+    look
+    expect_state txtEditCNS hidden
+    close_unchanged
+    definition 1 0 'Leftovers Extension=.left' 'Error Extension=.x1' \
+        'GRID_Error=C:\work\out\mp' 'Text Extension=.txt' 'GRID_Text=C:\work\elsewhere' |
+        expect_file "$folder/TARNWICK.ini"
+}
+
+test_arrow_keys_in_the_grid_and_then_typing() {
+    launch_defined
+    press_cell grdFiles 1 1
+    key Down Down Right
+    type_text 'x.log' # the first letter opens the editor, and the others replace its text
+    look
+    expect_state txtEdit shown focus
+    expect_text txtEdit .log
+    key Up # that row is off
+    look
+    expect_state txtEdit hidden
+    expect_state grdFiles focus
+    key Up Right
+    type_text 'xC:\work\elsewhere'
+    key Down
+    look
+    expect_state txtEdit hidden
+    press_cell grdFiles 2 0
+    press_cell grdFiles 1 2
+    key Down
+    type_text '.log' # over the neighbour's text, without another click
+    menu f s
+    key shift+Tab # from the grid to what stands before it
+    look
+    expect_state cmdOutputFolder focus
+    close_unchanged
+    definition 1 0 'Error Extension=.err' 'GRID_Error=C:\work\elsewhere' 'Text Extension=.log' \
+        'Html Extension=.log' 'GRID_Html=C:\work\out\mp' | expect_file "$folder/TARNWICK.ini"
+}
+
+test_escape_ends_an_edit_and_then_the_program() {
+    launch_defined
+    press_cell grdFiles 1 3
+    type_text nonsense
+    key Tab # to the folder button
+    look
+    expect_state cmdEdit focus
+    key Escape
+    look
+    expect_state txtEdit hidden
+    expect_state cmdEdit hidden
+    expect_state grdFiles focus
+    key Escape
+    expect_end
+    definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
+}

@@ -1,0 +1,92 @@
+# Sourced by main_window.sh: how the program begins and ends.
+
+test_a_missing_tool_is_asked_for() {
+    lay_out_work
+    definition 0 0 >"$folder/TARNWICK.ini"
+    rm "$folder/mp.exe"
+    launch Warning # only MP: not given, and so the end
+    expect_message Warning 'Please specify the MP executable location.'
+    expect_window Options
+    key Escape
+    expect_end
+    # Both missing: after the first one nobody is asked for the second.
+    rm "$folder/cns.exe"
+    definition 1 0 >"$folder/TARNWICK.ini"
+    launch Warning
+    expect_message Warning 'Please specify the MP executable location.'
+    expect_window Options
+    key Escape
+    expect_end
+    expect_no_window Warning
+    expect_stored 'INI File Name' '' # such an end keeps nothing
+    # Only CNS.
+    definition 1 0 | sed 's/Process MP=1/Process MP=0/' >"$folder/TARNWICK.ini"
+    launch Warning
+    expect_message Warning 'Please specify the CNS executable location.'
+    expect_window Options
+    key Escape
+    expect_end
+    # Both, one after the other; given, the program goes on.
+    definition 1 0 >"$folder/TARNWICK.ini"
+    cp "$build/demo/tools/mp.exe" "$build/demo/tools/cns.exe" "$folder/elsewhere"
+    launch Warning
+    expect_message Warning 'Please specify the MP executable location.'
+    expect_window Options
+    type_text 'C:\work\elsewhere\mp.exe'
+    key Return # its OK looks at both
+    expect_message Warning 'The CNS executable file "C:\work\cns.exe" does not exist.'
+    key ctrl+a
+    type_text 'C:\work\elsewhere\cns.exe'
+    key Return
+    title='Tarnwick - TARNWICK.ini'
+    expect_window "$title"
+    dialog=$found
+    close_unchanged # start-up ends with nothing changed
+    expect_stored 'MP Executable' 'C:\work\elsewhere\mp.exe'
+    expect_stored 'CNS Executable' 'C:\work\elsewhere\cns.exe'
+}
+
+test_a_vanished_and_a_read_only_file() {
+    lay_out_work
+    "$wine_run" reg add "$settings" /v 'INI File Name' /d 'C:\work\gone.ini' /f >"$work/reg.log" 2>&1
+    launch 'Tarnwick - gone.ini' # no error: the defaults stand
+    look
+    expect_text txtInput ''
+    expect_state chkMP ticked
+    close_unchanged
+    launch_defined
+    chmod a-w "$folder/TARNWICK.ini"
+    press chkfixdoc
+    menu f s
+    expect_message Tarnwick 'frmMain - Public Sub SaveINIFile()'
+    key alt+F4
+    expect_window Tarnwick # it is not saved
+    key alt+n
+    expect_end
+    definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
+}
+
+test_the_about_box_is_centred_over_the_main_window_wherever_that_is() {
+    lay_out_work
+    launch
+    xdotool windowmove --sync "$dialog" 150 90
+    sleep 0.5
+    menu h a
+    expect_window 'About Tarnwick'
+    local main about
+    main=$(middle_of "$dialog")
+    about=$(middle_of "$found")
+    for side in 1 2; do
+        local distance=$(($(cut -d' ' -f$side <<<"$main") - $(cut -d' ' -f$side <<<"$about")))
+        [ ${distance#-} -le 12 ] || fail "the middles are $main and $about"
+    done
+    key Escape
+    expect_closed 'About Tarnwick'
+    close_unchanged
+}
+# Of a window, on the screen.
+middle_of() {
+    local X Y WIDTH HEIGHT _
+    eval "$(xdotool getwindowgeometry --shell "$1" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+    echo $((X + WIDTH / 2)) $((Y + HEIGHT / 2))
+}

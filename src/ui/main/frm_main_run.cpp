@@ -60,14 +60,6 @@ void frmMain::cmdCreateBatFile_Click() {
 }
 
 void frmMain::cmdCancel_Click() {
-    // Escape in a grid or beside its editor is meant for the edit; a second one must not end it
-    // all.
-    const Control* const at = focused();
-    if (at == &grdFiles || at == &cmdEdit || at == &grdCNS || at == &cmdEditCNS) {
-        mpOutputs_.discard();
-        cnsOutputs_.discard();
-        return;
-    }
     if (equalIgnoringCase(cmdCancel.caption(), cancel)) {
         if (run_) {
             run_->cancel();

@@ -201,7 +201,9 @@ TEST_F(Traps, What_opens_a_document_is_reported_by_the_one_who_opens_it) {
     HelplessDesktop helpless;
     MainServices helplessServices{.files = files,
                                   .desktop = helpless,
+                                  .interpreter = interpreter,
                                   .events = events,
+                                  .clock = clock,
                                   .process = process,
                                   .settings = settings};
     frmMain window(helplessServices);

@@ -236,6 +236,19 @@ TEST_F(InteractiveRuns, A_cancel_before_the_first_tool_starts_none) {
     expectCleanedUp();
 }
 
+TEST_F(InteractiveRuns, A_cancel_while_the_batch_is_being_made_ready_starts_no_tool) {
+    whileEventsRun = [this] {
+        if (window.status == "Processing a.met...") {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started, IsEmpty());
+    EXPECT_EQ(window.status, "CNS - Processing a.met..."); // which was to come next
+    EXPECT_THAT(entries("create "), IsEmpty());
+    expectCleanedUp();
+}
+
 TEST_F(InteractiveRuns, A_cancelled_MP_converts_no_links) {
     givePages();
     whileEventsRun = [this] {

@@ -25,7 +25,7 @@ test_forms_that_cannot_be_shown_end_with_their_error() {
 
 test_help_closes_by_enter_escape_button_and_close_box() {
     start_dialog help "Command Line Help on Tarnwick"
-    picture_of "$dialog" help
+    picture_of "$dialog" dialogs-help
     key Return
     expect_end
     start_dialog help "Command Line Help on Tarnwick"
@@ -56,14 +56,14 @@ test_help_follows_the_size_of_its_window() {
     xdotool windowsize "$dialog" 1000 500
     sleep 1
     cmp -s "$work/layout" "$work/layout.before" && fail "a new size leaves the layout as it was"
-    picture_of "$dialog" help-resized
+    picture_of "$dialog" dialogs-help-resized
     click cmdOK
     expect_end
 }
 
 test_options_escape_and_the_close_box_change_nothing() {
     start_dialog options Options
-    picture_of "$dialog" options
+    picture_of "$dialog" dialogs-options
     type_text 'C:\gallery\mp2.exe'
     key Escape
     expect_end
@@ -81,7 +81,7 @@ test_options_a_wrong_tool_is_refused_and_can_be_typed_over() {
     type_text 'nonsense.exe'
     key Tab
     expect_window Warning
-    picture_of "$found" options-refusal
+    picture_of "$found" dialogs-options-refusal
     key Return
     expect_no_window Warning
     # The text is selected: what is typed now takes its place. A bare name is completed.
@@ -182,7 +182,7 @@ test_options_logging_by_mouse_and_by_keyboard() {
     key Return
     type_text 'C:\gallery\logs\run.log'
     click chkRelative
-    picture_of "$dialog" options-filled
+    picture_of "$dialog" dialogs-options-filled
     click cmdOK
     expect_end
     expect_result 'bCommandLineLogging=1'
@@ -215,7 +215,7 @@ open_picker() {
 
 test_folder_enter_accepts_the_start_folder_and_escape_gives_nothing() {
     open_picker
-    picture_of "$dialog" folder
+    picture_of "$dialog" dialogs-folder
     key Return
     expect_end
     expect_result 'folder=C:\gallery'
@@ -234,7 +234,7 @@ test_folder_a_wrong_path_is_refused_and_can_be_typed_over() {
     type_text 'C:\nowhere'
     key Tab
     expect_window 'Warning!'
-    picture_of "$found" folder-refusal
+    picture_of "$found" dialogs-folder-refusal
     key Return
     expect_no_window 'Warning!'
     key Return # OK is no way round it
@@ -259,7 +259,7 @@ test_folder_cancel_is_not_held_up_by_a_wrong_path() {
 test_folder_the_list_is_worked_by_keyboard() {
     open_picker
     key alt+f Down Down Return # past logs to maps, which opens
-    picture_of "$dialog" folder-opened
+    picture_of "$dialog" dialogs-folder-opened
     key Down Return
     key alt+o
     expect_end
@@ -288,7 +288,7 @@ test_folder_a_new_folder_becomes_the_current_one() {
     open_picker
     key alt+n
     expect_window 'New Folder'
-    picture_of "$found" folder-new
+    picture_of "$found" dialogs-folder-new
     type_text 'new maps'
     key Return
     expect_no_window 'New Folder'
@@ -303,7 +303,7 @@ test_folder_a_new_folder_becomes_the_current_one() {
     type_text 'mp.exe'
     key Return
     expect_window 'Warning!'
-    picture_of "$found" folder-not-created
+    picture_of "$found" dialogs-folder-not-created
     key Return
     expect_no_window 'Warning!'
     key Escape
@@ -313,7 +313,7 @@ test_folder_a_new_folder_becomes_the_current_one() {
 test_about_closes_by_enter_escape_button_and_close_box() {
     for way in Return Escape alt+F4; do
         start_dialog about 'About Tarnwick'
-        picture_of "$dialog" about
+        picture_of "$dialog" dialogs-about
         key "$way"
         expect_end
         expect_result 'pointer=default'
@@ -327,7 +327,7 @@ test_about_the_link_opens_the_address_by_mouse_and_by_keyboard() {
     start_dialog about 'About Tarnwick'
     click lblLink
     expect_open
-    picture_of "$dialog" about-link
+    picture_of "$dialog" dialogs-about-link
     key Escape
     expect_end
     expect_result 'opened=https://www.corvane.example/mp/doc/mp.html'

@@ -176,6 +176,7 @@ TEST_F(EnablingRules, The_move_buttons_follow_what_is_in_the_lists_and_what_is_m
             fill(form.lstSelected, selected);
             form.EnableMove();
             std::vector<bool> enabled;
+            enabled.reserve(form.cmdSelectFiles.size());
             for (const Button& button : form.cmdSelectFiles) {
                 enabled.push_back(button.enabled());
             }

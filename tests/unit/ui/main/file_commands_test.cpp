@@ -7,7 +7,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 constexpr const char* filter = "INI File (*.ini)|*.ini|All Files (*.*)|*.*";
 

@@ -201,6 +201,7 @@ TEST_F(Layout, Captions_are_as_given) {
         EXPECT_EQ(browse->caption(), "Browse...");
     }
     std::vector<std::string> moves;
+    moves.reserve(form.cmdSelectFiles.size());
     for (const Button& button : form.cmdSelectFiles) {
         moves.push_back(button.caption());
     }

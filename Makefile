@@ -5,7 +5,7 @@
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool imagemagick x11-utils fonts-liberation
-bench_packages   := $(native_packages) libbenchmark-dev
+bench_packages   := $(wine_packages) libbenchmark-dev
 cover_packages   := $(native_packages) gcovr
 lint_packages    := $(windows_packages) clang-format-19 clang-tidy-19
 
@@ -60,6 +60,9 @@ bench:
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset native --target engine_bench
 	build/native/bench/engine_bench
+	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
+	cmake --build --preset windows
+	cmake/on-virtual-screen bench/run-windows build
 
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:

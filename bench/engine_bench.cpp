@@ -1,6 +1,7 @@
 // Measures the engine (list the folder, select, build both tools' lines, write the batch) against a
 // plain program that lists the same folder, sorts the names and writes the same bytes, in one run.
 
+#include "no_desktop.hpp"
 #include "platform/hosted/hosted_command_interpreter.hpp"
 #include "platform/hosted/hosted_files.hpp"
 #include "platform/wildcard.hpp"
@@ -22,23 +23,6 @@ namespace tarnwick {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Nothing goes wrong in a benchmark; if something does, it must not pass as a good time.
-class NoDesktop : public Desktop {
-  public:
-    MessageAnswer show(const Message& message) override {
-        std::cerr << message.text << '\n';
-        std::abort();
-    }
-    std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
-    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
-        std::abort();
-    }
-    std::int32_t openDocument(std::string_view /*document*/,
-                              std::string_view /*workingFolder*/) override {
-        std::abort();
-    }
-};
 
 // A drives root with `records` records in C:\in and all output folders.
 class World {

@@ -72,9 +72,17 @@ void searchFolder(const std::string& folder,
 }
 
 bool canSearchFolder(const std::string& folder) {
-    WIN32_FIND_DATAA entry{};
-    return !folder.empty() && (startSearch(everythingIn(folder), entry).isOpen() ||
-                               isEmptyFolder(GetLastError(), folder));
+    if (folder.empty()) {
+        return false;
+    }
+    // Opened for listing, with no look at what is in it: that may be 100,000 files.
+    const std::string path = folder + (folder.ends_with('\\') ? "" : "\\");
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Handle opened(CreateFileA(path.c_str(), FILE_LIST_DIRECTORY, shareAll, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION about{};
+    return opened.isOpen() && GetFileInformationByHandle(opened.get(), &about) != FALSE &&
+           (about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 std::optional<WIN32_FIND_DATAA> findEntry(const std::string& path) {

@@ -1,10 +1,11 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test test-sanitize test-native test-windows windows bench coverage screenshots lint format check-format clean
+.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist bench coverage screenshots lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool imagemagick x11-utils fonts-liberation
+dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip
 bench_packages   := $(wine_packages) libbenchmark-dev
 cover_packages   := $(native_packages) gcovr
 lint_packages    := $(windows_packages) clang-format-19 clang-tidy-19
@@ -18,6 +19,7 @@ help:
 	@echo 'make test         builds everything and passes every test'
 	@echo 'make test-native  the quick loop: the tests that need no Windows'
 	@echo 'make windows      leaves build/windows/Tarnwick.exe'
+	@echo 'make dist          leaves the installer and the portable zip in build/dist/'
 	@echo 'make bench | coverage | screenshots | lint | format | clean'
 
 demo: windows
@@ -35,7 +37,7 @@ windows:
 	cmake --preset windows
 	cmake --build --preset windows
 
-test: check-format test-sanitize test-windows
+test: check-format test-sanitize test-windows test-dist
 
 test-sanitize:
 	@$(ensure) $(native_packages)
@@ -54,6 +56,13 @@ test-windows: windows
 	@# Programs that are worked by mouse and keyboard can lose a click to a busy machine; what fails
 	@# twice is broken.
 	cmake/on-virtual-screen ctest --preset windows --repeat until-pass:2
+
+dist: windows
+	@$(ensure) $(dist_packages)
+	packaging/make-dist build
+
+test-dist: dist
+	cmake/on-virtual-screen tests/product/dist_test.sh build
 
 bench:
 	@$(ensure) $(bench_packages)

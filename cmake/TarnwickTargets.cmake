@@ -10,7 +10,8 @@ target_compile_options(tarnwick_options INTERFACE
 if(WIN32)
   target_compile_definitions(tarnwick_options INTERFACE
     WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
-  target_link_options(tarnwick_options INTERFACE -static)
+  # No time of linking in the program: built twice, it has the same bytes.
+  target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp)
 endif()
 if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE

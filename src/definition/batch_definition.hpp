@@ -1,5 +1,7 @@
 #pragma once
 
+#include "definition/output_types.hpp"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -17,8 +19,8 @@ struct OutputDefinition {
     bool operator==(const OutputDefinition&) const = default;
 };
 
-using MPOutputDefinitions = std::array<OutputDefinition, 7>;
-using CNSOutputDefinitions = std::array<OutputDefinition, 2>;
+using MPOutputDefinitions = std::array<OutputDefinition, mpOutputTypes.size()>;
+using CNSOutputDefinitions = std::array<OutputDefinition, cnsOutputTypes.size()>;
 
 // Everything that says what one batch is: which tools run over which files with which options, and
 // what they build where. A plain value; all texts are kept as typed.

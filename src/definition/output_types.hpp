@@ -15,7 +15,7 @@ struct OutputType {
 
 // In the order of the grids' rows. The extension of "Faq" is a suffix, not a dot extension:
 // rec_faq.htm stands beside rec.html.
-inline constexpr std::array<OutputType, 7> mpOutputTypes{{
+inline constexpr auto mpOutputTypes = std::to_array<OutputType>({
     {"Error", ".err", true, "Error Extension"},
     {"Text", ".txt", false, "Text Extension"},
     {"Html", ".html", false, "Html Extension"},
@@ -23,10 +23,10 @@ inline constexpr std::array<OutputType, 7> mpOutputTypes{{
     {"Sgml", ".sgml", false, "Sgml Extension"},
     {"Xml", ".xml", true, "Xml Extension"},
     {"Dif", ".dif", false, "Dif Extension"},
-}};
-inline constexpr std::array<OutputType, 2> cnsOutputTypes{{
+});
+inline constexpr auto cnsOutputTypes = std::to_array<OutputType>({
     {"Info_file", ".info", false, "Info Extension"},
     {"Leftovers", ".lft", false, "Leftovers Extension"},
-}};
+});
 
 } // namespace tarnwick

@@ -1,0 +1,137 @@
+#!/bin/bash
+# dist_test.sh BUILD_FOLDER: what `make dist` left in BUILD_FOLDER/dist is sound, installs itself
+# silently into a folder with blanks, runs there, and leaves nothing behind but what is the user's.
+# Under Wine, in a prefix of its own; needs a screen.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+build=$(cd "$1" && pwd)
+dist=$build/dist
+wine=$here/../../cmake/wine-run
+export TARNWICK_WINE_BUILD=$build/dist-test
+drive=$TARNWICK_WINE_BUILD/wine/drive_c
+work=$TARNWICK_WINE_BUILD/work
+place='C:\Program Files\Map Room\Tarnwick'
+folder="$drive/Program Files/Map Room/Tarnwick"
+
+say() { echo "dist_test: $*"; }
+fail() {
+    say "FAILED: $*" >&2
+    exit 1
+}
+# until_true SECONDS COMMAND...: whether the command comes true in time.
+until_true() {
+    local left=$(($1 * 5))
+    shift
+    until "$@"; do
+        [ $((left -= 1)) -gt 0 ] || return 1
+        sleep 0.2
+    done
+}
+rm -rf "$work"
+mkdir -p "$work"
+
+The_sums_are_those_of_the_files() {
+    (cd "$dist" && sha256sum --quiet -c SHA256SUMS && [ "$(wc -l <SHA256SUMS)" -eq 2 ])
+}
+
+The_program_is_smaller_than_two_megabytes() {
+    [ "$(stat -c %s "$build/windows/Tarnwick.exe")" -lt 2000000 ]
+}
+
+The_zip_holds_the_program_its_help_and_a_note() {
+    unzip -q -d "$work" "$dist"/Tarnwick-*.zip
+    [ "$(cd "$work" && find Tarnwick -type f | LC_ALL=C sort | xargs)" = \
+        "Tarnwick/README.txt Tarnwick/Tarnwick.chm Tarnwick/Tarnwick.exe" ] &&
+        cmp "$work/Tarnwick/Tarnwick.exe" "$build/windows/Tarnwick.exe"
+}
+
+The_help_holds_every_page_with_contents_and_index() {
+    local page
+    chmls list "$work/Tarnwick/Tarnwick.chm" >"$work/chm" 2>/dev/null
+    for page in "$here"/../../docs/help/*.html "$here"/../../docs/help/pictures/*.png; do
+        grep -q "/${page##*/}\$" "$work/chm" || fail "the help lacks ${page##*/}"
+    done
+    grep -q '/Tarnwick.hhc$' "$work/chm" && grep -q '/Tarnwick.hhk$' "$work/chm"
+}
+
+Packed_again_the_zip_has_the_same_bytes() {
+    cp "$dist"/Tarnwick-*.zip "$work/first.zip"
+    "$here/../../packaging/make-dist" "$build" >/dev/null
+    cmp "$work/first.zip" "$dist"/Tarnwick-*.zip
+}
+
+# Every file and folder of the drive but what Wine itself keeps changing.
+files() { (cd "$drive" && find . -path ./users/\*/Temp -prune -o -path ./windows -prune -o -print | LC_ALL=C sort); }
+registered() { "$wine" reg query "$1\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Tarnwick" /s; }
+
+installs() { # HIVE SWITCH
+    files >"$work/before"
+    cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
+    # The folder comes last and without quotation marks, as the installer wants it.
+    printf 'start /wait C:\\setup.exe /S %s /D=%s\r\n' "$2" "$place" >"$drive/install.bat"
+    "$wine" cmd /c 'C:\install.bat' >"$work/install.log" 2>&1
+    rm "$drive/setup.exe" "$drive/install.bat"
+    [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = \
+        "./README.txt ./Tarnwick.chm ./Tarnwick.exe ./Uninstall.exe" ] || fail "$(ls "$folder")"
+    cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe"
+    files | grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' || fail "not in the start menu"
+    files | grep -q 'Start Menu/Programs/Tarnwick/Tarnwick Help.lnk$' || fail "no help in the start menu"
+    registered "$1" >"$work/registered" || fail "cannot be found among the programs"
+    grep -qF "InstallLocation    REG_SZ    $place" "$work/registered" || fail "$(cat "$work/registered")"
+    grep -q 'DisplayVersion    REG_SZ    2\.0\.0\.7' "$work/registered" || fail "$(cat "$work/registered")"
+}
+
+uninstalls() { # HIVE SWITCH
+    mkdir -p "$folder/mine"
+    echo 'Process MP=1' >"$folder/TARNWICK.ini"
+    echo 'Process MP=1' >"$folder/mine/other.ini"
+    printf '"%s\\Uninstall.exe" %s /S\r\n' "$place" "$2" >"$drive/remove.bat"
+    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
+    rm "$drive/remove.bat"
+    # It goes on from a copy of itself, which it deletes last.
+    until_true 20 gone "$1" || fail "still there: $(ls "$folder")"
+    [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = "./TARNWICK.ini ./mine/other.ini" ] ||
+        fail "the user's own files are not what is left: $(ls -R "$folder")"
+    rm -r "$drive/Program Files/Map Room"
+    files >"$work/after"
+    diff "$work/before" "$work/after" || fail "that is left"
+}
+gone() { [ ! -e "$folder/Uninstall.exe" ] && ! registered "$1" >/dev/null 2>&1; }
+
+Installed_for_the_user_it_runs_and_goes_without_a_trace() {
+    installs HKCU /CurrentUser
+    TARNWICK_PROGRAM="$place\\Tarnwick.exe" \
+        "$here/../../demo/run" "$build" unattended "$work/demo" >"$work/demo.log" 2>&1 || fail "$(cat "$work/demo.log")"
+    grep -q 'Tarnwick.exe -I' "$work/demo.log" || fail "$(cat "$work/demo.log")"
+    the_window_opens
+    uninstalls HKCU /CurrentUser
+}
+
+the_window_opens() {
+    local window
+    "$wine" reg add 'HKCU\Software\Corvane\TARNWICK' /v 'INI File Name' /d 'T:\demo.ini' /f >/dev/null
+    "$wine" "$place\\Tarnwick.exe" &
+    until_true 20 xdotool search --onlyvisible --name '^Tarnwick - demo\.ini$' >"$work/window" || fail "no window"
+    window=$(head -n 1 "$work/window")
+    xdotool windowactivate --sync "$window" key alt+F4
+    wait $! || fail "the program ended with $?"
+    "$wine" reg delete 'HKCU\Software\Corvane' /f >/dev/null
+}
+
+Installed_for_everybody_it_goes_without_a_trace() {
+    installs HKLM /AllUsers
+    uninstalls HKLM /AllUsers
+}
+
+"$wine" cmd /c exit # makes the prefix when there is none yet
+for test in \
+    The_sums_are_those_of_the_files \
+    The_program_is_smaller_than_two_megabytes \
+    The_zip_holds_the_program_its_help_and_a_note \
+    The_help_holds_every_page_with_contents_and_index \
+    Packed_again_the_zip_has_the_same_bytes \
+    Installed_for_the_user_it_runs_and_goes_without_a_trace \
+    Installed_for_everybody_it_goes_without_a_trace; do
+    "$test" || fail "$test"
+    say "passed: $test"
+done

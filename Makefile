@@ -58,8 +58,9 @@ test-windows: windows
 bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
-	cmake --build --preset native --target engine_bench
+	cmake --build --preset native --target engine_bench links_bench
 	build/native/bench/engine_bench
+	build/native/bench/links_bench
 
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:

@@ -67,8 +67,9 @@ test-dist: dist
 bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
-	cmake --build --preset native --target engine_bench
+	cmake --build --preset native --target engine_bench links_bench
 	build/native/bench/engine_bench
+	build/native/bench/links_bench
 	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset windows
 	cmake/on-virtual-screen bench/run-windows build

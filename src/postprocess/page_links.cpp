@@ -68,7 +68,7 @@ class LineBlocks {
         block_ = std::move(larger);
     }
 
-    static constexpr std::size_t blockSize = 128UZ * 1024;
+    static constexpr std::size_t blockSize = 32UZ * 1024;
 
     InputFile& file_;
     Block block_{blockSize};

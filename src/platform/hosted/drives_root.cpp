@@ -21,19 +21,20 @@ struct FolderCloser {
     void operator()(DIR* folder) const noexcept { ::closedir(folder); }
 };
 
-bool exists(const std::string& hostPath) {
+using Folder = std::unique_ptr<DIR, FolderCloser>;
+
+std::optional<struct stat> statusOf(const std::string& hostPath) {
     struct stat status{};
-    return ::stat(hostPath.c_str(), &status) == 0;
+    return ::stat(hostPath.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
 bool isFolder(const std::string& hostPath) {
-    struct stat status{};
-    return ::stat(hostPath.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    const auto status = statusOf(hostPath);
+    return status && S_ISDIR(status->st_mode);
 }
 
 // The entry of that folder whose name is `name` in any case; the first of several by name.
-std::optional<std::string> findIgnoringCase(const std::string& hostFolder, std::string_view name) {
-    const std::unique_ptr<DIR, FolderCloser> folder(::opendir(hostFolder.c_str()));
+std::optional<std::string> findIgnoringCase(const Folder& folder, std::string_view name) {
     std::optional<std::string> found;
     while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
         const std::string_view candidate = entry->d_name;
@@ -47,17 +48,20 @@ std::optional<std::string> findIgnoringCase(const std::string& hostFolder, std::
 // Goes one name deeper; whether that name exists there.
 bool descend(std::string& hostPath, std::string_view name) {
     std::string exact = hostPath + '/' + std::string(name);
-    if (exists(exact)) {
+    if (statusOf(exact)) {
         hostPath = std::move(exact);
         return true;
     }
-    const auto found = findIgnoringCase(hostPath, name);
+    const auto found = findIgnoringCase(Folder(::opendir(hostPath.c_str())), name);
     hostPath.append("/").append(found ? std::string_view(*found) : name);
     return found.has_value();
 }
 
+constexpr std::size_t usualDepth = 8; // of a path, in names
+
 std::vector<std::string> split(std::string_view path) {
     std::vector<std::string> names;
+    names.reserve(usualDepth);
     while (!path.empty()) {
         const auto end = std::min(path.find('\\'), path.size());
         if (end > 0) {
@@ -72,6 +76,7 @@ std::vector<std::string> split(std::string_view path) {
 // Windows does: they are no part of it.
 std::vector<std::string> normalized(std::vector<std::string> names) {
     std::vector<std::string> result;
+    result.reserve(names.size());
     for (auto& name : names) {
         if (name == "..") {
             if (!result.empty()) {
@@ -107,7 +112,7 @@ DrivesRoot::DrivesRoot(std::string hostFolder, std::string_view currentFolder)
     currentFolder_ = fullPath(currentFolder);
 }
 
-std::string DrivesRoot::hostPath(std::string_view path) const {
+HostEntry DrivesRoot::find(std::string_view path) const {
     const auto parsed = parse(path);
     const auto volume = hostNames(parsed.volume);
     // Mostly every name is spelled as it is on the disk: one look instead of one for each folder.
@@ -117,13 +122,17 @@ std::string DrivesRoot::hostPath(std::string_view path) const {
             exact.append("/").append(name);
         }
     }
-    if (exists(exact)) {
-        return exact;
+    if (auto status = statusOf(exact)) {
+        return {.path = std::move(exact), .status = status};
     }
-    if (auto folder = exact.substr(0, exact.rfind('/'));
-        !parsed.names.empty() && isFolder(folder)) {
+    // And mostly it is only the last one that is not there.
+    auto parent = exact.substr(0, exact.rfind('/'));
+    const Folder folder(parsed.names.empty() ? nullptr : ::opendir(parent.c_str()));
+    if (folder) {
         const auto found = findIgnoringCase(folder, parsed.names.back());
-        return found ? folder.append("/").append(*found) : exact;
+        auto host = found ? parent.append("/").append(*found) : exact;
+        auto status = found ? statusOf(host) : std::nullopt;
+        return {.path = std::move(host), .status = status};
     }
     auto host = hostFolder_;
     const bool onDrive = !parsed.volume.starts_with(R"(\\)");
@@ -140,7 +149,8 @@ std::string DrivesRoot::hostPath(std::string_view path) const {
             throw RunTimeError(ErrorNumber::PathNotFound);
         }
     }
-    return host;
+    auto status = statusOf(host);
+    return {.path = std::move(host), .status = status};
 }
 
 std::string DrivesRoot::fullPath(std::string_view path) const {
@@ -153,6 +163,9 @@ std::string DrivesRoot::fullPath(std::string_view path) const {
 }
 
 std::string DrivesRoot::volume(std::string_view path) const {
+    if (path.size() >= 2 && path[1] == ':') {
+        return upperCase(path.substr(0, 2));
+    }
     return upperCase(parse(path).volume);
 }
 

@@ -1,10 +1,19 @@
 #pragma once
 
+#include <sys/stat.h>
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tarnwick {
+
+// Where something lies on this machine, and what is there.
+struct HostEntry {
+    std::string path;
+    std::optional<struct stat> status; // nothing: there is no such file or folder
+};
 
 // Where Windows paths lie on this machine. "X:\a\b" is the file x/a/b of the drives root,
 // "\\server\share\a" is unc/server/share/a there; every name matches without regard to case, the
@@ -13,10 +22,11 @@ class DrivesRoot {
   public:
     DrivesRoot(std::string hostFolder, std::string_view currentFolder);
 
-    // The host's path of `path`: all its folders exist; its last name is spelled as it is found
-    // there, or as given where it is not. Raises 52 (bad name), 68 (no such drive), 76 (a folder
-    // is missing).
-    [[nodiscard]] std::string hostPath(std::string_view path) const;
+    // What lies at `path`: all its folders exist; its last name is spelled as it is found there,
+    // or as given where it is not. Raises 52 (bad name), 68 (no such drive), 76 (a folder is
+    // missing).
+    [[nodiscard]] HostEntry find(std::string_view path) const;
+    [[nodiscard]] std::string hostPath(std::string_view path) const { return find(path).path; }
 
     // The full path, from its drive or share on, without "." and "..". Raises 52.
     [[nodiscard]] std::string fullPath(std::string_view path) const;

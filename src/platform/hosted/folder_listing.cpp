@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -26,8 +27,7 @@ struct FolderCloser {
 };
 using Folder = std::unique_ptr<DIR, FolderCloser>;
 
-// A folder that may be listed.
-FileDescriptor openDescriptor(const std::string& hostFolder) {
+Folder openFolder(const std::string& hostFolder) {
     FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!descriptor.isOpen()) {
         raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
@@ -39,11 +39,6 @@ FileDescriptor openDescriptor(const std::string& hostFolder) {
     if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
         raiseSystemError(EACCES);
     }
-    return descriptor;
-}
-
-Folder openFolder(const std::string& hostFolder) {
-    FileDescriptor descriptor = openDescriptor(hostFolder);
     Folder folder(::fdopendir(descriptor.get()));
     if (!folder) {
         raiseSystemError(errno);
@@ -52,8 +47,9 @@ Folder openFolder(const std::string& hostFolder) {
     return folder;
 }
 
-std::string contentOf(int folder, const char* name) {
-    const FileDescriptor file(::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+// Empty where there is no such file.
+std::string contentOf(const std::string& hostPath) {
+    const FileDescriptor file(::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen()) {
         return {};
     }
@@ -75,9 +71,9 @@ bool isControlFile(std::string_view name) {
 // The names that a folder does not show. Most folders name none, and then no name is looked up.
 class UnseenNames {
   public:
-    explicit UnseenNames(int folder) {
+    explicit UnseenNames(const std::string& hostFolder) {
         for (const auto* controlFile : controlFiles) {
-            const auto content = contentOf(folder, controlFile);
+            const auto content = contentOf(hostFolder + '/' + controlFile);
             std::string_view rest = content;
             while (!rest.empty()) {
                 const auto end = std::min(rest.find('\n'), rest.size());
@@ -126,7 +122,7 @@ bool isSpecialName(std::string_view name) {
 void listHostFolder(const std::string& hostFolder,
                     const std::function<void(std::string_view name, EntryKind kind)>& take) {
     const auto folder = openFolder(hostFolder);
-    const UnseenNames unseen(::dirfd(folder.get()));
+    const UnseenNames unseen(hostFolder);
     errno = 0;
     while (const dirent* entry = ::readdir(folder.get())) {
         const std::string_view name = entry->d_name;
@@ -143,11 +139,12 @@ void listHostFolder(const std::string& hostFolder,
 }
 
 bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
-    return UnseenNames(openDescriptor(hostFolder).get()).contain(name);
+    return UnseenNames(hostFolder).contain(name);
 }
 
-void requireListable(const std::string& hostFolder) {
-    static_cast<void>(openDescriptor(hostFolder));
+bool isListable(const std::string& hostFolder, const struct stat& status) {
+    return S_ISDIR(status.st_mode) && (status.st_mode & S_IRUSR) != 0 &&
+           ::access(hostFolder.c_str(), R_OK) == 0;
 }
 
 } // namespace tarnwick

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/stat.h>
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,7 +20,7 @@ void listHostFolder(const std::string& hostFolder,
 // Whether the file is one of the folder's hidden or system ones, or tells which those are.
 [[nodiscard]] bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name);
 
-// Raises as listHostFolder when the folder cannot be listed.
-void requireListable(const std::string& hostFolder);
+// Whether what lies there, with that status, is a folder that may be listed.
+[[nodiscard]] bool isListable(const std::string& hostFolder, const struct stat& status);
 
 } // namespace tarnwick

@@ -17,17 +17,6 @@
 namespace tarnwick {
 namespace {
 
-std::optional<struct stat> statusOf(const std::string& hostPath) {
-    struct stat status{};
-    if (::stat(hostPath.c_str(), &status) != 0) {
-        if (errno == ENOENT) {
-            return std::nullopt;
-        }
-        raiseSystemError(errno);
-    }
-    return status;
-}
-
 bool isFile(const std::optional<struct stat>& status) {
     return status && S_ISREG(status->st_mode);
 }
@@ -67,8 +56,8 @@ HostedFiles::HostedFiles(std::string drivesRoot, std::string_view currentFolder)
 
 bool HostedFiles::canListFolder(std::string_view folder) const {
     try {
-        requireListable(root_.hostPath(asFolder(folder)));
-        return true;
+        const auto [host, status] = root_.find(asFolder(folder));
+        return status && isListable(host, *status);
     } catch (const RunTimeError&) {
         return false;
     }
@@ -88,8 +77,8 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
         const auto first = std::ranges::min_element(names, nameLess);
         return first == names.end() ? std::string() : *first;
     }
-    const auto host = root_.hostPath(path);
-    if (!isFile(statusOf(host))) {
+    const auto [host, status] = root_.find(path);
+    if (!isFile(status)) {
         return {};
     }
     const auto slash = host.rfind('/');
@@ -126,7 +115,7 @@ std::string HostedFiles::currentFolder() const {
 }
 
 std::string HostedFiles::shortPath(std::string_view path) const {
-    if (!statusOf(root_.hostPath(path))) {
+    if (!root_.find(path).status) {
         raiseSystemError(ENOENT);
     }
     return std::string(path);
@@ -149,8 +138,7 @@ std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
 }
 
 void HostedFiles::remove(std::string_view path) {
-    const auto host = root_.hostPath(path);
-    const auto status = statusOf(host);
+    const auto [host, status] = root_.find(path);
     if (!status || !S_ISREG(status->st_mode)) {
         raiseSystemError(ENOENT);
     }
@@ -168,14 +156,14 @@ void HostedFiles::createFolder(std::string_view path) {
 }
 
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
-    const auto hostFrom = root_.hostPath(from);
-    const auto hostTo = root_.hostPath(to);
-    if (!isFile(statusOf(hostFrom))) {
+    const auto [hostFrom, statusFrom] = root_.find(from);
+    const auto [hostTo, statusTo] = root_.find(to);
+    if (!isFile(statusFrom)) {
         raiseSystemError(ENOENT);
     }
     requireNotInUse(hostFrom);
-    if (const auto status = statusOf(hostTo)) {
-        requireReplaceable(hostTo, *status);
+    if (statusTo) {
+        requireReplaceable(hostTo, *statusTo);
     }
     if (root_.volume(from) != root_.volume(to)) {
         raiseSystemError(EXDEV);

@@ -235,7 +235,7 @@ TEST(PageLinks, No_more_of_a_long_page_is_held_than_of_a_short_one) {
         rewriteLinks(page, sink, rule);
         EXPECT_LT(sink.written, length - length / 10);
         EXPECT_GT(sink.written, length / 2);
-        EXPECT_LE(page.longest, 1UZ << 18);
+        EXPECT_LE(page.longest, 1UZ << 16);
         EXPECT_LE(sink.longest, page.longest);
         EXPECT_TRUE(held == 0 || held == page.longest);
         held = page.longest;

@@ -185,14 +185,24 @@ TEST_F(Execute, A_cancel_of_one_run_is_not_one_of_the_next) {
     EXPECT_EQ(status(), "Done!");
 }
 
-TEST_F(Execute, Escape_in_a_grid_is_meant_for_the_edit_also_during_a_run) {
+TEST_F(Execute, Escape_during_a_run_ends_an_open_edit_first) {
+    whileRunning([&] {
+        click(form.grdFiles, 1, 2);
+        form.userPressedEscape();
+    });
+    form.userClicked(form.cmdOK);
+    EXPECT_THAT(interpreter.started, SizeIs(4));
+}
+
+TEST_F(Execute, Escape_without_an_open_edit_cancels_the_run) {
     whileRunning([&] {
         click(form.grdFiles, 1, 2);
         form.userPressedEscape();
         form.userPressedEscape();
     });
     form.userClicked(form.cmdOK);
-    EXPECT_THAT(interpreter.started, SizeIs(4));
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_EQ(form.cmdCancel.caption(), "Close");
 }
 
 TEST_F(Execute, Records_taken_off_the_list_during_a_run_are_processed_all_the_same) {

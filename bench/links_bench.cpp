@@ -1,0 +1,128 @@
+// Measures the rewriting of links in pages against sed doing the same replacements in place and
+// against a plain copy of the same pages by cp: in rounds in which each has its turn, every one as
+// a process of its own.
+
+#include "child_run.hpp"
+#include "page_set.hpp"
+#include "platform/hosted/hosted_files.hpp"
+#include "postprocess/relative_links.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Nothing goes wrong in a benchmark; if something does, it must not pass as a good time.
+class NoDesktop : public Desktop {
+  public:
+    MessageAnswer show(const Message& message) override { throw std::runtime_error(message.text); }
+    std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
+    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
+        std::abort();
+    }
+    std::int32_t openDocument(std::string_view /*document*/,
+                              std::string_view /*workingFolder*/) override {
+        std::abort();
+    }
+};
+
+void rewriteAll(const PageSet& pages) {
+    HostedFiles files(pages.drivesRoot());
+    NoDesktop desktop;
+    const BatchDefinition definition = pages.definition();
+    for (const std::string& record : pages.records()) {
+        FixRelativePaths(definition, {.files = files, .desktop = desktop}, "C:\\in", record);
+    }
+}
+
+// Puts untouched pages into `folder`, in the place of what is there.
+Cost copyPages(const PageSet& pages, const fs::path& folder) {
+    fs::remove_all(folder);
+    pages.settle();
+    return costOf({"cp", "-r", pages.originals().string(), folder.string()});
+}
+
+double median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values.at(values.size() / 2);
+}
+
+constexpr std::array<const char*, 2> locales{"C", "C.UTF-8"};
+
+struct Figures {
+    std::vector<double> ours;
+    std::array<std::vector<double>, locales.size()> sed;
+    std::vector<double> cp;
+    long peakKilobytes = 0;
+};
+
+Figures measure(const PageSet& pages, int rounds) {
+    Figures figures;
+    for (int round = 0; round < rounds; ++round) {
+        figures.cp.push_back(copyPages(pages, pages.ours()).seconds);
+        pages.settle();
+        const Cost ours = costOf([&] { rewriteAll(pages); });
+        figures.ours.push_back(ours.seconds);
+        figures.peakKilobytes = std::max(figures.peakKilobytes, ours.peakKilobytes);
+        for (std::size_t i = 0; i < locales.size(); ++i) {
+            figures.cp.push_back(copyPages(pages, pages.rivals()).seconds);
+            pages.settle();
+            figures.sed.at(i).push_back(costOf(pages.sedCommand(locales.at(i))).seconds);
+            if (!pages.sameResults()) {
+                std::cerr << "The two programs write different pages.\n";
+                std::exit(1); // NOLINT(concurrency-mt-unsafe)
+            }
+        }
+    }
+    return figures;
+}
+
+long measureAndPrint(const char* what, const PageSet& pages, int rounds, const char* limit) {
+    const Figures figures = measure(pages, rounds);
+    const double ours = median(figures.ours);
+    const double sed = std::min(median(figures.sed[0]), median(figures.sed[1]));
+    const double cp = median(figures.cp);
+    std::printf("%s in %s (medians of %d rounds)\n", what, pages.drivesRoot().c_str(), rounds);
+    std::printf("  rewriting links %6.2f s\n", ours);
+    for (std::size_t i = 0; i < locales.size(); ++i) {
+        std::printf("  sed, %-10s %6.2f s\n", locales.at(i), median(figures.sed.at(i)));
+    }
+    std::printf("  cp              %6.2f s\n", cp);
+    std::printf("  faster sed / rewriting links: %5.2f (at least %s)\n", sed / ours, limit);
+    std::printf("  rewriting links / cp:         %5.2f (at most 2)\n", ours / cp);
+    std::fflush(stdout);
+    return figures.peakKilobytes;
+}
+
+long peakOfOnePage(std::size_t size) {
+    const PageSet page(1, size);
+    static_cast<void>(copyPages(page, page.ours()));
+    return costOf([&] { rewriteAll(page); }).peakKilobytes;
+}
+
+int run() {
+    constexpr std::size_t megabyte = 1'000'000;
+    const long ofSmall = peakOfOnePage(5 * megabyte);
+    const long ofLarge = measureAndPrint("one page of 500 MB", PageSet(1, 500 * megabyte), 5, "3");
+    const long ofMany = measureAndPrint("20,000 pages of 20 KB", PageSet(20'000, 20'000), 3, "1");
+    std::printf("peak memory: %ld KB for a page of 5 MB, %ld KB for one of 500 MB (the same), "
+                "%ld KB for 20,000 pages\n",
+                ofSmall, ofLarge, ofMany);
+    return 0;
+}
+
+} // namespace
+} // namespace tarnwick
+
+int main() {
+    return tarnwick::run();
+}

@@ -71,8 +71,8 @@ class EventWindow {
 };
 
 // Of a name that no earlier run, which may have been cut short, has left behind.
-std::string newScratchFolder() {
-    const auto stem = Win32Process().environmentVariable("TEMP") + R"(\tarnwick-test-)";
+std::string newFolderIn(const std::string& parent) {
+    const auto stem = parent + R"(\tarnwick-test-)";
     int number = 1;
     while (CreateDirectoryA((stem + std::to_string(number)).c_str(), nullptr) == 0) {
         if (GetLastError() != ERROR_ALREADY_EXISTS) {
@@ -89,6 +89,13 @@ void addAttribute(const std::string& path, DWORD attribute) {
     ASSERT_NE(SetFileAttributesA(path.c_str(), attributes | attribute), 0) << path;
 }
 
+void makeRemovable(const std::string& folder) {
+    std::error_code failed;
+    for (const auto& entry : fs::recursive_directory_iterator(folder, failed)) {
+        SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+}
+
 class Win32Platform final : public PlatformUnderTest {
   public:
     Win32Platform() { forgetSettings(); } // of an earlier run, which may have been cut short
@@ -98,14 +105,13 @@ class Win32Platform final : public PlatformUnderTest {
     Win32Platform& operator=(Win32Platform&&) = delete;
     ~Win32Platform() override {
         std::error_code failed;
-        for (const auto& entry : fs::recursive_directory_iterator(scratch_, failed)) {
-            SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
-        }
+        makeRemovable(scratch_);
         // A batch file that has just ended may be held a little longer.
         for (int i = 0; i < 100 && (fs::remove_all(scratch_, failed), failed); ++i) {
             Sleep(50);
         }
         if (!otherVolume_.empty()) {
+            makeRemovable(otherVolume_);
             fs::remove_all(otherVolume_, failed);
         }
         forgetSettings();
@@ -139,11 +145,12 @@ class Win32Platform final : public PlatformUnderTest {
         auto roots = files_.drives();
         roots.emplace_back(R"(Z:\dev\shm)");
         for (const auto& root : roots) {
-            const auto folder = root + R"(\tarnwick-test-)" + std::to_string(GetCurrentProcessId());
-            const bool fixed = GetDriveTypeA((root.substr(0, 2) + '\\').c_str()) == DRIVE_FIXED;
-            if (!fixed || CreateDirectoryA(folder.c_str(), nullptr) == 0) {
+            const auto drive = root.substr(0, 2);
+            if (drive == scratch_.substr(0, 2) || !files_.canListFolder(root) ||
+                GetDriveTypeA((drive + '\\').c_str()) != DRIVE_FIXED) {
                 continue;
             }
+            const auto folder = newFolderIn(root);
             if (liesElsewhere(folder)) {
                 otherVolume_ = folder;
                 return folder;
@@ -203,7 +210,7 @@ class Win32Platform final : public PlatformUnderTest {
     }
 
     std::string application_ = "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
-    std::string scratch_ = newScratchFolder();
+    std::string scratch_ = newFolderIn(Win32Process().environmentVariable("TEMP"));
     std::string substitute_;
     std::string otherVolume_;
     Win32Files files_;

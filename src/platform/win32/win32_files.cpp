@@ -62,11 +62,10 @@ void requireReplaceable(const std::string& path) {
     }
 }
 
-// Whether an open handle keeps the file from being replaced.
+// Whether anybody has the file open: even one who lets others delete it keeps it from being
+// replaced.
 bool isInUse(const std::string& path) {
-    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Handle file(
-        CreateFileA(path.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    const Handle file(CreateFileA(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     return !file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 

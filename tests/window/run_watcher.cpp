@@ -20,9 +20,9 @@
 
 #include <commctrl.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <functional>
+#include <iomanip>
+#include <iostream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,13 +33,13 @@ constexpr int noWindow = 1;
 constexpr int badUsage = 2;
 constexpr int timeIsUp = 3;
 constexpr UINT aTenth = 100; // milliseconds
-constexpr UINT long_ = 20000;
+constexpr UINT patience = 20000;
 
 std::string textOf(HWND window) {
     std::string text(4096, '\0');
     DWORD_PTR length = 0;
     SendMessageTimeoutA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                        SMTO_NORMAL, long_, &length);
+                        SMTO_NORMAL, patience, &length);
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
@@ -80,10 +80,10 @@ int click(HWND window, const char* caption) {
     }
     const double start = seconds();
     DWORD_PTR ignored = 0;
-    if (SendMessageTimeoutA(button, BM_CLICK, 0, 0, SMTO_NORMAL, long_, &ignored) == 0) {
+    if (SendMessageTimeoutA(button, BM_CLICK, 0, 0, SMTO_NORMAL, patience, &ignored) == 0) {
         return timeIsUp;
     }
-    std::printf("%.0f\n", (seconds() - start) * 1000);
+    std::cout << std::fixed << std::setprecision(0) << (seconds() - start) * 1000 << '\n';
     return 0;
 }
 
@@ -101,7 +101,7 @@ class Watch {
 
     int until(double limit, const std::optional<std::string>& awaited) {
         const int result = watch(limit, awaited);
-        std::printf("answers %d slow %d\n", answers_, slow_);
+        std::cout << "answers " << answers_ << " slow " << slow_ << '\n';
         return result;
     }
 
@@ -121,10 +121,12 @@ class Watch {
             }
             const std::string button = textOf(close_);
             const std::string status = textOf(status_);
-            const std::string shown = button + "|" + percent() + "|" + status;
+            const std::string shown =
+                std::string(button).append("|").append(percent()).append("|").append(status);
             if (shown != last) {
-                std::printf("%.1f|%s\n", seconds() - start, shown.c_str());
-                std::fflush(stdout);
+                std::cout << std::fixed << std::setprecision(1) << seconds() - start << '|' << shown
+                          << '\n'
+                          << std::flush; // now: somebody reads along
                 last = shown;
             }
             if (awaited ? status.starts_with(*awaited) : running && button == "Close") {
@@ -139,7 +141,7 @@ class Watch {
     void askForLife() {
         DWORD_PTR ignored = 0;
         const double start = seconds();
-        SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, long_, &ignored);
+        SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, patience, &ignored);
         ++answers_;
         slow_ += (seconds() - start) * 1000 > aTenth ? 1 : 0;
     }
@@ -175,8 +177,8 @@ int main(int count, char** arguments) {
     if (command == "watch" && count <= 5) {
         const std::optional<std::string> awaited =
             count == 5 ? std::optional<std::string>(arguments[4]) : std::nullopt;
-        return Watch(window).until(std::atof(arguments[3]), awaited);
+        return Watch(window).until(std::stod(arguments[3]), awaited);
     }
-    std::fputs("usage: run_watcher TITLE press|click CAPTION | watch SECONDS [STATUS]\n", stderr);
+    std::cerr << "usage: run_watcher TITLE press|click CAPTION | watch SECONDS [STATUS]\n";
     return badUsage;
 }

@@ -255,10 +255,10 @@ class frmMain final : public Form, private RunWindow {
     OutputGridEditor mpOutputs_;
     BatchExport batchExport_;
     std::optional<InteractiveRun> run_; // while one goes on
-    bool bInputChanged_ = false;      // the folder has been edited since it was listed
-    bool bInExtChanged_ = false;      // so have the extensions
-    bool bFieldEdited_ = false;       // a field is being edited, and has not been left yet
-    bool bAskedAtSessionEnd_ = false; // whether to save; the user is not asked once more
+    bool bInputChanged_ = false;        // the folder has been edited since it was listed
+    bool bInExtChanged_ = false;        // so have the extensions
+    bool bFieldEdited_ = false;         // a field is being edited, and has not been left yet
+    bool bAskedAtSessionEnd_ = false;   // whether to save; the user is not asked once more
     bool ended_ = false;
 };
 

@@ -59,11 +59,13 @@ class BrokenLinks : public testing::TestWithParam<char> {
 
     BrokenLinks() {
         const std::string filler(150'000, 'x');
-        const std::string link = "HREF=\"" + links.out + "Text\\rec.txt\"\r\n";
+        const auto around = [&](std::string_view link) {
+            return std::string(filler).append("\r\n").append(link).append("\r\n").append(filler);
+        };
         for (const char* page : {"Html\\rec.html", "Faq\\rec_faq.htm"}) {
             pages.push_back({.path = links.out + page,
-                             .before = filler + "\r\n" + link + filler,
-                             .after = filler + "\r\nHREF=\"../Text/rec.txt\"\r\n" + filler});
+                             .before = around("HREF=\"" + links.out + "Text\\rec.txt\""),
+                             .after = around("HREF=\"../Text/rec.txt\"")});
         }
     }
     void putPages() {

@@ -41,7 +41,7 @@ Output findOutput(const BatchDefinition& definition, KnownFolders& folders,
         const std::string& folder =
             definition.bCfgNamesOutput ? definition.sInputFolder : row.sOutputFolder;
         if (equalIgnoringCase(row.sFileType, type) && folders.exists(folder)) {
-            std::string name = std::string(baseName).append(row.sExtension);
+            const std::string name = std::string(baseName).append(row.sExtension);
             return {.path = joinPath(folder, name), .name = name};
         }
     }

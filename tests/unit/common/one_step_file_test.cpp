@@ -107,6 +107,15 @@ TEST_F(MoveInOneStep, A_full_volume_leaves_the_old_file_and_nothing_beside_it) {
     expectOldPageAlone();
 }
 
+TEST_F(MoveInOneStep, What_is_refused_on_one_volume_is_not_tried_by_copying) {
+    world.write("C:\\page", "old content");
+    world.makeReadOnly("C:\\page");
+    RecordingFiles recording(world.files());
+    EXPECT_THROW(moveInOneStep(recording, "C:\\new", "C:\\page", "C:\\beside"), RunTimeError);
+    EXPECT_THAT(recording.calls(), ElementsAre(RecordingFiles::Call{
+                                       .operation = FileOperation::MoveOver, .path = "C:\\new"}));
+}
+
 TEST_F(MoveInOneStep, What_may_not_be_replaced_stays) {
     world.makeReadOnly("D:\\page");
     try {

@@ -108,6 +108,10 @@ class Generator {
     }
 
   private:
+    static std::string run(std::size_t length, char byte) {
+        std::string result;
+        return result.append(length, byte);
+    }
     std::string piece(const std::vector<std::string>& paths) {
         const std::string path = oneOf(paths);
         switch (below(16)) {
@@ -131,7 +135,7 @@ class Generator {
         case 10:
             return oneOf({"\x1A", "\xE9", "\xFF\x80", "<p>", "HREF", "H"});
         case 11:
-            return std::string(static_cast<std::size_t>(below(400)), static_cast<char>(below(256)));
+            return run(static_cast<std::size_t>(below(400)), static_cast<char>(below(256)));
         case 12:
             return below(400) == 0 ? std::string(200'000, 'z') : "..";
         default:

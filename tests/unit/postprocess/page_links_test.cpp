@@ -131,18 +131,19 @@ TEST(PageLinks, A_base_line_can_hold_links_too) {
 }
 
 TEST(PageLinks, A_line_ends_at_carriage_return_line_feed_or_both) {
-    const std::string link(faqLink);
+    const std::string twice = std::string(faqLink).append(faqLink);
+    const std::string changed = std::string("HREF=\"rec_faq.htm\"").append(faqLink);
     for (const std::string_view end : {"\n", "\r\n", "\r", "\n\r", "\r\r\n", "\n\n"}) {
-        const std::string page = link + link + std::string(end) + link + link;
-        const std::string half = "HREF=\"rec_faq.htm\"" + link;
-        EXPECT_EQ(rewritten(page), half + std::string(end) + half);
+        EXPECT_EQ(rewritten(std::string(twice).append(end).append(twice)),
+                  std::string(changed).append(end).append(changed));
     }
 }
 
 TEST(PageLinks, Other_bytes_do_not_end_a_line) {
-    const std::string link(faqLink);
     for (const char byte : {'\t', '\f', '\v', '\0', '\x1A', '\x85', '\xA0', '\xE9'}) {
-        EXPECT_EQ(rewritten(link + byte + link), "HREF=\"rec_faq.htm\"" + (byte + link));
+        const std::string rest = std::string(1, byte).append(faqLink);
+        EXPECT_EQ(rewritten(std::string(faqLink).append(rest)),
+                  std::string("HREF=\"rec_faq.htm\"").append(rest));
     }
 }
 

@@ -59,11 +59,13 @@ class BrokenLinks : public testing::TestWithParam<char> {
 
     BrokenLinks() {
         const std::string filler(150'000, 'x');
-        const std::string link = "HREF=\"" + links.out + "Text\\rec.txt\"\r\n";
+        const auto around = [&](std::string_view link) {
+            return std::string(filler).append("\r\n").append(link).append("\r\n").append(filler);
+        };
         for (const char* page : {"Html\\rec.html", "Faq\\rec_faq.htm"}) {
             pages.push_back({.path = links.out + page,
-                             .before = filler + "\r\n" + link + filler,
-                             .after = filler + "\r\nHREF=\"../Text/rec.txt\"\r\n" + filler});
+                             .before = around("HREF=\"" + links.out + "Text\\rec.txt\""),
+                             .after = around("HREF=\"../Text/rec.txt\"")});
         }
     }
     void putPages() {
@@ -147,7 +149,25 @@ TEST_P(BrokenLinks, A_disk_that_is_full_at_any_point_leaves_whole_pages_and_noth
     }
 }
 
-TEST_P(BrokenLinks, What_a_page_may_not_be_replaced_by_leaves_no_trace) {
+TEST_P(BrokenLinks, A_full_disk_that_is_told_only_on_closing_leaves_the_old_pages) {
+    const int filesClosed = GetParam() == 'C' ? 1 : 2; // for the first page: the copy beside it too
+    for (int nth = 1; nth <= filesClosed; ++nth) {
+        SCOPED_TRACE(nth);
+        putPages();
+        FaultyFiles faulty(files());
+        faulty.failAt(FileOperation::Close, nth, RunTimeError(ErrorNumber::DiskFull));
+        links.fix(faulty);
+        EXPECT_THAT(links.desktop.messages,
+                    ElementsAre(errorReport("frmMain", "Private Sub FixRelativePaths()",
+                                            ErrorNumber::DiskFull)));
+        for (const Page& page : pages) {
+            EXPECT_TRUE(links.world.read(page.path) == page.before);
+        }
+        expectNothingLeft();
+    }
+}
+
+TEST_P(BrokenLinks, What_may_not_take_the_place_of_a_page_leaves_no_trace) {
     putPages();
     links.world.makeReadOnly(pages[0].path);
     links.fix();

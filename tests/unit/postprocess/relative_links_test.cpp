@@ -18,7 +18,7 @@ using testing::IsEmpty;
 
 class RelativePath : public testing::Test {
   protected:
-    ~RelativePath() override { EXPECT_THAT(desktop.messages, IsEmpty()); }
+    void TearDown() override { EXPECT_THAT(desktop.messages, IsEmpty()); }
     std::string relative(std::string_view from, std::string_view to) {
         return GetRelativePath(desktop, from, to);
     }

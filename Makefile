@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist bench coverage screenshots lint format check-format clean
+.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist bench coverage screenshots help-pictures lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -83,6 +83,12 @@ coverage:
 	ctest --preset native-coverage --output-log build/native-coverage/ctest.log >/dev/null
 	gcovr --root . --filter 'src/(common|definition|processing|postprocess)/' \
 	  --exclude-throw-branches --fail-under-line 95 build/native-coverage
+
+# The pictures of the manual are kept with its pages; this takes them anew.
+help-pictures: windows
+	@$(ensure) $(wine_packages)
+	tests/window/run.sh build/windows pictures
+	for picture in docs/help/pictures/*.png; do cp build/screenshots/$$(basename $$picture) $$picture || exit 1; done
 
 screenshots: windows
 	@$(ensure) $(wine_packages)

@@ -1,7 +1,8 @@
 # Sourced by run.sh: a screen of its own, programs on it, and hands for mouse and keyboard.
-# Wants $build (the build folder), $here, $gallery and $pictures.
+# Wants $build (the build folder), $here, $suite, $gallery and $pictures.
 
-export TARNWICK_WINE_BUILD=$build/window
+# A prefix for each suite: they may run side by side.
+export TARNWICK_WINE_BUILD=$build/window/$suite
 wine_run=$here/../../cmake/wine-run
 work=$TARNWICK_WINE_BUILD/work
 drive=$TARNWICK_WINE_BUILD/wine/drive_c

@@ -12,6 +12,9 @@ BrandingText "Tarnwick ${VERSION}"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tarnwick"
 
 !define MULTIUSER_EXECUTIONLEVEL Highest
+; Who installs for everybody says so: then Tarnwick's own folder, where its INI file would lie, cannot be
+; written by the program.
+!define MULTIUSER_INSTALLMODE_DEFAULT_CURRENTUSER
 !define MULTIUSER_MUI
 !define MULTIUSER_INSTALLMODE_COMMANDLINE
 !define MULTIUSER_USE_PROGRAMFILES64
@@ -27,7 +30,8 @@ BrandingText "Tarnwick ${VERSION}"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
-!define MUI_FINISHPAGE_RUN "$INSTDIR\Tarnwick.exe"
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_FUNCTION startAsTheUser
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
@@ -44,9 +48,15 @@ VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "ProductVersion" "${VERSION}"
 VIAddVersionKey "LegalCopyright" "Corvane"
 
-; A folder given by /D stands in $INSTDIR already, and is not to be lost to the usual ones.
+; The installer may have an administrator's rights, which the program is not to get from it.
+Function startAsTheUser
+  Exec '"$WINDIR\explorer.exe" "$INSTDIR\Tarnwick.exe"'
+FunctionEnd
+
 Function .onInit
   SetRegView 64
+  Call refuseQuietly
+  ; A folder given by /D stands in $INSTDIR already, and is not to be lost to the usual ones.
   StrCpy $R0 $INSTDIR
   !insertmacro MULTIUSER_INIT
   ${If} $R0 != ""
@@ -54,12 +64,43 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
+; Without the rights for what was asked there would be a message, for which nobody may be there.
+Function refuseQuietly
+  ${GetParameters} $R1
+  ClearErrors
+  ${GetOptions} $R1 "/AllUsers" $R2
+  ${IfNot} ${Errors}
+  ${AndIf} ${Silent}
+    UserInfo::GetAccountType
+    Pop $R2
+    ${If} $R2 != "Admin"
+      SetErrorLevel 5
+      Quit
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; A program that runs keeps its file: then nothing is changed at all.
+!macro REQUIRE_PROGRAM_AT_REST
+  ${If} ${FileExists} "$INSTDIR\Tarnwick.exe"
+    ClearErrors
+    FileOpen $R3 "$INSTDIR\Tarnwick.exe" a
+    ${If} ${Errors}
+      MessageBox MB_OK|MB_ICONEXCLAMATION "Tarnwick is running. Please close it and start this again." /SD IDOK
+      SetErrorLevel 2
+      Abort
+    ${EndIf}
+    FileClose $R3
+  ${EndIf}
+!macroend
+
 Function un.onInit
   SetRegView 64
   !insertmacro MULTIUSER_UNINIT
 FunctionEnd
 
 Section
+  !insertmacro REQUIRE_PROGRAM_AT_REST
   SetOutPath "$INSTDIR"
   File "${FILES}\Tarnwick.exe"
   File "${FILES}\Tarnwick.chm"
@@ -85,6 +126,7 @@ SectionEnd
 
 ; File by file: the folder may hold the user's INI files, tools and records, and they stay.
 Section "Uninstall"
+  !insertmacro REQUIRE_PROGRAM_AT_REST
   Delete "$INSTDIR\Tarnwick.exe"
   Delete "$INSTDIR\Tarnwick.chm"
   Delete "$INSTDIR\README.txt"

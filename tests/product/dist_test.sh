@@ -51,12 +51,14 @@ The_help_holds_every_page_with_contents_and_index() {
     for page in "$here"/../../docs/help/*.html "$here"/../../docs/help/pictures/*.png; do
         grep -q "/${page##*/}\$" "$work/chm" || fail "the help lacks ${page##*/}"
     done
-    grep -q '/Tarnwick.hhc$' "$work/chm" && grep -q '/Tarnwick.hhk$' "$work/chm"
+    for page in help.css Tarnwick.hhc Tarnwick.hhk; do
+        grep -q "/$page\$" "$work/chm" || fail "the help lacks $page"
+    done
 }
 
 Packed_again_the_zip_has_the_same_bytes() {
     cp "$dist"/Tarnwick-*.zip "$work/first.zip"
-    "$here/../../packaging/make-dist" "$build" >/dev/null
+    "$here/../../packaging/make-dist" "$build" >/dev/null || fail "cannot be packed again"
     cmp "$work/first.zip" "$dist"/Tarnwick-*.zip
 }
 
@@ -73,9 +75,10 @@ installs() { # HIVE SWITCH
     rm "$drive/setup.exe" "$drive/install.bat"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = \
         "./README.txt ./Tarnwick.chm ./Tarnwick.exe ./Uninstall.exe" ] || fail "$(ls "$folder")"
-    cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe"
-    files | grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' || fail "not in the start menu"
-    files | grep -q 'Start Menu/Programs/Tarnwick/Tarnwick Help.lnk$' || fail "no help in the start menu"
+    cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe" || fail "another program was installed"
+    files >"$work/installed"
+    grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' "$work/installed" || fail "not in the start menu"
+    grep -q 'Start Menu/Programs/Tarnwick/Tarnwick Help.lnk$' "$work/installed" || fail "no help in the start menu"
     registered "$1" >"$work/registered" || fail "cannot be found among the programs"
     grep -qF "InstallLocation    REG_SZ    $place" "$work/registered" || fail "$(cat "$work/registered")"
     grep -q 'DisplayVersion    REG_SZ    2\.0\.0\.7' "$work/registered" || fail "$(cat "$work/registered")"
@@ -107,14 +110,27 @@ Installed_for_the_user_it_runs_and_goes_without_a_trace() {
     uninstalls HKCU /CurrentUser
 }
 
+# While it is open, neither the installer nor the uninstaller may touch anything.
 the_window_opens() {
-    local window
+    local window status
     "$wine" reg add 'HKCU\Software\Corvane\TARNWICK' /v 'INI File Name' /d 'T:\demo.ini' /f >/dev/null
     "$wine" "$place\\Tarnwick.exe" &
+    program=$!
     until_true 20 xdotool search --onlyvisible --name '^Tarnwick - demo\.ini$' >"$work/window" || fail "no window"
     window=$(head -n 1 "$work/window")
+    cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
+    printf 'C:\\setup.exe /S /CurrentUser\r\nexit %%errorlevel%%\r\n' >"$drive/again.bat"
+    status=0
+    "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?
+    rm "$drive/setup.exe" "$drive/again.bat"
+    [ $status -eq 2 ] || fail "installing over a running program ended with $status"
+    printf '"%s\\Uninstall.exe" /CurrentUser /S\r\n' "$place" >"$drive/remove.bat"
+    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
+    rm "$drive/remove.bat"
+    sleep 2
+    [ -e "$folder/Uninstall.exe" ] && [ -e "$folder/Tarnwick.exe" ] || fail "a running program was removed"
     xdotool windowactivate --sync "$window" key alt+F4
-    wait $! || fail "the program ended with $?"
+    wait $program || fail "the program ended with $?"
     "$wine" reg delete 'HKCU\Software\Corvane' /f >/dev/null
 }
 

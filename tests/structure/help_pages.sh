@@ -13,7 +13,6 @@ complain() {
 targets() { grep -o '\(href\|src\)="[^"]*"' "$1" | sed 's/^[a-z]*="//; s/"$//'; }
 locals() { sed -n 's/.*name="Local" value="\([^"]*\)".*/\1/p' "$1"; }
 
-reached=index.html
 for page in *.html; do
     for target in $(targets "$page"); do
         case $target in http://* | https://* | mailto:*) continue ;; esac
@@ -23,13 +22,27 @@ for page in *.html; do
         if [ -n "$place" ]; then
             grep -q "id=\"${place#\#}\"" "${file:-$page}" 2>/dev/null || complain "$page: no place $target"
         fi
-        [ "$file" = "$page" ] || reached="$reached $file"
     done
     grep -qx "$page" Tarnwick.hhp || complain "Tarnwick.hhp: $page is missing"
     locals Tarnwick.hhc | grep -qx "$page" || complain "Tarnwick.hhc: $page is missing"
 done
+# From the first page on, round after round.
+reached=' index.html '
+found=$reached
+while [ -n "$found" ]; do
+    next=
+    for page in $found; do
+        for target in $(targets "$page"); do
+            file=${target%%#*}
+            case $file in *.html) ;; *) continue ;; esac
+            [ -f "$file" ] || continue
+            case $reached in *" $file "*) ;; *) reached="$reached$file " next="$next$file " ;; esac
+        done
+    done
+    found=$next
+done
 for page in *.html; do
-    case " $reached " in *" $page "*) ;; *) complain "$page: no page leads to it" ;; esac
+    case $reached in *" $page "*) ;; *) complain "$page: no page leads to it" ;; esac
 done
 for list in Tarnwick.hhc Tarnwick.hhk; do
     for target in $(locals "$list"); do

@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist bench coverage screenshots help-pictures lint format check-format clean
+.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -63,6 +63,10 @@ dist: windows
 
 test-dist: dist
 	cmake/on-virtual-screen tests/product/dist_test.sh build
+
+# Builds everything once more, elsewhere: minutes, and therefore no part of `make test`.
+reproducible: dist
+	packaging/check-reproducible build
 
 bench:
 	@$(ensure) $(bench_packages)

@@ -112,8 +112,8 @@ class Files {
     // holds after a loss of power too, as far as the file system keeps what it was told in order.
     // `to` need not exist. Both must lie on one volume.
     // Raises 53 (no `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in
-    // use), 74 (the volumes differ), 76; both files are then as they were. What could be told in
-    // more than one way is told in one of them.
+    // use, and still after half a second), 74 (the volumes differ), 76; both files are then as they
+    // were. Where several of these apply, any one of them is raised.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 };
 

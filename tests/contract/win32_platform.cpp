@@ -14,7 +14,9 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -359,6 +361,23 @@ TEST_F(Win32, A_request_to_quit_stays_for_the_program_itself) {
     EXPECT_NE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE), 0);
     EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
     EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_replaced_all_the_same) {
+    for (const std::string_view used : {"old.txt", "new.txt"}) {
+        SCOPED_TRACE(used);
+        put("new.txt", "new");
+        put("old.txt", "old");
+        std::shared_ptr<void> looking = platform->keep(in(used));
+        std::thread scanner([&] {
+            constexpr DWORD moment = 200;
+            Sleep(moment);
+            looking.reset();
+        });
+        EXPECT_EQ(raisedBy([&] { files.moveOver(in("new.txt"), in("old.txt")); }), 0);
+        scanner.join();
+        EXPECT_EQ(get("old.txt"), "new");
+    }
 }
 
 TEST_F(Win32, A_filter_that_deals_with_a_message_keeps_it_from_its_window) {

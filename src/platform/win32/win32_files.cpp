@@ -69,6 +69,16 @@ bool isInUse(const std::string& path) {
     return !file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
+// Whether a move over that file failed because somebody uses one of the two.
+bool isUseOf(const std::string& target, DWORD systemError) {
+    return systemError == ERROR_SHARING_VIOLATION || systemError == ERROR_LOCK_VIOLATION ||
+           (systemError == ERROR_ACCESS_DENIED && isInUse(target));
+}
+
+// What looks at every new file, an indexer or a virus scanner, is done with it in a moment.
+constexpr int moveAttempts = 10;
+constexpr DWORD millisecondsBetweenMoves = 50;
+
 // Puts what the file holds on the medium. A file that may not be written is left for the move to
 // tell about.
 void flushContent(const std::string& path) {
@@ -196,15 +206,20 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
     requireReplaceable(target);
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
-    if (MoveFileExA(source.c_str(), target.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
-        return;
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExA(source.c_str(), target.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return;
+        }
+        const auto systemError = GetLastError();
+        if (!isUseOf(target, systemError)) {
+            raiseSystemError(systemError, target);
+        }
+        if (attempt == moveAttempts) {
+            raiseSystemError(ErrorNumber::PermissionDenied, systemError);
+        }
+        Sleep(millisecondsBetweenMoves);
     }
-    const auto systemError = GetLastError();
-    if (systemError == ERROR_ACCESS_DENIED && isInUse(target)) {
-        raiseSystemError(ErrorNumber::PermissionDenied, systemError);
-    }
-    raiseSystemError(systemError, target);
 }
 
 } // namespace tarnwick

@@ -8,9 +8,6 @@ class Clock {
   public:
     virtual ~Clock() = default;
 
-    // Local time of day: seconds since midnight, 0 <= t < 86400, with fractions.
-    [[nodiscard]] virtual double secondsSinceMidnight() const = 0;
-
     // Seconds that only ever grow, from an arbitrary start; unmoved by midnight and by a clock
     // that is set.
     [[nodiscard]] virtual double steadySeconds() const = 0;

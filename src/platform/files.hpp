@@ -20,8 +20,8 @@ class InputFile {
 };
 
 // A file open for writing. Bytes are written as they stand; no line end is translated. They are
-// gathered: others read them after flush or close at the latest, and what cannot be written may be
-// told by a later call than the one that gave it.
+// gathered: others read them after drain, flush or close at the latest, and what cannot be written
+// may be told by a later call than the one that gave it.
 class OutputFile {
   public:
     // Closes without a word; what close() would have raised is lost.
@@ -29,8 +29,10 @@ class OutputFile {
     // Appends all of `bytes`. Raises 61 (disk full), 57; the file then holds some prefix of what
     // was written.
     virtual void write(std::string_view bytes) = 0;
-    // Asks the system to put on the medium what was written so far, so that a loss of power does
-    // not undo it. Raises 61, 57.
+    // Gives the system what was written so far: from now on others read it. Raises 61, 57.
+    virtual void drain() = 0;
+    // As drain, and asks the system to put it on the medium, so that a loss of power does not undo
+    // it. Where the volume knows no such request, that is all that can be done. Raises 61, 57.
     virtual void flush() = 0;
     // Ends the writing; nothing may be written afterwards. A second call does nothing.
     // Raises 61, 57; the file is closed all the same, and what had not been written is lost.

@@ -15,7 +15,7 @@ std::optional<std::string> logFilePath(const BatchDefinition& definition, const 
 
 void CommandLineLog::write(std::string_view statement) {
     file_->write(std::string(statement).append(lineEnd));
-    file_->flush();
+    file_->drain();
 }
 
 } // namespace tarnwick

@@ -2,6 +2,7 @@
 
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
+#include "common/text.hpp"
 #include "common/trap.hpp"
 #include "postprocess/relative_links.hpp"
 
@@ -50,9 +51,21 @@ void InteractiveRun::openLog() {
         return;
     }
     if (const auto path = logFilePath(job_.definition, services_.files); path) {
+        requireNoRecord(*path);
         log_.emplace(services_.files, *path);
     } else {
         window_.switchLoggingOff();
+    }
+}
+
+// The log replaces what is there.
+void InteractiveRun::requireNoRecord(const std::string& path) const {
+    for (const std::string& record : job_.records) {
+        if (equalIgnoringCase(path, joinPath(job_.definition.sInputFolder, record))) {
+            ErrorRecord error = RunTimeError(ErrorNumber::FileAlreadyExists).record();
+            error.description += ": the command log would replace the record " + quoted(path);
+            throw RunTimeError(std::move(error));
+        }
     }
 }
 
@@ -119,6 +132,8 @@ void InteractiveRun::clearBatch() {
     letEventsRun();
 }
 
+// A batch that could not be written or started ends the run: the next one would meet the same
+// folder and the same interpreter, and a report for each of a thousand tools helps nobody.
 bool InteractiveRun::runTool(std::string_view statement) {
     return !stop_.cancelled &&
            ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_) ==
@@ -141,8 +156,14 @@ void InteractiveRun::fixLinks(const std::string& record, const std::string& cnsO
 }
 
 void InteractiveRun::log(std::string_view statement) {
-    if (log_) {
+    if (!log_) {
+        return;
+    }
+    try {
         log_->write(statement);
+    } catch (...) {
+        log_.reset(); // it keeps what it could not write; closing it would raise once more
+        throw;
     }
 }
 

@@ -25,7 +25,8 @@ class InteractiveRun {
     void execute();
 
     // For handlers of events that run meanwhile.
-    // No further tool is started. The one that runs is not waited for, nor ended.
+    // No further tool is started, but for the one whose batch is already being made. The one that
+    // runs is not waited for, nor ended.
     void cancel() noexcept { stop_.cancelled = true; }
     // As cancel, and at once nothing is left that the run has made for itself: where the window has
     // been closed the program may end at any moment.
@@ -34,6 +35,7 @@ class InteractiveRun {
   private:
     void prepare();
     void openLog();
+    void requireNoRecord(const std::string& path) const;
     void processAll();
     // Whether the run goes on.
     [[nodiscard]] bool process(const std::string& record);

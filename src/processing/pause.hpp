@@ -6,15 +6,17 @@ namespace tarnwick {
 
 // What a run has been asked to do before its end.
 struct StopRequest {
-    bool cancelled = false; // the user wants no more; looked at between the pauses
+    bool cancelled = false; // the user wants no more; looked at between the pauses, but
+                            // not between a batch and its start
     bool closed = false;    // the window is gone: nobody waits any longer
 
     void close() noexcept { cancelled = closed = true; }
 };
 
 // Lets `seconds` go by, and the window's events run as they come; between them the processor
-// rests. Midnight and a clock that is set make it neither longer nor shorter. It ends at once where
-// the window is gone.
+// rests. It ends at once where the window is gone.
+// By the steady clock, not by the time of day: that begins anew at midnight and may be set, and a
+// pause must then be neither longer nor shorter.
 void pause(const Clock& clock, PendingEvents& events, double seconds, const StopRequest& stop);
 
 } // namespace tarnwick

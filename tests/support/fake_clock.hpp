@@ -2,7 +2,6 @@
 
 #include "platform/clock.hpp"
 
-#include <cmath>
 #include <functional>
 #include <string>
 
@@ -11,19 +10,13 @@ namespace tarnwick {
 // A clock that a test sets; it goes only when told to.
 class FakeClock : public Clock {
   public:
-    [[nodiscard]] double secondsSinceMidnight() const override { return midnightSeconds; }
     [[nodiscard]] double steadySeconds() const override { return steady; }
     [[nodiscard]] std::string longDate() const override { return date; }
     [[nodiscard]] std::string longTime() const override { return time; }
 
-    // Lets that much time go by; at midnight the time of day begins anew.
-    void advance(double seconds) {
-        constexpr double day = 86400;
-        steady += seconds;
-        midnightSeconds = std::fmod(midnightSeconds + seconds, day);
-    }
+    // Lets that much time go by.
+    void advance(double seconds) { steady += seconds; }
 
-    double midnightSeconds = 36000;
     double steady = 1000;
     std::string date = "Monday, 2 March 2026";
     std::string time = "10:00:00";

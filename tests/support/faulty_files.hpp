@@ -23,7 +23,7 @@ class FaultyFiles : public WatchedFiles {
     void failAlways(FileOperation operation, const RunTimeError& error);
 
     // The disk has room for `bytes` more, over all files; the write that needs more fills it up
-    // and raises 61.
+    // and raises 61, and so does every later call to that file, its close included.
     void fillDiskAfter(std::size_t bytes);
 
     // Breaks nothing any more.

@@ -7,10 +7,11 @@
 namespace tarnwick {
 
 std::string_view nameOf(FileOperation operation) noexcept {
-    constexpr std::array<std::string_view, 18> names{
-        "canListFolder", "firstNormalFile", "listFiles", "listFolders", "drives", "currentFolder",
-        "shortPath",     "openForReading",  "create",    "createNew",   "append", "remove",
-        "createFolder",  "moveOver",        "read",      "write",       "flush",  "close"};
+    constexpr std::array<std::string_view, 19> names{
+        "canListFolder", "firstNormalFile", "listFiles",      "listFolders", "drives",
+        "currentFolder", "shortPath",       "openForReading", "create",      "createNew",
+        "append",        "remove",          "createFolder",   "moveOver",    "read",
+        "write",         "drain",           "flush",          "close"};
     return names[static_cast<std::size_t>(operation)];
 }
 

@@ -23,6 +23,7 @@ enum class FileOperation {
     MoveOver,
     Read,
     Write,
+    Drain,
     Flush,
     Close,
 };

@@ -34,14 +34,17 @@ class WatchedOutput : public OutputFile {
 
     void write(std::string_view bytes) override {
         observer_->beforeCall(FileOperation::Write, path_);
-        const auto room = observer_->room(bytes.size());
-        file_->write(bytes.substr(0, room));
-        if (room < bytes.size()) {
-            observer_->afterShortWrite();
-        }
+        waiting_ += bytes;
+        pass();
+    }
+    void drain() override {
+        observer_->beforeCall(FileOperation::Drain, path_);
+        pass();
+        file_->drain();
     }
     void flush() override {
         observer_->beforeCall(FileOperation::Flush, path_);
+        pass();
         file_->flush();
     }
     void close() override {
@@ -50,6 +53,7 @@ class WatchedOutput : public OutputFile {
         }
         try {
             observer_->beforeCall(FileOperation::Close, path_);
+            pass();
         } catch (const RunTimeError&) {
             file_->close();
             throw;
@@ -58,9 +62,23 @@ class WatchedOutput : public OutputFile {
     }
 
   private:
+    // What there is no room for is tried again with the next call, as by every file that gathers.
+    void pass() {
+        if (waiting_.empty()) {
+            return;
+        }
+        const auto room = observer_->room(waiting_.size());
+        file_->write(waiting_.substr(0, room));
+        waiting_.erase(0, room);
+        if (!waiting_.empty()) {
+            observer_->afterShortWrite();
+        }
+    }
+
     std::unique_ptr<OutputFile> file_;
     std::shared_ptr<Observer> observer_;
     std::string path_;
+    std::string waiting_;
     bool closed_ = false;
 };
 

@@ -194,6 +194,15 @@ test_a_screen_reader_finds_the_cells_of_the_grid() {
     expect_end
 }
 
+# Whoever is at work behind the window learns that it has gone.
+test_an_error_that_no_handler_traps_unloads_the_form() {
+    start_dialog failing Controls
+    key alt+h a
+    expect_end
+    expect_result unloaded
+    expect_result raised=57
+}
+
 # Moving a hundred thousand names takes no longer than filling two bare list boxes with them.
 test_long_lists_move_in_bulk() {
     (cd "$work" && exec "$wine_run" "$gallery" lists times 100000) \

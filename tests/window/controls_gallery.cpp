@@ -403,6 +403,21 @@ void printNames(HWND dialog, const std::string& resultFile) {
     out << "focus=" << focus.lVal << '\n';
 }
 
+// About raises what no handler traps.
+void runFailing(Win32MainWindow& window, const std::string& resultFile,
+                const std::string& layoutFile) {
+    const Win32Files files;
+    frmControls form(files, "events.txt", layoutFile);
+    std::ofstream out(resultFile);
+    form.mnuAbout.Click = [] { throw RunTimeError(ErrorNumber::DeviceIO); };
+    form.Unload = [&out] { out << "unloaded\n"; };
+    try {
+        window.run(form);
+    } catch (const RunTimeError& error) {
+        out << "raised=" << error.record().number << '\n';
+    }
+}
+
 bool run(std::string_view what, const std::string& resultFile, const std::string& third) {
     const Win32Files files;
     Win32MainWindow window;
@@ -421,6 +436,8 @@ bool run(std::string_view what, const std::string& resultFile, const std::string
         frmControls form(files, "events.txt", third);
         form.mnuAbout.Click = [&] { printNames(GetActiveWindow(), resultFile); };
         window.run(form);
+    } else if (what == "failing") {
+        runFailing(window, resultFile, third);
     } else {
         return false;
     }

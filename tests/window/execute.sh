@@ -2,121 +2,8 @@
 # program's own window.
 
 export LC_ALL=C.UTF-8 # names with accents, and their bytes in the definition
-# shellcheck source=main_hands.sh
-. "$here/main_hands.sh"
-
-watcher=$build/tests/window/run_watcher.exe
-control[StatusBar1]='status 1'
-control[ProgressBar1]='progress 1'
-
-# The temporary folder of programs started from now on; it is made, and is then $temp.
-set_temp() {
-    temp=$drive/work/$1
-    mkdir -p "$temp"
-    "$wine_run" reg add 'HKCU\Environment' /v TEMP /d "C:\\work\\$1" /f \
-        >"$work/reg.log" 2>&1 </dev/null || fail "TEMP cannot be set"
-}
-# define [LINE...]: the definition, MP alone over C:\work\records into C:\work\out\mp, and what
-# differs from that. Lines are UTF-8 here and in the system's code page there.
-define() {
-    lines 'MP EXECUTABLE=C:\work\mp.exe' 'CNS EXECUTABLE=C:\work\cns.exe' 'Process MP=1' \
-        'Process CNS=0' 'Input Folder=C:\work\records' 'Input File Extension=*.met' \
-        'CNS Output Folder=C:\work\out\cns' 'CNS Output File Extension=.cns' \
-        'GRID_Error=C:\work\out\mp' "$@" | iconv -f UTF-8 -t CP1252 >"$folder/TARNWICK.ini"
-}
-# Starts the program on the definition, with all records selected.
-launch_run() {
-    launch
-    look
-    press cmdSelectFiles2
-    look
-    expect_state cmdOK on
-}
-fresh() {
-    lay_out_work
-    rm -f "$folder"/records/[bc].met "$folder/records/d.txt" # one is enough for most
-    set_temp tmp
-}
-# A tool in the place of MP that does what is said: sleep SECONDS, fail, forever.
-use_trying_tool() {
-    cp "$build/tests/window/trying_tool.exe" "$folder/mp.exe"
-    echo "$*" >"$folder/how"
-}
-tools_started() { if [ -e "$folder/started" ]; then wc -l <"$folder/started"; else echo 0; fi; }
-
-# watch SECONDS [STATUS]: until the run is over, or the status begins so; see $work/watch.
-watch() {
-    "$wine_run" "$watcher" "$title" watch "$@" >"$work/watch.out" 2>&1 </dev/null ||
-        fail "waiting for ${2:-the end} ended with status $?: $(cat "$work/watch.out")"
-    tr -d '\r' <"$work/watch.out" | iconv -f CP1252 -t UTF-8 >"$work/watch"
-}
-# The run shows these, one after the other: "button|per cent|status". What is shown for a moment
-# only, between two tools and at the very end, may be seen or not.
-expect_shown() {
-    local expected shown
-    expected=$(printf '%s\n' "$@")
-    shown=$(awk -F'|' '/^answers/ || $4 == "" || $4 ~ /^Processing / { next }
-        $2 == "Cancel" && $4 !~ /^(CNS|MP) - / { next }
-        !seen[$4]++ { print $2 "|" $3 "|" $4 }' "$work/watch")
-    [ "$shown" = "$expected" ] || fail "not these but: $(cat "$work/watch")"
-}
-press_button() { "$wine_run" "$watcher" "$title" press "$1" >"$work/press" 2>&1 || fail "no $1"; }
-expect_status() { expect_text StatusBar1 "$1"; }
-expect_no_temporary_files() {
-    [ -z "$(find "$temp" -name 'MP*')" ] || fail "left in $temp: $(ls "$temp")"
-}
-# As before and after every run, with that status.
-expect_idle() {
-    look
-    expect_status "$1"
-    expect_text cmdCancel Close
-    expect_state cmdOK on
-    expect_state cmdCreateBatFile on
-    expect_state ProgressBar1 hidden
-    expect_no_temporary_files
-    expect_no_message
-}
-expect_no_message() {
-    ! find_now Warning && ! find_now Tarnwick || fail 'there is a message'
-}
-expect_made() { [ -s "$1" ] || fail "$1 was not made"; }
-# In CP 1252 there, in UTF-8 here.
-expect_lines() { # FILE LINE...
-    cmp -s "$1" <(lines "${@:2}" | iconv -f UTF-8 -t CP1252) ||
-        fail "$1 holds: $(iconv -f CP1252 -t UTF-8 "$1")"
-}
-end_program() { close_unchanged; }
-# An edit that is going on is a change.
-end_program_asked() {
-    key alt+F4
-    expect_window Tarnwick
-    key alt+n
-    expect_end
-}
-run_is_over() {
-    look
-    [ "$(text_of cmdCancel)" = Close ]
-}
-process_of_program() {
-    local pid
-    for pid in $(pgrep -x Tarnwick.exe); do
-        if grep -qzxF "WINEPREFIX=$TARNWICK_WINE_BUILD/wine" "/proc/$pid/environ" 2>/dev/null; then
-            echo "$pid"
-        fi
-    done
-}
-# Of the program, in hundredths of a second.
-processor_time() { awk '{ print $14 + $15 }' "/proc/$(process_of_program)/stat"; }
-# Waits up to ten seconds until the command succeeds.
-wait_until() {
-    for _ in $(seq 100); do
-        if "$@"; then return; fi
-        sleep 0.1
-    done
-    fail "in vain: $*"
-}
-has_started() { [ "$(tools_started)" -ge "$1" ]; }
-expect_started() { [ "$(tools_started)" = "$1" ] || fail "$(tools_started) tools were started"; }
+# shellcheck source=execute_hands.sh
+. "$here/execute_hands.sh"
 
 test_1_both_tools_where_all_names_have_blanks_and_accents() {
     fresh
@@ -217,7 +104,7 @@ test_4_a_configuration_file_that_names_the_outputs() {
 
 test_5_the_window_is_alive_while_a_slow_tool_runs_and_cancel_leaves_it_to_itself() {
     fresh
-    use_trying_tool sleep 14
+    use_trying_tool sleep 17
     define
     launch_run
     press cmdOK
@@ -238,6 +125,8 @@ test_5_the_window_is_alive_while_a_slow_tool_runs_and_cancel_leaves_it_to_itself
         "$wine_run" "$watcher" "$title" click '&MP' >"$work/click" 2>&1 || fail 'no click'
         [ "$(tr -d '\r' <"$work/click")" -le 100 ] || fail "a click takes $(cat "$work/click") ms"
     done
+    expect_moves
+    expect_repaints
     press cmdOK # a second time: nothing comes of it
     sleep 0.5
     expect_started 1
@@ -354,6 +243,8 @@ test_8_the_window_is_closed_during_a_run() {
     expect_end
     touch "$folder/enough"
     wait_until test -e "$temp/MPdone.tmp"
+    sleep 0.5
+    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
 }
 
 test_9_the_temporary_folder_becomes_unwritable() {
@@ -366,13 +257,11 @@ test_9_the_temporary_folder_becomes_unwritable() {
     watch 20 'CNS - Processing a.met...'
     wait_until test -e "$temp/MPtmp.bat"
     chmod a-w "$temp/MPtmp.bat" # MP's cannot take its place
+    expect_window Tarnwick
+    chmod u+w "$temp/MPtmp.bat" # it is cleared away behind the message
     expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
-    chmod u+w "$temp/MPtmp.bat"
-    look
-    expect_status 'CNS - Processing a.met...'
-    expect_text cmdCancel Close
-    expect_state ProgressBar1 hidden
-    expect_state cmdOK on
+    wait_until run_is_over
+    expect_idle 'CNS - Processing a.met...'
     expect_started 1
     # Not there at all.
     rm -r "$temp"
@@ -393,6 +282,8 @@ test_9_the_temporary_folder_becomes_unwritable() {
     expect_status 'MP - Processing a.cns...'
     expect_text cmdCancel Close
     expect_state cmdOK on
+    # What was made before has gone with the folder; of the last tool there is nothing.
+    [ "$(cd "$temp.away" && ls)" = MPtmp.bat ] || fail "left: $(ls "$temp.away")"
     rm -rf "$temp.away"
     mkdir "$temp"
     press cmdOK
@@ -401,7 +292,29 @@ test_9_the_temporary_folder_becomes_unwritable() {
     end_program
 }
 
-test_10_what_keeps_a_run_from_starting() {
+test_10_the_log_becomes_unwritable() {
+    fresh
+    use_trying_tool sleep 1
+    cp "$folder/records/a.met" "$folder/records/b.met"
+    define 'Command Line Logging=True' 'Command Line Log Filename=run.log'
+    trap '' XFSZ # the program, which inherits that, is refused by the system rather than ended
+    launch_run
+    trap - XFSZ
+    press cmdOK
+    watch 20 'MP - Processing a.met...'
+    wait_until has_started 1
+    local log=$folder/records/run.log first
+    first=$(cat "$log")
+    prlimit --pid "$(process_of_program)" --fsize="$(stat -c %s "$log"):" || fail 'no limit'
+    expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
+    wait_until run_is_over
+    expect_idle 'MP - Processing b.met...' # no second message
+    expect_started 1
+    [ "$(cat "$log")" = "$first" ] || fail "the log holds: $(cat "$log")"
+    end_program
+}
+
+test_11_what_keeps_a_run_from_starting() {
     fresh
     mkdir "$folder/records/run.log"
     define 'Command Line Logging=True' 'Command Line Log Filename=run.log'
@@ -416,6 +329,14 @@ test_10_what_keeps_a_run_from_starting() {
     expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
     expect_idle ''
     [ "$(cat "$folder/records/run.log")" = old ] || fail 'the log was written'
+    # A record is no log.
+    end_program
+    define 'Command Line Logging=True' 'Command Line Log Filename=A.MET'
+    launch_run
+    press cmdOK
+    expect_message Tarnwick 'the command log would replace the record "C:\work\records\A.MET"'
+    expect_idle ''
+    [ "$(cat "$folder/records/a.met")" = 'Title: a' ] || fail 'the record was replaced'
     # The folder that is wrong is open for editing.
     rm -r "$folder/out/mp"
     press cmdOK

@@ -35,16 +35,6 @@ std::string formatted(const char* format) {
 
 } // namespace
 
-double HostedClock::secondsSinceMidnight() const {
-    using namespace std::chrono;
-    const auto now = system_clock::now();
-    const auto wholeSeconds = floor<seconds>(now);
-    const auto local = localTime(system_clock::to_time_t(wholeSeconds));
-    const int second = local.tm_sec > 59 ? 59 : local.tm_sec; // in a leap second the clock waits
-    return (local.tm_hour * 60 + local.tm_min) * 60 + second +
-           duration<double>(now - wholeSeconds).count();
-}
-
 double HostedClock::steadySeconds() const {
     using namespace std::chrono;
     return duration<double>(steady_clock::now().time_since_epoch()).count();

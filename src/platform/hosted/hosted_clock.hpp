@@ -6,7 +6,6 @@ namespace tarnwick {
 
 class HostedClock : public Clock {
   public:
-    [[nodiscard]] double secondsSinceMidnight() const override;
     [[nodiscard]] double steadySeconds() const override;
     [[nodiscard]] std::string longDate() const override;
     [[nodiscard]] std::string longTime() const override;

@@ -111,6 +111,8 @@ class HostedOutputFile : public OutputFile {
         buffer_.append(bytes, [this](std::string_view some) { return writeSome(file_, some); });
     }
 
+    void drain() override { drainTo(file_); }
+
     void flush() override {
         drainTo(file_);
         if (::fsync(file_.get()) != 0) {

@@ -19,12 +19,6 @@ std::string formatted(Format&& format) {
 
 } // namespace
 
-double Win32Clock::secondsSinceMidnight() const {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
-}
-
 double Win32Clock::steadySeconds() const {
     LARGE_INTEGER frequency{};
     LARGE_INTEGER count{};

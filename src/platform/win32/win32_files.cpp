@@ -85,8 +85,8 @@ void flushContent(const std::string& path) {
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const Handle file(
         CreateFileA(path.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
-    if (file.isOpen() && FlushFileBuffers(file.get()) == 0) {
-        raiseSystemError(GetLastError());
+    if (file.isOpen()) {
+        putOnMedium(file);
     }
 }
 

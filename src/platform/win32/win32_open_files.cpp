@@ -1,7 +1,6 @@
 #include "platform/win32/win32_open_files.hpp"
 
 #include "platform/win32/errors.hpp"
-#include "platform/win32/handle.hpp"
 #include "platform/write_buffer.hpp"
 
 #include <windows.h>
@@ -76,11 +75,11 @@ class Win32OutputFile : public OutputFile {
         buffer_.append(bytes, [this](std::string_view some) { return writeSome(file_, some); });
     }
 
+    void drain() override { drainTo(file_); }
+
     void flush() override {
         drainTo(file_);
-        if (FlushFileBuffers(file_.get()) == 0) {
-            raiseSystemError(GetLastError());
-        }
+        putOnMedium(file_);
     }
 
     void close() override {
@@ -113,6 +112,13 @@ void requireWritable(const Handle& file) {
 }
 
 } // namespace
+
+void putOnMedium(const Handle& file) {
+    const DWORD error = FlushFileBuffers(file.get()) == 0 ? GetLastError() : NO_ERROR;
+    if (error != NO_ERROR && error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED) {
+        raiseSystemError(error);
+    }
+}
 
 std::unique_ptr<InputFile> openWin32File(const std::string& path) {
     return std::make_unique<Win32InputFile>(

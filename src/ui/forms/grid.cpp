@@ -205,10 +205,9 @@ void Grid::userClicked(int x, int y) {
 }
 
 void Grid::userTyped(char character) {
-    constexpr int blank = 32;
     constexpr int rubout = 127;
     const int code = static_cast<unsigned char>(character);
-    if (isUsable() && code >= blank && code != rubout) {
+    if (isUsable() && code >= Key::blank && code != rubout) {
         raise(KeyPress, code);
     }
 }

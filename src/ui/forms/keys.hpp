@@ -6,6 +6,7 @@ namespace tarnwick::Key {
 enum : int {
     enter = 13,
     escape = 27,
+    blank = 32,
     pageUp = 33,
     pageDown = 34,
     end = 35,

@@ -2,7 +2,9 @@
 
 #include "common/text.hpp"
 #include "ui/dialogs/choose_file.hpp"
+#include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
+#include "ui/main/output_rows.hpp"
 
 #include <cmath>
 
@@ -12,8 +14,6 @@ namespace {
 constexpr std::string_view close = "Close";
 constexpr std::string_view cancel = "Cancel";
 constexpr std::string_view batchFiles = "Batch File (*.bat)|*.bat|All Files (*.*)|*.*";
-constexpr int folderColumn = 3;
-constexpr int openedByClick = ' ';
 
 } // namespace
 
@@ -90,10 +90,10 @@ void frmMain::editOutputFolder(OutputGrid grid, std::size_t row) {
     const Grid::Place folder{.row = static_cast<int>(row), .column = folderColumn};
     if (grid == OutputGrid::CNS) {
         grdCNS.setCurrent(folder);
-        cnsOutputs_.pEditGrid(openedByClick);
+        cnsOutputs_.pEditGrid(Key::blank);
     } else {
         grdFiles.setCurrent(folder);
-        mpOutputs_.pEditGrid(openedByClick);
+        mpOutputs_.pEditGrid(Key::blank);
     }
 }
 

@@ -12,7 +12,6 @@ namespace tarnwick {
 namespace {
 
 constexpr std::string_view formName = "frmMain";
-constexpr int blank = 32;
 
 // Of the editors over their cell, in twips.
 constexpr int inset = 45;
@@ -63,7 +62,7 @@ void OutputGridEditor::Click() {
     }
     bNoToggle_ = true;
     if (!bHeaderClick_) {
-        pEditGrid(blank);
+        pEditGrid(Key::blank);
     }
 }
 
@@ -94,7 +93,7 @@ void OutputGridEditor::MouseDown(int x, int y) {
 }
 
 void OutputGridEditor::KeyPress(int character) {
-    if (parts_.grid.column() == buildColumn && character == blank) {
+    if (parts_.grid.column() == buildColumn && character == Key::blank) {
         window_.commonSteps();
         toggleBuild(); // as with any check box, for whoever has no mouse
         return;
@@ -205,7 +204,7 @@ void OutputGridEditor::editAt(Grid::Place place) {
         pSetCellValue();
     }
     parts_.grid.setCurrent(place);
-    pEditGrid(blank);
+    pEditGrid(Key::blank);
 }
 
 void OutputGridEditor::folderClick() {

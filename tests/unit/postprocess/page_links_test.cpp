@@ -44,6 +44,7 @@ class TextFile : public InputFile {
 class TextSink : public OutputFile {
   public:
     void write(std::string_view bytes) override { text += bytes; }
+    void drain() override {}
     void flush() override {}
     void close() override {}
 
@@ -221,6 +222,7 @@ class CountingSink : public OutputFile {
         longest = std::max(longest, bytes.size());
         written += bytes.size();
     }
+    void drain() override {}
     void flush() override {}
     void close() override {}
 

@@ -260,6 +260,19 @@ TEST_F(InteractiveRuns, A_cancelled_MP_converts_no_links) {
     EXPECT_THAT(entries("rewrite "), IsEmpty());
 }
 
+// There it is looked at between the pauses only.
+TEST_F(InteractiveRuns, A_cancel_between_writing_a_batch_and_its_start_still_starts_that_one) {
+    whileEventsRun = [this] {
+        if (world.exists(batch) && interpreter.started.empty()) {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_EQ(window.status, "CNS - Processing a.met...");
+    expectCleanedUp();
+}
+
 // Closing.
 
 TEST_F(InteractiveRuns, Closing_while_a_tool_runs_leaves_nothing_at_once) {
@@ -307,162 +320,6 @@ TEST_F(InteractiveRuns, Closing_at_any_moment_ends_it_without_a_word) {
         EXPECT_EQ(interpreter.started.size(), startedBefore) << moment;
         expectCleanedUp();
     }
-}
-
-// The log.
-
-TEST_F(InteractiveRuns, The_log_lies_in_the_input_folder_and_holds_every_line_as_it_is) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = "run.log";
-    world.write(R"(D:\in\run.log)", std::string(9000, 'x'));
-    window.given.records = {"caf\xE9.met"};
-    std::string whileRunning;
-    int closed = -1;
-    whileEventsRun = [&] {
-        if (interpreter.started.size() == 1 && whileRunning.empty()) {
-            whileRunning = world.read(R"(D:\in\run.log)");
-            closed = files.count(FileOperation::Close, R"(D:\in\run.log)");
-        }
-    };
-    execute();
-    const std::string cns = "call \"C:\\app\\cns.exe\" -l en -o \"D:\\cns\\caf\xE9.cns\" "
-                            "\"D:\\in\\caf\xE9.met\"\r\n";
-    EXPECT_EQ(world.read(R"(D:\in\run.log)"),
-              cns + "call \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\caf\xE9.err\" "
-                    "\"D:\\cns\\caf\xE9.cns\"\r\n");
-    EXPECT_EQ(whileRunning, cns);
-    EXPECT_EQ(closed, 0); // open for the whole run
-    EXPECT_EQ(files.count(FileOperation::Close, R"(D:\in\run.log)"), 1);
-    EXPECT_EQ(files.count(FileOperation::Create, R"(D:\in\run.log)"), 1);
-}
-
-TEST_F(InteractiveRuns, A_log_name_with_a_folder_is_that_file) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = R"(D:\out\run.log)";
-    window.given.records.clear();
-    execute();
-    EXPECT_EQ(world.read(R"(D:\out\run.log)"), "");
-    EXPECT_THAT(entries("logging off"), IsEmpty());
-}
-
-TEST_F(InteractiveRuns, A_log_in_a_missing_folder_switches_logging_off_without_a_word) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = R"(D:\nowhere\run.log)";
-    execute();
-    EXPECT_THAT(entries("logging off"), SizeIs(1));
-    EXPECT_FALSE(world.exists(R"(D:\nowhere)"));
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_EQ(window.status, "Done!");
-}
-
-TEST_F(InteractiveRuns, An_input_folder_that_ends_in_a_backslash_gets_no_second_one) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = "run.log";
-    definition().sInputFolder = "D:\\in\\";
-    window.given.records.clear();
-    execute();
-    EXPECT_EQ(files.count(FileOperation::Create, R"(D:\in\run.log)"), 1);
-}
-
-TEST_F(InteractiveRuns, Without_logging_no_log_is_made_whatever_its_name) {
-    definition().sCommandLineLogFile = "run.log";
-    execute();
-    EXPECT_FALSE(world.exists(R"(D:\in\run.log)"));
-}
-
-// What goes wrong. The report comes once, and the window is idle again.
-
-constexpr const char* inRun = "Private Sub cmdOK_Click()";
-constexpr const char* inWait = "Private Sub ProcessAndWait()";
-
-TEST_F(InteractiveRuns, A_log_that_cannot_be_written_keeps_the_run_from_starting) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = "run.log";
-    world.makeFolder(R"(D:\in\run.log)");
-    execute();
-    ASSERT_THAT(desktop.messages, SizeIs(1));
-    EXPECT_THAT(desktop.messages.front().text,
-                testing::StartsWith("Caller:            frmMain - Private Sub cmdOK_Click()\r\n"));
-    EXPECT_THAT(interpreter.started, IsEmpty());
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, A_log_that_cannot_be_written_on_ends_the_run) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = "run.log";
-    faulty.failAt(FileOperation::Flush, 2, RunTimeError(ErrorNumber::DiskFull));
-    execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::DiskFull)));
-    EXPECT_THAT(interpreter.started, SizeIs(1));
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, A_batch_that_cannot_be_written_ends_the_run) {
-    int started = 0;
-    interpreter.run = [&](const FakeCommandInterpreter::Started&) {
-        world.write(marker, "");
-        if (++started == 2) {
-            faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
-        }
-    };
-    execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", inWait, ErrorNumber::PathFileAccess)));
-    EXPECT_THAT(interpreter.started, SizeIs(2));
-    EXPECT_EQ(window.status, "CNS - Processing b.met...");
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, An_interpreter_that_cannot_be_started_ends_the_run) {
-    interpreter.failure = RunTimeError(ErrorNumber::PathFileAccess);
-    execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", inWait, ErrorNumber::PathFileAccess)));
-    EXPECT_EQ(events.secondsWaited, 0);
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, An_old_batch_that_cannot_be_deleted_ends_the_run) {
-    world.write(batch, "old");
-    faulty.failAt(FileOperation::Remove, 1, RunTimeError(ErrorNumber::PermissionDenied));
-    execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::PermissionDenied)));
-    EXPECT_THAT(interpreter.started, IsEmpty());
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, What_cannot_be_deleted_at_the_end_is_left_without_a_word) {
-    window.given.records = {"a.met"};
-    definition().iProcessCNS = 0;
-    interpreter.run = [&](const FakeCommandInterpreter::Started&) {
-        world.write(marker, "");
-        faulty.failAlways(FileOperation::Remove, RunTimeError(ErrorNumber::PermissionDenied));
-    };
-    execute();
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_EQ(window.status, "Done!");
-    EXPECT_EQ(journal.back(), "progress 0.000");
-}
-
-TEST_F(InteractiveRuns, A_log_that_cannot_be_closed_is_told_and_all_else_is_cleaned_up) {
-    definition().bCommandLineLogging = true;
-    definition().sCommandLineLogFile = "run.log";
-    window.given.records.clear();
-    world.write(batch, "old");
-    faulty.failAlways(FileOperation::Close, RunTimeError(ErrorNumber::DiskFull));
-    execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", inRun, ErrorNumber::DiskFull)));
-    expectCleanedUp();
-}
-
-TEST_F(InteractiveRuns, A_tool_that_failed_goes_unnoticed) {
-    // Its batch writes the marker all the same; nothing else is looked at.
-    execute();
-    EXPECT_FALSE(world.exists(R"(D:\cns\a.cns)"));
-    EXPECT_EQ(window.status, "Done!");
 }
 
 } // namespace

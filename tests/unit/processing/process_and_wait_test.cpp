@@ -87,23 +87,6 @@ TEST_F(Waits, After_the_first_second_it_looks_every_two) {
     EXPECT_EQ(waited(), 6); // seen behind five seconds, and one more
 }
 
-TEST_F(Waits, Midnight_makes_no_pause_longer_or_shorter) {
-    clock.midnightSeconds = 86399.5;
-    toolTakes = 4;
-    EXPECT_EQ(waited(), 6);
-    EXPECT_LT(clock.midnightSeconds, 6);
-}
-
-TEST_F(Waits, A_clock_that_is_set_back_makes_no_pause_longer) {
-    toolTakes = 4;
-    const auto handler = events.handler;
-    events.handler = [&, handler] {
-        handler();
-        clock.midnightSeconds = 5;
-    };
-    EXPECT_EQ(waited(), 6);
-}
-
 TEST_F(Waits, Events_that_come_in_a_pause_run_at_once_and_do_not_shorten_it) {
     // Waiting ends early, as when an event waits.
     class Restless : public FakePendingEvents {
@@ -133,6 +116,12 @@ TEST_F(Waits, A_tool_that_never_ends_is_waited_for_until_the_user_cancels) {
     EXPECT_EQ(wait(), Waited::Stopped);
     EXPECT_GE(clock.steady - 1000, 4000);
     EXPECT_LE(clock.steady - 1000, 4002);
+}
+
+TEST_F(Waits, The_marker_is_taken_for_the_end_before_the_interpreter_has_ended) {
+    toolTakes = 0.5;
+    interpreter.hasEnded = [this] { return clock.steady >= 1001.5; };
+    EXPECT_EQ(waited(), 2); // had it looked for that end alone, 4
 }
 
 TEST_F(Waits, An_old_marker_is_not_taken_for_the_tools_own) {

@@ -53,7 +53,9 @@ TEST_F(FaultyFilesTest, A_full_disk_keeps_what_still_had_room) {
     } catch (const RunTimeError& error) {
         EXPECT_TRUE(error.is(ErrorNumber::DiskFull));
     }
-    file->close();
+    EXPECT_THROW(file->flush(), RunTimeError);
+    EXPECT_THROW(file->drain(), RunTimeError);
+    EXPECT_THROW(file->close(), RunTimeError);
     EXPECT_EQ(world.read(R"(C:\a.txt)"), "abcde");
 }
 

@@ -1,0 +1,81 @@
+#include "support/faulty_files.hpp"
+#include "unit/processing/command_line_world.hpp"
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CommandLineFailures : public CommandLineWorld {
+  protected:
+    CommandLineFailures() { files = &faulty; }
+
+    void expectReport(std::string_view text, std::string_view procedure, ErrorNumber number) {
+        EXPECT_EQ(run(text), CommandLineResult::NothingStarted);
+        EXPECT_THAT(interpreter.started, IsEmpty());
+        EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", procedure, number)));
+    }
+
+    FaultyFiles faulty{world.files()};
+    const std::string own = "Public Sub RunCommandLine(ByVal sTarnwickCommandLine As String)";
+};
+
+TEST_F(CommandLineFailures, An_ini_file_that_another_program_keeps_to_itself_is_reported) {
+    faulty.failAt(FileOperation::OpenForReading, 1, RunTimeError(ErrorNumber::PermissionDenied));
+    expectReport("-I C:\\batch.ini", "Public Sub ReadINIFile()", ErrorNumber::PermissionDenied);
+}
+
+TEST_F(CommandLineFailures, A_configuration_file_that_cannot_be_read_is_reported_and_ends_it) {
+    world.write("D:\\mp.cfg", "output\r\n");
+    storeDefinition("Configuration File=D:\\mp.cfg\r\n");
+    faulty.failAt(FileOperation::OpenForReading, 2, RunTimeError(ErrorNumber::PermissionDenied));
+    expectReport("-I C:\\batch.ini", "Private Sub GetCFGValues()", ErrorNumber::PermissionDenied);
+}
+
+TEST_F(CommandLineFailures, An_error_while_events_run_before_the_start_leaves_no_batch) {
+    events.handler = [] { throw RunTimeError(ErrorNumber::InternalError); };
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::InternalError);
+    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+}
+
+TEST_F(CommandLineFailures, An_error_behind_the_start_does_not_undo_it) {
+    events.handler = [this] {
+        if (!interpreter.started.empty()) {
+            throw RunTimeError(ErrorNumber::InternalError);
+        }
+    };
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_TRUE(world.exists("C:\\temp\\MP_CL.bat"));
+}
+
+TEST_F(CommandLineFailures, A_batch_that_cannot_be_created_is_reported) {
+    faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PathFileAccess));
+    expectReport("-I C:\\batch.ini", own, ErrorNumber::PathFileAccess);
+}
+
+TEST_F(CommandLineFailures, A_temporary_folder_that_cannot_be_written_is_reported) {
+    faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
+    expectReport("-I C:\\batch.ini", own, ErrorNumber::PathFileAccess);
+}
+
+TEST_F(CommandLineFailures, A_full_disk_is_reported_and_leaves_no_half_written_batch) {
+    // Room for the delete batch and the notification, and for a part of the batch.
+    faulty.fillDiskAfter(200);
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::DiskFull);
+    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+}
+
+TEST_F(CommandLineFailures, A_batch_that_cannot_be_started_is_reported_and_removed) {
+    interpreter.failure = RunTimeError(ErrorNumber::PathFileAccess);
+    expectReport("-I C:\\batch.ini -n", own, ErrorNumber::PathFileAccess);
+    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+}
+
+TEST_F(CommandLineFailures, A_folder_that_can_no_longer_be_listed_is_reported) {
+    faulty.failAt(FileOperation::ListFiles, 2, RunTimeError(ErrorNumber::PathNotFound));
+    expectReport("-I C:\\batch.ini -e *.met", own, ErrorNumber::PathNotFound);
+}
+
+} // namespace
+} // namespace tarnwick

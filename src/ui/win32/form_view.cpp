@@ -257,9 +257,8 @@ void FormView::lookWhereTheFocusIs() {
         form_.userMovedFocus(window->control());
     } else if (const ControlWindow* const outer = find(GetParent(focused)); outer != nullptr) {
         form_.userMovedFocus(outer->control()); // the field inside a combo box
-    } else {
-        form_.windowDeactivated();
     }
+    // Else another window has the keyboard: the control keeps the focus for when the user is back.
 }
 
 void FormView::moved() {

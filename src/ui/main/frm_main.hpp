@@ -234,7 +234,9 @@ class frmMain final : public Form, private RunWindow {
     void layOut(Size content);
     void layOutCNS();
     void layOutMP(int rightEdge);
-    void layOutInput(int rightEdge, int bottom);
+    void layOutInput(int bottom);
+    void layOutLists(int bottom);
+    void layOutButtons(int rightEdge, int bottom);
     void layOutStatus(Size content);
 
     void connectCommands();

@@ -1,6 +1,7 @@
 // The selection of the input files. The lists may be long: everything is done for all entries at
 // once, in proportion to their number.
 
+#include "common/keep_only.hpp"
 #include "common/mod_main.hpp"
 #include "common/raised.hpp"
 #include "common/text.hpp"

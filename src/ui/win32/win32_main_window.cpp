@@ -65,7 +65,11 @@ class MainView final : public FormView {
 
     // The window is destroyed when the program's events have come to their end: it is still needed
     // by whoever is at work in a handler.
-    void close() noexcept override { ShowWindow(dialog(), SW_HIDE); }
+    void close() noexcept override {
+        ShowWindow(dialog(), SW_HIDE);
+        // A message that another program has sent does not wake the loop that is to look again.
+        PostMessageA(dialog(), WM_NULL, 0, 0);
+    }
 
     // What the form says, as long as the window is that large in pixels.
     [[nodiscard]] Size windowSize() const noexcept override {

@@ -1,5 +1,6 @@
 #include "processing/record_selection.hpp"
 
+#include "common/keep_only.hpp"
 #include "common/text.hpp"
 #include "platform/wildcard.hpp"
 
@@ -47,16 +48,6 @@ ListingMatch matchListing(const std::vector<std::string>& listing,
         }
     }
     return match;
-}
-
-void keepOnly(const std::vector<bool>& kept, std::vector<std::string>& names) {
-    std::size_t end = 0;
-    for (std::size_t place = 0; place < names.size(); ++place) {
-        if (kept[place]) {
-            std::swap(names[end++], names[place]);
-        }
-    }
-    names.resize(end);
 }
 
 void RecordSelection::load(std::vector<std::string> listing) {

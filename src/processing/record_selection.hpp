@@ -16,9 +16,6 @@ struct ListingMatch {
 [[nodiscard]] ListingMatch matchListing(const std::vector<std::string>& listing,
                                         const std::vector<std::string>& selected);
 
-// Drops every name i for which kept[i] is false.
-void keepOnly(const std::vector<bool>& kept, std::vector<std::string>& names);
-
 // The records of the input folder, as two lists of file names without folder: those that may be
 // selected and those that are to be processed. Both are always sorted by name, without duplicates
 // of one another.

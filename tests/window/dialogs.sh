@@ -156,13 +156,9 @@ test_options_two_wrong_fields_do_not_loop() {
 test_options_another_program_may_take_the_keyboard() {
     start_dialog options Options
     type_text 'nonsense.exe'
-    xev -name other >"$work/xev.log" 2>&1 </dev/null &
-    local other=$!
-    expect_window other
+    go_to_another_program
     expect_no_window Warning
-    kill "$other"
-    xdotool windowactivate --sync "$dialog"
-    sleep 0.5
+    come_back
     expect_no_window Warning
     key Tab
     expect_window Warning

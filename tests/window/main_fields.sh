@@ -45,7 +45,7 @@ test_every_toggle_and_what_it_allows() {
     key Down
     look
     expect_text cboLanguage Spanish
-    key Escape # is Close
+    key alt+F4
     expect_window Tarnwick
     key alt+n
     expect_end
@@ -71,6 +71,44 @@ test_a_wrong_folder_is_refused_and_no_messages_follow() {
     expect_no_window Warning
     key alt+F4
     expect_window Tarnwick # the folder was listed anew
+    key alt+n
+    expect_end
+}
+
+test_another_program_may_take_the_keyboard() {
+    launch_defined
+    fill txtInput 'C:\nowhere'
+    go_to_another_program
+    expect_no_window Warning
+    come_back
+    expect_no_window Warning
+    look
+    expect_state txtInput focus
+    key Tab
+    expect_message Warning 'The "C:\nowhere" folder does not exist.'
+    key alt+F4
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+}
+
+test_the_key_of_the_eight_is_taken_back_in_the_extension_whatever_it_types() {
+    launch_defined
+    for character in 8 asterisk; do
+        press txtCNSExt
+        key Home Right
+        key $character
+        expect_message Tarnwick 'Please do not use the wildcard "*" character.'
+        look
+        expect_text txtCNSExt .cns
+        expect_state txtCNSExt focus 1 # the caret is where it was
+    done
+    key KP_Multiply # another key, which is not looked at
+    expect_no_window Tarnwick
+    look
+    expect_text txtCNSExt '.*cns'
+    key alt+F4
+    expect_window Tarnwick
     key alt+n
     expect_end
 }

@@ -94,7 +94,7 @@ test_arrow_keys_in_the_grid_and_then_typing() {
         'Html Extension=.log' 'GRID_Html=C:\work\out\mp' | expect_file "$folder/TARNWICK.ini"
 }
 
-test_escape_ends_an_edit_and_then_the_program() {
+test_escape_ends_an_edit_and_never_the_program() {
     launch_defined
     press_cell grdFiles 1 3
     type_text nonsense
@@ -107,6 +107,14 @@ test_escape_ends_an_edit_and_then_the_program() {
     expect_state cmdEdit hidden
     expect_state grdFiles focus
     key Escape
-    expect_end
+    press txtInput
+    key Escape
+    press lstSelected
+    key Tab # the buttons before Close are off
+    look
+    expect_state cmdCancel focus
+    key Escape
+    expect_open
+    close_unchanged
     definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
 }

@@ -66,6 +66,38 @@ test_a_vanished_and_a_read_only_file() {
     definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
 }
 
+# Nothing wakes it then but the message itself, which does not come through the queue.
+test_another_program_closes_it_while_it_is_in_the_background() {
+    for way in '0x10 0 0' '0x16 1 0'; do # WM_CLOSE and WM_ENDSESSION
+        launch_defined
+        go_to_another_program
+        # shellcheck disable=SC2086
+        send_message "$title" $way >"$work/answer"
+        expect_end
+        kill "$other"
+    done
+}
+
+test_it_does_not_close_under_a_dialog() {
+    launch_defined
+    menu t o
+    expect_window Options
+    send_message "$title" 0x10 0 0 >"$work/answer" # WM_CLOSE
+    find_window Options || fail 'the dialog is gone'
+    xdotool windowactivate --sync "$found"
+    key Escape
+    expect_closed Options
+    look
+    press chkfixdoc
+    key alt+F4
+    expect_window Tarnwick
+    send_message "$title" 0x11 0 0 >"$work/answer" # WM_QUERYENDSESSION: nobody is asked again
+    [ "$(count_windows Tarnwick)" = 1 ] || fail "$(count_windows Tarnwick) questions"
+    key alt+n
+    expect_end
+    definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
+}
+
 test_the_about_box_is_centred_over_the_main_window_wherever_that_is() {
     lay_out_work
     launch

@@ -119,8 +119,8 @@ run_all_tests() {
         set_resolution "$resolution"
         take_main_window
         take_dialogs
+        take_other_states
         if [ "$resolution" = 96 ]; then
-            take_other_states
             take_system_dialogs
         fi
         end

@@ -127,4 +127,15 @@ click() {
     xdotool click 1
     sleep 0.5
 }
+# Another program takes the keyboard, and gives it back again.
+go_to_another_program() {
+    xev -name other >"$work/xev.log" 2>&1 </dev/null &
+    other=$!
+    expect_window other
+}
+come_back() {
+    kill "$other"
+    xdotool windowactivate --sync "$dialog"
+    sleep 0.5
+}
 picture_of() { import -window "$1" "$pictures/$2.png" || fail "no picture $2"; }

@@ -4,6 +4,7 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "platform/run_time_error.hpp"
+#include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 #include "ui/forms/folder_path.hpp"
 
@@ -92,9 +93,7 @@ bool frmOpenFolder::acceptPath() {
     if (FolderExists(files_, txtPath.text())) {
         return true;
     }
-    showWarning(desktop_, "Invalid Folder!\rPlease enter a valid Folder.", warningTitle);
-    txtPath.selectAll();
-    txtPath.setFocus();
+    sendBack(desktop_, txtPath, "Invalid Folder!\rPlease enter a valid Folder.", warningTitle);
     return false;
 }
 

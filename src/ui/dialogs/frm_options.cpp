@@ -3,6 +3,7 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "ui/dialogs/choose_file.hpp"
+#include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 
 #include <utility>
@@ -146,7 +147,7 @@ void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     }
     takeBareNameFromAppFolder(field);
     if (!FileExists(files_, field.text())) {
-        refuse(field, doesNotExist(tool, field.text()));
+        sendBack(desktop_, field, doesNotExist(tool, field.text()));
     }
 }
 
@@ -169,7 +170,7 @@ void frmOptions::txtCmdFile_LostFocus() {
     writeBackTrimmed(txtCmdFile);
     if (txtCmdFile.text().contains('\\') &&
         !FolderExists(files_, GetFolderPath(txtCmdFile.text()))) {
-        refuse(txtCmdFile, hasInvalidFolder(txtCmdFile.text()));
+        sendBack(desktop_, txtCmdFile, hasInvalidFolder(txtCmdFile.text()));
     }
     bCmdFileChanged_ = false;
 }
@@ -199,7 +200,7 @@ bool frmOptions::acceptTool(TextBox& field, int process, std::string_view tool) 
         takeBareNameFromAppFolder(field);
     }
     if (!FileExists(files_, field.text())) {
-        refuse(field, doesNotExist(tool, field.text()));
+        sendBack(desktop_, field, doesNotExist(tool, field.text()));
         return false;
     }
     return true;
@@ -211,12 +212,12 @@ bool frmOptions::acceptLogging() {
     }
     const std::string file(trim(txtCmdFile.text()));
     if (file.empty()) {
-        refuse(txtCmdFile, "Please specify a command line logging filename.");
+        sendBack(desktop_, txtCmdFile, "Please specify a command line logging filename.");
         return false;
     }
     const std::string folder = GetFolderPath(file);
     if (!folder.empty() && !FolderExists(files_, folder)) {
-        refuse(txtCmdFile, hasInvalidFolder(file));
+        sendBack(desktop_, txtCmdFile, hasInvalidFolder(file));
         return false;
     }
     return true;
@@ -224,12 +225,6 @@ bool frmOptions::acceptLogging() {
 
 void frmOptions::cmdCancel_Click() {
     unload();
-}
-
-void frmOptions::refuse(TextBox& field, std::string_view message) {
-    showWarning(desktop_, message);
-    field.selectAll();
-    field.setFocus();
 }
 
 } // namespace tarnwick

@@ -58,7 +58,6 @@ class frmOptions final : public Form {
     void takeBareNameFromAppFolder(TextBox& field);
     [[nodiscard]] bool acceptTool(TextBox& field, int process, std::string_view tool);
     [[nodiscard]] bool acceptLogging();
-    void refuse(TextBox& field, std::string_view message);
 
     BatchDefinition& definition_;
     const Files& files_;

@@ -9,7 +9,7 @@ class Button final : public Clickable {
     enum class Role {
         Plain,
         Default,          // Enter clicks it, wherever the focus is, unless on another button
-        Cancel,           // Escape clicks it
+        Cancel,           // Escape clicks it, unless it is told not to answer that
         DefaultAndCancel, // the only button of a window that is just read
     };
 
@@ -22,6 +22,12 @@ class Button final : public Clickable {
         return role_ == Role::Cancel || role_ == Role::DefaultAndCancel;
     }
 
+    // Whether Escape clicks it. Every Cancel does at first; what closes a window with much work in
+    // it may rather not.
+    [[nodiscard]] bool answersEscape() const noexcept { return answersEscape_; }
+    void setAnswersEscape(bool answers) noexcept { answersEscape_ = answers; }
+
+    // A Cancel that does not answer Escape swallows it: the system would take it for a click.
     [[nodiscard]] bool wantsKey(int keyCode) const override;
     void userPressedKey(int keyCode) override;
 
@@ -30,6 +36,7 @@ class Button final : public Clickable {
 
   private:
     Role role_;
+    bool answersEscape_;
 };
 
 } // namespace tarnwick

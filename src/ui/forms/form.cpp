@@ -1,5 +1,6 @@
 #include "ui/forms/form.hpp"
 
+#include "common/raised.hpp"
 #include "ui/forms/keys.hpp"
 
 #include <algorithm>
@@ -10,20 +11,6 @@ namespace {
 bool canHaveFocus(const Control& control) noexcept {
     return control.isFocusable() && control.isUsable();
 }
-
-// Holds a flag up for as long as it lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised(Raised&&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    Raised& operator=(Raised&&) = delete;
-    ~Raised() { flag_ = false; }
-
-  private:
-    bool& flag_;
-};
 
 } // namespace
 
@@ -207,7 +194,7 @@ void Form::userPressedEscape() {
     if (focusedTakes(Key::escape)) {
         return;
     }
-    click([](const Button& candidate) { return candidate.isCancel(); });
+    click([](const Button& candidate) { return candidate.answersEscape(); });
 }
 
 void Form::click(bool (*wanted)(const Button&)) {
@@ -227,7 +214,7 @@ void Form::userClosed() {
 }
 
 void Form::sessionIsEnding() {
-    if (visible_) {
+    if (visible_ && loaded_) { // a form that is being unloaded has asked already
         raise(SessionIsEnding);
     }
 }
@@ -241,6 +228,15 @@ void Form::sessionEnded(bool ended) {
     } else {
         raise(SessionGoesOn);
     }
+}
+
+bool Form::viewFailed(const std::exception_ptr& error) {
+    if (!loaded_ || !ViewFailed) {
+        return false;
+    }
+    raise(ViewFailed, error);
+    unload();
+    return true;
 }
 
 void Form::userResized(Size window, WindowState state) {

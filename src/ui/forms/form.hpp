@@ -6,6 +6,7 @@
 #include "ui/forms/menu_item.hpp"
 #include "ui/forms/view.hpp"
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -86,6 +87,9 @@ class Form {
     std::function<void()> Unload;
     std::function<void()> SessionIsEnding; // and the form may soon be closed with it
     std::function<void()> SessionGoesOn;   // after all
+    // What shows it has raised an error, and it will be unloaded. Without a handler the error ends
+    // it and goes to whoever had it shown.
+    std::function<void(const std::exception_ptr& error)> ViewFailed;
     std::function<void()> MouseMove; // over no control, or over one that has no handler for it
 
     // For presenters: the window's and the screen's size, before show().
@@ -99,9 +103,6 @@ class Form {
 
     // What the user did. A form that is not visible takes no notice.
     void userMovedFocus(Control& to);
-    // Another window has the keyboard now. The control with the focus keeps it for when the user
-    // comes back.
-    void windowDeactivated() noexcept {}
     // The user moved the focus to `control` and clicked it. A field that was left and sends the
     // focus back swallows the click: the user must see to that field first.
     void userClicked(Clickable& control);
@@ -115,6 +116,8 @@ class Form {
     void sessionIsEnding();
     void sessionEnded(bool ended);
     void userResized(Size window, WindowState state);
+    // For presenters: the view has raised that. True when the form has dealt with it, and is gone.
+    [[nodiscard]] bool viewFailed(const std::exception_ptr& error);
     // Where the window is now; raises nothing.
     void userMoved(int left, int top) noexcept;
     void userMovedMouse();

@@ -57,8 +57,11 @@ class Grid final : public Control {
     void setColumn(int column) { setCurrent({.row = current_.row, .column = column}); }
     void setCurrent(Place place);
 
-    // The first row of data that shows; the current cell is always scrolled into sight.
+    // The first row of data that shows. A cell that becomes the current one is scrolled into sight;
+    // the user may scroll it away again.
     [[nodiscard]] int topRow() const noexcept { return topRow_; }
+    // Scrolls it into sight; raises nothing.
+    void showCurrent();
     // How many rows of data show in full; at least 1.
     [[nodiscard]] int pageRows() const noexcept;
     [[nodiscard]] bool rowIsVisible(int row) const;
@@ -104,7 +107,6 @@ class Grid final : public Control {
     [[nodiscard]] Place placeAfter(int keyCode) const noexcept;
     [[nodiscard]] int lastTopRow() const noexcept;
     void scrollTo(int topRow);
-    void showCurrent();
 
     std::vector<std::vector<Cell>> rows_;
     std::vector<int> widths_;

@@ -1,5 +1,6 @@
 #include "ui/forms/list_box.hpp"
 
+#include "common/keep_only.hpp"
 #include "platform/wildcard.hpp"
 #include "ui/forms/form.hpp"
 
@@ -97,19 +98,10 @@ std::vector<std::string> ListBox::takeAll() {
 }
 
 void ListBox::retain(const std::vector<bool>& kept) {
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-        if (kept.at(i)) {
-            if (next != i) {
-                items_[next] = std::move(items_[i]);
-                selected_[next] = selected_[i];
-            }
-            ++next;
-        }
-    }
-    if (next != items_.size()) {
-        items_.resize(next);
-        selected_.resize(next);
+    const std::size_t before = items_.size();
+    keepOnly(kept, items_);
+    keepOnly(kept, selected_);
+    if (items_.size() != before) {
         selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
         itemsChanged();
     }

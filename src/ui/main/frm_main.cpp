@@ -56,6 +56,8 @@ frmMain::frmMain(MainServices services)
                     .clock = services_.clock}) {
     txtInExt.setHint(extensionHint);
     ProgressBar1.setVisible(false);
+    // Escape must not cost a long selection: closing asks about settings, not about that.
+    cmdCancel.setAnswersEscape(false);
     tarnwick::LoadDefaultGridSettings(definition_);
     showDefinition(definition_);
     sayNames();
@@ -98,8 +100,7 @@ void frmMain::showDefinition(const BatchDefinition& definition) {
 
 void frmMain::commonSteps() {
     StatusBar1.setPanelText(1, "");
-    pSetCellValue();
-    pSetCellValueCNS();
+    commitEdits();
 }
 
 std::string frmMain::pickFolder(std::string_view title, std::string_view startFolder) {

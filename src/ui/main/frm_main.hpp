@@ -38,9 +38,6 @@ class frmMain final : public Form, private RunWindow {
     // nothing as changed.
     void showDefinition(const BatchDefinition& definition);
 
-    // Whether the program is to end: the window has been closed, or a tool is missing.
-    [[nodiscard]] bool ended() const noexcept { return ended_; }
-
     // Moves entries between the two lists; `Index` is the button's, from 1 (">") to 4 ("<<").
     void cmdSelectFiles_Click(int Index);
 
@@ -136,6 +133,7 @@ class frmMain final : public Form, private RunWindow {
     void Form_Unload();
     void Form_SessionIsEnding();
     void Form_SessionGoesOn();
+    void Form_ViewFailed(const std::exception_ptr& error);
     void mnuNewINI_Click();
     void mnuOpenINI_Click();
     void mnuSaveINI_Click();
@@ -150,9 +148,8 @@ class frmMain final : public Form, private RunWindow {
     void cboLanguage_Click();
     [[nodiscard]] bool findTools();
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
-    void endNow();
-    void beginFileCommand();
-    void offerToSave();
+    [[nodiscard]] bool beginFileCommand();
+    [[nodiscard]] bool offerToSave();
     void storeNow(std::string_view sINIFile, std::string_view procedure);
     void nameINIFile();
 
@@ -182,7 +179,8 @@ class frmMain final : public Form, private RunWindow {
     void showRecord();
     void showOutputRows();
     void showWhatWasRead();
-    void markChanged() noexcept { definition_.bSettingsChanged = true; }
+    void markChanged() noexcept;
+    void markFieldEdited() noexcept;
 
     // Fields and toggles.
     void chkCNS_Click();
@@ -207,7 +205,9 @@ class frmMain final : public Form, private RunWindow {
     void enableMP();
     void enableAll();
     void labelCNSFolder();
-    [[nodiscard]] bool browse(TextBox& field, std::string_view title, std::string_view filter);
+    [[nodiscard]] std::optional<std::string> browse(const TextBox& field, std::string_view title,
+                                                    std::string_view filter);
+    [[nodiscard]] bool take(TextBox& field, std::string_view chosen);
     [[nodiscard]] bool leaveBlank(TextBox& field);
     [[nodiscard]] bool leaveFile(TextBox& field, std::string_view what);
     void refuse(TextBox& field, std::string_view message);
@@ -234,7 +234,9 @@ class frmMain final : public Form, private RunWindow {
     void layOut(Size content);
     void layOutCNS();
     void layOutMP(int rightEdge);
-    void layOutInput(int rightEdge, int bottom);
+    void layOutInput(int bottom);
+    void layOutLists(int bottom);
+    void layOutButtons(int rightEdge, int bottom);
     void layOutStatus(Size content);
 
     void connectCommands();
@@ -258,8 +260,8 @@ class frmMain final : public Form, private RunWindow {
     bool bInputChanged_ = false;        // the folder has been edited since it was listed
     bool bInExtChanged_ = false;        // so have the extensions
     bool bFieldEdited_ = false;         // a field is being edited, and has not been left yet
-    bool bAskedAtSessionEnd_ = false;   // whether to save; the user is not asked once more
-    bool ended_ = false;
+    bool bAskedAtSessionEnd_ = false;   // whether to save what nobody has changed since
+    bool listing_ = false;              // the selected files may be those of another folder
 };
 
 } // namespace tarnwick

@@ -38,16 +38,21 @@ FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definitio
 
 } // namespace
 
-void frmMain::beginFileCommand() {
+// False where the user wanted the changes saved and they are not: the command would lose them.
+bool frmMain::beginFileCommand() {
     commonSteps();
-    offerToSave();
+    if (!offerToSave()) {
+        return false;
+    }
     definition_.bSettingsChanged = false;
     bFieldEdited_ = false;
+    return true;
 }
 
-void frmMain::offerToSave() {
+// Whether the changes are where the user wants them.
+bool frmMain::offerToSave() {
     if (!definition_.bSettingsChanged && !bFieldEdited_) {
-        return;
+        return true;
     }
     const MessageAnswer answer =
         services_.desktop.show({.text = "Do you want to save the changes you made to " +
@@ -55,9 +60,12 @@ void frmMain::offerToSave() {
                                 .title = std::string(applicationTitle),
                                 .icon = MessageIcon::None,
                                 .buttons = MessageButtons::YesNo});
-    if (answer == MessageAnswer::Yes) {
-        SaveINIFile();
+    if (answer != MessageAnswer::Yes) {
+        return true;
     }
+    markChanged(); // until it is saved: a field that is still being edited counts
+    SaveINIFile();
+    return !definition_.bSettingsChanged;
 }
 
 // A store that cannot be written must not keep the work from its file.
@@ -74,17 +82,19 @@ void frmMain::nameINIFile() {
 }
 
 void frmMain::mnuNewINI_Click() {
-    beginFileCommand();
+    if (!beginFileCommand()) {
+        return;
+    }
     FileDialog dialog = iniDialog(FileDialog::Kind::Save, "New INI File");
     dialog.overwritePrompt = true;
     const auto chosen = chooseFile(services_.desktop, dialog);
     if (!chosen || chosen->empty()) {
         return;
     }
-    if ((bInputChanged_ || bInExtChanged_) &&
-        FolderExists(services_.files, trim(txtInput.text()))) {
-        // A menu command leaves no field: what was typed is listed now, for the defaults forget
-        // that it was.
+    if (const std::string folder(trim(txtInput.text()));
+        (bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, folder)) {
+        // A menu command leaves no field: what was typed is listed now, as the new file names it.
+        txtInput.setText(folder);
         relist();
     }
     storeNow(*chosen, newProcedure);
@@ -97,7 +107,9 @@ void frmMain::mnuNewINI_Click() {
 }
 
 void frmMain::mnuOpenINI_Click() {
-    beginFileCommand();
+    if (!beginFileCommand()) {
+        return;
+    }
     FileDialog dialog =
         startingAtINIFile(iniDialog(FileDialog::Kind::Open, "Open INI File"), definition_);
     dialog.fileMustExist = true;
@@ -138,6 +150,7 @@ void frmMain::mnuOptions_Click() {
     commonSteps();
     takeFromControls();
     raise(services_.showOptions, definition_);
+    bAskedAtSessionEnd_ = false; // it may have changed something
 }
 
 void frmMain::mnuHelpTarnwick_Click() {

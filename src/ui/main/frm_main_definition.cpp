@@ -12,6 +12,9 @@ namespace tarnwick {
 void frmMain::showRecord() {
     chkMP.setValue(definition_.iProcessMP);
     chkCNS.setValue(definition_.iProcessCNS);
+    // A text that stays as it was typed has still to be looked at when its field is left.
+    bInputChanged_ = bInputChanged_ && txtInput.text() == definition_.sInputFolder;
+    bInExtChanged_ = bInExtChanged_ && txtInExt.text() == definition_.sInputExtensions;
     txtInput.setText(definition_.sInputFolder);
     txtInExt.setText(definition_.sInputExtensions);
     txtCNS.setText(definition_.sCNSOutputFolder);
@@ -27,8 +30,6 @@ void frmMain::showRecord() {
         definition_.bCfgNamesOutput = false;
     }
     showOutputRows();
-    bInputChanged_ = false;
-    bInExtChanged_ = false;
     bFieldEdited_ = false;
 }
 
@@ -43,8 +44,6 @@ void frmMain::MyDefaultSettings() {
     trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
         takeFromControls();
         tarnwick::MyDefaultSettings(definition_);
-        bInputChanged_ = false;
-        bInExtChanged_ = false;
         chkfixdoc.setValue(definition_.iFixDoc);
         cboLanguage.setText(definition_.sLanguage);
         chkCFG.setValue(definition_.bUseConfigFile);
@@ -92,6 +91,17 @@ void frmMain::SaveINIFile() {
     }
     takeFromControls();
     tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+}
+
+// What was answered at the end of the session held for what there was then.
+void frmMain::markChanged() noexcept {
+    definition_.bSettingsChanged = true;
+    bAskedAtSessionEnd_ = false;
+}
+
+void frmMain::markFieldEdited() noexcept {
+    bFieldEdited_ = true;
+    bAskedAtSessionEnd_ = false;
 }
 
 void frmMain::GetCFGValues() {

@@ -20,6 +20,7 @@ void frmMain::connectCommands() {
             &frmMain::Form_SessionIsEnding);
     connect(SessionGoesOn, "Private Sub Form_Unload(Cancel As Integer)",
             &frmMain::Form_SessionGoesOn);
+    ViewFailed = [this](const std::exception_ptr& error) { Form_ViewFailed(error); };
     connect(Resize, "Private Sub Form_Resize()", &frmMain::Form_Resize);
     connect(mnuNewINI.Click, "Private Sub mnuNewINI_Click()", &frmMain::mnuNewINI_Click);
     connect(mnuOpenINI.Click, "Private Sub mnuOpenINI_Click()", &frmMain::mnuOpenINI_Click);

@@ -4,6 +4,7 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "ui/dialogs/choose_file.hpp"
+#include "ui/dialogs/send_back.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/output_rows.hpp"
@@ -105,32 +106,44 @@ void frmMain::chkfixdoc_Click() {
 
 void frmMain::cmdAliases_Click() {
     commonSteps();
-    if (browse(txtAliases, "Open Aliases File", textFiles)) {
-        EnableOK();
+    const auto chosen = browse(txtAliases, "Open Aliases File", textFiles);
+    if (!chosen) {
+        return;
     }
+    (void)take(txtAliases, *chosen);
+    EnableOK();
 }
 
 void frmMain::cmdCFG_Click() {
     commonSteps();
-    if (browse(txtCFG, "Open Configuration File", configFiles)) {
-        GetCFGValues();
-        EnableOK();
+    const auto chosen = browse(txtCFG, "Open Configuration File", configFiles);
+    if (!chosen) {
+        return;
     }
+    if (take(txtCFG, *chosen)) {
+        GetCFGValues();
+    }
+    EnableOK();
 }
 
-// True when the user chose a file, which is then in the field.
-bool frmMain::browse(TextBox& field, std::string_view title, std::string_view filter) {
-    const auto chosen = chooseFile(services_.desktop, {.kind = FileDialog::Kind::Open,
-                                                       .title = std::string(title),
-                                                       .filter = std::string(filter),
-                                                       .filterIndex = 1,
-                                                       .fileName = field.text(),
-                                                       .initialFolder = {},
-                                                       .hideReadOnly = true});
-    if (!chosen || chosen->empty()) {
+// Starts at the field's file. Nothing when the dialog was cancelled.
+std::optional<std::string> frmMain::browse(const TextBox& field, std::string_view title,
+                                           std::string_view filter) {
+    return chooseFile(services_.desktop, {.kind = FileDialog::Kind::Open,
+                                          .title = std::string(title),
+                                          .filter = std::string(filter),
+                                          .filterIndex = 1,
+                                          .fileName = field.text(),
+                                          .initialFolder = {},
+                                          .hideReadOnly = true});
+}
+
+// Whether it is a name, which is then in the field.
+bool frmMain::take(TextBox& field, std::string_view chosen) {
+    if (chosen.empty()) {
         return false;
     }
-    field.setText(*chosen);
+    field.setText(chosen);
     markChanged();
     return true;
 }
@@ -169,7 +182,7 @@ void frmMain::cmdInput_Click() {
 
 void frmMain::txtCNS_Change() {
     commonSteps();
-    bFieldEdited_ = true;
+    markFieldEdited();
 }
 
 void frmMain::txtAliases_Change() {
@@ -182,7 +195,7 @@ void frmMain::txtCFG_Change() {
 
 void frmMain::textEdited() {
     StatusBar1.setPanelText(1, "");
-    bFieldEdited_ = true;
+    markFieldEdited();
 }
 
 // The field is being left: true when there is nothing in it to check. Emptying it is a change, too.
@@ -242,12 +255,11 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 }
 
 void frmMain::refuse(TextBox& field, std::string_view message) {
-    bFieldEdited_ = true; // what was typed is still there to be lost
-    showWarning(services_.desktop, message);
-    field.selectAll();
-    field.setFocus();
+    markFieldEdited(); // what was typed is still there to be lost
+    sendBack(services_.desktop, field, message);
 }
 
+// Nothing is checked when this field is left, so that here is the place to tell the change.
 void frmMain::txtCNSExt_Change() {
     markChanged();
 }

@@ -2,12 +2,14 @@
 // left over in height goes to the two lists, and in width to the right column: the window's size is
 // fixed, but not how much of it the system's frame takes.
 
+#include "definition/output_types.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/frm_main_measures.hpp"
 #include "ui/main/output_rows.hpp"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tarnwick {
 namespace {
@@ -29,24 +31,29 @@ constexpr int rightColumn = leftColumn + leftWidth + margin;
 
 constexpr int topOfGroups = 120;
 constexpr int languageHeight = 690;
-constexpr int groupsHeight = 3420;
+constexpr int gridRowHeight = 285;
+
+// With its heading row: every type shows at once.
+constexpr int gridHeight(std::size_t types) {
+    return (static_cast<int>(types) + 1) * gridRowHeight + 2 * Grid::borderWidth;
+}
+
+constexpr int mpGridHeight = gridHeight(mpOutputTypes.size());
+constexpr int cnsGridHeight = gridHeight(cnsOutputTypes.size());
+constexpr int aboveMPGrid = 990;
+constexpr int groupsHeight = aboveMPGrid + mpGridHeight + inset;
 constexpr int topOfCNS = topOfGroups + languageHeight + 90;
 constexpr int heightOfCNS = topOfGroups + groupsHeight - topOfCNS;
 constexpr int topOfCFG = topOfGroups + groupsHeight + margin;
 constexpr int topOfInput = topOfCFG + fieldHeight + 90;
 constexpr int inputWidth = 9900;
 
-constexpr int gridRowHeight = 285;
 constexpr int statusHeight = 315;
 constexpr int statusPanel2 = 3000;
 constexpr int statusPanel3 = 2400;
 
 // Of the check box on a group's line.
 constexpr int onLineLeft = 120;
-
-constexpr int gridHeight(int rows) {
-    return rows * gridRowHeight + 2 * Grid::borderWidth;
-}
 
 constexpr int right(const Bounds& bounds) {
     return bounds.left + bounds.width;
@@ -105,7 +112,10 @@ void frmMain::layOut(Size content) {
                            .height = fieldHeight});
     layOutCNS();
     layOutMP(content.width - margin);
-    layOutInput(content.width - margin, content.height - statusHeight - margin);
+    const int bottom = content.height - statusHeight - margin;
+    layOutInput(bottom);
+    layOutLists(bottom);
+    layOutButtons(content.width - margin, bottom);
     layOutStatus(content);
     setColumns(grdCNS);
     setColumns(grdFiles);
@@ -130,8 +140,8 @@ void frmMain::layOutCNS() {
                           .height = fieldHeight});
     chkAliases.setBounds(labelBefore(txtAliases.bounds(), left, checkHeight));
     cmdAliases.setBounds(beside(txtAliases.bounds(), browseWidth));
-    const int gridTop = topOfCNS + heightOfCNS - inset - gridHeight(3);
-    grdCNS.setBounds({.left = left, .top = gridTop, .width = width, .height = gridHeight(3)});
+    const int gridTop = topOfCNS + heightOfCNS - inset - cnsGridHeight;
+    grdCNS.setBounds({.left = left, .top = gridTop, .width = width, .height = cnsGridHeight});
     grdCNS.setRowHeight(gridRowHeight);
     lblCNSFiles.setBounds(labelAbove(grdCNS.bounds()));
 }
@@ -152,13 +162,13 @@ void frmMain::layOutMP(int rightEdge) {
                                .width = allFoldersWidth,
                                .height = fieldHeight});
     chkfixdoc.setBounds(labelBefore(cmdOutputFolder.bounds(), left, checkHeight));
-    const int gridTop = topOfGroups + groupsHeight - inset - gridHeight(8);
-    grdFiles.setBounds({.left = left, .top = gridTop, .width = width, .height = gridHeight(8)});
+    const int gridTop = topOfGroups + aboveMPGrid;
+    grdFiles.setBounds({.left = left, .top = gridTop, .width = width, .height = mpGridHeight});
     grdFiles.setRowHeight(gridRowHeight);
     lblMPFiles.setBounds(labelAbove(grdFiles.bounds()));
 }
 
-void frmMain::layOutInput(int rightEdge, int bottom) {
+void frmMain::layOutInput(int bottom) {
     const int left = leftColumn + inset;
     constexpr int fieldLeft = leftColumn + inset + 2100;
     const int browseLeft = leftColumn + inputWidth - inset - browseWidth;
@@ -180,7 +190,10 @@ void frmMain::layOutInput(int rightEdge, int bottom) {
     txtInExt.setBounds(
         {.left = fieldLeft, .top = topOfInput + 690, .width = fieldWidth, .height = fieldHeight});
     lblInExt.setBounds(labelBefore(txtInExt.bounds(), left, labelHeight));
+}
 
+void frmMain::layOutLists(int bottom) {
+    const int left = leftColumn + inset;
     constexpr int moveWidth = 720;
     constexpr int moveHeight = 345;
     constexpr int movePitch = 420;
@@ -204,7 +217,9 @@ void frmMain::layOutInput(int rightEdge, int bottom) {
                            .width = listWidth,
                            .height = listHeight});
     lblSelected.setBounds(labelAbove(lstSelected.bounds()));
+}
 
+void frmMain::layOutButtons(int rightEdge, int bottom) {
     const int buttonsLeft = leftColumn + inputWidth + margin;
     int top = bottom - 3 * buttonHeight - 2 * gap;
     for (Button* const button : {&cmdCreateBatFile, &cmdOK, &cmdCancel}) {

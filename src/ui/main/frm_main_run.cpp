@@ -19,7 +19,7 @@ constexpr std::string_view batchFiles = "Batch File (*.bat)|*.bat|All Files (*.*
 
 // A run waits for a marker that another one inside it would take away: a second one does not start.
 void frmMain::cmdOK_Click() {
-    if (run_) {
+    if (run_ || listing_) {
         return;
     }
     commonSteps();
@@ -43,6 +43,9 @@ void frmMain::cmdOK_Click() {
 
 // While a run goes on, this writes the batch that the window shows now and leaves the run alone.
 void frmMain::cmdCreateBatFile_Click() {
+    if (listing_) {
+        return;
+    }
     commonSteps();
     if (!validate()) {
         return;
@@ -116,6 +119,7 @@ void frmMain::showBusy(bool busy) {
 
 void frmMain::offerCancel(bool offered) {
     cmdCancel.setCaption(offered ? cancel : close);
+    cmdCancel.setAnswersEscape(offered);
 }
 
 } // namespace tarnwick

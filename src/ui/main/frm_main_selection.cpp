@@ -1,7 +1,9 @@
 // The selection of the input files. The lists may be long: everything is done for all entries at
 // once, in proportion to their number.
 
+#include "common/keep_only.hpp"
 #include "common/mod_main.hpp"
+#include "common/raised.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/record_selection.hpp"
@@ -20,12 +22,12 @@ constexpr std::string_view beforeEntry = "  ";
 void frmMain::txtInput_Change() {
     commonSteps();
     bInputChanged_ = true;
-    bFieldEdited_ = true;
+    markFieldEdited();
 }
 
 void frmMain::txtInExt_Change() {
     bInExtChanged_ = true;
-    bFieldEdited_ = true;
+    markFieldEdited();
 }
 
 void frmMain::txtInput_LostFocus() {
@@ -67,6 +69,9 @@ void frmMain::listInputFolder() {
 
 void frmMain::LoadFiles() {
     trap(services_.desktop, name(), "Private Sub LoadFiles()", [this] {
+        // The field names the new folder already: what the user does now must not run the old
+        // one's files in it.
+        const Raised busy(listing_);
         lstAvailable.setItems({});
         services_.events.letRun();
         std::vector<std::string> listing;

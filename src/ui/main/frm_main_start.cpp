@@ -19,7 +19,7 @@ void frmMain::Form_Load() {
         ReadINIFile();
     }
     if (!findTools()) {
-        endNow();
+        abandon(); // nothing is asked and nothing stored
         return;
     }
     nameINIFile();
@@ -47,25 +47,19 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
     return FileExists(services_.files, executable);
 }
 
-void frmMain::endNow() {
-    ended_ = true;
-    abandon();
-}
-
 void frmMain::Form_Unload() {
-    ended_ = true;
     // A store that cannot be written must not cost the user the question.
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
         store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
         store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
     });
-    if (!bAskedAtSessionEnd_) {
-        trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-            commonSteps(); // an edit that is going on counts
-            offerToSave();
-        });
-    }
+    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
+        commonSteps(); // an edit that is going on counts
+        if (!bAskedAtSessionEnd_) {
+            (void)offerToSave(); // nothing holds up the end
+        }
+    });
     if (run_) { // whatever has failed: nobody could cancel it any more
         run_->close();
     }
@@ -75,12 +69,19 @@ void frmMain::Form_Unload() {
 // before anybody has read a question.
 void frmMain::Form_SessionIsEnding() {
     commonSteps();
-    offerToSave();
+    (void)offerToSave();
     bAskedAtSessionEnd_ = true;
 }
 
 void frmMain::Form_SessionGoesOn() {
     bAskedAtSessionEnd_ = false;
+}
+
+// What was done in the window is kept, and the user is asked about it, as at any other end; the run
+// that goes on is told by it.
+void frmMain::Form_ViewFailed(const std::exception_ptr& error) {
+    trap(services_.desktop, name(), "Private Sub Form_Load()",
+         [&error] { std::rethrow_exception(error); });
 }
 
 } // namespace tarnwick

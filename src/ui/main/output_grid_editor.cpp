@@ -103,11 +103,12 @@ void OutputGridEditor::KeyPress(int character) {
 
 void OutputGridEditor::pEditGrid(int /*character*/) {
     trap(desktop_, formName, procedures_.pEditGrid, [this] {
-        const Grid& grid = parts_.grid;
+        Grid& grid = parts_.grid;
         if (!grid.isUsable() || grid.row() >= grid.rows() ||
             !isEditable(grid, grid.row(), grid.column())) {
             return;
         }
+        grid.showCurrent(); // it may have been scrolled away
         placeEditors();
         TextBox& editor = parts_.txtEdit;
         editor.setAccessibleName(grid.text(0, grid.column()) + " of " +

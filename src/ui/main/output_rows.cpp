@@ -28,6 +28,7 @@ void showOutputs(Grid& grid, std::span<const OutputDefinition> outputs) {
         grid.setText(row, folderColumn, output.sOutputFolder);
         setToBuild(grid, row, output.bBuild);
     }
+    // A cell of data is always the current one: keys and clicks then work on what can be edited.
     if (row > 0) {
         grid.setCurrent({.row = 1, .column = 0});
     }

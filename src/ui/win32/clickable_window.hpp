@@ -1,11 +1,13 @@
 #pragma once
 
+#include "ui/forms/button.hpp"
 #include "ui/forms/check_box.hpp"
 #include "ui/win32/captioned_window.hpp"
+#include "ui/win32/key_listener.hpp"
 
 namespace tarnwick {
 
-// A push button; it has the style BS_NOTIFY.
+// Has the style BS_NOTIFY.
 class ClickableWindow : public CaptionedWindow {
   public:
     ClickableWindow(Clickable& clickable, HWND window)
@@ -16,6 +18,19 @@ class ClickableWindow : public CaptionedWindow {
 
   private:
     Clickable& clickable_;
+};
+
+// A push button.
+class ButtonWindow final : public ClickableWindow {
+  public:
+    ButtonWindow(Button& button, HWND window)
+        : ClickableWindow(button, window), button_(button), keys_(window) {}
+
+    void keyPressed(int keyCode) override;
+
+  private:
+    Button& button_;
+    KeyListener keys_; // for Escape, which the system would take for a click on Cancel
 };
 
 // A check box; it has the styles BS_NOTIFY and BS_CHECKBOX: what a click does to it is the

@@ -70,8 +70,15 @@ INT_PTR CALLBACK FormView::procedure(HWND dialog, UINT message, WPARAM wParam,
 }
 
 void FormView::fail(std::exception_ptr error) noexcept {
-    if (!error_) {
-        error_ = std::move(error);
+    if (std::exchange(failed_, true)) {
+        return; // what fails now fails behind the report of the first one
+    }
+    try {
+        if (!form_.viewFailed(error)) {
+            error_ = std::move(error);
+        }
+    } catch (...) {
+        error_ = std::current_exception();
     }
     close();
 }
@@ -96,7 +103,10 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         command(LOWORD(wParam), HIWORD(wParam), pointerIn<HWND>(lParam));
         return true;
     case WM_CLOSE:
-        form_.userClosed();
+        // The dialog in front of it needs its form, and is to be dealt with first.
+        if (IsWindowEnabled(dialog_) != FALSE) {
+            form_.userClosed();
+        }
         return true;
     case WM_QUERYENDSESSION:
         form_.sessionIsEnding();
@@ -105,6 +115,17 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ENDSESSION:
         form_.sessionEnded(wParam != FALSE);
         return true;
+    case WM_DESTROY:
+        windows_.clear(); // while the windows are still there
+        return false;
+    default:
+        return handleLook(message, wParam, lParam);
+    }
+}
+
+// The part about how it looks.
+bool FormView::handleLook(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
     case WM_SIZE:
         resized(wParam);
         return true;
@@ -122,9 +143,6 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         return true;
     case WM_DPICHANGED:
         PostMessageA(dialog_, ViewMessage::resolutionChanged, 0, 0);
-        return false;
-    case WM_DESTROY:
-        windows_.clear(); // while the windows are still there
         return false;
     default:
         return handleOwn(message, wParam, lParam);
@@ -257,9 +275,8 @@ void FormView::lookWhereTheFocusIs() {
         form_.userMovedFocus(window->control());
     } else if (const ControlWindow* const outer = find(GetParent(focused)); outer != nullptr) {
         form_.userMovedFocus(outer->control()); // the field inside a combo box
-    } else {
-        form_.windowDeactivated();
     }
+    // Else another window has the keyboard: the control keeps the focus for when the user is back.
 }
 
 void FormView::moved() {

@@ -44,10 +44,10 @@ class FormView : public View {
     void bind();
     // Puts the keyboard where the form has the focus.
     void showFocus() noexcept;
-    // Ends the binding; raises what a handler has raised.
+    // Ends the binding; raises what was raised, unless the form has dealt with it.
     void release();
-    // Whether something was raised that release() will raise.
-    [[nodiscard]] bool failed() const noexcept { return error_ != nullptr; }
+    // Whether something was raised, which has ended it.
+    [[nodiscard]] bool failed() const noexcept { return failed_; }
 
     [[nodiscard]] Form& form() const noexcept { return form_; }
     [[nodiscard]] HWND dialog() const noexcept { return dialog_; }
@@ -56,6 +56,7 @@ class FormView : public View {
 
   private:
     [[nodiscard]] bool handle(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool handleLook(UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] bool handleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     void fail(std::exception_ptr error) noexcept;
 
@@ -81,6 +82,7 @@ class FormView : public View {
     MenuBar menuBar_;
     std::vector<std::unique_ptr<ControlWindow>> windows_;
     std::exception_ptr error_;
+    bool failed_ = false;
     bool focusMoved_ = false; // and the message that says so is under way
 };
 

@@ -112,15 +112,6 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
             return giveAccessibleGrid(window, wParam);
         }
         break;
-    case WM_SETFONT:
-        SetWindowLongPtrA(window, fontSlot, static_cast<LONG_PTR>(wParam));
-        if (grid != nullptr) {
-            grid->painter_.forgetFonts();
-        }
-        InvalidateRect(window, nullptr, FALSE);
-        return 0;
-    case WM_GETFONT:
-        return GetWindowLongPtrA(window, fontSlot);
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS | dialogCodeForKey(window, lParam);
     case WM_SETFOCUS:
@@ -129,33 +120,53 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
     case WM_KILLFOCUS:
         tellDialog(window, lostFocus);
         return 0;
-    case WM_ERASEBKGND:
-        return TRUE;
-    case WM_ENABLE:
-        InvalidateRect(window, nullptr, FALSE);
-        return 0;
+    case WM_GETFONT:
+        return GetWindowLongPtrA(window, fontSlot);
     case WM_NCPAINT: {
         const LRESULT result = DefWindowProcA(window, message, wParam, lParam);
         drawFrame(window);
         return result;
     }
+    default:
+        if (looksOtherwise(window, grid, message, wParam)) {
+            return message == WM_ERASEBKGND ? TRUE : 0;
+        }
+        break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// Whether the message is about drawing the window, and is dealt with. Its grid is null before it is
+// bound and after.
+bool GridWindow::looksOtherwise(HWND window, GridWindow* grid, UINT message, WPARAM wParam) {
+    switch (message) {
+    case WM_SETFONT:
+        SetWindowLongPtrA(window, fontSlot, static_cast<LONG_PTR>(wParam));
+        if (grid != nullptr) {
+            grid->painter_.forgetFonts();
+        }
+        InvalidateRect(window, nullptr, FALSE);
+        return true;
+    case WM_ENABLE:
+        InvalidateRect(window, nullptr, FALSE);
+        return true;
+    case WM_ERASEBKGND:
+        return true; // painting covers everything
     case WM_PAINT:
         if (grid != nullptr) {
             grid->paint();
-            return 0;
         }
-        break;
+        return grid != nullptr;
     case WM_PRINTCLIENT:
         if (grid != nullptr) {
             RECT area{};
             GetClientRect(window, &area);
             grid->drawInto(pointerIn<HDC>(static_cast<LONG_PTR>(wParam)), area);
         }
-        return 0;
+        return true;
     default:
-        break;
+        return false;
     }
-    return DefWindowProcA(window, message, wParam, lParam);
 }
 
 // Into a picture in memory first: nothing flickers.

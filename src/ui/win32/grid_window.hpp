@@ -34,6 +34,8 @@ class GridWindow final : public ControlWindow {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
+    [[nodiscard]] static bool looksOtherwise(HWND window, GridWindow* grid, UINT message,
+                                             WPARAM wParam);
     void paint();
     void drawInto(HDC context, const RECT& area);
     void pressed(LPARAM place);

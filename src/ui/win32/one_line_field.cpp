@@ -2,6 +2,7 @@
 
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/view_messages.hpp"
+#include "ui/win32/window_style.hpp"
 
 #include <commctrl.h>
 
@@ -80,10 +81,7 @@ LRESULT CALLBACK keepInTheMiddle(HWND window, UINT message, WPARAM wParam, LPARA
 } // namespace
 
 OneLineField::OneLineField(HWND window) noexcept : window_(window) {
-    const LONG_PTR style = GetWindowLongPtrA(window, GWL_STYLE);
-    const bool bordered = (style & WS_BORDER) != 0 ||
-                          (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
-    if (bordered && (style & ES_MULTILINE) == 0) {
+    if (hasBorder(window) && (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0) {
         SetWindowSubclass(window, keepInTheMiddle, fieldId, 0);
         measureAgain();
     }

@@ -1,6 +1,8 @@
 #include "ui/win32/text_box_window.hpp"
 
 #include "ui/win32/wide_text.hpp"
+#include "ui/win32/window_font.hpp"
+#include "ui/win32/window_style.hpp"
 #include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>
@@ -51,9 +53,7 @@ void TextBoxWindow::resolutionChanged() {
 // A field without a border lies over something whose text its own stands in for: whoever places it
 // has seen to the room around it.
 void TextBoxWindow::dropMargins() {
-    const bool bordered = (GetWindowLongPtrA(window(), GWL_STYLE) & WS_BORDER) != 0 ||
-                          (GetWindowLongPtrA(window(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
-    if (!bordered) {
+    if (!hasBorder(window())) {
         SendMessageA(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     }
 }
@@ -110,11 +110,10 @@ void TextBoxWindow::showFont() {
     if (wanted.name.empty()) {
         return;
     }
-    constexpr int pointsPerInch = 72;
-    GdiHandle<HFONT> font(CreateFontA(-MulDiv(wanted.points, dpi(), pointsPerInch), 0, 0, 0,
-                                      FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                                      OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                                      FIXED_PITCH | FF_MODERN, wanted.name.c_str()));
+    GdiHandle<HFONT> font(CreateFontA(heightOfPoints(wanted.points, dpi()), 0, 0, 0, FW_NORMAL,
+                                      FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                                      CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN,
+                                      wanted.name.c_str()));
     SendMessageA(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     font_ = std::move(font);
 }

@@ -68,6 +68,8 @@ class MainView final : public FormView {
     // window is gone; it must, for a run would go on where nobody can cancel it.
     void close() noexcept override {
         ShowWindow(dialog(), SW_HIDE);
+        // A message that another program has sent does not wake the loop that is to look again.
+        PostMessageA(dialog(), WM_NULL, 0, 0);
         if (failed()) {
             form().unload();
         }

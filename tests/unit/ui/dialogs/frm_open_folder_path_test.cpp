@@ -78,7 +78,6 @@ TEST_F(OpenFolderPath, A_wrong_path_lets_the_user_use_no_list_and_no_new_folder)
 TEST_F(OpenFolderPath, Window_events_while_the_message_is_up_start_nothing) {
     type(R"(C:\nowhere)");
     desktop.whileShown = [this](const Message&) {
-        form.windowDeactivated();
         form.userMovedFocus(form.drvPath);
         form.userMovedFocus(form.cmdOK);
     };
@@ -110,12 +109,6 @@ TEST_F(OpenFolderPath, An_error_while_the_lists_follow_is_reported) {
                 ElementsAre(report("Private Sub txtPath_LostFocus()", ErrorNumber::PathNotFound)));
     EXPECT_EQ(form.drvPath.drive(), "C:");
     EXPECT_EQ(form.DirPath.path(), R"(C:\Work)");
-}
-
-TEST_F(OpenFolderPath, A_wrong_path_says_nothing_on_the_way_to_another_program) {
-    type(R"(C:\nowhere)");
-    form.windowDeactivated();
-    EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
 TEST_F(OpenFolderPath, OK_gives_the_folder_in_full) {

@@ -94,7 +94,6 @@ TEST_F(OptionsFields, Window_events_that_run_while_the_message_is_up_start_nothi
     type(form.txtMPEXE, "D:\\none.exe");
     type(form.txtMPEXE, "D:\\nix.exe");
     desktop.whileShown = [this](const Message&) {
-        form.windowDeactivated();
         form.userMovedFocus(form.txtCmdFile);
         form.userMovedFocus(form.txtCNS);
     };
@@ -102,10 +101,8 @@ TEST_F(OptionsFields, Window_events_that_run_while_the_message_is_up_start_nothi
     expectRefusal(form.txtMPEXE, R"(The MP executable "D:\nix.exe" does not exist.)");
 }
 
-TEST_F(OptionsFields, A_wrong_field_says_nothing_on_the_way_to_another_program_or_to_the_end) {
+TEST_F(OptionsFields, A_wrong_field_says_nothing_on_the_way_to_the_end) {
     type(form.txtMPEXE, "D:\\none.exe");
-    form.windowDeactivated();
-    EXPECT_THAT(desktop.messages, IsEmpty());
     form.userClosed();
     EXPECT_THAT(desktop.messages, IsEmpty());
     EXPECT_EQ(definition.sMPExecutable, "C:\\App\\mp.exe");

@@ -169,10 +169,9 @@ TEST_F(Execute, Cancel_by_Escape_stops_it_and_leaves_the_status_as_it_was) {
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(status(), "CNS - Processing a.met...");
     expectIdle();
-    // From now on it is Close again.
+    // From now on it is Close again, which Escape does not press.
     form.userPressedEscape();
-    EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.ended());
+    EXPECT_TRUE(form.visible());
 }
 
 TEST_F(Execute, A_cancel_of_one_run_is_not_one_of_the_next) {
@@ -183,6 +182,34 @@ TEST_F(Execute, A_cancel_of_one_run_is_not_one_of_the_next) {
     form.userClicked(form.cmdOK);
     EXPECT_THAT(interpreter.started, SizeIs(5));
     EXPECT_EQ(status(), "Done!");
+}
+
+TEST_F(Execute, A_view_that_fails_during_a_run_ends_the_run_with_the_window) {
+    whileRunning([&] {
+        EXPECT_TRUE(form.viewFailed(std::make_exception_ptr(RunTimeError(ErrorNumber::DeviceIO))));
+    });
+    form.userClicked(form.cmdOK);
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_FALSE(form.visible());
+}
+
+// The field names the new folder, and the list still holds the old one's files.
+TEST_F(Execute, While_a_folder_is_being_listed_nothing_runs_and_no_batch_file_is_written) {
+    world.write(R"(D:\empty\other.met)", "");
+    int listings = 0;
+    events.handler = [&] {
+        if (listings++ == 0) {
+            form.cmdOK.userClicked();
+            form.cmdCreateBatFile.userClicked();
+        }
+    };
+    type(form.txtInput, R"(D:\empty)");
+    form.userPressedEnter();
+    EXPECT_EQ(listings, 1);
+    EXPECT_THAT(interpreter.started, SizeIs(0));
+    EXPECT_THAT(desktop.fileDialogs, SizeIs(0));
+    EXPECT_TRUE(form.lstSelected.empty());
+    EXPECT_THAT(desktop.messages, SizeIs(0));
 }
 
 TEST_F(Execute, Escape_during_a_run_ends_an_open_edit_first) {
@@ -270,7 +297,7 @@ TEST_F(Execute, Closing_the_window_ends_the_run_and_leaves_nothing) {
         EXPECT_FALSE(world.exists(batch)); // the program may be gone the next moment
     });
     form.userClicked(form.cmdOK);
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     EXPECT_FALSE(form.visible());
     EXPECT_THAT(interpreter.started, SizeIs(1));
     EXPECT_THAT(desktop.messages, IsEmpty());
@@ -281,7 +308,7 @@ TEST_F(Execute, Exit_of_the_menu_ends_the_run_as_well) {
     toolsEnd = false;
     whileRunning([&] { form.mnuExit.userClicked(); });
     form.userClicked(form.cmdOK);
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     EXPECT_THAT(interpreter.started, SizeIs(1));
     expectIdle();
 }
@@ -301,7 +328,7 @@ TEST_F(Execute, Closing_asks_about_changes_before_the_run_is_cancelled) {
     EXPECT_TRUE(asked);
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
     EXPECT_TRUE(world.exists(defaultIni));
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     expectIdle();
 }
 
@@ -313,7 +340,7 @@ TEST_F(Execute, A_close_that_fails_ends_the_run_all_the_same) {
     });
     form.userClicked(form.cmdOK);
     EXPECT_THAT(desktop.messages, SizeIs(1));
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     expectIdle();
 }
 
@@ -332,7 +359,7 @@ TEST_F(Execute, What_fails_in_the_run_is_reported_once_and_the_window_is_idle_ag
 
 TEST_F(Execute, Closing_while_nothing_runs_is_what_Close_does) {
     form.userClicked(form.cmdCancel);
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(Execute, Only_the_caption_tells_Cancel_from_Close_in_any_case) {

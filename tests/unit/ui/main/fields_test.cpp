@@ -136,7 +136,7 @@ TEST_F(Fields, A_field_with_an_error_does_not_hold_up_closing_in_any_way) {
     desktop.answers = {MessageAnswer::No};
     form.userClicked(form.cmdCancel);
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(Fields, A_field_with_an_error_does_not_hold_up_the_windows_own_close_button) {
@@ -144,14 +144,7 @@ TEST_F(Fields, A_field_with_an_error_does_not_hold_up_the_windows_own_close_butt
     desktop.answers = {MessageAnswer::No};
     form.userClosed();
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
-    EXPECT_TRUE(form.ended());
-}
-
-TEST_F(Fields, A_field_with_an_error_says_nothing_when_another_program_takes_over) {
-    type(form.txtCNS, R"(D:\no)");
-    form.windowDeactivated();
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_EQ(form.focused(), &form.txtCNS);
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(Fields, A_click_that_leaves_a_wrong_field_is_lost) {
@@ -243,6 +236,24 @@ TEST_F(Fields, Browsing_for_the_aliases_file) {
     second.fileName = R"(D:\aliases.txt)";
     EXPECT_THAT(desktop.fileDialogs, ElementsAre(expected, second));
     EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(Fields, A_browse_that_gives_no_name_leaves_the_field_and_looks_at_the_buttons_again) {
+    type(form.txtAliases, R"(D:\aliases.txt)");
+    type(form.txtCFG, R"(D:\plain.cfg)");
+    leave();
+    for (Button* const button : {&form.cmdAliases, &form.cmdCFG}) {
+        for (const bool cancelled : {false, true}) {
+            forgetChanges();
+            form.cmdOK.setEnabled(true); // which nothing here allows
+            desktop.chosenFiles = {cancelled ? std::nullopt : std::optional<std::string>("")};
+            form.userClicked(*button);
+            EXPECT_EQ(form.cmdOK.enabled(), cancelled) << button->name();
+            EXPECT_FALSE(changed());
+        }
+    }
+    EXPECT_EQ(form.txtAliases.text(), R"(D:\aliases.txt)");
+    EXPECT_EQ(form.txtCFG.text(), R"(D:\plain.cfg)");
 }
 
 TEST_F(Fields, Browsing_for_the_configuration_file_inspects_it) {

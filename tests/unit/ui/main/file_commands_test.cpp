@@ -300,6 +300,43 @@ TEST_F(FileCommands, New_lists_the_folder_that_was_being_typed) {
     EXPECT_EQ(form.lstAvailable.items(), std::vector<std::string>{"z.met"});
 }
 
+TEST_F(FileCommands, New_lists_a_folder_that_was_typed_with_blanks_around_it_and_names_it_without) {
+    type(form.txtInput, R"(  D:\in )");
+    desktop.answers = {MessageAnswer::No};
+    desktop.chosenFiles = {R"(D:\new.ini)"};
+    form.mnuNewINI.userClicked();
+    EXPECT_EQ(form.txtInput.text(), R"(D:\in)");
+    EXPECT_EQ(form.lstAvailable.items().size(), 3U);
+    EXPECT_THAT(world.read(R"(D:\new.ini)"), HasSubstr("Input Folder=D:\\in\r\n"));
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+}
+
+TEST_F(FileCommands, A_typed_folder_that_New_and_Open_leave_in_its_field_is_checked_on_leaving_it) {
+    world.write(R"(D:\few.ini)", "Language=French\r\n");
+    for (MenuItem* const command : {&form.mnuNewINI, &form.mnuOpenINI}) {
+        type(form.txtInput, R"(D:\nowhere)");
+        desktop.messages.clear();
+        desktop.answers = {MessageAnswer::No};
+        desktop.chosenFiles = {command == &form.mnuNewINI ? R"(D:\new.ini)" : R"(D:\few.ini)"};
+        command->userClicked();
+        EXPECT_EQ(form.txtInput.text(), R"(D:\nowhere)");
+        leave();
+        EXPECT_EQ(desktop.messages.back(), warning(R"(The "D:\nowhere" folder does not exist.)"));
+    }
+}
+
+TEST_F(FileCommands,
+       A_folder_that_was_read_takes_the_place_of_the_typed_one_and_is_not_listed_again) {
+    world.write(R"(D:\other.ini)", "Input Folder=D:\\in\r\n");
+    type(form.txtInput, R"(D:\nowhere)");
+    desktop.answers = {MessageAnswer::No};
+    desktop.chosenFiles = {R"(D:\other.ini)"};
+    form.mnuOpenINI.userClicked();
+    leave();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+    EXPECT_FALSE(changed());
+}
+
 TEST_F(FileCommands, New_frees_the_outputs_from_the_configuration_file) {
     form.userClicked(form.chkCNS);
     form.userClicked(form.chkCFG);
@@ -340,18 +377,31 @@ TEST_P(QuestionedCommand, After_No_and_a_cancelled_dialog_the_edits_stay_and_cou
     EXPECT_EQ(desktop.messages.size(), 1U);
 }
 
-TEST_P(QuestionedCommand, Changes_that_cannot_be_saved_count_as_saved_as_well) {
+// Going on would lose what the user has just asked to keep.
+TEST_P(QuestionedCommand, Changes_that_cannot_be_saved_stop_the_command_and_are_asked_about_again) {
     edit();
     world.write(defaultIni, "");
     world.makeReadOnly(defaultIni);
-    desktop.answers = {MessageAnswer::Yes};
-    desktop.chosenFiles = {std::nullopt};
+    desktop.answers = {MessageAnswer::Yes, MessageAnswer::No};
     command().userClicked();
     EXPECT_THAT(desktop.messages,
                 ElementsAre(saveQuestion(defaultIni),
                             report("Public Sub SaveINIFile()", 75,
                                    describe(ErrorNumber::PathFileAccess), EACCES)));
-    EXPECT_FALSE(changed());
+    EXPECT_THAT(desktop.fileDialogs, IsEmpty());
+    EXPECT_TRUE(changed());
+    form.userClosed();
+    EXPECT_EQ(desktop.messages.back(), saveQuestion(defaultIni));
+}
+
+TEST_P(QuestionedCommand, A_field_that_cannot_be_saved_stops_the_command_as_well) {
+    type(form.txtInExt, "*.met");
+    world.write(defaultIni, "");
+    world.makeReadOnly(defaultIni);
+    desktop.answers = {MessageAnswer::Yes};
+    command().userClicked();
+    EXPECT_THAT(desktop.fileDialogs, IsEmpty());
+    EXPECT_TRUE(changed());
 }
 
 TEST_P(QuestionedCommand, Without_changes_nothing_is_asked) {

@@ -188,7 +188,7 @@ TEST_F(Keyboard,
     EXPECT_EQ(form.focused(), &form.lstAvailable);
 }
 
-TEST_F(Keyboard, Escape_in_a_grid_ends_an_edit_first_and_then_closes_the_window_as_elsewhere) {
+TEST_F(Keyboard, Escape_in_a_grid_ends_an_edit_and_then_does_nothing_as_elsewhere) {
     form.userMovedFocus(form.grdFiles);
     form.grdFiles.setCurrent({.row = 1, .column = 2});
     form.grdFiles.userTyped('x');
@@ -196,9 +196,9 @@ TEST_F(Keyboard, Escape_in_a_grid_ends_an_edit_first_and_then_closes_the_window_
     form.userPressedEscape();
     EXPECT_FALSE(form.txtEdit.visible());
     EXPECT_EQ(form.focused(), &form.grdFiles);
-    EXPECT_FALSE(form.ended());
+    EXPECT_TRUE(form.loaded());
     form.userPressedEscape();
-    EXPECT_TRUE(form.ended());
+    EXPECT_TRUE(form.visible());
     EXPECT_THAT(desktop.messages, ElementsAre());
 }
 

@@ -321,6 +321,21 @@ TEST_P(OutputGrids, Any_character_opens_the_editor_with_the_cells_own_text) {
     }
 }
 
+TEST_P(OutputGrids, A_cell_that_was_scrolled_away_is_shown_again_to_be_edited) {
+    // Two rows show, the heading among them.
+    Bounds small = grid.bounds();
+    small.height = 2 * grid.rowHeight() + 2 * Grid::borderWidth;
+    grid.setBounds(small);
+    form.userMovedFocus(grid);
+    grid.setCurrent({.row = 1, .column = 2});
+    grid.userScrolled(2);
+    ASSERT_EQ(grid.topRow(), 2);
+    grid.userTyped('x');
+    EXPECT_EQ(grid.topRow(), 1);
+    EXPECT_TRUE(txtEdit.visible());
+    EXPECT_EQ(txtEdit.bounds().top, small.top + grid.cellBounds().top + 45);
+}
+
 TEST_P(OutputGrids, A_blank_on_a_box_turns_it_over_and_any_other_key_does_not) {
     click(grid, 1, fileTypeColumn);
     grid.userPressedKey(Key::left);

@@ -34,7 +34,7 @@ TEST_F(StartUpWindow, At_first_MP_is_ticked_CNS_is_not_and_the_fields_are_empty)
     EXPECT_FALSE(form.cmdCreateBatFile.enabled());
     EXPECT_FALSE(changed());
     EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_FALSE(form.ended());
+    EXPECT_TRUE(form.loaded());
 }
 
 TEST_F(StartUpWindow, The_window_has_its_size_and_stands_in_the_middle_of_the_screen) {
@@ -167,7 +167,7 @@ class StartUpWithoutTools : public MainWorld, public testing::WithParamInterface
 TEST_P(StartUpWithoutTools, The_program_ends_at_once_where_the_options_do_not_give_the_tool) {
     form.show();
     EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     // The first missing tool ends it; no second one is asked for.
     EXPECT_THAT(desktop.messages, ElementsAre(expected.front()));
     EXPECT_EQ(optionsShown, 1);
@@ -186,7 +186,7 @@ TEST_P(StartUpWithoutTools, The_window_comes_up_once_the_options_have_given_ever
     };
     form.show();
     EXPECT_TRUE(form.visible());
-    EXPECT_FALSE(form.ended());
+    EXPECT_TRUE(form.loaded());
     EXPECT_EQ(desktop.messages, expected);
     EXPECT_FALSE(changed());
 }
@@ -209,7 +209,7 @@ TEST_F(StartUpWindow, With_MP_there_and_CNS_missing_only_CNS_is_asked_for) {
     world.write(defaultIni, "Process CNS=1\r\n");
     world.files().remove(R"(C:\App\cns.exe)");
     form.show();
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     EXPECT_THAT(desktop.messages, ElementsAre(warning(missingCNS)));
 }
 
@@ -229,7 +229,7 @@ TEST_F(StartUpWindow, Closing_stores_the_INI_file_and_the_tools_and_asks_nothing
     form.show();
     form.userClicked(form.cmdCancel);
     EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
     EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
     EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
     EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
@@ -237,12 +237,17 @@ TEST_F(StartUpWindow, Closing_stores_the_INI_file_and_the_tools_and_asks_nothing
     EXPECT_FALSE(world.exists(defaultIni));
 }
 
-TEST_F(StartUpWindow, Escape_closes_the_window_as_its_button_does) {
+// It would cost a long selection, which nobody asks about.
+TEST_F(StartUpWindow, Escape_does_nothing_wherever_the_focus_is_not_even_on_Close) {
     form.show();
-    form.userMovedFocus(form.txtInput);
-    form.userPressedEscape();
-    EXPECT_TRUE(form.ended());
-    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+    for (Control* const control : std::initializer_list<Control*>{
+             &form.txtInput, &form.grdFiles, &form.cboLanguage, &form.cmdCancel}) {
+        form.userMovedFocus(*control);
+        ASSERT_EQ(form.focused(), control);
+        form.userPressedEscape();
+        EXPECT_TRUE(form.visible()) << control->name();
+    }
+    EXPECT_TRUE(form.cmdCancel.wantsKey(Key::escape)); // or the system would click it
 }
 
 TEST_F(StartUpWindow, Closing_with_changes_saves_them_on_Yes) {
@@ -252,7 +257,7 @@ TEST_F(StartUpWindow, Closing_with_changes_saves_them_on_Yes) {
     form.mnuExit.userClicked();
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
     EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Language=French\r\n"));
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(StartUpWindow, Closing_with_changes_drops_them_on_No_and_cannot_be_held_up) {
@@ -263,7 +268,7 @@ TEST_F(StartUpWindow, Closing_with_changes_drops_them_on_No_and_cannot_be_held_u
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
     EXPECT_FALSE(world.exists(defaultIni));
     EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(StartUpWindow, The_settings_are_stored_before_the_question_comes) {
@@ -295,7 +300,7 @@ TEST_F(StartUpWindow, The_end_of_the_session_asks_while_there_is_time_and_stores
         window.sessionEnded(true);
         EXPECT_EQ(desktop.messages.size(), 1U); // asked once
         EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), defaultIni);
-        EXPECT_TRUE(window.ended());
+        EXPECT_FALSE(window.loaded());
     }
 }
 
@@ -309,6 +314,61 @@ TEST_F(StartUpWindow, A_session_that_goes_on_after_all_leaves_the_window_and_its
     EXPECT_TRUE(changed());
     form.userClosed();
     EXPECT_EQ(desktop.messages.size(), 2U);
+}
+
+TEST_F(StartUpWindow, What_is_changed_after_the_question_of_the_sessions_end_is_asked_about_again) {
+    const std::vector<std::function<void(frmMain&)>> changes{
+        [](frmMain& window) { window.cboLanguage.userPicked(1); },
+        [](frmMain& window) {
+            window.userMovedFocus(window.txtInput);
+            window.txtInput.userTyped("D");
+        },
+        [](frmMain& window) {
+            window.grdFiles.setCurrent({.row = 1, .column = 2});
+            window.grdFiles.userTyped('x');
+            window.txtEdit.userTyped(".log");
+        },
+        [](frmMain& window) { window.mnuOptions.userClicked(); }};
+    inOptions = [](BatchDefinition& definition) { definition.bSettingsChanged = true; };
+    for (const auto& change : changes) {
+        world.write(defaultIni, "");
+        frmMain window(services);
+        window.measured({.width = 12735, .height = 8460}, {.width = 15360, .height = 11520});
+        window.show();
+        desktop.messages.clear();
+        desktop.answers = {MessageAnswer::Yes, MessageAnswer::No};
+        window.cboLanguage.userPicked(4);
+        window.sessionIsEnding();
+        change(window);
+        window.sessionEnded(true);
+        EXPECT_THAT(desktop.messages,
+                    ElementsAre(saveQuestion(defaultIni), saveQuestion(defaultIni)));
+    }
+}
+
+TEST_F(StartUpWindow, The_session_that_ends_while_closing_asks_does_not_ask_once_more) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::No};
+    desktop.whileShown = [this](const Message&) { form.sessionIsEnding(); };
+    form.userClosed();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+    EXPECT_FALSE(form.visible());
+}
+
+TEST_F(StartUpWindow, A_view_that_fails_is_reported_and_ends_the_window_as_closing_does) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::Yes};
+    EXPECT_TRUE(form.viewFailed(std::make_exception_ptr(RunTimeError(ErrorNumber::DeviceIO))));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(report("Private Sub Form_Load()", 57, describe(ErrorNumber::DeviceIO)),
+                            saveQuestion(defaultIni)));
+    EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Language=French\r\n"));
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+    EXPECT_FALSE(form.visible());
+    // Nobody is there any more to deal with another one.
+    EXPECT_FALSE(form.viewFailed(std::make_exception_ptr(RunTimeError(ErrorNumber::DeviceIO))));
 }
 
 TEST_F(StartUpWindow, Closing_counts_an_edit_that_is_still_going_on) {
@@ -340,7 +400,7 @@ TEST_F(StartUpWindow, A_settings_store_that_cannot_be_written_does_not_cost_the_
                                                      75, describe(ErrorNumber::PathFileAccess)),
                                               saveQuestion(defaultIni)));
     EXPECT_TRUE(world.exists(defaultIni));
-    EXPECT_TRUE(form.ended());
+    EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(StartUpWindow, A_failing_start_up_is_reported_and_the_window_comes_up) {

@@ -127,7 +127,7 @@ TEST_F(Toggles, The_clean_up_box_is_kept_as_0_or_1_and_leaves_the_status_alone) 
 
 TEST_F(Toggles, Every_other_box_clears_the_status) {
     form.userClicked(form.chkCNS);
-    for (CheckBox* const box : {&form.chkCNS, &form.chkMP, &form.chkCFG}) {
+    for (CheckBox* const box : {&form.chkAliases, &form.chkCNS, &form.chkMP, &form.chkCFG}) {
         form.userMovedFocus(*box);
         form.StatusBar1.setPanelText(1, "Done!");
         form.userClicked(*box);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tarnwick {
+
+[[nodiscard]] inline bool hasBorder(HWND window) noexcept {
+    return (GetWindowLongPtrA(window, GWL_STYLE) & WS_BORDER) != 0 ||
+           (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+}
+
+} // namespace tarnwick

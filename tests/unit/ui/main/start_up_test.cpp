@@ -326,12 +326,14 @@ TEST_F(StartUpWindow, What_is_changed_after_the_question_of_the_sessions_end_is_
         [](frmMain& window) {
             window.grdFiles.setCurrent({.row = 1, .column = 2});
             window.grdFiles.userTyped('x');
-            window.txtEdit.userTyped(".log");
+            EXPECT_TRUE(window.txtEdit.visible());
         },
         [](frmMain& window) { window.mnuOptions.userClicked(); }};
     inOptions = [](BatchDefinition& definition) { definition.bSettingsChanged = true; };
-    for (const auto& change : changes) {
-        world.write(defaultIni, "");
+    for (std::size_t at = 0; at < changes.size(); ++at) {
+        if (world.exists(defaultIni)) { // the defaults are to be edited each time
+            world.files().remove(defaultIni);
+        }
         frmMain window(services);
         window.measured({.width = 12735, .height = 8460}, {.width = 15360, .height = 11520});
         window.show();
@@ -339,10 +341,11 @@ TEST_F(StartUpWindow, What_is_changed_after_the_question_of_the_sessions_end_is_
         desktop.answers = {MessageAnswer::Yes, MessageAnswer::No};
         window.cboLanguage.userPicked(4);
         window.sessionIsEnding();
-        change(window);
+        changes[at](window);
         window.sessionEnded(true);
         EXPECT_THAT(desktop.messages,
-                    ElementsAre(saveQuestion(defaultIni), saveQuestion(defaultIni)));
+                    ElementsAre(saveQuestion(defaultIni), saveQuestion(defaultIni)))
+            << at;
     }
 }
 

@@ -150,6 +150,7 @@ class frmMain final : public Form, private RunWindow {
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
     [[nodiscard]] bool beginFileCommand();
     [[nodiscard]] bool offerToSave();
+    void saveAs();
     void storeNow(std::string_view sINIFile, std::string_view procedure);
     void nameINIFile();
 

@@ -131,6 +131,10 @@ void frmMain::mnuSaveINI_Click() {
 
 void frmMain::mnuSaveAsINI_Click() {
     commonSteps();
+    saveAs();
+}
+
+void frmMain::saveAs() {
     const auto chosen = chooseFile(
         services_.desktop,
         startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));

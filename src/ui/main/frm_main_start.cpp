@@ -56,8 +56,10 @@ void frmMain::Form_Unload() {
     });
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         commonSteps(); // an edit that is going on counts
-        if (!bAskedAtSessionEnd_) {
-            (void)offerToSave(); // nothing holds up the end
+        // Nothing holds up the end: where the file cannot be written (it lies in a program's folder,
+        // say), this is the last moment to keep the work in another.
+        if (!bAskedAtSessionEnd_ && !offerToSave()) {
+            saveAs();
         }
     });
     if (run_) { // whatever has failed: nobody could cancel it any more

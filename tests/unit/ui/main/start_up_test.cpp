@@ -393,6 +393,33 @@ TEST_F(StartUpWindow, Closing_counts_a_field_that_was_not_left_and_checks_it_no_
     EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Input Folder=D:\\nowhere\r\n"));
 }
 
+TEST_F(StartUpWindow, Closing_asks_for_another_file_where_the_changes_cannot_be_written) {
+    world.write(defaultIni, "Language=Catalan\r\n");
+    world.makeReadOnly(defaultIni);
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::Yes};
+    desktop.chosenFiles = {R"(D:\kept.ini)"};
+    form.userClosed();
+    EXPECT_THAT(desktop.fileDialogs,
+                ElementsAre(testing::Field(&FileDialog::title, "Save INI File As")));
+    EXPECT_THAT(world.read(R"(D:\kept.ini)"), testing::HasSubstr("Language=French\r\n"));
+    EXPECT_EQ(world.read(defaultIni), "Language=Catalan\r\n");
+    EXPECT_EQ(settings.read("Corvane", "TARNWICK", "INI File Name", ""), R"(D:\kept.ini)");
+    EXPECT_FALSE(form.loaded());
+}
+
+TEST_F(StartUpWindow, Closing_ends_all_the_same_when_no_other_file_is_chosen) {
+    world.write(defaultIni, "");
+    world.makeReadOnly(defaultIni);
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::Yes};
+    desktop.chosenFiles = {std::nullopt};
+    form.userClosed();
+    EXPECT_FALSE(form.loaded());
+}
+
 TEST_F(StartUpWindow, A_settings_store_that_cannot_be_written_does_not_cost_the_question) {
     form.show();
     form.cboLanguage.userPicked(4);

@@ -408,7 +408,7 @@ void runFailing(Win32MainWindow& window, const std::string& resultFile,
                 const std::string& layoutFile) {
     const Win32Files files;
     frmControls form(files, "events.txt", layoutFile);
-    std::ofstream out(resultFile);
+    std::ofstream out(resultFile, std::ios::binary);
     form.mnuAbout.Click = [] { throw RunTimeError(ErrorNumber::DeviceIO); };
     form.Unload = [&out] { out << "unloaded\n"; };
     try {

@@ -56,8 +56,8 @@ void frmMain::Form_Unload() {
     });
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         commonSteps(); // an edit that is going on counts
-        // Nothing holds up the end: where the file cannot be written (it lies in a program's folder,
-        // say), this is the last moment to keep the work in another.
+        // Nothing holds up the end: where the file cannot be written (it lies in a program's
+        // folder, say), this is the last moment to keep the work in another.
         if (!bAskedAtSessionEnd_ && !offerToSave()) {
             saveAs();
         }

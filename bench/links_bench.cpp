@@ -3,6 +3,7 @@
 // a process of its own.
 
 #include "child_run.hpp"
+#include "no_desktop.hpp"
 #include "page_set.hpp"
 #include "platform/hosted/hosted_files.hpp"
 #include "postprocess/relative_links.hpp"
@@ -20,20 +21,6 @@ namespace tarnwick {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Nothing goes wrong in a benchmark; if something does, it must not pass as a good time.
-class NoDesktop : public Desktop {
-  public:
-    MessageAnswer show(const Message& message) override { throw std::runtime_error(message.text); }
-    std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
-    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
-        std::abort();
-    }
-    std::int32_t openDocument(std::string_view /*document*/,
-                              std::string_view /*workingFolder*/) override {
-        std::abort();
-    }
-};
 
 void rewriteAll(const PageSet& pages) {
     HostedFiles files(pages.drivesRoot());

@@ -18,6 +18,7 @@ class WriteBuffer {
             if (waiting_.size() == capacity) {
                 drain(writeSome);
             }
+            waiting_.reserve(capacity);
             const auto count = std::min(bytes.size(), capacity - waiting_.size());
             waiting_.append(bytes.substr(0, count));
             bytes.remove_prefix(count);

@@ -5,10 +5,12 @@
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "platform/run_time_error.hpp"
 #include "postprocess/page_links.hpp"
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <ranges>
 
 namespace tarnwick {
@@ -85,36 +87,14 @@ PageRule pageRule(Desktop& desktop, const Output& page, const Targets& targets) 
     return rule;
 }
 
-void copyRewritten(Files& files, std::string_view page, std::string_view temporary,
-                   const PageRule& rule) {
-    const auto copy = files.create(temporary);
-    const auto original = files.openForReading(page);
-    rewriteLinks(*original, *copy, rule);
-    copy->close();
-}
-
-void rewritePage(const LinkServices& services, std::string_view temporary, const Output& page,
-                 const Targets& targets) {
-    const auto& [files, desktop] = services;
-    if (page.path.empty() || !FileExists(files, page.path)) {
-        return;
-    }
-    try {
-        copyRewritten(files, page.path, temporary, pageRule(desktop, page, targets));
-        moveInOneStep(files, temporary, page.path, besidePath(page.path));
-    } catch (...) {
-        removeQuietly(files, temporary);
-        throw;
-    }
-}
-
 void removeLeftover(Files& files, const std::string& path) {
     if (FileExists(files, path)) {
         files.remove(path);
     }
 }
 
-// A file beside a page is there only while the temporary file is too, which therefore goes last.
+// What an earlier call could not clear away. A file beside a page is there only while the temporary
+// file is too, which therefore goes last.
 void removeLeftovers(Files& files, const Outputs& outputs, const std::string& temporary) {
     if (!FileExists(files, temporary)) {
         return;
@@ -127,6 +107,46 @@ void removeLeftovers(Files& files, const Outputs& outputs, const std::string& te
     files.remove(temporary);
 }
 
+// Leftovers are looked for where one is in the way: to ask for them before every page takes longer
+// than to rewrite a short one's lines.
+std::unique_ptr<OutputFile> createTemporary(Files& files, const Outputs& outputs,
+                                            const std::string& temporary) {
+    try {
+        return files.createNew(temporary);
+    } catch (const RunTimeError& error) {
+        if (!error.is(ErrorNumber::FileAlreadyExists)) {
+            throw;
+        }
+    }
+    removeLeftovers(files, outputs, temporary);
+    return files.create(temporary);
+}
+
+void copyRewritten(Files& files, std::string_view page, const PageRule& rule,
+                   std::unique_ptr<OutputFile> copy) {
+    const auto original = files.openForReading(page);
+    rewriteLinks(*original, *copy, rule);
+    copy->close();
+}
+
+// Whether there is such a page.
+bool rewritePage(const LinkServices& services, const Outputs& outputs, const std::string& temporary,
+                 const Output& page, const Targets& targets) {
+    const auto& [files, desktop] = services;
+    if (page.path.empty() || !FileExists(files, page.path)) {
+        return false;
+    }
+    try {
+        copyRewritten(files, page.path, pageRule(desktop, page, targets),
+                      createTemporary(files, outputs, temporary));
+        moveInOneStep(files, temporary, page.path, besidePath(page.path));
+    } catch (...) {
+        removeQuietly(files, temporary);
+        throw;
+    }
+    return true;
+}
+
 } // namespace
 
 void FixRelativePaths(const BatchDefinition& definition, const LinkServices& services,
@@ -134,10 +154,15 @@ void FixRelativePaths(const BatchDefinition& definition, const LinkServices& ser
     trap(services.desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
         const std::string temporary = joinPath(definition.sInputFolder, temporaryName);
         const auto outputs = findOutputs(definition, services.files, GetBaseName(sFile));
-        removeLeftovers(services.files, outputs, temporary);
         const auto& [html, faq, text, sgml, xml, dif] = outputs;
-        rewritePage(services, temporary, html, {&faq, &text, &sgml, &xml, &dif});
-        rewritePage(services, temporary, faq, {&html, &text, &sgml, &xml, &dif});
+        const auto rewrite = [&](const Output& page, const Targets& targets) {
+            return rewritePage(services, outputs, temporary, page, targets);
+        };
+        const bool htmlRewritten = rewrite(html, {&faq, &text, &sgml, &xml, &dif});
+        const bool faqRewritten = rewrite(faq, {&html, &text, &sgml, &xml, &dif});
+        if (!htmlRewritten && !faqRewritten) {
+            removeLeftovers(services.files, outputs, temporary);
+        }
     });
 }
 

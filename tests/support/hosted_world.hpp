@@ -44,8 +44,8 @@ class HostedWorld {
     // Makes an empty share, such as "\\server\share".
     void makeShare(std::string_view share);
 
+    // Makes it a hidden or system file or folder: the hosted file system makes no difference.
     void hide(std::string_view path);
-    void makeSystem(std::string_view path);
     void makeReadOnly(std::string_view path);
     void makeUnlistable(std::string_view folder);
 
@@ -53,8 +53,6 @@ class HostedWorld {
     [[nodiscard]] const std::string& drivesRoot() const noexcept { return root_.hostPath(); }
 
   private:
-    void name(std::string_view path, std::string_view controlFile);
-
     TemporaryFolder root_;
     HostedFiles files_;
 };

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tarnwick {
 
@@ -22,11 +21,17 @@ class DrivesRoot {
   public:
     DrivesRoot(std::string hostFolder, std::string_view currentFolder);
 
+    // Where `path` lies if every name on the disk is spelled as it is there. Raises 52.
+    [[nodiscard]] std::string spelled(std::string_view path) const;
+
     // What lies at `path`: all its folders exist; its last name is spelled as it is found there,
     // or as given where it is not. Raises 52 (bad name), 68 (no such drive), 76 (a folder is
     // missing).
     [[nodiscard]] HostEntry find(std::string_view path) const;
     [[nodiscard]] std::string hostPath(std::string_view path) const { return find(path).path; }
+
+    // The same, for a file to be made: quicker than hostPath where there is none of that name.
+    [[nodiscard]] std::string placeFor(std::string_view path) const;
 
     // The full path, from its drive or share on, without "." and "..". Raises 52.
     [[nodiscard]] std::string fullPath(std::string_view path) const;
@@ -40,9 +45,13 @@ class DrivesRoot {
   private:
     struct Path {
         std::string volume; // "C:" or "\\server\share"
-        std::vector<std::string> names;
+        std::string names;  // each with a "\" before it
     };
     [[nodiscard]] Path parse(std::string_view path) const;
+    [[nodiscard]] static Path parseShare(std::string_view path);
+    [[nodiscard]] std::string spelled(const Path& path) const;
+    [[nodiscard]] HostEntry search(const Path& path, std::string spelled) const;
+    [[nodiscard]] HostEntry findNameByName(const Path& path) const;
 
     std::string hostFolder_;
     std::string currentFolder_ = R"(C:\)"; // full

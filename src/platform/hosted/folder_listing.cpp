@@ -20,7 +20,7 @@
 namespace tarnwick {
 namespace {
 
-constexpr std::array controlFiles{".hidden", ".system"};
+constexpr std::string_view unseenList = ".hidden";
 
 struct FolderCloser {
     void operator()(DIR* folder) const noexcept { ::closedir(folder); }
@@ -62,29 +62,22 @@ std::string contentOf(const std::string& hostPath) {
     return content;
 }
 
-bool isControlFile(std::string_view name) {
-    return std::ranges::any_of(controlFiles, [name](std::string_view controlFile) {
-        return equalIgnoringCase(name, controlFile);
-    });
-}
-
 // The names that a folder does not show. Most folders name none, and then no name is looked up.
 class UnseenNames {
   public:
     explicit UnseenNames(const std::string& hostFolder) {
-        for (const auto* controlFile : controlFiles) {
-            const auto content = contentOf(hostFolder + '/' + controlFile);
-            std::string_view rest = content;
-            while (!rest.empty()) {
-                const auto end = std::min(rest.find('\n'), rest.size());
-                names_.insert(upperCase(rest.substr(0, end)));
-                rest.remove_prefix(std::min(end + 1, rest.size()));
-            }
+        const auto content = contentOf(std::string(hostFolder).append("/").append(unseenList));
+        std::string_view rest = content;
+        while (!rest.empty()) {
+            const auto end = std::min(rest.find('\n'), rest.size());
+            names_.insert(upperCase(rest.substr(0, end)));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
         }
     }
 
     [[nodiscard]] bool contain(std::string_view name) const {
-        return isControlFile(name) || (!names_.empty() && names_.contains(upperCase(name)));
+        return equalIgnoringCase(name, unseenList) ||
+               (!names_.empty() && names_.contains(upperCase(name)));
     }
 
   private:
@@ -143,8 +136,11 @@ bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
 }
 
 bool isListable(const std::string& hostFolder, const struct stat& status) {
-    return S_ISDIR(status.st_mode) && (status.st_mode & S_IRUSR) != 0 &&
-           ::access(hostFolder.c_str(), R_OK) == 0;
+    constexpr mode_t everybody = S_IRUSR | S_IRGRP | S_IROTH;
+    if (!S_ISDIR(status.st_mode) || (status.st_mode & S_IRUSR) == 0) {
+        return false;
+    }
+    return (status.st_mode & everybody) == everybody || ::access(hostFolder.c_str(), R_OK) == 0;
 }
 
 } // namespace tarnwick

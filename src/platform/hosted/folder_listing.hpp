@@ -17,7 +17,7 @@ enum class EntryKind { File, Folder };
 void listHostFolder(const std::string& hostFolder,
                     const std::function<void(std::string_view name, EntryKind kind)>& take);
 
-// Whether the file is one of the folder's hidden or system ones, or tells which those are.
+// Whether the file is one of the folder's hidden or system ones, or the list of them.
 [[nodiscard]] bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name);
 
 // Whether what lies there, with that status, is a folder that may be listed.

@@ -38,17 +38,6 @@ std::vector<std::string> namesIn(const std::string& hostFolder, EntryKind wanted
     return names;
 }
 
-// Raises 75 or 70 when the file may not be replaced.
-void requireReplaceable(const std::string& hostPath, const struct stat& status) {
-    if (S_ISDIR(status.st_mode)) {
-        raiseSystemError(EISDIR);
-    }
-    if ((status.st_mode & S_IWUSR) == 0) {
-        raiseSystemError(EACCES);
-    }
-    requireNotInUse(hostPath);
-}
-
 } // namespace
 
 HostedFiles::HostedFiles(std::string drivesRoot, std::string_view currentFolder)
@@ -121,8 +110,23 @@ std::string HostedFiles::shortPath(std::string_view path) const {
     return std::string(path);
 }
 
+HostedFiles::HostFile HostedFiles::look(std::string_view path) const {
+    // Mostly every name is spelled as it is on the disk, and needs no search.
+    auto host = root_.spelled(path);
+    auto file = openIfThere(host);
+    if (!file.isOpen()) {
+        host = root_.hostPath(path);
+        file = openIfThere(host);
+    }
+    return {.path = std::move(host), .file = std::move(file)};
+}
+
 std::unique_ptr<InputFile> HostedFiles::openForReading(std::string_view path) const {
-    return openHostFile(root_.hostPath(path));
+    auto [host, file] = look(path);
+    if (!file.isOpen()) {
+        raiseSystemError(ENOENT);
+    }
+    return readFrom(std::move(file));
 }
 
 std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
@@ -130,7 +134,7 @@ std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
 }
 
 std::unique_ptr<OutputFile> HostedFiles::createNew(std::string_view path) {
-    return createHostFile(root_.hostPath(path), Existing::Refused);
+    return createHostFile(root_.placeFor(path), Existing::Refused);
 }
 
 std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
@@ -138,11 +142,9 @@ std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
 }
 
 void HostedFiles::remove(std::string_view path) {
-    const auto [host, status] = root_.find(path);
-    if (!status || !S_ISREG(status->st_mode)) {
-        raiseSystemError(ENOENT);
-    }
-    requireReplaceable(host, *status);
+    const auto [host, file] = look(path);
+    requireFile(file);
+    requireReplaceable(file);
     if (::unlink(host.c_str()) != 0) {
         raiseSystemError(errno);
     }
@@ -156,14 +158,12 @@ void HostedFiles::createFolder(std::string_view path) {
 }
 
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
-    const auto [hostFrom, statusFrom] = root_.find(from);
-    const auto [hostTo, statusTo] = root_.find(to);
-    if (!isFile(statusFrom)) {
-        raiseSystemError(ENOENT);
-    }
-    requireNotInUse(hostFrom);
-    if (statusTo) {
-        requireReplaceable(hostTo, *statusTo);
+    const auto [hostFrom, source] = look(from);
+    requireFile(source);
+    requireNotInUse(source);
+    const auto [hostTo, target] = look(to);
+    if (target.isOpen()) {
+        requireReplaceable(target);
     }
     if (root_.volume(from) != root_.volume(to)) {
         raiseSystemError(EXDEV);

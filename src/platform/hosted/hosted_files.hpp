@@ -2,13 +2,14 @@
 
 #include "platform/files.hpp"
 #include "platform/hosted/drives_root.hpp"
+#include "platform/hosted/file_descriptor.hpp"
 
 namespace tarnwick {
 
 // The file system of a POSIX machine, shown as drives and shares below one folder (see
-// DrivesRoot). A folder's hidden and system files are those named, one a line, in its files
-// ".hidden" and ".system", which are never shown themselves; read-only is what its owner may not
-// write. No file has a short name.
+// DrivesRoot). A folder's hidden and system files are those named, one a line, in its file
+// ".hidden", which is never shown itself; read-only is what its owner may not write. No file has a
+// short name.
 class HostedFiles : public Files {
   public:
     explicit HostedFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
@@ -33,6 +34,13 @@ class HostedFiles : public Files {
     [[nodiscard]] std::string hostPath(std::string_view path) const { return root_.hostPath(path); }
 
   private:
+    struct HostFile {
+        std::string path;
+        FileDescriptor file; // not open: nothing is there
+    };
+    // What lies at `path`, open but not held. Raises as DrivesRoot::find, and 75 (not allowed).
+    [[nodiscard]] HostFile look(std::string_view path) const;
+
     DrivesRoot root_;
 };
 

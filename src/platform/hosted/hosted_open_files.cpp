@@ -32,9 +32,14 @@ void lockByte(const FileDescriptor& file, short type, off_t byte) {
     } // A file system that keeps no locks has nothing to say against it.
 }
 
-FileDescriptor openDescriptor(const std::string& hostPath, int flags) {
+// Not open where it cannot be opened; errno tells why.
+FileDescriptor tryToOpen(const std::string& hostPath, int flags) {
     constexpr mode_t everybody = 0666; // less what the user's mask takes away
-    FileDescriptor file(::open(hostPath.c_str(), flags | O_CLOEXEC | O_NONBLOCK, everybody));
+    return FileDescriptor(::open(hostPath.c_str(), flags | O_CLOEXEC | O_NONBLOCK, everybody));
+}
+
+FileDescriptor openDescriptor(const std::string& hostPath, int flags) {
+    auto file = tryToOpen(hostPath, flags);
     if (!file.isOpen()) {
         if (errno == EEXIST) {
             throw RunTimeError(ErrorNumber::FileAlreadyExists, EEXIST);
@@ -49,15 +54,15 @@ struct stat statusOf(const FileDescriptor& file) {
     if (::fstat(file.get(), &status) != 0) {
         raiseSystemError(errno);
     }
-    if (!S_ISREG(status.st_mode)) {
-        raiseSystemError(EISDIR); // a folder, or a pipe that would make us wait
-    }
     return status;
 }
 
 // The owner's bit decides for everybody: the superuser may write anything.
-void requirePermission(const FileDescriptor& file, mode_t bit) {
-    if ((statusOf(file).st_mode & bit) == 0) {
+void requirePermission(const struct stat& status, mode_t bit) {
+    if (!S_ISREG(status.st_mode)) {
+        raiseSystemError(EISDIR); // a folder, or a pipe that would make us wait
+    }
+    if ((status.st_mode & bit) == 0) {
         raiseSystemError(EACCES);
     }
 }
@@ -143,33 +148,52 @@ class HostedOutputFile : public OutputFile {
 
 } // namespace
 
-std::unique_ptr<InputFile> openHostFile(const std::string& hostPath) {
-    auto file = openDescriptor(hostPath, O_RDONLY);
-    requirePermission(file, S_IRUSR);
+FileDescriptor openIfThere(const std::string& hostPath) {
+    auto file = tryToOpen(hostPath, O_RDONLY);
+    if (!file.isOpen() && errno != ENOENT && errno != ENOTDIR) {
+        raiseSystemError(errno);
+    }
+    return file;
+}
+
+std::unique_ptr<InputFile> readFrom(FileDescriptor file) {
+    requirePermission(statusOf(file), S_IRUSR);
     lockByte(file, F_RDLCK, anyoneByte);
     return std::make_unique<HostedInputFile>(std::move(file));
+}
+
+void requireFile(const FileDescriptor& file) {
+    if (!file.isOpen() || !S_ISREG(statusOf(file).st_mode)) {
+        raiseSystemError(ENOENT);
+    }
+}
+
+void requireNotInUse(const FileDescriptor& file) {
+    auto request = lockRequest(F_WRLCK, writerByte, 2);
+    if (::fcntl(file.get(), F_OFD_GETLK, &request) == 0 && request.l_type != F_UNLCK) {
+        raiseSystemError(EAGAIN);
+    }
+}
+
+void requireReplaceable(const FileDescriptor& file) {
+    requirePermission(statusOf(file), S_IWUSR);
+    requireNotInUse(file);
 }
 
 std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing existing) {
     auto file =
         openDescriptor(hostPath, O_RDWR | O_CREAT | (existing == Existing::Refused ? O_EXCL : 0));
-    requirePermission(file, S_IWUSR);
-    lockByte(file, F_WRLCK, writerByte);
-    lockByte(file, F_RDLCK, anyoneByte);
-    const bool ready = existing == Existing::Kept ? ::lseek(file.get(), 0, SEEK_END) >= 0
-                                                  : ::ftruncate(file.get(), 0) == 0;
+    lockByte(file, F_WRLCK,
+             writerByte); // Before its size is asked for: nobody else changes it now.
+    const auto status = statusOf(file);
+    requirePermission(status, S_IWUSR);
+    const bool ready =
+        status.st_size == 0 || (existing == Existing::Kept ? ::lseek(file.get(), 0, SEEK_END) >= 0
+                                                           : ::ftruncate(file.get(), 0) == 0);
     if (!ready) {
         raiseSystemError(errno);
     }
     return std::make_unique<HostedOutputFile>(std::move(file));
-}
-
-void requireNotInUse(const std::string& hostPath) {
-    const auto file = openDescriptor(hostPath, O_RDONLY);
-    auto request = lockRequest(F_WRLCK, writerByte, 2);
-    if (::fcntl(file.get(), F_OFD_GETLK, &request) == 0 && request.l_type != F_UNLCK) {
-        raiseSystemError(EAGAIN);
-    }
 }
 
 FileDescriptor openExclusively(const std::string& hostPath) {

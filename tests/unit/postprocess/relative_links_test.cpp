@@ -218,9 +218,10 @@ TEST_F(RelativeLinks, A_page_is_rewritten_into_the_temporary_file_and_moved_into
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     RecordingFiles recording(world.files());
     fix(recording);
-    EXPECT_EQ(recording.count(FileOperation::Create, "C:\\in\\tarnwick.tmp"), 1);
+    EXPECT_EQ(recording.count(FileOperation::CreateNew, "C:\\in\\tarnwick.tmp"), 1);
     EXPECT_EQ(recording.count(FileOperation::MoveOver, "C:\\in\\tarnwick.tmp"), 1);
-    EXPECT_EQ(recording.count(FileOperation::Create), 1);
+    EXPECT_EQ(recording.count(FileOperation::CreateNew), 1);
+    EXPECT_EQ(recording.count(FileOperation::Create), 0);
     EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
     EXPECT_THAT(world.files().listFiles(out + "Html", ""), ElementsAre("rec.html"));
 }
@@ -233,6 +234,24 @@ TEST_F(RelativeLinks, A_temporary_file_of_an_earlier_call_is_deleted_even_when_t
     EXPECT_FALSE(world.exists("C:\\in\\tarnwick.tmp"));
     EXPECT_FALSE(world.exists(out + "Html\\tarnwick-new.tmp"));
     EXPECT_FALSE(world.exists(out + "Faq\\tarnwick-new.tmp"));
+}
+
+TEST_F(RelativeLinks, What_an_earlier_call_left_behind_goes_before_a_page_is_rewritten) {
+    putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.write("C:\\in\\Tarnwick.TMP", std::string(1000, 'x'));
+    world.write(out + "Faq\\tarnwick-new.tmp", "half a page");
+    fix();
+    EXPECT_EQ(faq(), hrefLine("../Text/rec.txt"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Faq", ""), ElementsAre("rec_faq.htm"));
+}
+
+TEST_F(RelativeLinks, A_hidden_temporary_file_is_written_over) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.write("C:\\in\\tarnwick.tmp", std::string(1000, 'x'));
+    world.hide("C:\\in\\tarnwick.tmp");
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
 }
 
 TEST_F(RelativeLinks, An_error_is_reported_and_skips_the_rest) {

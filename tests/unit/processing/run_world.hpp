@@ -67,6 +67,11 @@ class JournalFiles : public ForwardingFiles {
         journal_.push_back("create " + std::string(path));
         return file;
     }
+    std::unique_ptr<OutputFile> createNew(std::string_view path) override {
+        auto file = ForwardingFiles::createNew(path);
+        journal_.push_back("create " + std::string(path));
+        return file;
+    }
     void moveOver(std::string_view from, std::string_view to) override {
         ForwardingFiles::moveOver(from, to);
         journal_.push_back("rewrite " + std::string(to));

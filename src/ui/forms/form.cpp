@@ -231,12 +231,12 @@ void Form::sessionEnded(bool ended) {
 }
 
 bool Form::viewFailed(const std::exception_ptr& error) {
-    if (!loaded_ || !ViewFailed) {
-        return false;
+    const bool dealtWith = loaded_ && ViewFailed;
+    if (dealtWith) {
+        raise(ViewFailed, error);
     }
-    raise(ViewFailed, error);
-    unload();
-    return true;
+    unload(); // whatever goes on in the form must not go on where nobody sees it
+    return dealtWith;
 }
 
 void Form::userResized(Size window, WindowState state) {

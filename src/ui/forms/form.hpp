@@ -87,8 +87,8 @@ class Form {
     std::function<void()> Unload;
     std::function<void()> SessionIsEnding; // and the form may soon be closed with it
     std::function<void()> SessionGoesOn;   // after all
-    // What shows it has raised an error, and it will be unloaded. Without a handler the error ends
-    // it and goes to whoever had it shown.
+    // What shows it has raised an error, and it will be unloaded. Without a handler the error goes
+    // to whoever had it shown.
     std::function<void(const std::exception_ptr& error)> ViewFailed;
     std::function<void()> MouseMove; // over no control, or over one that has no handler for it
 
@@ -116,7 +116,8 @@ class Form {
     void sessionIsEnding();
     void sessionEnded(bool ended);
     void userResized(Size window, WindowState state);
-    // For presenters: the view has raised that. True when the form has dealt with it, and is gone.
+    // For presenters: the view has raised that, and the form is unloaded. True when the form has
+    // dealt with the error.
     [[nodiscard]] bool viewFailed(const std::exception_ptr& error);
     // Where the window is now; raises nothing.
     void userMoved(int left, int top) noexcept;

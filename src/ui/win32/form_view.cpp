@@ -4,8 +4,11 @@
 #include "ui/forms/access_keys.hpp"
 #include "ui/forms/captioned.hpp"
 #include "ui/forms/measures.hpp"
+#include "ui/win32/grid_window.hpp"
 #include "ui/win32/resource_names.hpp"
 #include "ui/win32/view_messages.hpp"
+
+#include <commctrl.h>
 
 #include <algorithm>
 #include <string>
@@ -48,6 +51,14 @@ void goTo(HWND dialog, HWND control) noexcept {
 }
 
 } // namespace
+
+FormView::FormView(Form& form) : form_(form) {
+    const INITCOMMONCONTROLSEX kinds{.dwSize = sizeof kinds,
+                                     .dwICC = ICC_STANDARD_CLASSES | ICC_BAR_CLASSES |
+                                              ICC_PROGRESS_CLASS};
+    InitCommonControlsEx(&kinds);
+    GridWindow::registerClass();
+}
 
 // An exception must not pass through the system's code: it ends the dialog, and is raised again
 // behind it.

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ui/forms/form.hpp"
+#include "ui/win32/com_pointer.hpp"
 #include "ui/win32/control_window.hpp"
-#include "ui/win32/grid_window.hpp"
 #include "ui/win32/menu_bar.hpp"
 
 #include <windows.h>
@@ -25,7 +25,7 @@ class FormView : public View {
 
   protected:
     // `form` must outlive the view.
-    explicit FormView(Form& form) : form_(form) { GridWindow::registerClass(); }
+    explicit FormView(Form& form);
 
     // For the functions of the system that make a dialog; their parameter is the FormView.
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam,
@@ -77,6 +77,7 @@ class FormView : public View {
     [[nodiscard]] ControlWindow* find(HWND window) const noexcept;
     [[nodiscard]] RECT screenArea() const noexcept;
 
+    ComUser components_; // kept for all: to start them for each control takes time
     Form& form_;
     HWND dialog_ = nullptr;
     MenuBar menuBar_;

@@ -3,12 +3,8 @@
 #include "ui/forms/keys.hpp"
 #include "ui/win32/view_messages.hpp"
 
-#include <commctrl.h>
-
 namespace tarnwick {
 namespace {
-
-constexpr UINT_PTR listenerId = 1;
 
 LRESULT tellDialog(HWND window, ViewMessage what, WPARAM key) {
     return SendMessageA(GetParent(window), what, key, reinterpret_cast<LPARAM>(window));
@@ -22,35 +18,6 @@ bool isEnterOrEscape(WPARAM key) {
     return key == Key::enter || key == Key::escape;
 }
 
-LRESULT CALLBACK listen(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
-                        DWORD_PTR /*data*/) {
-    switch (message) {
-    case WM_GETDLGCODE:
-        return DefSubclassProc(window, message, wParam, lParam) | dialogCodeForKey(window, lParam);
-    case WM_KEYDOWN: {
-        // A key that the form deals with must not move the caret behind its back: by then the field
-        // may stand over another cell, with its text selected.
-        const bool wanted = controlWants(window, wParam);
-        tellDialog(window, ViewMessage::keyPressed, wParam);
-        return wanted ? 0 : DefSubclassProc(window, message, wParam, lParam);
-    }
-    case WM_KEYUP: {
-        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        tellDialog(window, ViewMessage::keyReleased, wParam);
-        return result;
-    }
-    case WM_CHAR:
-        if (isEnterOrEscape(wParam) &&
-            controlWants(window, wParam)) { // their characters are their codes
-            return 0;                       // a field would only beep at it
-        }
-        break;
-    default:
-        break;
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
-}
-
 } // namespace
 
 LRESULT dialogCodeForKey(HWND window, LPARAM message) {
@@ -60,12 +27,32 @@ LRESULT dialogCodeForKey(HWND window, LPARAM message) {
     return wanted ? DLGC_WANTMESSAGE : 0;
 }
 
-KeyListener::KeyListener(HWND window) noexcept : window_(window) {
-    SetWindowSubclass(window, listen, listenerId, 0);
-}
-
-KeyListener::~KeyListener() {
-    RemoveWindowSubclass(window_, listen, listenerId);
+LRESULT KeyListener::filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    switch (message) {
+    case WM_GETDLGCODE:
+        return pass(message, wParam, lParam) | dialogCodeForKey(window(), lParam);
+    case WM_KEYDOWN: {
+        // A key that the form deals with must not move the caret behind its back: by then the field
+        // may stand over another cell, with its text selected.
+        const bool wanted = controlWants(window(), wParam);
+        tellDialog(window(), ViewMessage::keyPressed, wParam);
+        return wanted ? 0 : pass(message, wParam, lParam);
+    }
+    case WM_KEYUP: {
+        const LRESULT result = pass(message, wParam, lParam);
+        tellDialog(window(), ViewMessage::keyReleased, wParam);
+        return result;
+    }
+    case WM_CHAR:
+        if (isEnterOrEscape(wParam) &&
+            controlWants(window(), wParam)) { // their characters are their codes
+            return 0;                         // a field would only beep at it
+        }
+        break;
+    default:
+        break;
+    }
+    return pass(message, wParam, lParam);
 }
 
 } // namespace tarnwick

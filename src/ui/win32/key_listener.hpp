@@ -1,22 +1,17 @@
 #pragma once
 
-#include <windows.h>
+#include "ui/win32/message_filter.hpp"
 
 namespace tarnwick {
 
 // Tells the dialog of the keys that go down and up in one of the system's controls, which reports
 // them to nobody, and asks it about Enter and Escape (see ViewMessage).
-class KeyListener {
+class KeyListener final : private MessageFilter {
   public:
-    explicit KeyListener(HWND window) noexcept;
-    KeyListener(const KeyListener&) = delete;
-    KeyListener(KeyListener&&) = delete;
-    KeyListener& operator=(const KeyListener&) = delete;
-    KeyListener& operator=(KeyListener&&) = delete;
-    ~KeyListener();
+    explicit KeyListener(HWND window) noexcept : MessageFilter(window) {}
 
   private:
-    HWND window_;
+    LRESULT filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
 };
 
 // The answer to WM_GETDLGCODE as far as Enter and Escape go: DLGC_WANTMESSAGE, or nothing.

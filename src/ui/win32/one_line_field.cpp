@@ -4,13 +4,10 @@
 #include "ui/win32/view_messages.hpp"
 #include "ui/win32/window_style.hpp"
 
-#include <commctrl.h>
-
 namespace tarnwick {
 namespace {
 
-constexpr UINT_PTR fieldId = 2; // the key listener has its own
-constexpr int roomInside = 1;   // that the system keeps above and below the text, in lines
+constexpr int roomInside = 1; // that the system keeps above and below the text, in lines
 
 int heightOfText(HWND window) noexcept {
     const WindowContext context(window);
@@ -57,18 +54,30 @@ void drawAgain(HWND window) noexcept {
     RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
 }
 
-LRESULT CALLBACK keepInTheMiddle(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                 UINT_PTR /*id*/, DWORD_PTR /*data*/) {
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+} // namespace
+
+OneLineField::OneLineField(HWND window) noexcept
+    : MessageFilter(window),
+      isOne_(hasBorder(window) && (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0) {
+    if (isOne_) {
+        measureAgain();
+    }
+}
+
+LRESULT OneLineField::filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const LRESULT result = pass(message, wParam, lParam);
+    if (!isOne_) {
+        return result;
+    }
     switch (message) {
     case WM_NCCALCSIZE:
-        shrink(*pointerIn<RECT*>(lParam), heightOfText(window)); // the first member in both cases
+        shrink(*pointerIn<RECT*>(lParam), heightOfText(window())); // the first member in both cases
         break;
     case WM_NCPAINT:
-        paintStrips(window);
+        paintStrips(window());
         break;
     case WM_ENABLE:
-        drawAgain(window);
+        drawAgain(window());
         break;
     case WM_NCHITTEST:
         return result == HTNOWHERE || result == HTBORDER ? HTCLIENT : result;
@@ -78,21 +87,8 @@ LRESULT CALLBACK keepInTheMiddle(HWND window, UINT message, WPARAM wParam, LPARA
     return result;
 }
 
-} // namespace
-
-OneLineField::OneLineField(HWND window) noexcept : window_(window) {
-    if (hasBorder(window) && (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0) {
-        SetWindowSubclass(window, keepInTheMiddle, fieldId, 0);
-        measureAgain();
-    }
-}
-
-OneLineField::~OneLineField() {
-    RemoveWindowSubclass(window_, keepInTheMiddle, fieldId);
-}
-
 void OneLineField::measureAgain() noexcept {
-    SetWindowPos(window_, nullptr, 0, 0, 0, 0,
+    SetWindowPos(window(), nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

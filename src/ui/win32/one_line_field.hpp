@@ -1,27 +1,24 @@
 #pragma once
 
-#include <windows.h>
+#include "ui/win32/message_filter.hpp"
 
 namespace tarnwick {
 
 // Keeps the text of a field for one line in the middle of its height. The system writes it at the
 // upper edge, where it sits high in a field that is higher than its font needs; so the field is
 // given no more room than that for its text, and what is left over is drawn as its background.
-class OneLineField {
+class OneLineField final : private MessageFilter {
   public:
     // Leaves a field of several lines or without a border as it is.
     explicit OneLineField(HWND window) noexcept;
-    OneLineField(const OneLineField&) = delete;
-    OneLineField(OneLineField&&) = delete;
-    OneLineField& operator=(const OneLineField&) = delete;
-    OneLineField& operator=(OneLineField&&) = delete;
-    ~OneLineField();
 
     // Its font is another one now.
     void measureAgain() noexcept;
 
   private:
-    HWND window_;
+    LRESULT filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
+
+    bool isOne_;
 };
 
 } // namespace tarnwick

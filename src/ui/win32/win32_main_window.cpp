@@ -64,15 +64,11 @@ class MainView final : public FormView {
     }
 
     // The window is destroyed when the program's events have come to their end: it is still needed
-    // by whoever is at work in a handler. After a failure the form does not know yet that its
-    // window is gone; it must, for a run would go on where nobody can cancel it.
+    // by whoever is at work in a handler.
     void close() noexcept override {
         ShowWindow(dialog(), SW_HIDE);
         // A message that another program has sent does not wake the loop that is to look again.
         PostMessageA(dialog(), WM_NULL, 0, 0);
-        if (failed()) {
-            form().unload();
-        }
     }
 
     // What the form says, as long as the window is that large in pixels.

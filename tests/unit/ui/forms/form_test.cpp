@@ -1,3 +1,4 @@
+#include "platform/run_time_error.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/forms/text_box.hpp"
 #include "unit/ui/forms/recording_view.hpp"
@@ -5,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -147,6 +149,24 @@ TEST_F(FormLife, A_form_that_is_abandoned_goes_without_a_word) {
     form.show();
     EXPECT_FALSE(form.visible());
     EXPECT_THAT(events, ElementsAre("Load", "Resize"));
+}
+
+TEST_F(FormLife, A_view_that_fails_unloads_the_form_whether_or_not_anybody_deals_with_it) {
+    const auto error = std::make_exception_ptr(RunTimeError(ErrorNumber::DeviceIO));
+    form.show();
+    EXPECT_FALSE(form.viewFailed(error));
+    EXPECT_FALSE(form.visible());
+    EXPECT_THAT(events, ElementsAre("Load", "Resize", "Unload"));
+
+    Small dealing;
+    dealing.ViewFailed = [&](const std::exception_ptr& raised) {
+        EXPECT_EQ(raised, error);
+        EXPECT_TRUE(dealing.visible()); // it is still there to be asked about
+    };
+    dealing.show();
+    EXPECT_TRUE(dealing.viewFailed(error));
+    EXPECT_FALSE(dealing.loaded());
+    EXPECT_FALSE(dealing.visible());
 }
 
 TEST_F(FormLife, One_button_can_answer_both_Enter_and_Escape) {

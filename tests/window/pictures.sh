@@ -92,15 +92,22 @@ take_dialogs() {
     take_dialog warning Warning
 }
 take_system_dialogs() {
+    press chkfixdoc # something to save
     menu f o
-    if find_now Tarnwick; then
-        expect_window Tarnwick
-        take question "$found"
-        key alt+n
-    fi
+    expect_window Tarnwick
+    take question "$found"
+    key alt+n
     take_dialog open-file 'Open INI File'
     menu f a
     take_dialog save-file 'Save INI File As'
+    press cmdAliases
+    take_dialog aliases 'Open Aliases File'
+    press chkCFG
+    press cmdCFG
+    take_dialog configuration 'Open Configuration File'
+    press chkCFG
+    press cmdCreateBatFile
+    take_dialog save-batch 'Save Batch File'
 }
 take_command_line_help() {
     start demo.ini '?'
@@ -119,10 +126,10 @@ run_all_tests() {
         set_resolution "$resolution"
         take_main_window
         take_dialogs
-        take_other_states
         if [ "$resolution" = 96 ]; then
             take_system_dialogs
         fi
+        take_other_states
         end
         take_command_line_help
     done

@@ -8,7 +8,7 @@ wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool i
 dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip
 bench_packages   := $(wine_packages) libbenchmark-dev
 cover_packages   := $(native_packages) gcovr
-lint_packages    := $(windows_packages) clang-format-19 clang-tidy-19
+lint_packages    := $(windows_packages) libbenchmark-dev clang-format-19 clang-tidy-19
 
 ensure := cmake/ensure-packages
 sources = $(shell find src tests demo bench -name '*.cpp' -o -name '*.hpp')
@@ -111,7 +111,7 @@ format:
 
 lint: check-format
 	@$(ensure) $(lint_packages)
-	cmake/lint
+	cmake/lint $(SINCE)
 
 clean:
 	rm -rf build

@@ -16,17 +16,17 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void makeControls(HWND window, HINSTANCE instance, int count) {
+void makeControls(HWND window, HINSTANCE instance, long count) {
     constexpr std::array<const char*, 4> kinds{"BUTTON", "STATIC", "EDIT", "LISTBOX"};
     constexpr int columns = 8;
     constexpr int width = 100;
     constexpr int height = 40;
     HGDIOBJ font = GetStockObject(DEFAULT_GUI_FONT);
-    for (int i = 0; i < count; ++i) {
-        HWND control = CreateWindowA(kinds.at(static_cast<std::size_t>(i) % kinds.size()),
-                                     "Control", WS_CHILD | WS_VISIBLE | WS_TABSTOP,
-                                     i % columns * width, i / columns * height, width - 10,
-                                     height - 10, window, nullptr, instance, nullptr);
+    for (long i = 0; i < count; ++i) {
+        HWND control = CreateWindowExA(0, kinds.at(static_cast<std::size_t>(i) % kinds.size()),
+                                       "Control", WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+                                       i % columns * width, i / columns * height, width - 10,
+                                       height - 10, window, nullptr, instance, nullptr);
         SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     }
 }
@@ -40,9 +40,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, LPSTR commandLine
     kind.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     kind.lpszClassName = "BareWindow";
     RegisterClassA(&kind);
-    HWND window = CreateWindowA("BareWindow", "Bare", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                CW_USEDEFAULT, 860, 600, nullptr, nullptr, instance, nullptr);
-    makeControls(window, instance, std::atoi(commandLine));
+    HWND window = CreateWindowExA(0, "BareWindow", "Bare", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                  CW_USEDEFAULT, 860, 600, nullptr, nullptr, instance, nullptr);
+    makeControls(window, instance, std::strtol(commandLine, nullptr, 10));
     ShowWindow(window, SW_SHOWNORMAL);
     MSG message{};
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {

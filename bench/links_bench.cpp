@@ -86,7 +86,7 @@ long measureAndPrint(const char* what, const PageSet& pages, int rounds, const c
     std::printf("  cp              %6.2f s\n", cp);
     std::printf("  faster sed / rewriting links: %5.2f (at least %s)\n", sed / ours, limit);
     std::printf("  rewriting links / cp:         %5.2f (at most 2)\n", ours / cp);
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
     return figures.peakKilobytes;
 }
 

@@ -35,10 +35,12 @@ constexpr int rounds = 5;
 class BareListBox {
   public:
     BareListBox()
-        : window_(CreateWindowA("LISTBOX", "", WS_VISIBLE | WS_BORDER | WS_VSCROLL, 0, 0, 250, 160,
-                                nullptr, nullptr, nullptr, nullptr)) {}
+        : window_(CreateWindowExA(0, "LISTBOX", "", WS_VISIBLE | WS_BORDER | WS_VSCROLL, 0, 0, 250,
+                                  160, nullptr, nullptr, nullptr, nullptr)) {}
     BareListBox(const BareListBox&) = delete;
+    BareListBox(BareListBox&&) = delete;
     BareListBox& operator=(const BareListBox&) = delete;
+    BareListBox& operator=(BareListBox&&) = delete;
     ~BareListBox() { DestroyWindow(window_); }
 
     void fill(const std::vector<std::string>& names) const {
@@ -57,7 +59,7 @@ class BareListBox {
 std::vector<std::string> namesIn(const fs::path& folder) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA entry{};
-    const HANDLE search = FindFirstFileA((folder / "*.met").string().c_str(), &entry);
+    HANDLE search = FindFirstFileA((folder / "*.met").string().c_str(), &entry);
     do {
         names.emplace_back(entry.cFileName);
     } while (FindNextFileA(search, &entry) != FALSE);
@@ -146,19 +148,21 @@ class AfterShowing {
   public:
     explicit AfterShowing(std::function<void()> work)
         : work_(std::move(work)),
-          timer_(
-              CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+          timer_(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                                 nullptr)) {
         constexpr UINT milliseconds = 500;
         SetTimer(timer_, reinterpret_cast<UINT_PTR>(this), milliseconds, &AfterShowing::run);
     }
     AfterShowing(const AfterShowing&) = delete;
+    AfterShowing(AfterShowing&&) = delete;
     AfterShowing& operator=(const AfterShowing&) = delete;
+    AfterShowing& operator=(AfterShowing&&) = delete;
     ~AfterShowing() { DestroyWindow(timer_); }
 
   private:
     static void CALLBACK run(HWND window, UINT /*message*/, UINT_PTR self, DWORD /*time*/) {
         KillTimer(window, self);
-        reinterpret_cast<AfterShowing*>(self)->work_();
+        reinterpret_cast<AfterShowing*>(self)->work_(); // NOLINT(*-int-to-ptr)
     }
 
     std::function<void()> work_;
@@ -172,7 +176,7 @@ int run(const fs::path& root) {
     Win32Files files;
     NoDesktop desktop;
     Win32CommandInterpreter interpreter;
-    Win32Clock clock;
+    const Win32Clock clock;
     FakeProcess process;
     process.givenProgramFolder = root.string();
     MemorySettingsStore settings;

@@ -141,7 +141,7 @@ std::vector<std::string> PageSet::sedCommand(const std::string& locale) const {
     for (const Product& product : products) {
         const std::string folder(product.folder);
         if (!single_ || folder != "html") {
-            script += "s|HREF=\"C:\\\\out\\\\" + folder + "\\\\|HREF=\"../" + folder + "/|\n";
+            script += R"(s|HREF="C:\\out\\)" + folder + R"(\\|HREF="../)" + folder + "/|\n";
         }
     }
     script += "/^ *<base href/I{s|C:\\\\out\\\\html\\\\||;s|C:\\\\out\\\\faq\\\\||}\n";

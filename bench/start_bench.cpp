@@ -23,7 +23,7 @@ HWND windowOf(DWORD process) {
     } search{process, nullptr};
     EnumWindows(
         [](HWND window, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            auto& wanted = *reinterpret_cast<Search*>(parameter); // NOLINT(*-int-to-ptr)
             DWORD owner = 0;
             GetWindowThreadProcessId(window, &owner);
             if (owner != wanted.process || IsWindowVisible(window) == FALSE ||
@@ -42,7 +42,7 @@ int controlsOf(HWND window) {
     EnumChildWindows(
         window,
         [](HWND, LPARAM parameter) -> BOOL {
-            ++*reinterpret_cast<int*>(parameter);
+            ++*reinterpret_cast<int*>(parameter); // NOLINT(*-int-to-ptr)
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&count));

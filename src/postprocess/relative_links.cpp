@@ -96,9 +96,6 @@ void removeLeftover(Files& files, const std::string& path) {
 // What an earlier call could not clear away. A file beside a page is there only while the temporary
 // file is too, which therefore goes last.
 void removeLeftovers(Files& files, const Outputs& outputs, const std::string& temporary) {
-    if (!FileExists(files, temporary)) {
-        return;
-    }
     for (const std::string& page : {outputs.html.path, outputs.faq.path}) {
         if (!page.empty()) {
             removeLeftover(files, besidePath(page));
@@ -108,7 +105,7 @@ void removeLeftovers(Files& files, const Outputs& outputs, const std::string& te
 }
 
 // Leftovers are looked for where one is in the way: to ask for them before every page takes longer
-// than to rewrite a short one's lines.
+// than to rewrite a short one's lines. A hidden one goes too: the page would become hidden by it.
 std::unique_ptr<OutputFile> createTemporary(Files& files, const Outputs& outputs,
                                             const std::string& temporary) {
     try {
@@ -119,7 +116,7 @@ std::unique_ptr<OutputFile> createTemporary(Files& files, const Outputs& outputs
         }
     }
     removeLeftovers(files, outputs, temporary);
-    return files.create(temporary);
+    return files.createNew(temporary);
 }
 
 void copyRewritten(Files& files, std::string_view page, const PageRule& rule,
@@ -160,7 +157,7 @@ void FixRelativePaths(const BatchDefinition& definition, const LinkServices& ser
         };
         const bool htmlRewritten = rewrite(html, {&faq, &text, &sgml, &xml, &dif});
         const bool faqRewritten = rewrite(faq, {&html, &text, &sgml, &xml, &dif});
-        if (!htmlRewritten && !faqRewritten) {
+        if (!htmlRewritten && !faqRewritten && FileExists(services.files, temporary)) {
             removeLeftovers(services.files, outputs, temporary);
         }
     });

@@ -60,6 +60,15 @@ class LinksOnSystem : public ContractTest {
     std::string before;
 };
 
+TEST_F(LinksOnSystem, A_hidden_temporary_file_does_not_hide_the_page) {
+    const std::string temporary = in("records\\tarnwick.tmp");
+    putBytes(files, temporary, "half a page");
+    platform->hide(temporary);
+    putBytes(files, page, before);
+    fix();
+    expectRewritten();
+}
+
 TEST_F(LinksOnSystem, A_page_is_rewritten_in_its_place) {
     putBytes(files, page, before);
     fix();

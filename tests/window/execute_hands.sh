@@ -67,14 +67,18 @@ expect_status() { expect_text StatusBar1 "$1"; }
 expect_no_temporary_files() {
     [ -z "$(find "$temp" -name 'MP*')" ] || fail "left in $temp: $(ls "$temp")"
 }
-# As before and after every run, with that status.
-expect_idle() {
+# The buttons and the bar as before and after every run.
+expect_ready() {
     look
-    expect_status "$1"
     expect_text cmdCancel Close
     expect_state cmdOK on
     expect_state cmdCreateBatFile on
     expect_state ProgressBar1 hidden
+}
+# All as before and after every run, with that status.
+expect_idle() {
+    expect_ready
+    expect_status "$1"
     expect_no_temporary_files
     expect_no_message
 }

@@ -94,6 +94,20 @@ test_arrow_keys_in_the_grid_and_then_typing() {
         'Html Extension=.log' 'GRID_Html=C:\work\out\mp' | expect_file "$folder/TARNWICK.ini"
 }
 
+test_Enter_in_the_grid_goes_one_cell_on() {
+    launch_defined
+    press_cell grdFiles 1 1
+    key Return # not Execute, whose button is the default
+    look
+    expect_state txtEdit shown focus
+    expect_text txtEdit .err
+    key Escape
+    look
+    expect_state grdFiles focus
+    close_unchanged
+    definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
+}
+
 test_escape_ends_an_edit_and_never_the_program() {
     launch_defined
     press_cell grdFiles 1 3

@@ -5,6 +5,7 @@
 #include "ui/win32/combo_box_window.hpp"
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/folder_list_window.hpp"
+#include "ui/win32/frame_window.hpp"
 #include "ui/win32/grid_window.hpp"
 #include "ui/win32/indicator_windows.hpp"
 #include "ui/win32/label_window.hpp"
@@ -28,14 +29,23 @@ std::unique_ptr<ControlWindow> make(Control& control, HWND window) {
 std::unique_ptr<ControlWindow> makeControlWindow(Control& control, HWND window) {
     // From the most particular kind to the most general.
     const auto makers = {
-        make<TextBox, TextBoxWindow>,     make<CheckBox, CheckBoxWindow>,
-        make<LinkLabel, LinkLabelWindow>, make<Button, ButtonWindow>,
-        make<Clickable, ClickableWindow>, make<Label, LabelWindow>,
-        make<Captioned, CaptionedWindow>, make<ListBox, ListBoxWindow>,
-        make<ComboBox, ComboBoxWindow>,   make<Grid, GridWindow>,
-        make<DriveList, DriveListWindow>, make<FolderList, FolderListWindow>,
-        make<StatusBar, StatusBarWindow>, make<ProgressBar, ProgressBarWindow>,
-        make<Picture, PictureWindow>,     make<Line, ControlWindow>,
+        make<TextBox, TextBoxWindow>,
+        make<CheckBox, CheckBoxWindow>,
+        make<LinkLabel, LinkLabelWindow>,
+        make<Button, ButtonWindow>,
+        make<Clickable, ClickableWindow>,
+        make<Label, LabelWindow>,
+        make<Frame, FrameWindow>,
+        make<Captioned, CaptionedWindow>,
+        make<ListBox, ListBoxWindow>,
+        make<ComboBox, ComboBoxWindow>,
+        make<Grid, GridWindow>,
+        make<DriveList, DriveListWindow>,
+        make<FolderList, FolderListWindow>,
+        make<StatusBar, StatusBarWindow>,
+        make<ProgressBar, ProgressBarWindow>,
+        make<Picture, PictureWindow>,
+        make<Line, ControlWindow>,
     };
     for (const auto maker : makers) {
         if (auto made = maker(control, window); made != nullptr) {

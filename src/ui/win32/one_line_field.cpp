@@ -57,7 +57,7 @@ void drawAgain(HWND window) noexcept {
 } // namespace
 
 OneLineField::OneLineField(HWND window) noexcept
-    : MessageFilter(window),
+    : WindowFilter(window),
       isOne_(hasBorder(window) && (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0) {
     if (isOne_) {
         measureAgain();

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ui/win32/message_filter.hpp"
+#include "ui/win32/window_filter.hpp"
 
 namespace tarnwick {
 
 // Keeps the text of a field for one line in the middle of its height. The system writes it at the
 // upper edge, where it sits high in a field that is higher than its font needs; so the field is
 // given no more room than that for its text, and what is left over is drawn as its background.
-class OneLineField final : private MessageFilter {
+class OneLineField final : private WindowFilter {
   public:
     // Leaves a field of several lines or without a border as it is.
     explicit OneLineField(HWND window) noexcept;

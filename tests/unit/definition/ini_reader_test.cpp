@@ -38,7 +38,7 @@ class INIReader : public testing::Test {
         return ReadINIFile(definition, world.files(), desktop, [this] { ++timesRead; });
     }
 
-    const OutputDefinition& row(std::string_view type) const {
+    [[nodiscard]] const OutputDefinition& row(std::string_view type) const {
         for (const OutputDefinition& output : definition.CNSOutputs) {
             if (output.sFileType == type) {
                 return output;

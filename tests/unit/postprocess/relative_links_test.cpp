@@ -124,8 +124,9 @@ TEST_F(RelativeLinks, Without_page_rows_or_with_their_folders_missing_nothing_is
     row("Faq").sFileType = "Info_file";
     RecordingFiles recording(world.files());
     fix(recording);
-    for (const auto operation : {FileOperation::OpenForReading, FileOperation::Create,
-                                 FileOperation::Remove, FileOperation::MoveOver}) {
+    for (const auto operation :
+         {FileOperation::OpenForReading, FileOperation::Create, FileOperation::CreateNew,
+          FileOperation::Remove, FileOperation::MoveOver}) {
         EXPECT_EQ(recording.count(operation), 0) << operation;
     }
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
@@ -246,7 +247,7 @@ TEST_F(RelativeLinks, What_an_earlier_call_left_behind_goes_before_a_page_is_rew
     EXPECT_THAT(world.files().listFiles(out + "Faq", ""), ElementsAre("rec_faq.htm"));
 }
 
-TEST_F(RelativeLinks, A_hidden_temporary_file_is_written_over) {
+TEST_F(RelativeLinks, A_hidden_temporary_file_goes_as_well) {
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     world.write("C:\\in\\tarnwick.tmp", std::string(1000, 'x'));
     world.hide("C:\\in\\tarnwick.tmp");

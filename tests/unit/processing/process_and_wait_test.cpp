@@ -104,6 +104,26 @@ TEST_F(Waits, Events_that_come_in_a_pause_run_at_once_and_do_not_shorten_it) {
     EXPECT_EQ(ran, 9);
 }
 
+TEST_F(Waits, A_pause_over_midnight_keeps_its_length) {
+    class AroundMidnight : public FakeClock {
+      public:
+        std::string longDate() const override { return askedInVain(); }
+        std::string longTime() const override { return askedInVain(); }
+
+      private:
+        static std::string askedInVain() {
+            ADD_FAILURE() << "the time of day begins anew at midnight";
+            return {};
+        }
+    };
+    AroundMidnight midnight;
+    midnight.steady = 24 * 60 * 60 - 1;
+    FakePendingEvents nightly(midnight);
+    pause(midnight, nightly, 2, stop);
+    EXPECT_EQ(midnight.steady, 24 * 60 * 60 + 1);
+    EXPECT_EQ(nightly.secondsWaited, 2);
+}
+
 TEST_F(Waits, A_pause_rests_the_processor_for_all_of_its_length) {
     pause(clock, events, 2, stop);
     EXPECT_EQ(events.secondsWaited, 2);

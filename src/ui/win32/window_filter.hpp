@@ -6,19 +6,20 @@ namespace tarnwick {
 
 // Sees the messages of one of the system's windows before the window does. Of several that stand
 // before one window the last one made sees them first; they go in the reverse order, all before
-// the window. Uses the window's GWLP_USERDATA, which nobody else may.
+// the window. Uses the window's GWLP_USERDATA, which nobody else may. Another program's procedure
+// may stand before them.
 // Not the subclassing of the common controls: that one asks the system for a property of the window
 // twice a message, which was a good part of the time that the main window takes to come up.
-class MessageFilter {
+class WindowFilter {
   public:
-    MessageFilter(const MessageFilter&) = delete;
-    MessageFilter(MessageFilter&&) = delete;
-    MessageFilter& operator=(const MessageFilter&) = delete;
-    MessageFilter& operator=(MessageFilter&&) = delete;
+    WindowFilter(const WindowFilter&) = delete;
+    WindowFilter(WindowFilter&&) = delete;
+    WindowFilter& operator=(const WindowFilter&) = delete;
+    WindowFilter& operator=(WindowFilter&&) = delete;
 
   protected:
-    explicit MessageFilter(HWND window) noexcept;
-    ~MessageFilter();
+    explicit WindowFilter(HWND window) noexcept;
+    ~WindowFilter();
 
     // Answers the message.
     virtual LRESULT filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept = 0;
@@ -32,7 +33,7 @@ class MessageFilter {
                                       LPARAM lParam) noexcept;
 
     HWND window_;
-    MessageFilter* behind_;
+    WindowFilter* behind_;
     WNDPROC windowsOwn_ = nullptr; // where nobody is behind it
 };
 

@@ -12,6 +12,7 @@ struct InputFiles : MainWorld {
 
     std::vector<bool> moves() {
         std::vector<bool> enabled;
+        enabled.reserve(form.cmdSelectFiles.size());
         for (const Button& button : form.cmdSelectFiles) {
             enabled.push_back(button.enabled());
         }

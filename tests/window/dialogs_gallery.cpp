@@ -14,9 +14,9 @@
 #include "ui/dialogs/frm_open_folder.hpp"
 #include "ui/dialogs/frm_options.hpp"
 #include "ui/win32/win32_form_presenter.hpp"
+#include "window/gallery.hpp"
 
 #include <cstdint>
-#include <exception>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -136,6 +136,8 @@ void showHelp(const std::string& layoutFile) {
     Win32FormPresenter().showModal(form);
 }
 
+} // namespace
+
 bool run(std::string_view dialog, const std::string& resultFile, const std::string& layoutFile) {
     std::ofstream out(resultFile, std::ios::binary);
     if (dialog == "options") {
@@ -154,15 +156,4 @@ bool run(std::string_view dialog, const std::string& resultFile, const std::stri
     return out.good();
 }
 
-} // namespace
 } // namespace tarnwick::gallery
-
-int main(int argc, char* argv[]) {
-    constexpr int arguments = 4;
-    try {
-        return argc == arguments && tarnwick::gallery::run(argv[1], argv[2], argv[3]) ? 0 : 2;
-    } catch (const std::exception& error) {
-        std::ofstream("gallery-error.txt") << error.what() << '\n';
-        return 1;
-    }
-}

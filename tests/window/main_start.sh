@@ -83,7 +83,9 @@ test_it_does_not_close_under_a_dialog() {
     menu t o
     expect_window Options
     send_message "$title" 0x10 0 0 >"$work/answer" # WM_CLOSE
-    find_window Options || fail 'the dialog is gone'
+    sleep 0.7
+    find_now "$title" || fail 'the window has closed under its dialog'
+    find_now Options || fail 'the dialog is gone'
     xdotool windowactivate --sync "$found"
     key Escape
     expect_closed Options

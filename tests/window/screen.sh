@@ -101,12 +101,12 @@ expect_end() {
         kill -0 "$gallery_pid" 2>/dev/null || break
         sleep 0.1
     done
-    kill -0 "$gallery_pid" 2>/dev/null && fail "the dialog is still there"
+    kill -0 "$gallery_pid" 2>/dev/null && fail "the window is still there"
     wait "$gallery_pid" || fail "the gallery ended with status $?: $(cat "$work/gallery.log")"
     gallery_pid=
 }
 expect_open() {
-    kill -0 "$gallery_pid" 2>/dev/null || fail "the dialog is gone"
+    kill -0 "$gallery_pid" 2>/dev/null || fail "the window is gone"
 }
 expect_result() {
     grep -qxF -- "$1" "$work/result" || fail "no \"$1\" in: $(cat "$work/result")"

@@ -65,7 +65,8 @@ class Generator {
     std::string blanks() { return std::string(static_cast<std::size_t>(below(3)), ' '); }
     std::string path() { return blanks() + "C:\\" + text(); }
     std::string oneOf(std::span<const std::string_view> choices) {
-        return std::string{choices[static_cast<std::size_t>(below(int(choices.size())))]};
+        std::string chosen(choices[static_cast<std::size_t>(below(int(choices.size())))]);
+        return chosen;
     }
     std::string folder() {
         return oneOf(std::array<std::string_view, 7>{"D:\\in", "D:\\in\\",

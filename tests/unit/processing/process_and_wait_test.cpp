@@ -107,8 +107,8 @@ TEST_F(Waits, Events_that_come_in_a_pause_run_at_once_and_do_not_shorten_it) {
 TEST_F(Waits, A_pause_over_midnight_keeps_its_length) {
     class AroundMidnight : public FakeClock {
       public:
-        std::string longDate() const override { return askedInVain(); }
-        std::string longTime() const override { return askedInVain(); }
+        [[nodiscard]] std::string longDate() const override { return askedInVain(); }
+        [[nodiscard]] std::string longTime() const override { return askedInVain(); }
 
       private:
         static std::string askedInVain() {

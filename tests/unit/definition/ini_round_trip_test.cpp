@@ -62,11 +62,14 @@ class Generator {
         }
         return result;
     }
-    std::string blanks() { return std::string(static_cast<std::size_t>(below(3)), ' '); }
+    std::string blanks() {
+        std::string result;
+        result.resize(static_cast<std::size_t>(below(3)), ' ');
+        return result;
+    }
     std::string path() { return blanks() + "C:\\" + text(); }
     std::string oneOf(std::span<const std::string_view> choices) {
-        std::string chosen(choices[static_cast<std::size_t>(below(int(choices.size())))]);
-        return chosen;
+        return std::string(choices[static_cast<std::size_t>(below(int(choices.size())))]);
     }
     std::string folder() {
         return oneOf(std::array<std::string_view, 7>{"D:\\in", "D:\\in\\",

@@ -251,7 +251,9 @@ TEST_F(RelativeLinks, A_hidden_temporary_file_goes_as_well) {
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     world.write("C:\\in\\tarnwick.tmp", std::string(1000, 'x'));
     world.hide("C:\\in\\tarnwick.tmp");
-    fix();
+    RecordingFiles recording(world.files());
+    fix(recording);
+    EXPECT_EQ(recording.count(FileOperation::Remove, "C:\\in\\tarnwick.tmp"), 1);
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
 }
 

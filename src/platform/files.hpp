@@ -95,7 +95,7 @@ class Files {
     [[nodiscard]] virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
     // As create, but only where nothing of that name exists, in one step: of several who ask at the
-    // same time, one gets the file. Raises 58 where it does.
+    // same time, one gets the file. Raises 58 where it does. When it raises, it has made nothing.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> createNew(std::string_view path) = 0;
 
     // As create, but writes behind what the file already holds.
@@ -112,10 +112,12 @@ class Files {
     // Puts the file `from` in the place of `to` in one step: whoever opens `to` finds the old
     // content or the new, never half of one and never none, and `from` is gone afterwards. That
     // holds after a loss of power too, as far as the file system keeps what it was told in order.
-    // `to` need not exist. Both must lie on one volume.
-    // Raises 53 (no `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in
-    // use, and still after half a second), 74 (the volumes differ), 76; both files are then as they
-    // were. Where several of these apply, any one of them is raised.
+    // `to` need not exist; where it does, it keeps who may do what with it and whether it is
+    // hidden, as far as the system lets this user. Both must lie on one volume. Raises 53 (no
+    // `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in use, and
+    // still after half a second), 74 (the volumes differ), 76; both files are then as they were.
+    // Where several of these apply, any one of them is raised; `from` may by then have what `to`
+    // keeps.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 };
 

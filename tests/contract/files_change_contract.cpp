@@ -70,6 +70,31 @@ TEST_F(FilesChange, A_file_takes_the_place_of_another) {
     EXPECT_FALSE(exists("new.txt"));
 }
 
+TEST_F(FilesChange, A_file_that_is_replaced_stays_readable_for_whom_it_was) {
+    put("new.txt", "new");
+    put("old.txt", "old");
+    put("like new.txt", "new");
+    platform->keepFromOthers(in("old.txt"));
+    const std::string kept = platform->rightsTo(in("old.txt"));
+    const std::string open = platform->rightsTo(in("new.txt"));
+    ASSERT_NE(kept, open);
+    files.moveOver(in("new.txt"), in("old.txt"));
+    EXPECT_EQ(platform->rightsTo(in("old.txt")), kept);
+    EXPECT_EQ(get("old.txt"), "new");
+    // And the other way round: what was open to all does not become closed.
+    files.moveOver(in("old.txt"), in("like new.txt"));
+    EXPECT_EQ(platform->rightsTo(in("like new.txt")), open);
+}
+
+TEST_F(FilesChange, A_hidden_file_that_is_replaced_stays_hidden) {
+    put("new.txt", "new");
+    put("old.txt", "old");
+    platform->hide(in("old.txt"));
+    files.moveOver(in("new.txt"), in("old.txt"));
+    EXPECT_EQ(files.listFiles(platform->scratch(), ""), Names{});
+    EXPECT_EQ(get("old.txt"), "new");
+}
+
 TEST_F(FilesChange, A_file_moves_to_where_none_is) {
     put("new.txt", "new");
     files.createFolder(in("folder"));

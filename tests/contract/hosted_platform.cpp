@@ -50,6 +50,14 @@ class HostedPlatform : public PlatformUnderTest {
     [[nodiscard]] std::string missingDrive() const override { return "Q:"; }
     void hide(const std::string& path) override { world_.hide(path); }
     void makeSystem(const std::string& path) override { world_.hide(path); }
+    void keepFromOthers(const std::string& path) override {
+        std::filesystem::permissions(libraryPath(path), std::filesystem::perms::owner_read |
+                                                            std::filesystem::perms::owner_write);
+    }
+    [[nodiscard]] std::string rightsTo(const std::string& path) const override {
+        const auto rights = std::filesystem::status(libraryPath(path)).permissions();
+        return std::to_string(static_cast<unsigned>(rights));
+    }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
     std::shared_ptr<void> keep(const std::string& path) override {
         return std::make_shared<FileDescriptor>(openExclusively(world_.files().hostPath(path)));
@@ -117,6 +125,14 @@ TEST(HostedFiles, A_pipe_is_no_file_and_nobody_waits_for_it) {
     EXPECT_EQ(world.files().firstNormalFile(R"(C:\pipe)"), "");
     EXPECT_EQ(raisedBy([&] { return world.files().openForReading(R"(C:\pipe)"); }), 75);
     EXPECT_EQ(raisedBy([&] { return world.files().create(R"(C:\pipe)"); }), 75);
+}
+
+TEST(HostedFiles, A_new_file_that_turns_out_unusable_is_not_left_behind) {
+    HostedWorld world;
+    const mode_t mask = ::umask(0222); // what is made now may not be written
+    EXPECT_EQ(raisedBy([&] { return world.files().createNew(R"(C:\new.txt)"); }), 75);
+    ::umask(mask);
+    EXPECT_FALSE(world.exists(R"(C:\new.txt)"));
 }
 
 TEST(HostedFiles, Links_are_what_they_point_to) {

@@ -30,6 +30,9 @@ class PlatformUnderTest {
     virtual void hide(const std::string& path) = 0;
     virtual void makeSystem(const std::string& path) = 0;
     virtual void makeReadOnly(const std::string& path) = 0;
+    // Takes the others' rights to the file away, and tells them in the system's own words.
+    virtual void keepFromOthers(const std::string& path) = 0;
+    [[nodiscard]] virtual std::string rightsTo(const std::string& path) const = 0;
     // Another program keeps the file to itself as long as the result lives.
     [[nodiscard]] virtual std::shared_ptr<void> keep(const std::string& path) = 0;
     // A path under which the standard library opens the file.

@@ -13,6 +13,10 @@
 
 #include <windows.h>
 
+#include <sddl.h>
+
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -42,6 +46,24 @@ LRESULT CALLBACK eventWindowProcedure(HWND window, UINT message, WPARAM word, LP
         return 0;
     }
     return DefWindowProcA(window, message, word, data);
+}
+
+struct LocalFreeing {
+    void operator()(void* memory) const noexcept { LocalFree(memory); }
+};
+using LocalMemory = std::unique_ptr<void, LocalFreeing>;
+
+std::string sidOfThisUser() {
+    HANDLE opened = nullptr;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened);
+    const Handle token(opened);
+    std::array<std::byte, 512> user{};
+    DWORD size = 0;
+    GetTokenInformation(token.get(), TokenUser, user.data(), sizeof user, &size);
+    char* text = nullptr;
+    ConvertSidToStringSidA(reinterpret_cast<const TOKEN_USER*>(user.data())->User.Sid, &text);
+    const LocalMemory owner(text);
+    return text == nullptr ? std::string() : text;
 }
 
 // A window that nobody sees: every event posted to it is a message of its own.
@@ -172,6 +194,29 @@ class Win32Platform final : public PlatformUnderTest {
     void makeSystem(const std::string& path) override { addAttribute(path, FILE_ATTRIBUTE_SYSTEM); }
     void makeReadOnly(const std::string& path) override {
         addAttribute(path, FILE_ATTRIBUTE_READONLY);
+    }
+    void keepFromOthers(const std::string& path) override {
+        const std::string rights = "D:P(A;;FA;;;" + sidOfThisUser() + ")";
+        PSECURITY_DESCRIPTOR descriptor = nullptr;
+        ASSERT_NE(ConvertStringSecurityDescriptorToSecurityDescriptorA(
+                      rights.c_str(), SDDL_REVISION_1, &descriptor, nullptr),
+                  FALSE);
+        const LocalMemory owner(descriptor);
+        ASSERT_NE(SetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION, descriptor), FALSE);
+    }
+    [[nodiscard]] std::string rightsTo(const std::string& path) const override {
+        std::array<std::byte, 4096> descriptor{};
+        DWORD size = 0;
+        EXPECT_NE(GetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION, descriptor.data(),
+                                   sizeof descriptor, &size),
+                  FALSE);
+        char* text = nullptr;
+        EXPECT_NE(
+            ConvertSecurityDescriptorToStringSecurityDescriptorA(
+                descriptor.data(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr),
+            FALSE);
+        const LocalMemory owner(text);
+        return text == nullptr ? std::string() : text;
     }
     std::shared_ptr<void> keep(const std::string& path) override {
         auto file = std::make_shared<Handle>(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE,

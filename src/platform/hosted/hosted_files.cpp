@@ -164,6 +164,7 @@ void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     const auto [hostTo, target] = look(to);
     if (target.isOpen()) {
         requireReplaceable(target);
+        takeOverMode(source, target);
     }
     if (root_.volume(from) != root_.volume(to)) {
         raiseSystemError(EXDEV);

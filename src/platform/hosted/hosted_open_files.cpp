@@ -180,9 +180,16 @@ void requireReplaceable(const FileDescriptor& file) {
     requireNotInUse(file);
 }
 
-std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing existing) {
-    auto file =
-        openDescriptor(hostPath, O_RDWR | O_CREAT | (existing == Existing::Refused ? O_EXCL : 0));
+void takeOverMode(const FileDescriptor& heir, const FileDescriptor& file) {
+    const mode_t mode = statusOf(file).st_mode;
+    if (statusOf(heir).st_mode != mode) {
+        (void)::fchmod(heir.get(), mode & 07777U);
+    }
+}
+
+namespace {
+
+void makeReady(const FileDescriptor& file, Existing existing) {
     lockByte(file, F_WRLCK,
              writerByte); // Before its size is asked for: nobody else changes it now.
     const auto status = statusOf(file);
@@ -192,6 +199,21 @@ std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing
                                                            : ::ftruncate(file.get(), 0) == 0);
     if (!ready) {
         raiseSystemError(errno);
+    }
+}
+
+} // namespace
+
+std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing existing) {
+    auto file =
+        openDescriptor(hostPath, O_RDWR | O_CREAT | (existing == Existing::Refused ? O_EXCL : 0));
+    try {
+        makeReady(file, existing);
+    } catch (...) {
+        if (existing == Existing::Refused) { // it is ours, and nobody else will clear it away
+            ::unlink(hostPath.c_str());
+        }
+        throw;
     }
     return std::make_unique<HostedOutputFile>(std::move(file));
 }

@@ -28,6 +28,9 @@ void requireNotInUse(const FileDescriptor& file);
 // Raises 75 when it is a folder or read-only, 70 when anybody holds it.
 void requireReplaceable(const FileDescriptor& file);
 
+// Gives `heir` the permissions of `file`, as far as the system lets this user.
+void takeOverMode(const FileDescriptor& heir, const FileDescriptor& file);
+
 enum class Existing { Emptied, Kept, Refused };
 [[nodiscard]] std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath,
                                                          Existing existing);

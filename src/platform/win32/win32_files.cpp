@@ -4,6 +4,7 @@
 #include "platform/win32/errors.hpp"
 #include "platform/win32/folder_search.hpp"
 #include "platform/win32/handle.hpp"
+#include "platform/win32/kept_access.hpp"
 #include "platform/win32/win32_open_files.hpp"
 #include "platform/windows_path.hpp"
 
@@ -206,6 +207,7 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
     requireReplaceable(target);
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
+    takeOverAccess(source, target);
     for (int attempt = 1;; ++attempt) {
         if (MoveFileExA(source.c_str(), target.c_str(),
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {

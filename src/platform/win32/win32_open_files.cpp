@@ -129,12 +129,14 @@ std::unique_ptr<OutputFile> createWin32File(const std::string& path, Existing ex
     // Not CREATE_ALWAYS: that refuses a hidden file.
     auto file = openHandle(path, GENERIC_WRITE, FILE_SHARE_READ,
                            existing == Existing::Refused ? CREATE_NEW : OPEN_ALWAYS);
-    requireWritable(file);
-    const bool ready = existing == Existing::Kept
-                           ? SetFilePointerEx(file.get(), {}, nullptr, FILE_END) != 0
-                           : SetEndOfFile(file.get()) != 0;
-    if (!ready) {
-        raiseSystemError(GetLastError());
+    if (existing != Existing::Refused) { // a new one is empty and ours: nothing can fail any more
+        requireWritable(file);
+        const bool ready = existing == Existing::Kept
+                               ? SetFilePointerEx(file.get(), {}, nullptr, FILE_END) != 0
+                               : SetEndOfFile(file.get()) != 0;
+        if (!ready) {
+            raiseSystemError(GetLastError());
+        }
     }
     return std::make_unique<Win32OutputFile>(std::move(file));
 }

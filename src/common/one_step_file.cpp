@@ -3,17 +3,70 @@
 #include "platform/run_time_error.hpp"
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tarnwick {
 namespace {
 
-void writeThrough(Files& files, std::string_view path, std::string_view content) {
-    const auto file = files.create(path);
-    file->write(content);
-    file->flush();
-    file->close();
+void writeThrough(OutputFile& file, std::string_view content) {
+    file.write(content);
+    file.flush();
+    file.close();
+}
+
+std::string contentOf(const Files& files, std::string_view path) {
+    constexpr std::size_t blockSize = 64UZ * 1024;
+    const auto file = files.openForReading(path);
+    std::string content;
+    std::vector<char> block(blockSize);
+    while (const auto count = file->read(block)) {
+        content.append(block.data(), count);
+    }
+    return content;
+}
+
+bool isThere(const Files& files, std::string_view path) {
+    try {
+        return files.openForReading(path) != nullptr;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+// Null where the file beside `path` cannot be made although `path` is there.
+std::unique_ptr<OutputFile> createBeside(Files& files, std::string_view beside,
+                                         std::string_view path) {
+    try {
+        return files.create(beside);
+    } catch (const RunTimeError& error) {
+        // A full disk has no room in place either: to try would cost the old content.
+        if (error.is(ErrorNumber::DiskFull) || !isThere(files, path)) {
+            throw;
+        }
+        return nullptr;
+    }
+}
+
+void putBack(Files& files, std::string_view path, std::string_view old) {
+    try {
+        writeThrough(*files.create(path), old);
+    } catch (const RunTimeError&) {
+        return; // what went wrong before is what the user must hear of
+    }
+}
+
+void writeInPlace(Files& files, std::string_view path, std::string_view content) {
+    const std::string old = contentOf(files, path);
+    auto file = files.create(path);
+    try {
+        writeThrough(*file, content);
+    } catch (...) {
+        file.reset();
+        putBack(files, path, old);
+        throw;
+    }
 }
 
 void copyFile(Files& files, std::string_view from, std::string_view to) {
@@ -44,10 +97,16 @@ bool moveOnOneVolume(Files& files, std::string_view from, std::string_view to) {
 
 void writeInOneStep(Files& files, std::string_view path, std::string_view content) {
     const std::string beside = std::string(path) + ".tarnwick-new";
+    auto file = createBeside(files, beside, path);
+    if (!file) {
+        writeInPlace(files, path, content);
+        return;
+    }
     try {
-        writeThrough(files, beside, content);
+        writeThrough(*file, content);
         files.moveOver(beside, path);
     } catch (...) {
+        file.reset();
         removeQuietly(files, beside);
         throw;
     }

@@ -8,8 +8,11 @@ namespace tarnwick {
 
 // Writes `content` as the file `path`, replacing an older one in one step: it is written beside it
 // and then put in its place, so that a crash, a full disk or a lost drive leaves the old file
-// whole. Raises what Files::create, OutputFile and Files::moveOver raise; the old file is then as
-// it was and nothing is left beside it.
+// whole. Where nothing may be made beside an existing file (its folder is not this user's, or the
+// longer name is too long), the file is written in its place, and its old content put back if that
+// fails.
+// Raises what Files::create, OutputFile and Files::moveOver raise; the old file is then as it was
+// and nothing is left beside it.
 void writeInOneStep(Files& files, std::string_view path, std::string_view content);
 
 // Puts the file `from` in the place of `to` in one step, as Files::moveOver does, and from another

@@ -62,6 +62,65 @@ TEST(OneStepFile, The_first_error_is_raised_even_when_cleaning_up_fails_too) {
     }
 }
 
+// Its folder is not this user's, but the file is.
+class WithoutRoomBeside : public testing::Test {
+  protected:
+    WithoutRoomBeside() {
+        world.write("C:\\a.ini", "old");
+        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+    }
+    ErrorNumber raisedBySaving(std::string_view content) {
+        try {
+            writeInOneStep(files, "C:\\a.ini", content);
+        } catch (const RunTimeError& error) {
+            return static_cast<ErrorNumber>(error.record().number);
+        }
+        ADD_FAILURE() << "raised nothing";
+        return {};
+    }
+
+    HostedWorld world;
+    FaultyFiles files{world.files()};
+};
+
+TEST_F(WithoutRoomBeside, An_existing_file_is_written_in_its_place) {
+    writeInOneStep(files, "C:\\a.ini", "n");
+    EXPECT_EQ(world.read("C:\\a.ini"), "n");
+    EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("a.ini"));
+}
+
+TEST_F(WithoutRoomBeside, A_new_file_is_refused_as_its_folder_says) {
+    world.files().remove("C:\\a.ini");
+    EXPECT_EQ(raisedBySaving("new"), ErrorNumber::PathFileAccess);
+    EXPECT_FALSE(world.exists("C:\\a.ini"));
+}
+
+TEST_F(WithoutRoomBeside, A_file_that_may_not_be_written_either_is_left_alone) {
+    world.makeReadOnly("C:\\a.ini");
+    EXPECT_EQ(raisedBySaving("new"), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(world.read("C:\\a.ini"), "old");
+}
+
+TEST_F(WithoutRoomBeside, What_was_there_is_put_back_where_the_writing_fails) {
+    for (const FileOperation operation :
+         {FileOperation::Write, FileOperation::Flush, FileOperation::Close}) {
+        SCOPED_TRACE(operation);
+        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAt(operation, 1, RunTimeError(ErrorNumber::DeviceIO));
+        EXPECT_EQ(raisedBySaving("new and longer"), ErrorNumber::DeviceIO);
+        EXPECT_EQ(world.read("C:\\a.ini"), "old");
+    }
+}
+
+TEST(OneStepFile, A_full_disk_is_no_reason_to_write_in_place) {
+    HostedWorld world;
+    world.write("C:\\a.ini", "old");
+    FaultyFiles files(world.files());
+    files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::DiskFull));
+    EXPECT_THROW(writeInOneStep(files, "C:\\a.ini", "new"), RunTimeError);
+    EXPECT_EQ(world.read("C:\\a.ini"), "old");
+}
+
 class MoveInOneStep : public testing::Test {
   protected:
     MoveInOneStep() {

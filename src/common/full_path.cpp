@@ -1,4 +1,4 @@
-#include "ui/forms/folder_path.hpp"
+#include "common/full_path.hpp"
 
 #include "common/text.hpp"
 
@@ -8,6 +8,12 @@
 
 namespace tarnwick {
 namespace {
+
+std::string withBackslashes(std::string_view path) {
+    std::string result(path);
+    std::ranges::replace(result, '/', '\\');
+    return result;
+}
 
 bool hasDrive(std::string_view path) {
     return path.size() >= 2 && path[1] == ':';
@@ -43,7 +49,7 @@ std::vector<std::string> namesIn(std::string_view path) {
     return names;
 }
 
-std::string fromCurrentFolder(std::string path, std::string_view currentFolder) {
+std::string seenFrom(std::string_view folder, std::string path) {
     if (isShare(path)) {
         return path;
     }
@@ -51,22 +57,25 @@ std::string fromCurrentFolder(std::string path, std::string_view currentFolder) 
         return path.substr(0, 2) + '\\' + path.substr(2);
     }
     if (path.starts_with('\\')) {
-        return withBackslash(rootOf(currentFolder)) + path;
+        return withBackslash(rootOf(folder)) + path;
     }
-    return withBackslash(currentFolder) + path;
+    return withBackslash(folder) + path;
 }
 
 } // namespace
 
-std::string fullFolderPath(std::string_view path, std::string_view currentFolder) {
-    std::string slashes(trim(path));
-    std::ranges::replace(slashes, '/', '\\');
-    const std::string whole = fromCurrentFolder(slashes, currentFolder);
+std::string fullPath(std::string_view path, std::string_view folder) {
+    const std::string whole = seenFrom(folder, withBackslashes(trim(path)));
     std::string result(rootOf(whole));
     for (const std::string& name : namesIn(std::string_view(whole).substr(result.size()))) {
         result = withBackslash(result).append(name);
     }
     return result;
+}
+
+bool isFullPath(std::string_view path) {
+    const std::string text = withBackslashes(trim(path));
+    return isShare(text) || (hasDrive(text) && text.substr(2).starts_with('\\'));
 }
 
 std::string driveOf(std::string_view fullPath) {

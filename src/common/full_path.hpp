@@ -6,9 +6,14 @@
 
 namespace tarnwick {
 
-// A folder's path in full: `path` itself, or seen from `currentFolder` where it has no drive or no
-// root, without ".", ".." and a final "\"; a drive's root is "C:\", and "C:" is that as well.
-[[nodiscard]] std::string fullFolderPath(std::string_view path, std::string_view currentFolder);
+// The path of a file or folder in full: `path` itself, or seen from `folder` where it has no drive
+// or no root, without blanks around it, ".", ".." and a final "\"; a drive's root is "C:\", and
+// "C:" is that as well.
+[[nodiscard]] std::string fullPath(std::string_view path, std::string_view folder);
+
+// Whether `path` says by itself where it lies: from the root of a drive, or in a share. Blanks
+// around it do not count.
+[[nodiscard]] bool isFullPath(std::string_view path);
 
 // The drive of such a path, as "C:"; empty for one in a share ("\\server\share").
 [[nodiscard]] std::string driveOf(std::string_view fullPath);

@@ -5,6 +5,7 @@
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/output_types.hpp"
+#include "definition/resolved_paths.hpp"
 
 #include <cstddef>
 #include <span>
@@ -119,7 +120,7 @@ class IniReader {
 
     // A file that is missing switches its use off; the old name stays in the field.
     void readFile(std::string_view name, int& use, std::string& field) const {
-        use = FileExists(files_, name) ? checked : 0;
+        use = FileExists(files_, resolvedFile(definition_.sAppFolder, name)) ? checked : 0;
         if (use == checked) {
             field = name;
         }
@@ -162,7 +163,7 @@ class IniReader {
                   std::string_view folder) {
         for (OutputDefinition& output : grid) {
             if (equalIgnoringCase(output.sFileType, fileType)) {
-                if (folders_.exists(folder)) {
+                if (folders_.exists(resolvedFolder(definition_.sInputFolder, files_, folder))) {
                     output.bBuild = true;
                     output.sOutputFolder = folder;
                 }

@@ -4,6 +4,7 @@
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/output_types.hpp"
+#include "definition/resolved_paths.hpp"
 
 #include <span>
 #include <string_view>
@@ -29,14 +30,16 @@ void addExtension(std::string& text, const OutputDefinition& output,
     }
 }
 
-void addOutputs(std::string& text, std::span<const OutputDefinition> outputs,
-                std::span<const OutputType> types, const Files& files) {
+void addOutputs(std::string& text, const BatchDefinition& definition,
+                std::span<const OutputDefinition> outputs, std::span<const OutputType> types,
+                const Files& files) {
     for (const OutputDefinition& output : outputs) {
         if (!output.bBuild) {
             continue;
         }
         addExtension(text, output, types);
-        if (FolderExists(files, output.sOutputFolder)) {
+        if (FolderExists(files,
+                         resolvedFolder(definition.sInputFolder, files, output.sOutputFolder))) {
             addEntry(text, "GRID_" + std::string(trim(output.sFileType)),
                      trim(output.sOutputFolder));
         }
@@ -66,8 +69,8 @@ std::string iniFileText(const BatchDefinition& definition, const Files& files) {
     if (definition.bUseConfigFile == checked) {
         addEntry(text, "Configuration File", trim(definition.sConfigFile));
     }
-    addOutputs(text, definition.CNSOutputs, cnsOutputTypes, files);
-    addOutputs(text, definition.MPOutputs, mpOutputTypes, files);
+    addOutputs(text, definition, definition.CNSOutputs, cnsOutputTypes, files);
+    addOutputs(text, definition, definition.MPOutputs, mpOutputTypes, files);
     return text;
 }
 

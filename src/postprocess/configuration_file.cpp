@@ -3,6 +3,7 @@
 #include "common/line_reader.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "definition/resolved_paths.hpp"
 
 #include <span>
 
@@ -43,7 +44,8 @@ bool GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desk
     bool completed = false;
     trap(desktop, "frmMain", "Private Sub GetCFGValues()", [&] {
         forgetConfigurationEntries(definition);
-        const auto file = files.openForReading(definition.sConfigFile);
+        const auto file =
+            files.openForReading(resolvedFile(definition.sAppFolder, definition.sConfigFile));
         LineReader lines(*file, LineEnds::CarriageReturn);
         while (const auto line = lines.next()) {
             const ConfigurationEntries entries = inspectConfigurationLine(*line);

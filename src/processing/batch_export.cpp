@@ -3,6 +3,7 @@
 #include "common/known_folders.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
+#include "definition/resolved_paths.hpp"
 #include "processing/tool_statements.hpp"
 
 namespace tarnwick {
@@ -32,21 +33,23 @@ void writeCommand(BatchWriter& script, std::string_view tool, const std::string&
     script.line("@echo on");
 }
 
+// The comments name the folders as the user gave them, the commands in full.
 void writeRecord(BatchWriter& script, const BatchDefinition& definition,
-                 const StatementServices& services, const std::string& record) {
+                 const BatchDefinition& resolved, const StatementServices& services,
+                 const std::string& record) {
     const bool cns = definition.iProcessCNS == checked;
     std::string cnsOutput;
     if (cns) {
         const std::string statement =
-            sBuildCNSstatement(definition, services, definition.sInputFolder, record, cnsOutput);
+            sBuildCNSstatement(resolved, services, resolved.sInputFolder, record, cnsOutput);
         writeCommand(script, "CNS", definition.sInputFolder, record, statement);
     }
     if (definition.iProcessMP == checked) {
-        const auto [folder, file] = mpInput(definition, record, cnsOutput);
+        const auto [folder, file] = mpInput(resolved, record, cnsOutput);
         // On purpose, the comment names the folder of CNS's output even where the command reads
         // from another.
-        writeCommand(script, "MP", cns ? definition.sCNSOutputFolder : folder, file,
-                     sBuildMPstatement(definition, services, folder, file));
+        writeCommand(script, "MP", cns ? definition.sCNSOutputFolder : definition.sInputFolder,
+                     file, sBuildMPstatement(resolved, services, folder, file));
     }
 }
 
@@ -68,13 +71,14 @@ void BatchExport::write(const BatchDefinition& definition, std::span<const std::
 
 void BatchExport::writeScript(BatchWriter& script, const BatchDefinition& definition,
                               std::span<const std::string> records) const {
+    const BatchDefinition resolved = withResolvedPaths(definition, services_.files);
     KnownFolders folders(services_.files);
     const StatementServices statements{.folders = folders, .desktop = services_.desktop};
     writeHead(script, services_.clock);
     changeToFolder(script, definition.sInputFolder);
     script.line("");
     for (const std::string& record : records) {
-        writeRecord(script, definition, statements, record);
+        writeRecord(script, definition, resolved, statements, record);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
+#include "definition/resolved_paths.hpp"
 #include "postprocess/configuration_file.hpp"
 #include "processing/command_line.hpp"
 #include "processing/command_line_batch.hpp"
@@ -57,7 +58,8 @@ class CommandLineRun {
         const bool iniFileRead = ReadINIFile(definition_, services_.files, services_.desktop, [&] {
             listRecords();
             if (definition_.bUseConfigFile == checked &&
-                FileExists(services_.files, definition_.sConfigFile)) {
+                FileExists(services_.files,
+                           resolvedFile(definition_.sAppFolder, definition_.sConfigFile))) {
                 configurationRead =
                     GetCFGValues(definition_, services_.files, services_.desktop, [] {});
             }

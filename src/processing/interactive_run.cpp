@@ -4,6 +4,7 @@
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "definition/resolved_paths.hpp"
 #include "postprocess/relative_links.hpp"
 
 #include <utility>
@@ -43,6 +44,7 @@ void InteractiveRun::prepare() {
     window_.offerCancel(true);
     window_.showBusy(true);
     job_ = window_.job();
+    job_.definition = withResolvedPaths(std::move(job_.definition), services_.files);
     letEventsRun();
 }
 

@@ -3,6 +3,7 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "definition/resolved_paths.hpp"
 
 #include <span>
 #include <string>
@@ -11,9 +12,12 @@ namespace tarnwick {
 namespace {
 
 // `executable` is the definition's own field: the options dialog may change it meanwhile.
-bool toolExists(std::string_view tool, const std::string& executable,
-                const ValidationServices& services) {
-    if (FileExists(services.files, executable)) {
+bool toolExists(std::string_view tool, const BatchDefinition& definition,
+                const std::string& executable, const ValidationServices& services) {
+    const auto exists = [&] {
+        return FileExists(services.files, resolvedFile(definition.sAppFolder, executable));
+    };
+    if (exists()) {
         return true;
     }
     const auto missing = [&] {
@@ -23,7 +27,7 @@ bool toolExists(std::string_view tool, const std::string& executable,
     showWarning(services.desktop, missing() + std::string(lineEnd) + "Please specify the " +
                                       std::string(tool) + " executable location.");
     services.showOptions();
-    if (FileExists(services.files, executable)) {
+    if (exists()) {
         return true;
     }
     showWarning(services.desktop, missing());
@@ -40,12 +44,14 @@ std::string badFolderText(const OutputDefinition& output) {
 }
 
 // Whether every product to be built has its folder; the first that has not is shown.
-bool foldersExist(OutputGrid grid, std::span<const OutputDefinition> outputs,
-                  const ValidationServices& services) {
+bool foldersExist(const BatchDefinition& definition, OutputGrid grid,
+                  std::span<const OutputDefinition> outputs, const ValidationServices& services) {
     std::size_t row = 0;
     for (const OutputDefinition& output : outputs) {
         ++row;
-        if (output.bBuild && !FolderExists(services.files, output.sOutputFolder)) {
+        if (output.bBuild &&
+            !FolderExists(services.files, resolvedFolder(definition.sInputFolder, services.files,
+                                                         output.sOutputFolder))) {
             showWarning(services.desktop, badFolderText(output));
             services.editOutputFolder(grid, row);
             return false;
@@ -66,13 +72,13 @@ bool buildsAny(std::span<const OutputDefinition> outputs) {
 bool outputsAreUsable(const BatchDefinition& definition, const ValidationServices& services) {
     // CNS needs no product beside its main output; MP without one would do nothing.
     if (definition.iProcessCNS == checked &&
-        !foldersExist(OutputGrid::CNS, definition.CNSOutputs, services)) {
+        !foldersExist(definition, OutputGrid::CNS, definition.CNSOutputs, services)) {
         return false;
     }
     if (definition.iProcessMP != checked) {
         return definition.iProcessCNS == checked;
     }
-    if (!foldersExist(OutputGrid::MP, definition.MPOutputs, services)) {
+    if (!foldersExist(definition, OutputGrid::MP, definition.MPOutputs, services)) {
         return false;
     }
     if (!buildsAny(definition.MPOutputs)) {
@@ -87,14 +93,14 @@ bool outputsAreUsable(const BatchDefinition& definition, const ValidationService
 bool bValidateMP(const BatchDefinition& definition, const ValidationServices& services) {
     bool result = false;
     trap(services.desktop, "frmMain", "Private Function bValidateMP() As Boolean",
-         [&] { result = toolExists("MP", definition.sMPExecutable, services); });
+         [&] { result = toolExists("MP", definition, definition.sMPExecutable, services); });
     return result;
 }
 
 bool bValidateCNS(const BatchDefinition& definition, const ValidationServices& services) {
     bool result = false;
     trap(services.desktop, "frmMain", "Private Function bValidateCNS() As Boolean",
-         [&] { result = toolExists("CNS", definition.sCNSExecutable, services); });
+         [&] { result = toolExists("CNS", definition, definition.sCNSExecutable, services); });
     return result;
 }
 
@@ -113,7 +119,7 @@ BatchFault validateBatch(const BatchDefinition& definition, const ValidationServ
         return BatchFault::Tool;
     }
     if (definition.bUseConfigFile == checked &&
-        !FileExists(services.files, definition.sConfigFile)) {
+        !FileExists(services.files, resolvedFile(definition.sAppFolder, definition.sConfigFile))) {
         showWarning(services.desktop, "The configuration file " + quoted(definition.sConfigFile) +
                                           " does not exist.");
         return BatchFault::ConfigurationFile;

@@ -1,12 +1,12 @@
 #include "ui/dialogs/frm_open_folder.hpp"
 
+#include "common/full_path.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "platform/run_time_error.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
-#include "ui/forms/folder_path.hpp"
 
 namespace tarnwick {
 namespace {
@@ -129,7 +129,7 @@ void frmOpenFolder::createIfPossible(std::string_view folder) {
 // Enter presses it without leaving the field, where a path may still count from the current folder.
 void frmOpenFolder::cmdOK_Click() {
     if (acceptPath()) {
-        result_ = fullFolderPath(txtPath.text(), files_.currentFolder());
+        result_ = fullPath(txtPath.text(), files_.currentFolder());
         hide();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
+#include "definition/resolved_paths.hpp"
 #include "ui/dialogs/choose_file.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
@@ -146,7 +147,7 @@ void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
         return;
     }
     takeBareNameFromAppFolder(field);
-    if (!FileExists(files_, field.text())) {
+    if (!FileExists(files_, resolvedFile(definition_.sAppFolder, field.text()))) {
         sendBack(desktop_, field, doesNotExist(tool, field.text()));
     }
 }
@@ -199,7 +200,7 @@ bool frmOptions::acceptTool(TextBox& field, int process, std::string_view tool) 
         // stands in the input folder and would not find the tool.
         takeBareNameFromAppFolder(field);
     }
-    if (!FileExists(files_, field.text())) {
+    if (!FileExists(files_, resolvedFile(definition_.sAppFolder, field.text()))) {
         sendBack(desktop_, field, doesNotExist(tool, field.text()));
         return false;
     }

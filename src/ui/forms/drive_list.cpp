@@ -1,7 +1,7 @@
 #include "ui/forms/drive_list.hpp"
 
+#include "common/full_path.hpp"
 #include "platform/run_time_error.hpp"
-#include "ui/forms/folder_path.hpp"
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ DriveList::DriveList(Form& form, std::string_view name, const Files& files)
       drive_(driveOf(files.currentFolder())) {}
 
 void DriveList::setDrive(std::string_view path) {
-    const std::string drive = driveOf(fullFolderPath(path, files_.currentFolder()));
+    const std::string drive = driveOf(fullPath(path, files_.currentFolder()));
     if (!drive.empty() && std::ranges::find(drives_, drive) == drives_.end()) {
         // A stick that was put in since the last look.
         std::vector<std::string> drives = files_.drives();

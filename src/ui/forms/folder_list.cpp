@@ -1,7 +1,7 @@
 #include "ui/forms/folder_list.hpp"
 
+#include "common/full_path.hpp"
 #include "common/text.hpp"
-#include "ui/forms/folder_path.hpp"
 #include "ui/forms/keys.hpp"
 
 #include <utility>
@@ -22,7 +22,7 @@ std::size_t indexOfPath(const std::vector<FolderList::Entry>& entries) noexcept 
 FolderList::FolderList(Form& form, std::string_view name, const Files& files)
     : Control(form, name),
       files_(files),
-      path_(fullFolderPath({}, files.currentFolder())),
+      path_(fullPath({}, files.currentFolder())),
       entries_(entriesOf(path_, files.canListFolder(path_) ? files.listFolders(path_)
                                                            : std::vector<std::string>())),
       selected_(indexOfPath(entries_)) {}
@@ -46,7 +46,7 @@ std::vector<FolderList::Entry> FolderList::entriesOf(const std::string& path,
 }
 
 void FolderList::setPath(std::string_view path) {
-    std::string wanted = fullFolderPath(path, files_.currentFolder());
+    std::string wanted = fullPath(path, files_.currentFolder());
     std::vector<Entry> entries = entriesOf(wanted, files_.listFolders(wanted));
     const bool another = wanted != path_;
     path_ = std::move(wanted);

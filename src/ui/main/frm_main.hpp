@@ -210,6 +210,10 @@ class frmMain final : public Form, private RunWindow {
                                                     std::string_view filter);
     [[nodiscard]] bool take(TextBox& field, std::string_view chosen);
     [[nodiscard]] bool leaveBlank(TextBox& field);
+    // Whether there is such a tool, configuration file or aliases file.
+    [[nodiscard]] bool fileExists(std::string_view path) const;
+    // Whether there is such a folder for the outputs.
+    [[nodiscard]] bool outputFolderExists(std::string_view folder) const;
     [[nodiscard]] bool leaveFile(TextBox& field, std::string_view what);
     void refuse(TextBox& field, std::string_view message);
 

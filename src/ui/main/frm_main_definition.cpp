@@ -3,6 +3,7 @@
 #include "common/mod_main.hpp"
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
+#include "definition/resolved_paths.hpp"
 #include "postprocess/configuration_file.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/output_rows.hpp"
@@ -77,7 +78,7 @@ void frmMain::showWhatWasRead() {
     if (FolderExists(services_.files, txtInput.text())) {
         listInputFolder();
     }
-    if (chkCFG.ticked() && FileExists(services_.files, txtCFG.text())) {
+    if (chkCFG.ticked() && fileExists(txtCFG.text())) {
         GetCFGValues();
     }
     enableAll();
@@ -102,6 +103,15 @@ void frmMain::markChanged() noexcept {
 void frmMain::markFieldEdited() noexcept {
     bFieldEdited_ = true;
     bAskedAtSessionEnd_ = false;
+}
+
+// Asked as the tools will be given it.
+bool frmMain::fileExists(std::string_view path) const {
+    return FileExists(services_.files, resolvedFile(definition_.sAppFolder, path));
+}
+
+bool frmMain::outputFolderExists(std::string_view folder) const {
+    return FolderExists(services_.files, resolvedFolder(txtInput.text(), services_.files, folder));
 }
 
 void frmMain::GetCFGValues() {

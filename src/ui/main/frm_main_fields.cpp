@@ -90,7 +90,7 @@ void frmMain::chkCFG_Click() {
     if (!chkCFG.ticked()) {
         definition_.bCfgNamesInput = false;
         definition_.bCfgNamesOutput = false;
-    } else if (FileExists(services_.files, txtCFG.text())) {
+    } else if (fileExists(txtCFG.text())) {
         GetCFGValues();
     }
     chkCNS.Click();
@@ -214,7 +214,7 @@ bool frmMain::leaveBlank(TextBox& field) {
 
 void frmMain::txtCNS_LostFocus() {
     if (!leaveBlank(txtCNS)) {
-        if (FolderExists(services_.files, txtCNS.text())) {
+        if (outputFolderExists(txtCNS.text())) {
             markChanged();
         } else {
             refuse(txtCNS, "The " + quoted(txtCNS.text()) + " folder does not exist.");
@@ -246,7 +246,7 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
     if (!field.text().contains('\\')) {
         field.setText(definition_.sAppFolder + field.text());
     }
-    if (FileExists(services_.files, field.text())) {
+    if (fileExists(field.text())) {
         return true;
     }
     refuse(field,

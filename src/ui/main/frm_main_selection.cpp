@@ -175,21 +175,20 @@ void frmMain::EnableOK() {
 }
 
 bool frmMain::mayExecute() const {
-    const Files& files = services_.files;
-    if (!FolderExists(files, txtInput.text()) || lstSelected.empty()) {
+    if (!FolderExists(services_.files, txtInput.text()) || lstSelected.empty()) {
         return false;
     }
     if (!chkCNS.ticked() && !chkMP.ticked()) {
         return false;
     }
-    if (chkCFG.ticked() && !FileExists(files, txtCFG.text())) {
+    if (chkCFG.ticked() && !fileExists(txtCFG.text())) {
         return false;
     }
     if (!chkCNS.ticked()) {
         return true;
     }
-    return (FolderExists(files, txtCNS.text()) || definition_.bCfgNamesOutput) &&
-           (!chkAliases.ticked() || FileExists(files, txtAliases.text()));
+    return (outputFolderExists(txtCNS.text()) || definition_.bCfgNamesOutput) &&
+           (!chkAliases.ticked() || fileExists(txtAliases.text()));
 }
 
 } // namespace tarnwick

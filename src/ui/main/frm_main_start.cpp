@@ -36,7 +36,7 @@ bool frmMain::findTools() {
 
 // `executable` is the definition's own field, which the options dialog may change.
 bool frmMain::findTool(std::string_view tool, std::string& executable) {
-    if (FileExists(services_.files, executable)) {
+    if (fileExists(executable)) {
         return true;
     }
     showWarning(services_.desktop,
@@ -44,7 +44,7 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
     executable.clear();
     takeFromControls();
     raise(services_.showOptions, definition_);
-    return FileExists(services_.files, executable);
+    return fileExists(executable);
 }
 
 void frmMain::Form_Unload() {

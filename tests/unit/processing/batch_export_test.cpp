@@ -68,6 +68,23 @@ constexpr const char* intoFolder = "@echo off\r\n"
                                    "cd \\meta\\in\r\n"
                                    "@echo on\r\n";
 
+TEST_F(Export, Commands_have_full_paths_where_comments_say_what_was_typed) {
+    definition.sAppFolder = "C:\\tools\\";
+    definition.sMPExecutable = "mp.exe";
+    definition.sCNSExecutable = "cns.exe";
+    definition.sCNSOutputFolder = R"(..\cns)";
+    definition.MPOutputs.at(0).sOutputFolder = R"(..\out)";
+    records = {"a.txt"};
+    const std::string text = script();
+    EXPECT_THAT(text, HasSubstr("REM MP - Processing ..\\cns\\a.cns\r\n"));
+    EXPECT_THAT(
+        text,
+        HasSubstr(R"(call "C:\tools\mp.exe" -l en -e "C:\meta\out\a.err" "C:\meta\cns\a.cns")"));
+    EXPECT_THAT(
+        text,
+        HasSubstr(R"(call "C:\tools\cns.exe" -l en -o "C:\meta\cns\a.cns" "C:\meta\in\a.txt")"));
+}
+
 TEST_F(Export, A_script_for_both_tools_to_the_byte) {
     EXPECT_EQ(script(), std::string(head) + intoFolder +
                             "\r\n"

@@ -6,6 +6,7 @@ namespace tarnwick {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 struct CommandLineMode : CommandLineWorld {};
@@ -104,6 +105,35 @@ TEST_F(CommandLineMode, With_a_notification_the_batch_shows_and_deletes_it_befor
               "Call \"C:\\temp\\MPDELETE.bat\" \"C:\\temp\\MP_CL.bat\"\r\n");
     EXPECT_EQ(world.read("C:\\temp\\MP_Notify.txt"),
               "The Tarnwick script \"C:\\temp\\MP_CL.bat\" is done running.\r\n");
+}
+
+TEST_F(CommandLineMode, Paths_that_are_not_full_reach_the_batch_as_they_were_checked) {
+    for (const char* file :
+         {R"(C:\app\tools\mp.exe)", R"(C:\app\cfg\a.cfg)", R"(C:\app\names.txt)"}) {
+        world.write(file, "");
+    }
+    world.makeFolder(R"(D:\meta\out)");
+    storeDefinition(
+        "MP EXECUTABLE=tools\\mp.exe\r\nCNS EXECUTABLE=cns.exe\r\n"
+        "Configuration File=cfg\\a.cfg\r\nAliases File=names.txt\r\n"
+        "CNS Output Folder=cns\r\nGRID_Error=..\\out\r\nInput File Extension=a.met\r\n");
+    EXPECT_THAT(
+        batchOf(R"(-I C:\batch.ini)"),
+        HasSubstr(R"(call "C:\app\cns.exe" -c "C:\app\cfg\a.cfg" -l en -a "C:\app\names.txt")"
+                  R"( -o "D:\meta\in\cns\a.cns" "D:\meta\in\a.met")"
+                  "\r\n"
+                  R"(call "C:\app\tools\mp.exe" -c "C:\app\cfg\a.cfg" -l en)"
+                  R"( -e "D:\meta\out\a.err" "D:\meta\in\cns\a.cns")"
+                  "\r\n"));
+    EXPECT_EQ(definition.sMPExecutable, R"(tools\mp.exe)"); // and is saved so
+}
+
+TEST_F(CommandLineMode, A_tool_among_the_records_is_not_the_one_that_is_named) {
+    world.write(R"(D:\meta\in\tool.exe)", "");
+    storeDefinition("MP EXECUTABLE=tool.exe\r\n");
+    expectNothingDone(R"(-I C:\batch.ini)");
+    EXPECT_THAT(desktop.messages.front().text,
+                testing::HasSubstr("The MP executable file \"tool.exe\" does not exist."));
 }
 
 TEST_F(CommandLineMode, Cns_alone_writes_no_mp_line) {

@@ -1,9 +1,9 @@
+#include "common/full_path.hpp"
 #include "platform/run_time_error.hpp"
 #include "support/hosted_world.hpp"
 #include "ui/forms/drive_list.hpp"
 #include "ui/forms/file_list.hpp"
 #include "ui/forms/folder_list.hpp"
-#include "ui/forms/folder_path.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/forms/keys.hpp"
 #include "unit/ui/forms/recording_view.hpp"
@@ -30,7 +30,7 @@ int errorOf(const auto& act) {
 }
 
 TEST(FolderPath, A_path_is_completed_from_the_current_folder) {
-    const auto full = [](std::string_view path) { return fullFolderPath(path, R"(C:\Work)"); };
+    const auto full = [](std::string_view path) { return fullPath(path, R"(C:\Work)"); };
     EXPECT_EQ(full(""), R"(C:\Work)");
     EXPECT_EQ(full("D:"), R"(D:\)");
     EXPECT_EQ(full(R"(D:\)"), R"(D:\)");

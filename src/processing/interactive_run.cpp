@@ -6,6 +6,7 @@
 #include "common/trap.hpp"
 #include "definition/resolved_paths.hpp"
 #include "postprocess/relative_links.hpp"
+#include "processing/passing_lock.hpp"
 
 #include <utility>
 
@@ -23,8 +24,10 @@ void InteractiveRun::execute() {
     trapRun(services_.desktop, [this] {
         if (window_.isReadyToRun()) {
             prepare();
-            openLog();
-            processAll();
+            if (waitForLastRun()) {
+                openLog();
+                processAll();
+            }
         }
     });
     cleanUp();
@@ -46,6 +49,14 @@ void InteractiveRun::prepare() {
     job_ = window_.job();
     job_.definition = withResolvedPaths(std::move(job_.definition), services_.files);
     letEventsRun();
+}
+
+bool InteractiveRun::waitForLastRun() {
+    if (left_ == nullptr) {
+        return true;
+    }
+    window_.showStatus("Waiting for the tool of the cancelled run to end...");
+    return waitForLeftBatch(services_, left_, stop_);
 }
 
 void InteractiveRun::openLog() {
@@ -105,7 +116,9 @@ bool InteractiveRun::process(const std::string& record) {
 }
 
 bool InteractiveRun::runCNS(const std::string& record, std::string& cnsOutput) {
-    clearBatch();
+    if (!clearBatch()) {
+        return false;
+    }
     // Asked anew for every tool: the run takes long, and folders come and go.
     KnownFolders folders(services_.files);
     const std::string statement =
@@ -117,7 +130,9 @@ bool InteractiveRun::runCNS(const std::string& record, std::string& cnsOutput) {
 }
 
 bool InteractiveRun::runMP(const std::string& record, const std::string& cnsOutput) {
-    clearBatch();
+    if (!clearBatch()) {
+        return false;
+    }
     KnownFolders folders(services_.files);
     const auto [folder, file] = mpInput(job_.definition, record, cnsOutput);
     const std::string statement = sBuildMPstatement(
@@ -127,19 +142,25 @@ bool InteractiveRun::runMP(const std::string& record, const std::string& cnsOutp
     return runTool(statement);
 }
 
-void InteractiveRun::clearBatch() {
-    if (FileExists(services_.files, temporary_.batch)) {
-        services_.files.remove(temporary_.batch);
+bool InteractiveRun::clearBatch() {
+    const auto clear = [this] {
+        if (FileExists(services_.files, temporary_.batch)) {
+            services_.files.remove(temporary_.batch);
+        }
+    };
+    if (!outlastPassingLock(services_.clock, services_.events, stop_, clear)) {
+        return false;
     }
     letEventsRun();
+    return true;
 }
 
 // A batch that could not be written or started ends the run: the next one would meet the same
 // folder and the same interpreter, and a report for each of a thousand tools helps nobody.
 bool InteractiveRun::runTool(std::string_view statement) {
     return !stop_.cancelled &&
-           ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_) ==
-               Waited::Done &&
+           ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_,
+                          left_) == Waited::Done &&
            !stop_.cancelled;
 }
 

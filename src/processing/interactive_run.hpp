@@ -17,9 +17,12 @@ namespace tarnwick {
 // One object is one run; the window keeps a second one from starting inside it.
 class InteractiveRun {
   public:
-    // What the services refer to and the window must outlive it.
-    InteractiveRun(const RunServices& services, std::string_view sTempFolder, RunWindow& window)
-        : services_(services), temporary_(sTempFolder), window_(window) {}
+    // What the services refer to, the window and `left` must outlive it. `left` is the batch that
+    // the window's last run has left: this run begins when that has ended, and leaves its own
+    // there.
+    InteractiveRun(const RunServices& services, std::string_view sTempFolder, RunWindow& window,
+                   LeftBatch& left)
+        : services_(services), temporary_(sTempFolder), window_(window), left_(left) {}
 
     // Checks, runs and cleans up. Reports its own errors.
     void execute();
@@ -34,6 +37,8 @@ class InteractiveRun {
 
   private:
     void prepare();
+    // False where a stop is asked for before the last run's tool has ended.
+    [[nodiscard]] bool waitForLastRun();
     void openLog();
     void requireNoRecord(const std::string& path) const;
     void processAll();
@@ -42,7 +47,8 @@ class InteractiveRun {
     [[nodiscard]] bool runCNS(const std::string& record, std::string& cnsOutput);
     [[nodiscard]] bool runMP(const std::string& record, const std::string& cnsOutput);
     [[nodiscard]] bool runTool(std::string_view statement);
-    void clearBatch();
+    // False where a stop is asked for before the batch could be deleted.
+    [[nodiscard]] bool clearBatch();
     void fixLinks(const std::string& record, const std::string& cnsOutput);
     void log(std::string_view statement);
     void cleanUp();
@@ -53,6 +59,7 @@ class InteractiveRun {
     RunServices services_;
     TemporaryFiles temporary_;
     RunWindow& window_;
+    LeftBatch& left_;
     StopRequest stop_;
     RunJob job_;
     std::optional<CommandLineLog> log_;

@@ -4,6 +4,10 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/batch_writer.hpp"
+#include "processing/passing_lock.hpp"
+
+#include <functional>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -38,50 +42,65 @@ std::string withDoubledPercents(std::string_view text) {
     return result;
 }
 
+// False when a stop is asked for before the condition is met.
+template <typename Condition>
+bool waitUntil(const RunServices& services, const StopRequest& stop, const Condition& isMet) {
+    while (!isMet()) {
+        if (stop.cancelled) {
+            return false;
+        }
+        services.events.letRun();
+        pause(services.clock, services.events, betweenLooks, stop);
+        services.events.letRun();
+        if (stop.cancelled) {
+            return false;
+        }
+    }
+    return true;
+}
+
 class Waiting {
   public:
-    Waiting(const RunServices& services, const TemporaryFiles& temporary, const StopRequest& stop)
-        : services_(services), temporary_(temporary), stop_(stop) {}
+    Waiting(const RunServices& services, const TemporaryFiles& temporary, const StopRequest& stop,
+            LeftBatch& left)
+        : services_(services), temporary_(temporary), stop_(stop), left_(left) {}
 
     Waited run(std::string_view folder, std::string_view statement) {
-        clearMarker();
+        if (!outlastLock([this] { clearMarker(); })) {
+            return Waited::Stopped;
+        }
         letEventsRun();
-        writeBatch(folder, statement);
+        if (!outlastLock([&] { writeBatch(folder, statement); })) {
+            return Waited::Stopped;
+        }
         letEventsRun();
         if (stop_.closed) { // has taken the batch along
             return Waited::Stopped;
         }
-        const auto batch = services_.interpreter.startHidden(temporary_.batch);
+        auto batch = services_.interpreter.startHidden(temporary_.batch);
+        const Waited result = waitFor(*batch);
+        if (result == Waited::Stopped && !batch->hasEnded()) {
+            left_ = std::move(batch);
+        }
+        return result;
+    }
+
+  private:
+    [[nodiscard]] Waited waitFor(const StartedBatch& batch) {
         letEventsRun();
         letEventsRun();
         wait(beforeFirstLook);
         // A batch that has ended without a marker has nowhere to write it, and never will.
-        if (!waitUntil([&] { return markerIsThere() || batch->hasEnded(); })) {
+        const auto markerOrEnd = [&] { return markerIsThere() || batch.hasEnded(); };
+        if (!waitUntil(services_, stop_, markerOrEnd)) {
             return Waited::Stopped;
         }
         letEventsRun();
         wait(afterMarker);
-        // The marker of a batch that was left to itself says nothing about this one, which would
-        // have ended by now.
-        return waitUntil([&] { return batch->hasEnded(); }) ? Waited::Done : Waited::Stopped;
-    }
-
-  private:
-    // False when a stop is asked for before that.
-    template <typename Condition>
-    [[nodiscard]] bool waitUntil(const Condition& isMet) {
-        while (!isMet()) {
-            if (stop_.cancelled) {
-                return false;
-            }
-            letEventsRun();
-            wait(betweenLooks);
-            letEventsRun();
-            if (stop_.cancelled) {
-                return false;
-            }
-        }
-        return true;
+        // The marker of another window's batch says nothing about this one, which would have ended
+        // by now.
+        const bool ended = waitUntil(services_, stop_, [&] { return batch.hasEnded(); });
+        return ended ? Waited::Done : Waited::Stopped;
     }
 
     [[nodiscard]] bool markerIsThere() const {
@@ -104,12 +123,16 @@ class Waiting {
         batch.close();
     }
 
+    [[nodiscard]] bool outlastLock(const std::function<void()>& change) {
+        return outlastPassingLock(services_.clock, services_.events, stop_, change);
+    }
     void letEventsRun() { services_.events.letRun(); }
     void wait(double seconds) { pause(services_.clock, services_.events, seconds, stop_); }
 
     const RunServices& services_;
     const TemporaryFiles& temporary_;
     const StopRequest& stop_;
+    LeftBatch& left_;
 };
 
 } // namespace
@@ -127,13 +150,21 @@ std::string redirectionTarget(const Files& files, const TemporaryFiles& temporar
     return isPlain(shortened) ? shortened : quoted(withDoubledPercents(temporary.marker));
 }
 
+bool waitForLeftBatch(const RunServices& services, LeftBatch& left, const StopRequest& stop) {
+    if (!waitUntil(services, stop, [&] { return left == nullptr || left->hasEnded(); })) {
+        return false;
+    }
+    left.reset();
+    return true;
+}
+
 // Where the batch cannot be written or started there is no marker to wait for.
 Waited ProcessAndWait(const RunServices& services, const TemporaryFiles& temporary,
                       std::string_view sInputFolder, std::string_view sStatement,
-                      const StopRequest& stop) {
+                      const StopRequest& stop, LeftBatch& left) {
     Waited result = Waited::Failed;
     trap(services.desktop, "frmMain", "Private Sub ProcessAndWait()",
-         [&] { result = Waiting(services, temporary, stop).run(sInputFolder, sStatement); });
+         [&] { result = Waiting(services, temporary, stop, left).run(sInputFolder, sStatement); });
     return result;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/files.hpp"
 #include "processing/pause.hpp"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,16 @@ struct TemporaryFiles {
     std::string marker;      // its batch writes it last: the tool has ended
 };
 
+// The batch of a run that was stopped while its tool was at work: it goes on by itself, and its
+// interpreter goes on reading the file. Null where there is none.
+using LeftBatch = std::unique_ptr<StartedBatch>;
+
+// Returns when the batch that an earlier run has left has ended, and forgets it: a batch written
+// earlier would be read by that interpreter from the middle on. Window events run meanwhile. False
+// where a stop is asked for before that; the batch is then still left.
+[[nodiscard]] bool waitForLeftBatch(const RunServices& services, LeftBatch& left,
+                                    const StopRequest& stop);
+
 enum class Waited {
     Done,    // the tool has ended
     Stopped, // before that, a stop was asked for; the tool goes on by itself
@@ -39,12 +50,12 @@ enum class Waited {
 // Writes the temporary batch around the statement, which it runs in the input folder, starts it
 // hidden, and returns when its marker is there or a stop is asked for. Window events run meanwhile.
 // There is no time-out: a tool that never ends is waited for until then. The marker says nothing
-// about how the tool ended.
-// All runs share one name of the marker: that of a batch which an earlier run has left to itself
-// is not taken for this one's. A batch that ends without a marker has ended all the same.
+// about how the tool ended. A batch that ends without a marker has ended all the same.
+// A batch that still runs when a stop is asked for is handed to `left`. Another window of the
+// program uses the same marker: that of its batch is not taken for this one's.
 [[nodiscard]] Waited ProcessAndWait(const RunServices& services, const TemporaryFiles& temporary,
                                     std::string_view sInputFolder, std::string_view sStatement,
-                                    const StopRequest& stop);
+                                    const StopRequest& stop, LeftBatch& left);
 
 // The path as it stands behind ">" in a batch file: in the short form of its folder where it has
 // characters that the interpreter would take for something else, and in quotation marks only where

@@ -261,6 +261,7 @@ class frmMain final : public Form, private RunWindow {
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;
     BatchExport batchExport_;
+    LeftBatch leftBatch_;               // of the last run, where that was stopped
     std::optional<InteractiveRun> run_; // while one goes on
     bool bInputChanged_ = false;        // the folder has been edited since it was listed
     bool bInExtChanged_ = false;        // so have the extensions

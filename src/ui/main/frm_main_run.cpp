@@ -36,7 +36,7 @@ void frmMain::cmdOK_Click() {
                              .interpreter = services_.interpreter,
                              .events = services_.events,
                              .clock = services_.clock},
-                 definition_.sTempFolder, window);
+                 definition_.sTempFolder, window, leftBatch_);
     run_->execute();
     run_.reset();
 }

@@ -132,6 +132,62 @@ TEST_F(InteractiveRuns, A_cancel_with_no_record_to_stop_at_is_the_one_that_says_
     EXPECT_THAT(statuses(), ElementsAre("", "Stopped!"));
 }
 
+// The interpreter of the cancelled run would read the new batch from the middle on.
+TEST_F(InteractiveRuns, A_run_behind_a_cancelled_one_waits_for_the_tool_that_still_works) {
+    definition().iProcessCNS = 0;
+    window.given.records = {"a.met"};
+    toolsEnd = false;
+    whileEventsRun = [this, end = clock.steady + 4] {
+        if (clock.steady >= end) {
+            run->cancel();
+        }
+    };
+    execute();
+    ASSERT_THAT(interpreter.started, SizeIs(1));
+    ASSERT_NE(left, nullptr);
+    journal.clear();
+    int looks = 0;
+    whileEventsRun = [&] {
+        EXPECT_FALSE(world.exists(batch));
+        if (++looks == 20) {
+            toolsEnd = true;
+            world.write(marker, "Done!\r\n"); // that tool's own
+            whileEventsRun = nullptr;
+        }
+    };
+    execute();
+    EXPECT_THAT(statuses(),
+                ElementsAre("", "Waiting for the tool of the cancelled run to end...",
+                            "Processing a.met...", "MP - Processing a.met...", "Done!"));
+    EXPECT_EQ(left, nullptr);
+    EXPECT_THAT(interpreter.started, SizeIs(2));
+    EXPECT_GE(looks, 20);
+    expectCleanedUp();
+}
+
+TEST_F(InteractiveRuns, A_run_that_waits_for_a_cancelled_one_can_be_cancelled_too) {
+    definition().bCommandLineLogging = true;
+    definition().sCommandLineLogFile = "run.log";
+    toolsEnd = false;
+    whileEventsRun = [this, end = clock.steady + 4] {
+        if (clock.steady >= end) {
+            run->cancel();
+        }
+    };
+    execute();
+    const std::string log = world.read(R"(D:\in\run.log)");
+    whileEventsRun = [this, end = clock.steady + 100] {
+        if (clock.steady >= end) {
+            run->cancel();
+        }
+    };
+    execute();
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_NE(left, nullptr); // the next run will still wait for it
+    EXPECT_EQ(world.read(R"(D:\in\run.log)"), log);
+    expectCleanedUp();
+}
+
 TEST_F(InteractiveRuns, A_batch_that_fails_its_checks_is_only_cleaned_up_after) {
     window.ready = false;
     world.write(batch, "old");

@@ -53,7 +53,7 @@ struct Waits : testing::Test {
                                .interpreter = interpreter,
                                .events = events,
                                .clock = clock},
-                              temporary, R"(D:\in)", "call it", stop);
+                              temporary, R"(D:\in)", "call it", stop, left);
     }
     double waited() {
         EXPECT_EQ(wait(), Waited::Done);
@@ -72,6 +72,7 @@ struct Waits : testing::Test {
     FakePendingEvents events{clock};
     TemporaryFiles temporary{"C:\\temp\\"};
     StopRequest stop;
+    LeftBatch left;
     std::vector<double> times; // of letting events run
     double toolTakes = 0;
     bool batchEnds = true;

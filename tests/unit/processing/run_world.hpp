@@ -129,7 +129,7 @@ struct RunWorld : testing::Test {
                                 .interpreter = interpreter,
                                 .events = events,
                                 .clock = clock},
-                    "C:\\temp\\", window);
+                    "C:\\temp\\", window, left);
         run->execute();
     }
     // MP has built a page with a full link of each record, and is to go on building it.
@@ -171,6 +171,7 @@ struct RunWorld : testing::Test {
     FakePendingEvents events{clock};
     RecordingRunWindow window{journal};
     bool toolsEnd = true;
+    LeftBatch left;
     std::function<void()> whileEventsRun;
     std::optional<InteractiveRun> run;
 };

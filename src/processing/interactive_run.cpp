@@ -1,10 +1,12 @@
 #include "processing/interactive_run.hpp"
 
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "postprocess/relative_links.hpp"
+#include "processing/record_names.hpp"
 
 #include <utility>
 
@@ -27,6 +29,8 @@ void InteractiveRun::execute() {
         }
     });
     cleanUp();
+    // Not before the run: nobody may be there to answer.
+    trapRun(services_.desktop, [this] { tellRefusedRecords(services_.desktop, refused_); });
 }
 
 void InteractiveRun::close() {
@@ -43,6 +47,7 @@ void InteractiveRun::prepare() {
     window_.offerCancel(true);
     window_.showBusy(true);
     job_ = window_.job();
+    refused_ = refuseUnsafeNames(job_.records);
     letEventsRun();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/left_out.hpp"
 #include "processing/command_line_log.hpp"
 #include "processing/process_and_wait.hpp"
 #include "processing/run_window.hpp"
@@ -55,6 +56,7 @@ class InteractiveRun {
     RunWindow& window_;
     StopRequest stop_;
     RunJob job_;
+    LeftOut refused_; // of the job's records
     std::optional<CommandLineLog> log_;
 };
 

@@ -30,6 +30,11 @@ class PlatformUnderTest {
     virtual void hide(const std::string& path) = 0;
     virtual void makeSystem(const std::string& path) = 0;
     virtual void makeReadOnly(const std::string& path) = 0;
+    // The same files, on a volume that keeps no short names.
+    virtual Files& filesWithoutShortNames() = 0;
+    // Makes a file whose name has no place in the system's code page: `end` behind one such
+    // character. How that name is shown.
+    virtual std::string makeNameless(const std::string& folder, const std::string& end) = 0;
     // Another program keeps the file to itself as long as the result lives.
     [[nodiscard]] virtual std::shared_ptr<void> keep(const std::string& path) = 0;
     // A path under which the standard library opens the file.

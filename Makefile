@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
+.PHONY: help demo window test fuzz test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -8,6 +8,7 @@ wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool i
 dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip
 bench_packages   := $(wine_packages) libbenchmark-dev
 cover_packages   := $(native_packages) gcovr
+fuzz_packages    := $(native_packages) clang-19 libclang-rt-19-dev
 lint_packages    := $(windows_packages) libbenchmark-dev clang-format-19 clang-tidy-19
 
 ensure := cmake/ensure-packages
@@ -20,7 +21,7 @@ help:
 	@echo 'make test-native  the quick loop: the tests that need no Windows'
 	@echo 'make windows      leaves build/windows/Tarnwick.exe'
 	@echo 'make dist          leaves the installer and the portable zip in build/dist/'
-	@echo 'make bench | coverage | screenshots | lint | format | clean'
+	@echo 'make bench | fuzz | coverage | screenshots | lint | format | clean'
 
 demo: windows
 	@$(ensure) $(wine_packages)
@@ -77,6 +78,13 @@ bench:
 	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset windows
 	cmake/on-virtual-screen bench/run-windows build
+
+# Every fuzz target for that many seconds: make fuzz SECONDS=600
+SECONDS ?= 60
+fuzz:
+	@$(ensure) $(fuzz_packages)
+	cmake --preset fuzz -D TARNWICK_FUZZ_SECONDS=$(SECONDS)
+	cmake --build --preset fuzz --target fuzz
 
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:

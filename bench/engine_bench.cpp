@@ -83,7 +83,7 @@ void runEngine(const World& place) {
     NoDesktop desktop;
     const BatchDefinition batch = definition();
     RecordSelection records;
-    records.load(files.listFiles(batch.sInputFolder, batch.sInputExtensions));
+    records.load(files.listFiles(batch.sInputFolder, batch.sInputExtensions).names);
     records.selectAll();
     fs::remove(place.batch());
     auto commandBatch = createCommandLineBatch(batch, files, desktop);

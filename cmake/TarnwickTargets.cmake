@@ -9,7 +9,9 @@ target_compile_options(tarnwick_options INTERFACE
   "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
 if(WIN32)
   target_compile_definitions(tarnwick_options INTERFACE
-    WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
+    WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX STRICT
+    # A name of Win32 without "A" or "W" is the wide one.
+    UNICODE)
   # No time of linking in the program: built twice, it has the same bytes.
   target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp)
 endif()
@@ -17,6 +19,10 @@ if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tarnwick_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TARNWICK_FUZZ)
+  # Counters for the fuzzer in the libraries, which have no main of their own.
+  target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(TARNWICK_COVERAGE)
   target_compile_options(tarnwick_options INTERFACE --coverage -O0)

@@ -95,7 +95,7 @@ class Application {
 } // namespace
 } // namespace tarnwick
 
-int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
-                   int /*show*/) {
+int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPWSTR /*commandLine*/,
+                    int /*show*/) {
     return tarnwick::Application().run();
 }

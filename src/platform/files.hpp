@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/left_out.hpp"
+
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -39,6 +41,17 @@ class OutputFile {
     virtual void close() = 0;
 };
 
+// What a folder holds. An entry whose name cannot be told, because a character has no place of its
+// own in the system's code page or is a control character beyond ASCII, stands among the names
+// under its short name; where the file system keeps none, it is left out. None is ever given under
+// a similar name.
+struct Listing {
+    std::vector<std::string> names;
+    LeftOut leftOut; // of those that were asked for; what has no place is shown by its number
+
+    bool operator==(const Listing&) const = default;
+};
+
 // The file system. Paths are Windows paths in the system's 8-bit code page, "\" between folders;
 // a path without a drive is relative to the current folder. Names match without regard to case.
 // A folder may be given with or without a final "\"; "C:" as a folder to list is that drive's root.
@@ -56,7 +69,8 @@ class Files {
     [[nodiscard]] virtual bool canListFolder(std::string_view folder) const = 0;
 
     // The name, without its folder, of the first normal file, by name (see nameLess in
-    // wildcard.hpp), that matches `path`, whose last part may hold "*" and "?"; empty when there is
+    // wildcard.hpp), that matches `path`, whose last part may hold "*" and "?" and is one
+    // pattern, whatever ";" it holds; empty when there is
     // none, as where the path ends in "\". Normal is what is no folder, not hidden and not system
     // (read-only files are normal). Raises 76 (no such folder).
     [[nodiscard]] virtual std::string firstNormalFile(std::string_view path) const = 0;
@@ -65,17 +79,19 @@ class Files {
     // ";"-separated wildcard patterns (see wildcard.hpp), each once, sorted by name
     // (see nameLess there). An empty pattern matches every file.
     // Raises 76 (no such folder), 75 (may not be listed).
-    [[nodiscard]] virtual std::vector<std::string> listFiles(std::string_view folder,
-                                                             std::string_view patterns) const = 0;
+    [[nodiscard]] virtual Listing listFiles(std::string_view folder,
+                                            std::string_view patterns) const = 0;
 
     // The names of the folders in `folder`, without "." and "..", hidden and system ones left out,
     // sorted by name. Raises as listFiles.
-    [[nodiscard]] virtual std::vector<std::string> listFolders(std::string_view folder) const = 0;
+    [[nodiscard]] virtual Listing listFolders(std::string_view folder) const = 0;
 
     // The drives that exist, as "C:", sorted.
     [[nodiscard]] virtual std::vector<std::string> drives() const = 0;
 
-    // The process's current folder, without a final "\" unless it is a drive's root.
+    // The process's current folder, without a final "\" unless it is a drive's root. Where its name
+    // has no place in the code page: under its short name, or else by numbers (see left_out.hpp),
+    // which is no possible path.
     [[nodiscard]] virtual std::string currentFolder() const = 0;
 
     // The same file under its short form, which has no blanks, as far as the file system keeps

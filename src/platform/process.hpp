@@ -5,7 +5,9 @@
 
 namespace tarnwick {
 
-// What this process is and was given.
+// What this process is and was given. What has no place of its own in the system's code page stands
+// in a text as "<U+0416>": no path holds a "<", so that it names nothing. A path is told under its
+// short name instead, where the file system keeps one.
 class Process {
   public:
     virtual ~Process() = default;

@@ -12,32 +12,132 @@
 #include <utility>
 
 namespace tarnwick {
-bool matchesWildcard(std::string_view name, std::string_view pattern) {
-    if (pattern == "*.*") {
-        return true;
+namespace {
+
+// The elements of a pattern, as the system reads them from the text that a user wrote.
+enum class Element : std::uint8_t {
+    Character,     // itself
+    AnyCharacters, // also none
+    UpToLastDot,   // any characters, also none, but not the last dot of the name
+    OneCharacter,  // no dot; also nothing, before a dot and at the end
+    DotOrEnd,
+};
+
+struct Part {
+    Element element = Element::Character;
+    char character = '\0'; // upper-cased
+};
+
+Part partAt(std::string_view pattern, std::size_t i) {
+    const char next = i + 1 < pattern.size() ? pattern[i + 1] : '\0';
+    switch (pattern[i]) {
+    case '?':
+        return {Element::OneCharacter};
+    case '*':
+        return {next == '.' ? Element::UpToLastDot : Element::AnyCharacters};
+    case '.':
+        return next == '?' || next == '*' ? Part{Element::DotOrEnd} : Part{Element::Character, '.'};
+    default:
+        return {Element::Character, upperCase(pattern[i])};
     }
-    // The last "*" met, and where in the name the part that it stands for may end: on a mismatch
-    // it takes one character more. No pattern costs more than its length times the name's.
-    std::size_t n = 0;
-    std::size_t p = 0;
-    std::size_t star = std::string_view::npos;
-    std::size_t starEnd = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            star = p++;
-            starEnd = n;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == '?' || upperCase(pattern[p]) == upperCase(name[n]))) {
-            ++p;
-            ++n;
-        } else if (star != std::string_view::npos) {
-            p = star + 1;
-            n = ++starEnd;
-        } else {
+}
+
+std::vector<Part> partsOf(std::string_view pattern) {
+    if (pattern == "*.*") {
+        return {{Element::AnyCharacters}};
+    }
+    const bool endsInDot = pattern.ends_with('.');
+    pattern = pattern.substr(0, pattern.find_last_not_of(". ") + 1);
+    std::vector<Part> parts;
+    parts.reserve(pattern.size());
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        parts.push_back(partAt(pattern, i));
+    }
+    if (endsInDot && !parts.empty() && parts.back().element == Element::AnyCharacters) {
+        parts.back().element = Element::UpToLastDot;
+    }
+    return parts;
+}
+
+// Which places of the pattern can be reached with the beginning of the name that was read so far.
+// However many stars there are, each character of the name goes through the pattern once.
+class Places {
+  public:
+    Places(const std::vector<Part>& parts, std::size_t lastDot)
+        : parts_(parts), lastDot_(lastDot), reached_(parts.size() + 1), next_(parts.size() + 1) {
+        reached_[0] = 1;
+    }
+
+    // Reads the character of that index.
+    void read(std::size_t index, char character) {
+        std::ranges::fill(next_, 0);
+        for (std::size_t place = 0; place < parts_.size(); ++place) {
+            if (reached_[place] == 0) {
+                continue;
+            }
+            if (mayBeNothing(parts_[place], character)) {
+                reached_[place + 1] = 1;
+            }
+            if (stays(parts_[place], index)) {
+                next_[place] = 1;
+            }
+            if (takes(parts_[place], character)) {
+                next_[place + 1] = 1;
+            }
+        }
+        reached_.swap(next_);
+    }
+
+    // At the end of the name.
+    [[nodiscard]] bool reachEnd() const {
+        for (std::size_t place = parts_.size() + 1; place-- > 0;) {
+            if (reached_[place] != 0) {
+                return true;
+            }
+            if (place > 0 && parts_[place - 1].element == Element::Character) {
+                return false;
+            }
+        }
+        return false;
+    }
+
+  private:
+    static bool mayBeNothing(const Part& part, char before) {
+        return part.element == Element::AnyCharacters || part.element == Element::UpToLastDot ||
+               (part.element == Element::OneCharacter && before == '.');
+    }
+    [[nodiscard]] bool stays(const Part& part, std::size_t index) const {
+        return part.element == Element::AnyCharacters ||
+               (part.element == Element::UpToLastDot && index != lastDot_);
+    }
+    static bool takes(const Part& part, char character) {
+        switch (part.element) {
+        case Element::Character:
+            return part.character == upperCase(character);
+        case Element::OneCharacter:
+            return character != '.';
+        case Element::DotOrEnd:
+            return character == '.';
+        default:
             return false;
         }
     }
-    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+
+    const std::vector<Part>& parts_;
+    std::size_t lastDot_;
+    std::vector<char> reached_; // one more place than there are parts
+    std::vector<char> next_;
+};
+
+} // namespace
+
+bool matchesWildcard(std::string_view name, std::string_view pattern) {
+    const auto parts = partsOf(pattern);
+    Places places(parts, name.rfind('.'));
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        places.read(i, name[i]);
+    }
+    return places.reachEnd();
 }
 
 bool matchesAnyWildcard(std::string_view name, std::string_view patterns) {

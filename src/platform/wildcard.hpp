@@ -6,8 +6,11 @@
 
 namespace tarnwick {
 
-// Whether `name` matches one pattern, without regard to case: "*" stands for any characters, "?"
-// for one; "*.*" is every name, one without a dot included. Short (8.3) names never match.
+// Whether `name` matches one pattern, without regard to case, the way the system's own listing does
+// it: "*" stands for any characters, "?" for one, or for none before a dot and at the end of the
+// name; a dot before a wildcard also stands for the end of a name without one ("README.*"), and one
+// at the end of the pattern for a name without an extension ("*."). Blanks and dots at the end are
+// no part of a pattern else. Short (8.3) names never match.
 [[nodiscard]] bool matchesWildcard(std::string_view name, std::string_view pattern);
 
 // Whether `name` matches any of the ";"-separated patterns; blanks around each are no part of it.

@@ -1,9 +1,11 @@
 #include "processing/batch_export.hpp"
 
 #include "common/known_folders.hpp"
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "definition/resolved_paths.hpp"
+#include "processing/record_names.hpp"
 #include "processing/tool_statements.hpp"
 
 namespace tarnwick {
@@ -57,16 +59,20 @@ void writeRecord(BatchWriter& script, const BatchDefinition& definition,
 
 void BatchExport::write(const BatchDefinition& definition, std::span<const std::string> records,
                         std::string_view path) {
-    BatchWriter script(services_.files.create(path), services_.interpreter);
+    BatchWriter script(services_.files.create(path), services_.interpreter,
+                       BatchWriter::CodePage::PutBack);
     const bool closes = wasChecked(definition);
     BatchWriter& open = closes ? script : leftOpen_.emplace_back(std::move(script));
-    writeScript(open, definition, records);
+    std::vector<std::string> safe(records.begin(), records.end());
+    const LeftOut refused = refuseUnsafeNames(safe);
+    writeScript(open, definition, safe);
     open.flush(); // what the user is told must be so
     services_.desktop.show({.text = "The batch file " + quoted(path) + " has been created.",
                             .title = std::string(applicationTitle)});
     if (closes) {
         open.close();
     }
+    tellRefusedRecords(services_.desktop, refused);
 }
 
 void BatchExport::writeScript(BatchWriter& script, const BatchDefinition& definition,
@@ -80,6 +86,7 @@ void BatchExport::writeScript(BatchWriter& script, const BatchDefinition& defini
     for (const std::string& record : records) {
         writeRecord(script, definition, resolved, statements, record);
     }
+    script.end();
 }
 
 } // namespace tarnwick

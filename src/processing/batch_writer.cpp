@@ -5,8 +5,19 @@
 #include <utility>
 
 namespace tarnwick {
-BatchWriter::BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter)
-    : interpreter_(interpreter), file_(std::move(file)) {}
+namespace {
+
+// "chcp" tells the code page behind a colon, in some languages with a full stop behind it.
+constexpr std::string_view rememberCodePage =
+    R"(@for /f "tokens=2 delims=:." %%c in ('chcp') do @set TARNWICK_CODE_PAGE=%%c)";
+constexpr std::string_view putCodePageBack = "@chcp %TARNWICK_CODE_PAGE% > nul";
+constexpr std::string_view forgetCodePage = "@set TARNWICK_CODE_PAGE=";
+
+} // namespace
+
+BatchWriter::BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter,
+                         CodePage atEnd)
+    : interpreter_(interpreter), file_(std::move(file)), atEnd_(atEnd) {}
 
 void BatchWriter::line(std::string_view text) {
     if (systemCodePage_ || isAscii(text)) {
@@ -15,8 +26,18 @@ void BatchWriter::line(std::string_view text) {
         append(converted);
     } else {
         systemCodePage_ = true;
+        if (atEnd_ == CodePage::PutBack) {
+            append(rememberCodePage);
+        }
         append(interpreter_.systemCodePageLine());
         append(text);
+    }
+}
+
+void BatchWriter::end() {
+    if (systemCodePage_ && atEnd_ == CodePage::PutBack) {
+        append(putCodePageBack);
+        append(forgetCodePage);
     }
 }
 

@@ -15,11 +15,19 @@ namespace tarnwick {
 // that makes the interpreter read it so.
 class BatchWriter {
   public:
+    // A batch that runs in the user's own console puts the code page back at its end; one that has
+    // a console to itself need not.
+    enum class CodePage { LeftChanged, PutBack };
+
     // Writes into `file`. Refers to `interpreter`.
-    BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter);
+    BatchWriter(std::unique_ptr<OutputFile> file, const CommandInterpreter& interpreter,
+                CodePage atEnd = CodePage::LeftChanged);
 
     // Adds the line and its CR LF. Raises what OutputFile::write raises.
     void line(std::string_view text);
+
+    // Adds what belongs at the end of the batch. Raises as line.
+    void end();
 
     // Asks the system to put on the medium what was written so far. Raises what OutputFile::flush
     // raises.
@@ -33,6 +41,7 @@ class BatchWriter {
 
     const CommandInterpreter& interpreter_;
     std::unique_ptr<OutputFile> file_;
+    CodePage atEnd_;
     bool systemCodePage_ = false;
 };
 

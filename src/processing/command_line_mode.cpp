@@ -1,17 +1,22 @@
 #include "processing/command_line_mode.hpp"
 
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/resolved_paths.hpp"
+#include "platform/left_out.hpp"
 #include "postprocess/configuration_file.hpp"
 #include "processing/command_line.hpp"
 #include "processing/command_line_batch.hpp"
+#include "processing/record_names.hpp"
 #include "processing/validation.hpp"
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tarnwick {
 namespace {
@@ -81,14 +86,32 @@ class CommandLineRun {
     }
 
     bool selectRecords(const CommandLine& commandLine) {
+        if (holdsShownNumber(commandLine.sInputFolder)) {
+            // It is there, most likely: to run over another folder's records is not what was asked.
+            showWarning(services_.desktop, "The folder " +
+                                               quoted(without(commandLine.sInputFolder, '"')) +
+                                               " has no name in the system's code page.");
+            return false;
+        }
         applyOverrides(commandLine);
         if (records_.available().empty()) {
+            tellSkipped();
             showWarning(services_.desktop,
                         "No files found in folder " + quoted(definition_.sInputFolder) + ".");
             return false;
         }
         records_.selectAll();
-        return true;
+        names_ = records_.selected();
+        refused_ = refuseUnsafeNames(names_);
+        if (names_.empty()) {
+            tellSkipped();
+        }
+        return !names_.empty();
+    }
+
+    void tellSkipped() const {
+        tellLeftOut(services_.desktop, leftOut_, "file", definition_.sInputFolder);
+        tellRefusedRecords(services_.desktop, refused_);
     }
 
     // A folder that does not exist is ignored without a word: the definition's own stays.
@@ -109,8 +132,10 @@ class CommandLineRun {
 
     void listRecords() {
         if (FolderExists(services_.files, definition_.sInputFolder)) {
-            records_.load(
-                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions));
+            Listing listing =
+                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
+            leftOut_ = std::move(listing.leftOut);
+            records_.load(std::move(listing.names));
         }
     }
 
@@ -120,7 +145,7 @@ class CommandLineRun {
         if (!batch) {
             return;
         }
-        writeCommandLineBatch(*batch, notify, definition_, records_.selected(),
+        writeCommandLineBatch(*batch, notify, definition_, names_,
                               {.files = services_.files,
                                .desktop = services_.desktop,
                                .interpreter = services_.interpreter});
@@ -133,11 +158,15 @@ class CommandLineRun {
         }
         result_ = CommandLineResult::BatchStarted;
         services_.events.letRun();
+        tellSkipped(); // not before the others are under way: nobody may be there to answer
     }
 
     BatchDefinition& definition_;
     RecordSelection& records_;
     const CommandLineServices& services_;
+    std::vector<std::string> names_; // of the records that get a command
+    LeftOut leftOut_;                // by the last listing
+    LeftOut refused_;
     CommandLineResult result_ = CommandLineResult::NothingStarted;
 };
 

@@ -1,5 +1,6 @@
 #include "processing/interactive_run.hpp"
 
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
@@ -7,6 +8,7 @@
 #include "definition/resolved_paths.hpp"
 #include "postprocess/relative_links.hpp"
 #include "processing/passing_lock.hpp"
+#include "processing/record_names.hpp"
 
 #include <utility>
 
@@ -31,6 +33,8 @@ void InteractiveRun::execute() {
         }
     });
     cleanUp();
+    // Not before the run: nobody may be there to answer.
+    trapRun(services_.desktop, [this] { tellRefusedRecords(services_.desktop, refused_); });
 }
 
 void InteractiveRun::close() {
@@ -48,6 +52,7 @@ void InteractiveRun::prepare() {
     window_.showBusy(true);
     job_ = window_.job();
     job_.definition = withResolvedPaths(std::move(job_.definition), services_.files);
+    refused_ = refuseUnsafeNames(job_.records);
     letEventsRun();
 }
 

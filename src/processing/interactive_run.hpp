@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/left_out.hpp"
 #include "processing/command_line_log.hpp"
 #include "processing/process_and_wait.hpp"
 #include "processing/run_window.hpp"
@@ -62,6 +63,7 @@ class InteractiveRun {
     LeftBatch& left_;
     StopRequest stop_;
     RunJob job_;
+    LeftOut refused_; // of the job's records
     std::optional<CommandLineLog> log_;
 };
 

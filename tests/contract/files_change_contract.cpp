@@ -9,7 +9,7 @@ TEST_F(FilesChange, A_file_is_removed_whatever_the_case_of_its_name) {
     put("A.txt");
     put("b.txt");
     files.remove(in("a.TXT"));
-    EXPECT_EQ(files.listFiles(platform->scratch(), ""), Names{"b.txt"});
+    EXPECT_EQ(files.listFiles(platform->scratch(), "").names, Names{"b.txt"});
 }
 
 TEST_F(FilesChange, What_cannot_be_removed_raises_and_stays) {
@@ -44,8 +44,8 @@ TEST_F(FilesChange, A_file_in_use_is_not_removed) {
 
 TEST_F(FilesChange, One_folder_is_created) {
     files.createFolder(in("New Folder"));
-    EXPECT_EQ(files.listFolders(platform->scratch()), Names{"New Folder"});
-    EXPECT_EQ(files.listFiles(in("new folder"), ""), Names{});
+    EXPECT_EQ(files.listFolders(platform->scratch()).names, Names{"New Folder"});
+    EXPECT_EQ(files.listFiles(in("new folder"), "").names, Names{});
 }
 
 TEST_F(FilesChange, A_folder_that_cannot_be_created_raises) {
@@ -59,7 +59,7 @@ TEST_F(FilesChange, A_folder_that_cannot_be_created_raises) {
     for (const std::string_view bad : {"a*", "a|b", "a:b", "a\"b"}) {
         EXPECT_EQ(raisedBy([&] { files.createFolder(in(bad)); }), 52) << bad;
     }
-    EXPECT_EQ(files.listFolders(platform->scratch()), Names{"folder"});
+    EXPECT_EQ(files.listFolders(platform->scratch()).names, Names{"folder"});
 }
 
 TEST_F(FilesChange, A_file_takes_the_place_of_another) {
@@ -120,8 +120,8 @@ TEST_F(FilesChange, What_cannot_move_raises) {
         raisedBy([&] { files.moveOver(in("old.txt"), platform->missingDrive() + R"(\a.txt)"); }),
         68);
     EXPECT_EQ(get("old.txt"), "old");
-    EXPECT_EQ(files.listFiles(platform->scratch(), ""), Names{"old.txt"});
-    EXPECT_EQ(files.listFolders(platform->scratch()), Names{"folder"});
+    EXPECT_EQ(files.listFiles(platform->scratch(), "").names, Names{"old.txt"});
+    EXPECT_EQ(files.listFolders(platform->scratch()).names, Names{"folder"});
 }
 
 TEST_F(FilesChange, A_read_only_file_is_not_replaced) {

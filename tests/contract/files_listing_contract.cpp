@@ -8,7 +8,7 @@ namespace {
 class FilesListing : public ContractTest {
   protected:
     [[nodiscard]] Names filesOf(std::string_view patterns) const {
-        return files.listFiles(platform->scratch(), patterns);
+        return files.listFiles(platform->scratch(), patterns).names;
     }
 };
 
@@ -44,8 +44,8 @@ TEST_F(FilesListing, The_root_of_a_drive_can_be_listed_even_an_empty_one) {
     const auto drive = platform->emptyDrive();
     EXPECT_TRUE(files.canListFolder(drive + '\\'));
     EXPECT_TRUE(files.canListFolder(drive));
-    EXPECT_EQ(files.listFiles(drive + '\\', ""), Names{});
-    EXPECT_EQ(files.listFolders(drive), Names{});
+    EXPECT_EQ(files.listFiles(drive + '\\', "").names, Names{});
+    EXPECT_EQ(files.listFolders(drive).names, Names{});
     EXPECT_EQ(files.firstNormalFile(drive + R"(\*)"), "");
     EXPECT_EQ(files.firstNormalFile(drive + R"(\a.txt)"), "");
     EXPECT_EQ(raisedBy([&] { return files.openForReading(drive + R"(\a.txt)"); }), 53);
@@ -53,8 +53,8 @@ TEST_F(FilesListing, The_root_of_a_drive_can_be_listed_even_an_empty_one) {
 
 TEST_F(FilesListing, A_drive_alone_is_its_root_as_a_folder) {
     const auto drive = platform->scratch().substr(0, 2);
-    EXPECT_EQ(files.listFolders(drive), files.listFolders(drive + '\\'));
-    EXPECT_FALSE(files.listFolders(drive).empty());
+    EXPECT_EQ(files.listFolders(drive).names, files.listFolders(drive + '\\').names);
+    EXPECT_FALSE(files.listFolders(drive).names.empty());
 }
 
 TEST_F(FilesListing, The_first_normal_file_is_found_without_regard_to_case) {
@@ -133,7 +133,7 @@ TEST_F(FilesListing, Files_are_listed_by_pattern_each_once_sorted_by_name) {
     EXPECT_EQ(filesOf(""), all);
     EXPECT_EQ(filesOf("*.*"), all);
     EXPECT_EQ(filesOf("*"), all);
-    EXPECT_EQ(files.listFiles(platform->scratch() + '\\', "*"), all);
+    EXPECT_EQ(files.listFiles(platform->scratch() + '\\', "*").names, all);
 }
 
 TEST_F(FilesListing, A_longer_extension_does_not_match_by_its_short_name) {
@@ -154,21 +154,21 @@ TEST_F(FilesListing, Hidden_and_system_files_and_folders_are_not_listed) {
     platform->hide(in("hiddenF"));
     platform->makeSystem(in("systemF"));
     EXPECT_EQ(filesOf(""), (Names{"n.txt", "r.txt"}));
-    EXPECT_EQ(files.listFolders(platform->scratch()), (Names{"Alpha", "seen"}));
+    EXPECT_EQ(files.listFolders(platform->scratch()).names, (Names{"Alpha", "seen"}));
 }
 
 TEST_F(FilesListing, What_cannot_be_listed_raises) {
     put("file.txt");
     for (const auto& folder : {in("missing"), in("missing\\deeper"), in("file.txt"), std::string(),
                                std::string(R"(\\no-such-server\share)")}) {
-        EXPECT_EQ(raisedBy([&] { return files.listFiles(folder, "*"); }), 76) << folder;
-        EXPECT_EQ(raisedBy([&] { return files.listFolders(folder); }), 76) << folder;
+        EXPECT_EQ(raisedBy([&] { return files.listFiles(folder, "*").names; }), 76) << folder;
+        EXPECT_EQ(raisedBy([&] { return files.listFolders(folder).names; }), 76) << folder;
     }
     const auto drive = platform->missingDrive();
-    EXPECT_EQ(raisedBy([&] { return files.listFiles(drive, "*"); }), 68);
-    EXPECT_EQ(raisedBy([&] { return files.listFolders(drive + R"(\folder)"); }), 68);
-    EXPECT_EQ(raisedBy([&] { return files.listFiles(in("a*"), "*"); }), 52);
-    EXPECT_EQ(raisedBy([&] { return files.listFolders(in("a|b")); }), 52);
+    EXPECT_EQ(raisedBy([&] { return files.listFiles(drive, "*").names; }), 68);
+    EXPECT_EQ(raisedBy([&] { return files.listFolders(drive + R"(\folder)").names; }), 68);
+    EXPECT_EQ(raisedBy([&] { return files.listFiles(in("a*"), "*").names; }), 52);
+    EXPECT_EQ(raisedBy([&] { return files.listFolders(in("a|b")).names; }), 52);
 }
 
 TEST_F(FilesListing, A_folder_of_many_files_is_listed_whole) {
@@ -202,8 +202,8 @@ TEST_F(FilesListing, The_current_folder_is_full_and_paths_are_relative_to_it) {
     EXPECT_TRUE(files.canListFolder("."));
     const auto current = files.currentFolder();
     EXPECT_TRUE(current.size() == 3 || !current.ends_with('\\')) << current;
-    EXPECT_EQ(files.listFiles(".", ""), files.listFiles(current, ""));
-    EXPECT_EQ(files.listFolders(current.substr(2)), files.listFolders(current));
+    EXPECT_EQ(files.listFiles(".", "").names, files.listFiles(current, "").names);
+    EXPECT_EQ(files.listFolders(current.substr(2)).names, files.listFolders(current).names);
 }
 
 TEST_F(FilesListing, A_short_path_names_the_same_file) {

@@ -59,6 +59,11 @@ class HostedPlatform : public PlatformUnderTest {
         return std::to_string(static_cast<unsigned>(rights));
     }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
+    Files& filesWithoutShortNames() override { return world_.files(); }
+    std::string makeNameless(const std::string& folder, const std::string& end) override {
+        std::ofstream(world_.files().hostPath(folder) + "/\x81" + end);
+        return "<U+0081>" + end;
+    }
     std::shared_ptr<void> keep(const std::string& path) override {
         return std::make_shared<FileDescriptor>(openExclusively(world_.files().hostPath(path)));
     }
@@ -96,8 +101,8 @@ TEST(HostedFiles, A_folder_that_may_not_be_listed_raises_75) {
     world.write(R"(C:\closed\a.txt)", "abc");
     world.makeUnlistable(R"(C:\closed)");
     EXPECT_FALSE(world.files().canListFolder(R"(C:\closed)"));
-    EXPECT_EQ(raisedBy([&] { return world.files().listFiles(R"(C:\closed)", ""); }), 75);
-    EXPECT_EQ(raisedBy([&] { return world.files().listFolders(R"(C:\closed)"); }), 75);
+    EXPECT_EQ(raisedBy([&] { return world.files().listFiles(R"(C:\closed)", "").names; }), 75);
+    EXPECT_EQ(raisedBy([&] { return world.files().listFolders(R"(C:\closed)").names; }), 75);
 }
 
 TEST(HostedFiles, A_name_spelled_alike_goes_before_one_in_other_case) {
@@ -114,14 +119,14 @@ TEST(HostedFiles, The_list_of_hidden_and_system_files_is_never_shown) {
     HostedWorld world;
     world.write(R"(C:\a.txt)", "");
     world.hide(R"(C:\a.txt)");
-    EXPECT_EQ(world.files().listFiles("C:", ""), Names{});
+    EXPECT_EQ(world.files().listFiles("C:", "").names, Names{});
     EXPECT_EQ(world.files().firstNormalFile(R"(C:\.hidden)"), "");
 }
 
 TEST(HostedFiles, A_pipe_is_no_file_and_nobody_waits_for_it) {
     HostedWorld world;
     ASSERT_EQ(::mkfifo((world.drivesRoot() + "/c/pipe").c_str(), 0600), 0);
-    EXPECT_EQ(world.files().listFiles("C:", ""), Names{});
+    EXPECT_EQ(world.files().listFiles("C:", "").names, Names{});
     EXPECT_EQ(world.files().firstNormalFile(R"(C:\pipe)"), "");
     EXPECT_EQ(raisedBy([&] { return world.files().openForReading(R"(C:\pipe)"); }), 75);
     EXPECT_EQ(raisedBy([&] { return world.files().create(R"(C:\pipe)"); }), 75);
@@ -142,8 +147,8 @@ TEST(HostedFiles, Links_are_what_they_point_to) {
     fs::create_symlink("folder/a.txt", drive / "file link");
     fs::create_symlink("folder", drive / "folder link");
     fs::create_symlink("nowhere", drive / "dead link");
-    EXPECT_EQ(world.files().listFiles("C:", ""), Names{"file link"});
-    EXPECT_EQ(world.files().listFolders("C:"), (Names{"folder", "folder link"}));
+    EXPECT_EQ(world.files().listFiles("C:", "").names, Names{"file link"});
+    EXPECT_EQ(world.files().listFolders("C:").names, (Names{"folder", "folder link"}));
     EXPECT_EQ(world.read(R"(C:\Folder Link\a.txt)"), "abc");
 }
 

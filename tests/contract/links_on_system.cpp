@@ -50,8 +50,9 @@ class LinksOnSystem : public ContractTest {
         expectNothingLeft();
     }
     void expectNothingLeft() {
-        EXPECT_EQ(files.listFiles(in("records"), ""), Names{});
-        EXPECT_EQ(files.listFiles(page.substr(0, page.rfind('\\')), ""), Names{"caf\xE9 1.html"});
+        EXPECT_EQ(files.listFiles(in("records"), "").names, Names{});
+        EXPECT_EQ(files.listFiles(page.substr(0, page.rfind('\\')), "").names,
+                  Names{"caf\xE9 1.html"});
     }
 
     BatchDefinition definition;

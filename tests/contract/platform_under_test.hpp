@@ -33,6 +33,11 @@ class PlatformUnderTest {
     // Takes the others' rights to the file away, and tells them in the system's own words.
     virtual void keepFromOthers(const std::string& path) = 0;
     [[nodiscard]] virtual std::string rightsTo(const std::string& path) const = 0;
+    // The same files, on a volume that keeps no short names.
+    virtual Files& filesWithoutShortNames() = 0;
+    // Makes a file whose name has no place in the system's code page: `end` behind one such
+    // character. How that name is shown.
+    virtual std::string makeNameless(const std::string& folder, const std::string& end) = 0;
     // Another program keeps the file to itself as long as the result lives.
     [[nodiscard]] virtual std::shared_ptr<void> keep(const std::string& path) = 0;
     // A path under which the standard library opens the file.

@@ -4,6 +4,7 @@
 #include "platform/win32/command_line.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/handle.hpp"
+#include "platform/win32/system_text.hpp"
 #include "platform/win32/win32_clock.hpp"
 #include "platform/win32/win32_command_interpreter.hpp"
 #include "platform/win32/win32_files.hpp"
@@ -218,6 +219,15 @@ class Win32Platform final : public PlatformUnderTest {
         const LocalMemory owner(text);
         return text == nullptr ? std::string() : text;
     }
+    // Wine makes up a short name for every name that needs one, on every volume.
+    Files& filesWithoutShortNames() override { return filesWithoutShortNames_; }
+    std::string makeNameless(const std::string& folder, const std::string& end) override {
+        const auto path = toWide(folder) + L"\\\x03A9" + toWide(end);
+        const Handle file(
+            CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+        EXPECT_TRUE(file.isOpen());
+        return "<U+03A9>" + end;
+    }
     std::shared_ptr<void> keep(const std::string& path) override {
         auto file = std::make_shared<Handle>(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE,
                                                          0, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -261,6 +271,7 @@ class Win32Platform final : public PlatformUnderTest {
     std::string substitute_;
     std::string otherVolume_;
     Win32Files files_;
+    Win32Files filesWithoutShortNames_{Win32Files::ShortNames::Ignored};
     Win32SettingsStore settings_;
     Win32Process process_;
     Win32CommandInterpreter interpreter_;
@@ -365,13 +376,13 @@ TEST_F(Win32, A_store_that_cannot_be_written_raises_75) {
 }
 
 TEST(Win32CommandLine, What_stands_behind_the_name_of_the_program_is_kept_as_typed) {
-    EXPECT_EQ(behindProgramName(R"("C:\Program Files\Tarnwick.exe" -I "a b.ini"  -n )"),
-              R"(-I "a b.ini"  -n )");
-    EXPECT_EQ(behindProgramName("Tarnwick.exe   -I a.ini"), "-I a.ini");
-    EXPECT_EQ(behindProgramName("C:\\\"My Programs\"\\t.exe\t?"), "?");
-    EXPECT_EQ(behindProgramName("Tarnwick.exe"), "");
-    EXPECT_EQ(behindProgramName(R"("C:\a b\Tarnwick.exe")"), "");
-    EXPECT_EQ(behindProgramName(""), "");
+    EXPECT_EQ(behindProgramName(LR"("C:\Program Files\Tarnwick.exe" -I "a b.ini"  -n )"),
+              LR"(-I "a b.ini"  -n )");
+    EXPECT_EQ(behindProgramName(L"Tarnwick.exe   -I a.ini"), L"-I a.ini");
+    EXPECT_EQ(behindProgramName(L"C:\\\"My Programs\"\\t.exe\t?"), L"?");
+    EXPECT_EQ(behindProgramName(L"Tarnwick.exe"), L"");
+    EXPECT_EQ(behindProgramName(LR"("C:\a b\Tarnwick.exe")"), L"");
+    EXPECT_EQ(behindProgramName(L""), L"");
 }
 
 TEST(Win32Process, The_command_line_of_this_program_is_what_it_was_given) {

@@ -26,8 +26,8 @@ class ProgramResources : public testing::Test {
         : module(LoadLibraryExW(place.program().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE)) {}
 
     // The bytes of a resource; they belong to the module.
-    [[nodiscard]] std::string_view resource(LPCSTR name, LPCSTR type) const {
-        const HRSRC found = FindResourceA(module.get(), name, type);
+    [[nodiscard]] std::string_view resource(LPCWSTR name, LPCWSTR type) const {
+        const HRSRC found = FindResourceW(module.get(), name, type);
         if (found == nullptr) {
             return {};
         }
@@ -85,7 +85,7 @@ TEST_F(ProgramVersion, The_program_tells_its_version_product_and_maker) {
 TEST_F(ProgramResources, The_icon_has_every_size_from_16_to_256_pixels) {
     // A head of three words, the last of them the number of pictures, and for each picture an entry
     // of 14 bytes that begins with its width; a width of 256 is written as 0.
-    const std::string_view group = resource("logo", RT_GROUP_ICON);
+    const std::string_view group = resource(L"logo", RT_GROUP_ICON);
     ASSERT_GE(group.size(), 6U);
     std::uint16_t pictures = 0;
     std::memcpy(&pictures, group.data() + 4, sizeof pictures);
@@ -99,7 +99,7 @@ TEST_F(ProgramResources, The_icon_has_every_size_from_16_to_256_pixels) {
 }
 
 TEST_F(ProgramResources, The_manifest_asks_for_new_controls_sharp_pixels_and_long_paths) {
-    const std::string manifest(resource(MAKEINTRESOURCEA(1), RT_MANIFEST));
+    const std::string manifest(resource(MAKEINTRESOURCEW(1), RT_MANIFEST));
     EXPECT_THAT(manifest,
                 HasSubstr("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""));
     EXPECT_THAT(manifest, HasSubstr(">PerMonitorV2, PerMonitor</dpiAwareness>"));

@@ -26,16 +26,28 @@ BOOL CALLBACK isWanted(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
+std::wstring wide(const std::string& text) {
+    std::wstring result(text.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                           result.data(), static_cast<int>(result.size()));
+    result.resize(static_cast<std::size_t>(length));
+    return result;
+}
+
 } // namespace
 
-RunningProgram::RunningProgram(const std::filesystem::path& program, const std::string& arguments) {
-    std::string commandLine = '"' + program.string() + "\" " + arguments;
-    STARTUPINFOA startup{};
+RunningProgram::RunningProgram(const std::filesystem::path& program, const std::string& arguments)
+    : RunningProgram(program, wide(arguments)) {}
+
+RunningProgram::RunningProgram(const std::filesystem::path& program,
+                               const std::wstring& arguments) {
+    std::wstring commandLine = L'"' + program.wstring() + L"\" " + arguments;
+    STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};
-    if (CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                        &startup, &information) == 0) {
-        throw std::runtime_error("cannot start " + commandLine);
+        throw std::runtime_error("cannot start " + program.string());
     }
     CloseHandle(information.hThread);
     process_.reset(information.hProcess);

@@ -14,6 +14,8 @@ namespace tarnwick::test {
 class RunningProgram {
   public:
     // Starts `program` with `arguments` as they would be typed behind its name.
+    RunningProgram(const std::filesystem::path& program, const std::wstring& arguments);
+    // The same in the system's code page.
     RunningProgram(const std::filesystem::path& program, const std::string& arguments);
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;

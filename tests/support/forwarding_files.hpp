@@ -16,11 +16,11 @@ class ForwardingFiles : public Files {
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override {
         return files_.firstNormalFile(path);
     }
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
-                                                     std::string_view patterns) const override {
+    [[nodiscard]] Listing listFiles(std::string_view folder,
+                                    std::string_view patterns) const override {
         return files_.listFiles(folder, patterns);
     }
-    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override {
+    [[nodiscard]] Listing listFolders(std::string_view folder) const override {
         return files_.listFolders(folder);
     }
     [[nodiscard]] std::vector<std::string> drives() const override { return files_.drives(); }

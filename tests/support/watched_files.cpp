@@ -98,13 +98,12 @@ std::string WatchedFiles::firstNormalFile(std::string_view path) const {
     return ForwardingFiles::firstNormalFile(path);
 }
 
-std::vector<std::string> WatchedFiles::listFiles(std::string_view folder,
-                                                 std::string_view patterns) const {
+Listing WatchedFiles::listFiles(std::string_view folder, std::string_view patterns) const {
     observer_->beforeCall(FileOperation::ListFiles, folder);
     return ForwardingFiles::listFiles(folder, patterns);
 }
 
-std::vector<std::string> WatchedFiles::listFolders(std::string_view folder) const {
+Listing WatchedFiles::listFolders(std::string_view folder) const {
     observer_->beforeCall(FileOperation::ListFolders, folder);
     return ForwardingFiles::listFolders(folder);
 }

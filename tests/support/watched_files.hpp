@@ -30,9 +30,9 @@ class WatchedFiles : public ForwardingFiles {
 
     [[nodiscard]] bool canListFolder(std::string_view folder) const override;
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
-                                                     std::string_view patterns) const override;
-    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override;
+    [[nodiscard]] Listing listFiles(std::string_view folder,
+                                    std::string_view patterns) const override;
+    [[nodiscard]] Listing listFolders(std::string_view folder) const override;
     [[nodiscard]] std::vector<std::string> drives() const override;
     [[nodiscard]] std::string currentFolder() const override;
     [[nodiscard]] std::string shortPath(std::string_view path) const override;

@@ -2,7 +2,9 @@
 
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
+#include "platform/win32/handle.hpp"
 #include "platform/win32/input_box.hpp"
+#include "platform/win32/system_text.hpp"
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "platform/win32/win32_process.hpp"
@@ -294,6 +296,75 @@ TEST_F(FileDialogs, An_existing_file_is_opened) {
         press(shown, IDOK);
     });
     EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\here.ini)");
+}
+
+// Names without a place in the code page.
+const std::wstring beetle = L"\x0416\x0443\x043A";
+
+TEST_F(FileDialogs, A_chosen_file_without_a_name_in_the_code_page_comes_by_its_short_name) {
+    dialog.kind = FileDialog::Kind::Open;
+    dialog.title = "Open";
+    dialog.fileMustExist = true;
+    const auto path = toWide(folder) + L'\\' + beetle + L" stored.ini";
+    const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+    ASSERT_TRUE(file.isOpen());
+    const User user("Open", [&](HWND shown) {
+        SendMessageW(nameField(shown), WM_SETTEXT, 0,
+                     reinterpret_cast<LPARAM>((beetle + L" stored.ini").c_str()));
+        press(shown, IDOK);
+    });
+    const auto chosen = desktop.chooseFile(dialog);
+    EXPECT_FALSE(chosen.contains('?') || chosen.contains('<')) << chosen;
+    EXPECT_NE(files.firstNormalFile(chosen), "");
+}
+
+TEST_F(FileDialogs, A_file_to_be_made_that_would_have_no_name_is_told_and_not_taken) {
+    std::vector<std::string> texts;
+    const User user("Save As", [&](HWND shown) {
+        SendMessageW(nameField(shown), WM_SETTEXT, 0,
+                     reinterpret_cast<LPARAM>((beetle + L".ini").c_str()));
+        press(shown, IDOK);
+    });
+    const User reader("Warning", [&](HWND shown) {
+        texts = textsIn(shown);
+        press(shown, IDOK);
+    });
+    try {
+        static_cast<void>(desktop.chooseFile(dialog));
+        FAIL() << "it has no name";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.record().number, 32755);
+    }
+    EXPECT_EQ(std::ranges::count(texts, "\"" + folder +
+                                            "\\<U+0416><U+0443><U+043A>.ini\" holds characters "
+                                            "that the system's code page does not have.\r\n"
+                                            "Please use another name."),
+              1);
+}
+
+TEST(Win32Desktop, A_line_that_has_no_place_in_the_code_page_is_told_and_stays) {
+    Win32Desktop desktop;
+    std::vector<std::string> texts;
+    HWND box = nullptr;
+    const User user("Find a file", [&](HWND shown) {
+        box = shown;
+        SendMessageW(GetDlgItem(shown, inputBoxField), WM_SETTEXT, 0,
+                     reinterpret_cast<LPARAM>(L"\xFF02&md pwned"));
+        press(shown, IDOK);
+    });
+    const User reader("Warning", [&](HWND shown) {
+        texts = textsIn(shown);
+        press(shown, IDOK);
+        while (IsWindow(shown) != 0) {
+            Sleep(between);
+        }
+        type(GetDlgItem(box, inputBoxField), "plain");
+        press(box, IDOK);
+    });
+    EXPECT_EQ(desktop.askForText("Name:", "Find a file"), "plain");
+    EXPECT_EQ(std::ranges::count(texts, "\"<U+FF02>&md pwned\" holds characters that the system's "
+                                        "code page does not have.\r\nPlease use another name."),
+              1);
 }
 
 TEST_F(FileDialogs, A_document_is_opened_by_its_program_in_the_working_folder) {

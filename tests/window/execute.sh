@@ -4,6 +4,8 @@
 export LC_ALL=C.UTF-8 # names with accents, and their bytes in the definition
 # shellcheck source=execute_hands.sh
 . "$here/execute_hands.sh"
+# shellcheck source=execute_names.sh
+. "$here/execute_names.sh"
 
 test_1_both_tools_where_all_names_have_blanks_and_accents() {
     fresh

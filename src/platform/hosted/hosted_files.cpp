@@ -26,16 +26,37 @@ std::string asFolder(std::string_view folder) {
     return folder.empty() ? std::string() : std::string(folder) + '\\';
 }
 
-// In the folder's own order.
-std::vector<std::string> namesIn(const std::string& hostFolder, EntryKind wanted,
-                                 std::string_view patterns) {
-    std::vector<std::string> names;
-    listHostFolder(hostFolder, [&](std::string_view name, EntryKind kind) {
-        if (kind == wanted && matchesAnyWildcard(name, patterns)) {
-            names.emplace_back(name);
+// The bytes that are no character in code page 1252. A name that holds one is left out of
+// listings, as one is that Windows cannot tell in its code page.
+constexpr std::string_view noCharacters = "\x81\x8D\x8F\x90\x9D";
+
+std::string shownName(std::string_view name) {
+    std::string shown;
+    for (const char character : name) {
+        if (noCharacters.contains(character)) {
+            shown += shownByNumber(static_cast<unsigned char>(character));
+        } else {
+            shown += character;
         }
+    }
+    return shown;
+}
+
+// The names in the folder's own order.
+template <typename Matches>
+Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const Matches& matches) {
+    Listing listing;
+    listHostFolder(hostFolder, [&](std::string_view name, EntryKind kind) {
+        if (kind != wanted || !matches(name)) {
+            return;
+        }
+        if (name.find_first_of(noCharacters) == std::string_view::npos) {
+            listing.names.emplace_back(name);
+            return;
+        }
+        leaveOut(shownName(name), listing.leftOut);
     });
-    return names;
+    return listing;
 }
 
 } // namespace
@@ -62,7 +83,10 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
     }
     if (hasWildcard(pattern)) {
         const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
-        const auto names = namesIn(root_.hostPath(folder), EntryKind::File, pattern);
+        const auto names =
+            unsortedListing(root_.hostPath(folder), EntryKind::File, [&](std::string_view name) {
+                return matchesWildcard(name, pattern);
+            }).names;
         const auto first = std::ranges::min_element(names, nameLess);
         return first == names.end() ? std::string() : *first;
     }
@@ -75,17 +99,19 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
     return isHiddenOrSystem(host.substr(0, slash), name) ? std::string() : std::move(name);
 }
 
-std::vector<std::string> HostedFiles::listFiles(std::string_view folder,
-                                                std::string_view patterns) const {
-    auto names = namesIn(root_.hostPath(asFolder(folder)), EntryKind::File, patterns);
-    sortNames(names);
-    return names;
+Listing HostedFiles::listFiles(std::string_view folder, std::string_view patterns) const {
+    auto listing =
+        unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::File,
+                        [&](std::string_view name) { return matchesAnyWildcard(name, patterns); });
+    sortNames(listing.names);
+    return listing;
 }
 
-std::vector<std::string> HostedFiles::listFolders(std::string_view folder) const {
-    auto names = namesIn(root_.hostPath(asFolder(folder)), EntryKind::Folder, "");
-    sortNames(names);
-    return names;
+Listing HostedFiles::listFolders(std::string_view folder) const {
+    auto listing = unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::Folder,
+                                   [](std::string_view) { return true; });
+    sortNames(listing.names);
+    return listing;
 }
 
 std::vector<std::string> HostedFiles::drives() const {

@@ -8,17 +8,17 @@ namespace tarnwick {
 
 // The file system of a POSIX machine, shown as drives and shares below one folder (see
 // DrivesRoot). A folder's hidden and system files are those named, one a line, in its file
-// ".hidden", which is never shown itself; read-only is what its owner may not write. No file has a
-// short name.
+// ".hidden", which is never shown itself; read-only is what its owner may not write. The bytes of a
+// name are characters of code page 1252. No file has a short name.
 class HostedFiles : public Files {
   public:
     explicit HostedFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
 
     [[nodiscard]] bool canListFolder(std::string_view folder) const override;
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
-                                                     std::string_view patterns) const override;
-    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override;
+    [[nodiscard]] Listing listFiles(std::string_view folder,
+                                    std::string_view patterns) const override;
+    [[nodiscard]] Listing listFolders(std::string_view folder) const override;
     [[nodiscard]] std::vector<std::string> drives() const override;
     [[nodiscard]] std::string currentFolder() const override;
     [[nodiscard]] std::string shortPath(std::string_view path) const override;

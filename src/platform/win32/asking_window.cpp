@@ -5,7 +5,7 @@ namespace {
 
 // From the front to the back.
 BOOL CALLBACK take(HWND window, LPARAM found) {
-    const LONG_PTR style = GetWindowLongPtrA(window, GWL_STYLE);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
     const bool usable = (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0;
     // Tips and lists that drop down have no title.
     if (!usable || (style & WS_CAPTION) != WS_CAPTION) {

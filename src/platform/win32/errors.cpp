@@ -1,5 +1,7 @@
 #include "platform/win32/errors.hpp"
 
+#include "platform/win32/system_text.hpp"
+
 #include <cstdint>
 
 namespace tarnwick {
@@ -11,7 +13,8 @@ bool isNotFound(DWORD systemError) noexcept {
 
 bool driveExists(const std::string& path) {
     const bool namesDrive = path.size() >= 2 && path[1] == ':';
-    return !namesDrive || GetDriveTypeA((path.substr(0, 2) + '\\').c_str()) != DRIVE_NO_ROOT_DIR;
+    return !namesDrive ||
+           GetDriveTypeW((toWide(path.substr(0, 2)) + L'\\').c_str()) != DRIVE_NO_ROOT_DIR;
 }
 
 } // namespace

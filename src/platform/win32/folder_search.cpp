@@ -1,16 +1,17 @@
 #include "platform/win32/folder_search.hpp"
 
 #include "platform/win32/errors.hpp"
+#include "platform/win32/system_text.hpp"
 
 #include <string_view>
 
 namespace tarnwick {
 namespace {
 
-FindHandle startSearch(const std::string& pattern, WIN32_FIND_DATAA& entry) {
+FindHandle startSearch(const std::string& pattern, WIN32_FIND_DATAW& entry) {
     // Short names are not asked for, and many entries are fetched at once: half the time of the
     // plain call in a large folder.
-    return FindHandle(FindFirstFileExA(pattern.c_str(), FindExInfoBasic, &entry,
+    return FindHandle(FindFirstFileExW(toWidePath(pattern).c_str(), FindExInfoBasic, &entry,
                                        FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
 }
 
@@ -23,8 +24,8 @@ FindHandle startSearch(const std::string& pattern, WIN32_FIND_DATAA& entry) {
     raiseSystemError(systemError, path);
 }
 
-std::string everythingIn(const std::string& folder) {
-    return folder + (folder.ends_with('\\') ? "*" : "\\*");
+std::string withBackslash(const std::string& folder) {
+    return folder.ends_with('\\') ? folder : folder + '\\';
 }
 
 // An empty root has not even "." in it: nothing is found, though the folder is there.
@@ -32,16 +33,16 @@ bool isEmptyFolder(DWORD systemError, const std::string& folder) {
     if (systemError != ERROR_FILE_NOT_FOUND) {
         return false;
     }
-    const auto attributes = GetFileAttributesA((folder + '\\').c_str());
+    const auto attributes = GetFileAttributesW((toWidePath(folder) + L'\\').c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 } // namespace
 
-EntryKind kindOf(const WIN32_FIND_DATAA& entry) noexcept {
-    const std::string_view name = entry.cFileName;
+EntryKind kindOf(const WIN32_FIND_DATAW& entry) noexcept {
+    const std::wstring_view name = entry.cFileName;
     constexpr DWORD unseen = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-    if ((entry.dwFileAttributes & unseen) != 0 || name == "." || name == "..") {
+    if ((entry.dwFileAttributes & unseen) != 0 || name == L"." || name == L"..") {
         return EntryKind::Unseen;
     }
     return (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Folder
@@ -49,12 +50,12 @@ EntryKind kindOf(const WIN32_FIND_DATAA& entry) noexcept {
 }
 
 void searchFolder(const std::string& folder,
-                  const std::function<void(const WIN32_FIND_DATAA&)>& take) {
+                  const std::function<void(const WIN32_FIND_DATAW&)>& take) {
     if (folder.empty()) { // which would become the root of the current drive
         raiseSystemError(ERROR_PATH_NOT_FOUND);
     }
-    WIN32_FIND_DATAA entry{};
-    const FindHandle search = startSearch(everythingIn(folder), entry);
+    WIN32_FIND_DATAW entry{};
+    const FindHandle search = startSearch(withBackslash(folder) + '*', entry);
     if (!search.isOpen()) {
         const auto systemError = GetLastError();
         if (isEmptyFolder(systemError, folder)) {
@@ -65,7 +66,7 @@ void searchFolder(const std::string& folder,
     }
     do {
         take(entry);
-    } while (FindNextFileA(search.get(), &entry) != 0);
+    } while (FindNextFileW(search.get(), &entry) != 0);
     if (GetLastError() != ERROR_NO_MORE_FILES) {
         raiseSearchError(GetLastError(), folder);
     }
@@ -76,17 +77,20 @@ bool canSearchFolder(const std::string& folder) {
         return false;
     }
     // Opened for listing, with no look at what is in it: that may be 100,000 files.
-    const std::string path = folder + (folder.ends_with('\\') ? "" : "\\");
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Handle opened(CreateFileA(path.c_str(), FILE_LIST_DIRECTORY, shareAll, nullptr,
+    const auto path = fromCodePage(withBackslash(folder), CP_ACP);
+    if (!path) {
+        return false;
+    }
+    const Handle opened(CreateFileW(path->c_str(), FILE_LIST_DIRECTORY, shareAll, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     BY_HANDLE_FILE_INFORMATION about{};
     return opened.isOpen() && GetFileInformationByHandle(opened.get(), &about) != FALSE &&
            (about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-std::optional<WIN32_FIND_DATAA> findEntry(const std::string& path) {
-    WIN32_FIND_DATAA entry{};
+std::optional<WIN32_FIND_DATAW> findEntry(const std::string& path) {
+    WIN32_FIND_DATAW entry{};
     const FindHandle search = startSearch(path, entry);
     if (search.isOpen()) {
         return entry;
@@ -96,6 +100,15 @@ std::optional<WIN32_FIND_DATAA> findEntry(const std::string& path) {
         return std::nullopt;
     }
     raiseSearchError(systemError, path);
+}
+
+std::optional<std::string> shortNameIn(const std::string& folder, const std::wstring& name) {
+    WIN32_FIND_DATAW entry{};
+    const auto path = toWidePath(withBackslash(folder)) + name;
+    const FindHandle search(FindFirstFileExW(path.c_str(), FindExInfoStandard, &entry,
+                                             FindExSearchNameMatch, nullptr, 0));
+    const std::wstring_view shortName = entry.cAlternateFileName;
+    return !search.isOpen() || shortName.empty() ? std::nullopt : toFileName(shortName);
 }
 
 } // namespace tarnwick

@@ -2,6 +2,8 @@
 
 #include "platform/win32/dialog_template.hpp"
 #include "platform/win32/errors.hpp"
+#include "platform/win32/system_text.hpp"
+#include "platform/win32/unusable_text.hpp"
 
 #include <cstddef>
 
@@ -31,9 +33,9 @@ DialogTemplate inputBoxTemplate() {
     return dialog;
 }
 
-std::string textOf(HWND control) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
-    const int length = GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
+std::wstring textOf(HWND control) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    const int length = GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
@@ -46,9 +48,9 @@ InputBox* asInputBox(LONG_PTR data) noexcept {
 INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARAM data) {
     if (message == WM_INITDIALOG) {
         const auto* box = asInputBox(data);
-        SetWindowLongPtrA(dialog, DWLP_USER, data);
-        SetWindowTextA(dialog, box->title.c_str());
-        SetDlgItemTextA(dialog, promptId, box->prompt.c_str());
+        SetWindowLongPtrW(dialog, DWLP_USER, data);
+        SetWindowTextW(dialog, toWide(box->title).c_str());
+        SetDlgItemTextW(dialog, promptId, toWide(box->prompt).c_str());
         SetFocus(GetDlgItem(dialog, inputBoxField));
         return FALSE; // the focus is set
     }
@@ -56,8 +58,13 @@ INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARA
         return FALSE;
     }
     if (LOWORD(word) == IDOK) {
-        asInputBox(GetWindowLongPtrA(dialog, DWLP_USER))->line =
-            textOf(GetDlgItem(dialog, inputBoxField));
+        const auto typed = textOf(GetDlgItem(dialog, inputBoxField));
+        auto line = toSystemText(typed);
+        if (!line) { // stays open: nothing that was typed is lost
+            tellUnusable(dialog, typed);
+            return TRUE;
+        }
+        asInputBox(GetWindowLongPtrW(dialog, DWLP_USER))->line = *std::move(line);
     }
     EndDialog(dialog, LOWORD(word));
     return TRUE;
@@ -68,7 +75,7 @@ INT_PTR CALLBACK inputBoxProcedure(HWND dialog, UINT message, WPARAM word, LPARA
 std::string runInputBox(HWND owner, const std::string& prompt, const std::string& title) {
     InputBox box{.prompt = prompt, .title = title, .line = {}};
     const auto dialog = inputBoxTemplate();
-    const auto result = DialogBoxIndirectParamA(GetModuleHandleA(nullptr), dialog.get(), owner,
+    const auto result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), dialog.get(), owner,
                                                 inputBoxProcedure, reinterpret_cast<LPARAM>(&box));
     if (result <= 0) {
         raiseSystemError(ErrorNumber::InternalError, GetLastError());

@@ -7,6 +7,6 @@ namespace tarnwick {
 // Gives the file `heir` the access list and the attributes (hidden, system, archive, ...) of
 // `file`, as far as the system lets this user; what it refuses stays as it is. Nothing where `file`
 // is not there. Never raises.
-void takeOverAccess(const std::string& heir, const std::string& file) noexcept;
+void takeOverAccess(const std::wstring& heir, const std::wstring& file) noexcept;
 
 } // namespace tarnwick

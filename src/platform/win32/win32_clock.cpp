@@ -1,5 +1,7 @@
 #include "platform/win32/win32_clock.hpp"
 
+#include "platform/win32/system_text.hpp"
+
 #include <windows.h>
 
 #include <cstddef>
@@ -9,12 +11,20 @@ namespace {
 
 // What a function of the locale writes: asked for its length, then for its text.
 template <typename Format>
-std::string formatted(Format&& format) {
-    const int size = format(nullptr, 0);
-    std::string text(static_cast<std::size_t>(size), '\0');
-    const int written = size == 0 ? 0 : format(text.data(), size);
+std::wstring formatted(const Format& format, LCID locale) {
+    const int size = format(locale, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    const int written = size == 0 ? 0 : format(locale, text.data(), size);
     text.resize(written == 0 ? 0 : static_cast<std::size_t>(written) - 1); // less the final NUL
     return text;
+}
+
+// As the user writes it, or in plain English where the code page does not have those letters.
+template <typename Format>
+std::string formattedForUser(const Format& format) {
+    return toSystemText(formatted(format, LOCALE_USER_DEFAULT))
+        .or_else([&] { return toSystemText(formatted(format, LOCALE_INVARIANT)); })
+        .value_or("");
 }
 
 } // namespace
@@ -28,14 +38,14 @@ double Win32Clock::steadySeconds() const {
 }
 
 std::string Win32Clock::longDate() const {
-    return formatted([](char* text, int size) {
-        return GetDateFormatA(LOCALE_USER_DEFAULT, DATE_LONGDATE, nullptr, nullptr, text, size);
+    return formattedForUser([](LCID locale, wchar_t* text, int size) {
+        return GetDateFormatW(locale, DATE_LONGDATE, nullptr, nullptr, text, size);
     });
 }
 
 std::string Win32Clock::longTime() const {
-    return formatted([](char* text, int size) {
-        return GetTimeFormatA(LOCALE_USER_DEFAULT, 0, nullptr, nullptr, text, size);
+    return formattedForUser([](LCID locale, wchar_t* text, int size) {
+        return GetTimeFormatW(locale, 0, nullptr, nullptr, text, size);
     });
 }
 

@@ -4,6 +4,8 @@
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/input_box.hpp"
+#include "platform/win32/system_text.hpp"
+#include "platform/win32/unusable_text.hpp"
 
 #include <windows.h>
 
@@ -31,33 +33,35 @@ DWORD flagsOf(const FileDialog& dialog) noexcept {
 }
 
 // "A|*.a|B|*.b" as the system wants it: each part ended by a NUL, and one more behind all.
-std::string filterList(std::string_view filter) {
-    std::string list(filter);
-    std::ranges::replace(list, '|', '\0');
-    return list + std::string(2, '\0');
+std::wstring filterList(std::string_view filter) {
+    std::wstring list = toWide(filter);
+    std::ranges::replace(list, L'|', L'\0');
+    return list + std::wstring(2, L'\0');
 }
 
 // Whether a file was chosen; its name is in `name` then.
-bool runDialog(const FileDialog& dialog, std::string& name) {
+bool runDialog(const FileDialog& dialog, std::wstring& name) {
+    const auto title = toWide(dialog.title);
+    const auto initialFolder = toWide(dialog.initialFolder);
     const auto filter = filterList(dialog.filter);
-    OPENFILENAMEA request{};
+    OPENFILENAMEW request{};
     request.lStructSize = sizeof request;
     request.hwndOwner = askingWindow();
     request.lpstrFilter = dialog.filter.empty() ? nullptr : filter.c_str();
     request.nFilterIndex = static_cast<DWORD>(dialog.filterIndex);
     request.lpstrFile = name.data();
     request.nMaxFile = static_cast<DWORD>(name.size());
-    request.lpstrInitialDir = dialog.initialFolder.empty() ? nullptr : dialog.initialFolder.c_str();
-    request.lpstrTitle = dialog.title.empty() ? nullptr : dialog.title.c_str();
+    request.lpstrInitialDir = initialFolder.empty() ? nullptr : initialFolder.c_str();
+    request.lpstrTitle = title.empty() ? nullptr : title.c_str();
     request.Flags = flagsOf(dialog);
-    return (dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameA(&request)
-                                                  : GetSaveFileNameA(&request)) != 0;
+    return (dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameW(&request)
+                                                  : GetSaveFileNameW(&request)) != 0;
 }
 
 } // namespace
 
 MessageAnswer Win32Desktop::show(const Message& message) {
-    switch (MessageBoxA(askingWindow(), message.text.c_str(), message.title.c_str(),
+    switch (MessageBoxW(askingWindow(), toWide(message.text).c_str(), toWide(message.title).c_str(),
                         styleOf(message))) {
     case IDYES:
         return MessageAnswer::Yes;
@@ -70,11 +74,11 @@ MessageAnswer Win32Desktop::show(const Message& message) {
 
 std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
     constexpr std::size_t longestPath = 32768;
-    std::string name = dialog.fileName.substr(0, longestPath - 1);
+    std::wstring name = toWide(dialog.fileName).substr(0, longestPath - 1);
     name.resize(longestPath);
     bool chosen = runDialog(dialog, name);
     if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
-        name.assign(longestPath, '\0'); // better an empty field than no dialog
+        name.assign(longestPath, L'\0'); // better an empty field than no dialog
         chosen = runDialog(dialog, name);
     }
     if (!chosen) {
@@ -82,8 +86,12 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
         raiseSystemError(systemError == 0 ? ErrorNumber::Cancelled : ErrorNumber::InternalError,
                          systemError);
     }
-    name.resize(name.find('\0'));
-    return name;
+    name.resize(name.find(L'\0'));
+    if (auto path = toSystemPath(name); path) {
+        return *std::move(path);
+    }
+    tellUnusable(askingWindow(), name);
+    raiseSystemError(ErrorNumber::Cancelled, ERROR_NO_UNICODE_TRANSLATION);
 }
 
 std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {
@@ -92,8 +100,8 @@ std::string Win32Desktop::askForText(std::string_view prompt, std::string_view t
 
 std::int32_t Win32Desktop::openDocument(std::string_view document, std::string_view workingFolder) {
     const auto result = reinterpret_cast<INT_PTR>(
-        ShellExecuteA(GetDesktopWindow(), "Open", std::string(document).c_str(), "",
-                      std::string(workingFolder).c_str(), SW_SHOWNORMAL));
+        ShellExecuteW(GetDesktopWindow(), L"Open", toWide(document).c_str(), L"",
+                      toWide(workingFolder).c_str(), SW_SHOWNORMAL));
     return static_cast<std::int32_t>(result);
 }
 

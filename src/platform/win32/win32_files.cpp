@@ -2,15 +2,17 @@
 
 #include "platform/wildcard.hpp"
 #include "platform/win32/errors.hpp"
+#include "platform/win32/filled_text.hpp"
 #include "platform/win32/folder_search.hpp"
 #include "platform/win32/handle.hpp"
 #include "platform/win32/kept_access.hpp"
+#include "platform/win32/system_text.hpp"
 #include "platform/win32/win32_open_files.hpp"
 #include "platform/windows_path.hpp"
 
 #include <windows.h>
 
-#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace tarnwick {
@@ -31,32 +33,17 @@ bool isFolder(DWORD attributes) noexcept {
 
 // Raises when there is nothing of that name. Its attributes.
 DWORD attributesOf(const std::string& path) {
-    const auto attributes = GetFileAttributesA(path.c_str());
+    const auto attributes = GetFileAttributesW(toWidePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         raiseSystemError(GetLastError(), path);
     }
     return attributes;
 }
 
-// Calls a function of the system that fills a buffer, and tells how long a buffer it needs when
-// that one is too short.
-template <typename Fill>
-std::string filledBy(Fill&& fill) {
-    std::string text(MAX_PATH, '\0');
-    for (;;) {
-        const DWORD length = fill(text.data(), static_cast<DWORD>(text.size()));
-        const bool fits = length < text.size();
-        text.resize(length);
-        if (fits) {
-            return text;
-        }
-    }
-}
-
 // Raises 75 when the file may not be replaced, before the system is asked, which would not tell
 // that from a file in use.
 void requireReplaceable(const std::string& path) {
-    const auto attributes = GetFileAttributesA(path.c_str());
+    const auto attributes = GetFileAttributesW(toWidePath(path).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES &&
         (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {
         raiseSystemError(ERROR_ACCESS_DENIED);
@@ -66,7 +53,8 @@ void requireReplaceable(const std::string& path) {
 // Whether anybody has the file open: even one who lets others delete it keeps it from being
 // replaced.
 bool isInUse(const std::string& path) {
-    const Handle file(CreateFileA(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    const Handle file(
+        CreateFileW(toWidePath(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     return !file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
@@ -84,24 +72,41 @@ constexpr DWORD millisecondsBetweenMoves = 50;
 // tell about.
 void flushContent(const std::string& path) {
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Handle file(
-        CreateFileA(path.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    const Handle file(CreateFileW(toWidePath(path).c_str(), GENERIC_WRITE, shareAll, nullptr,
+                                  OPEN_EXISTING, 0, nullptr));
     if (file.isOpen()) {
         putOnMedium(file);
     }
 }
 
-std::vector<std::string> namesOf(std::string_view folder, EntryKind kind,
-                                 std::string_view patterns) {
-    std::vector<std::string> names;
+// A name that does not convert is held against the patterns under its own name and listed under its
+// short one.
+template <typename Matches>
+Listing listingOf(std::string_view folder, EntryKind kind, Win32Files::ShortNames shortNames,
+                  const Matches& matches) {
+    Listing listing;
     const auto bare = possible(folder);
-    searchFolder(bare, [&](const WIN32_FIND_DATAA& entry) {
-        if (kindOf(entry) == kind && matchesAnyWildcard(entry.cFileName, patterns)) {
-            names.emplace_back(entry.cFileName);
+    searchFolder(bare, [&](const WIN32_FIND_DATAW& entry) {
+        if (kindOf(entry) != kind) {
+            return;
+        }
+        if (auto name = toFileName(entry.cFileName); name) {
+            if (matches(*name)) {
+                listing.names.push_back(*std::move(name));
+            }
+        } else if (matches(matchingText(entry.cFileName))) {
+            auto shortName = shortNames == Win32Files::ShortNames::Used
+                                 ? shortNameIn(bare, entry.cFileName)
+                                 : std::nullopt;
+            if (shortName) {
+                listing.names.push_back(*std::move(shortName));
+            } else {
+                leaveOut(shownText(entry.cFileName), listing.leftOut);
+            }
         }
     });
-    sortNames(names);
-    return names;
+    sortNames(listing.names);
+    return listing;
 }
 
 } // namespace
@@ -120,20 +125,27 @@ std::string Win32Files::firstNormalFile(std::string_view path) const {
     }
     if (hasWildcard(pattern)) {
         const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
-        const auto names = namesOf(folder, EntryKind::File, pattern);
+        const auto names =
+            listingOf(folder, EntryKind::File, shortNames_, [&](std::string_view name) {
+                return matchesWildcard(name, pattern);
+            }).names;
         return names.empty() ? std::string() : names.front();
     }
     const auto entry = findEntry(std::string(path));
-    return entry && kindOf(*entry) == EntryKind::File ? entry->cFileName : std::string();
+    if (!entry || kindOf(*entry) != EntryKind::File) {
+        return {};
+    }
+    // What was asked for by its short name may have none but that.
+    return toFileName(entry->cFileName).value_or(std::string(pattern));
 }
 
-std::vector<std::string> Win32Files::listFiles(std::string_view folder,
-                                               std::string_view patterns) const {
-    return namesOf(folder, EntryKind::File, patterns);
+Listing Win32Files::listFiles(std::string_view folder, std::string_view patterns) const {
+    return listingOf(folder, EntryKind::File, shortNames_,
+                     [&](std::string_view name) { return matchesAnyWildcard(name, patterns); });
 }
 
-std::vector<std::string> Win32Files::listFolders(std::string_view folder) const {
-    return namesOf(folder, EntryKind::Folder, "");
+Listing Win32Files::listFolders(std::string_view folder) const {
+    return listingOf(folder, EntryKind::Folder, shortNames_, [](std::string_view) { return true; });
 }
 
 std::vector<std::string> Win32Files::drives() const {
@@ -148,19 +160,22 @@ std::vector<std::string> Win32Files::drives() const {
 }
 
 std::string Win32Files::currentFolder() const {
-    return filledBy([](char* buffer, DWORD size) { return GetCurrentDirectoryA(size, buffer); });
+    return pathText(
+        filledBy([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); }));
 }
 
 std::string Win32Files::shortPath(std::string_view path) const {
     const auto longPath = possible(path);
     attributesOf(longPath);
-    return filledBy([&](char* buffer, DWORD size) {
-        const auto length = GetShortPathNameA(longPath.c_str(), buffer, size);
+    const auto wide = toWidePath(longPath);
+    const auto shortened = filledBy([&](wchar_t* buffer, DWORD size) {
+        const auto length = GetShortPathNameW(wide.c_str(), buffer, size);
         if (length == 0) {
             raiseSystemError(GetLastError(), longPath);
         }
         return length;
     });
+    return toSystemText(shortened).value_or(longPath);
 }
 
 std::unique_ptr<InputFile> Win32Files::openForReading(std::string_view path) const {
@@ -181,11 +196,11 @@ std::unique_ptr<OutputFile> Win32Files::append(std::string_view path) {
 
 void Win32Files::remove(std::string_view path) {
     const auto file = possible(path);
-    if (DeleteFileA(file.c_str()) != 0) {
+    if (DeleteFileW(toWidePath(file).c_str()) != 0) {
         return;
     }
     const auto systemError = GetLastError();
-    if (isFolder(GetFileAttributesA(file.c_str()))) {
+    if (isFolder(GetFileAttributesW(toWidePath(file).c_str()))) {
         raiseSystemError(ErrorNumber::FileNotFound, systemError);
     }
     raiseSystemError(systemError, file);
@@ -193,7 +208,7 @@ void Win32Files::remove(std::string_view path) {
 
 void Win32Files::createFolder(std::string_view path) {
     const auto folder = possible(path);
-    if (CreateDirectoryA(folder.c_str(), nullptr) == 0) {
+    if (CreateDirectoryW(toWidePath(folder).c_str(), nullptr) == 0) {
         raiseSystemError(GetLastError(), folder);
     }
 }
@@ -207,9 +222,9 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
     requireReplaceable(target);
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
-    takeOverAccess(source, target);
+    takeOverAccess(toWidePath(source), toWidePath(target));
     for (int attempt = 1;; ++attempt) {
-        if (MoveFileExA(source.c_str(), target.c_str(),
+        if (MoveFileExW(toWidePath(source).c_str(), toWidePath(target).c_str(),
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
             return;
         }

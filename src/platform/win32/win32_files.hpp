@@ -4,14 +4,19 @@
 
 namespace tarnwick {
 
-// The file system of Windows, asked through its 8-bit functions.
+// The file system of Windows, asked through its wide functions (see system_text.hpp).
 class Win32Files : public Files {
   public:
+    // On a volume that keeps short names they can be ignored, as if it kept none.
+    enum class ShortNames { Used, Ignored };
+    explicit Win32Files(ShortNames shortNames = ShortNames::Used) noexcept
+        : shortNames_(shortNames) {}
+
     [[nodiscard]] bool canListFolder(std::string_view folder) const override;
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view folder,
-                                                     std::string_view patterns) const override;
-    [[nodiscard]] std::vector<std::string> listFolders(std::string_view folder) const override;
+    [[nodiscard]] Listing listFiles(std::string_view folder,
+                                    std::string_view patterns) const override;
+    [[nodiscard]] Listing listFolders(std::string_view folder) const override;
     [[nodiscard]] std::vector<std::string> drives() const override;
     [[nodiscard]] std::string currentFolder() const override;
     [[nodiscard]] std::string shortPath(std::string_view path) const override;
@@ -22,6 +27,9 @@ class Win32Files : public Files {
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;
     void moveOver(std::string_view from, std::string_view to) override;
+
+  private:
+    ShortNames shortNames_;
 };
 
 } // namespace tarnwick

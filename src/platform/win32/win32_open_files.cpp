@@ -1,6 +1,7 @@
 #include "platform/win32/win32_open_files.hpp"
 
 #include "platform/win32/errors.hpp"
+#include "platform/win32/system_text.hpp"
 #include "platform/write_buffer.hpp"
 
 #include <windows.h>
@@ -18,7 +19,7 @@ DWORD asLength(std::size_t length) {
 }
 
 Handle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
-    Handle file(CreateFileA(path.c_str(), access, share, nullptr, disposition,
+    Handle file(CreateFileW(toWidePath(path).c_str(), access, share, nullptr, disposition,
                             FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.isOpen()) {
         raiseSystemError(GetLastError(), path);

@@ -7,14 +7,14 @@ namespace tarnwick {
 
 void Win32PendingEvents::letRun() {
     MSG message{};
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return; // it comes last, and would come again and again
         }
         if (filter_ == nullptr || !filter_->handles(message)) {
             TranslateMessage(&message);
-            DispatchMessageA(&message);
+            DispatchMessageW(&message);
         }
     }
 }

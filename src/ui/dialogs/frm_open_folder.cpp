@@ -1,6 +1,7 @@
 #include "ui/dialogs/frm_open_folder.hpp"
 
 #include "common/full_path.hpp"
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
@@ -73,6 +74,7 @@ void frmOpenFolder::drvPath_Change() {
 void frmOpenFolder::DirPath_Change() {
     txtPath.setText(DirPath.path());
     txtPath.selectAll();
+    tellLeftOut(desktop_, DirPath.takeLeftOut(), "folder", DirPath.path());
 }
 
 void frmOpenFolder::txtPath_Change() {

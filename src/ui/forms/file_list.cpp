@@ -17,12 +17,12 @@ void FileList::setPath(std::string_view path) {
     listed_ = false;
 }
 
-const std::vector<std::string>& FileList::names() {
+const Listing& FileList::listing() {
     if (!listed_) {
-        names_ = path_.empty() ? std::vector<std::string>() : files_.listFiles(path_, pattern_);
+        listing_ = path_.empty() ? Listing() : files_.listFiles(path_, pattern_);
         listed_ = true;
     }
-    return names_;
+    return listing_;
 }
 
 } // namespace tarnwick

@@ -23,13 +23,17 @@ class FileList {
 
     // Sorted by name (see nameLess in platform/wildcard.hpp). The folder is listed by the first
     // call after the pattern or the path was set, to whatever value. Raises as Files::listFiles.
-    [[nodiscard]] const std::vector<std::string>& names();
+    [[nodiscard]] const std::vector<std::string>& names() { return listing().names; }
+    // What has no name to be listed under; lists as names().
+    [[nodiscard]] const LeftOut& leftOut() { return listing().leftOut; }
 
   private:
+    [[nodiscard]] const Listing& listing();
+
     const Files& files_;
     std::string pattern_;
     std::string path_;
-    std::vector<std::string> names_;
+    Listing listing_;
     bool listed_ = true;
 };
 

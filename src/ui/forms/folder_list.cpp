@@ -23,9 +23,14 @@ FolderList::FolderList(Form& form, std::string_view name, const Files& files)
     : Control(form, name),
       files_(files),
       path_(fullPath({}, files.currentFolder())),
-      entries_(entriesOf(path_, files.canListFolder(path_) ? files.listFolders(path_)
-                                                           : std::vector<std::string>())),
-      selected_(indexOfPath(entries_)) {}
+      entries_(entriesOf(path_, {})) {
+    if (files_.canListFolder(path_)) {
+        Listing listing = files_.listFolders(path_);
+        entries_ = entriesOf(path_, std::move(listing.names));
+        leftOut_ = std::move(listing.leftOut);
+    }
+    selected_ = indexOfPath(entries_);
+}
 
 std::vector<FolderList::Entry> FolderList::entriesOf(const std::string& path,
                                                      std::vector<std::string> folders) const {
@@ -47,7 +52,9 @@ std::vector<FolderList::Entry> FolderList::entriesOf(const std::string& path,
 
 void FolderList::setPath(std::string_view path) {
     std::string wanted = fullPath(path, files_.currentFolder());
-    std::vector<Entry> entries = entriesOf(wanted, files_.listFolders(wanted));
+    Listing listing = files_.listFolders(wanted);
+    std::vector<Entry> entries = entriesOf(wanted, std::move(listing.names));
+    leftOut_ = std::move(listing.leftOut);
     const bool another = wanted != path_;
     path_ = std::move(wanted);
     selected_ = indexOfPath(entries);

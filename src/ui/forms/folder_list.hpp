@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarnwick {
@@ -39,6 +40,9 @@ class FolderList final : public Control {
     // The path's own entry, until the user selects another.
     [[nodiscard]] std::size_t selected() const noexcept { return selected_; }
 
+    // Which folders the last listing could not name; asked again, none.
+    [[nodiscard]] LeftOut takeLeftOut() { return std::exchange(leftOut_, {}); }
+
     // Shows already in the view; opens nothing.
     void userSelected(std::size_t index);
     // A double click. Raises Refused when the folder cannot be listed.
@@ -59,6 +63,7 @@ class FolderList final : public Control {
     std::string path_;
     std::vector<Entry> entries_;
     std::size_t selected_ = 0;
+    LeftOut leftOut_;
 };
 
 } // namespace tarnwick

@@ -2,6 +2,7 @@
 // once, in proportion to their number.
 
 #include "common/keep_only.hpp"
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/raised.hpp"
 #include "common/text.hpp"
@@ -87,6 +88,7 @@ void frmMain::LoadFiles() {
         lstAvailable.setItems(std::move(listing));
         lstSelected.retain(match.kept);
         UpdateListBoxScrollBars();
+        tellLeftOut(services_.desktop, filAvailable_.leftOut(), "file", filAvailable_.path());
     });
 }
 

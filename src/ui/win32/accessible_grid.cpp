@@ -1,8 +1,8 @@
 #include "ui/win32/accessible_grid.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/win32/com_pointer.hpp"
 #include "ui/win32/grid_window.hpp"
-#include "ui/win32/wide_text.hpp"
 
 #include <oleacc.h>
 
@@ -20,7 +20,7 @@ VARIANT number(LONG value) noexcept {
 }
 
 BSTR text(const std::string& value) {
-    return SysAllocString(wide(value).c_str());
+    return SysAllocString(toWide(value).c_str());
 }
 
 Grid::Place placeOf(const Grid& grid, LONG child) noexcept {
@@ -165,8 +165,8 @@ class AccessibleGrid final : public IAccessible {
                 return POINT{.x = (area.left + area.right) / 2, .y = (area.top + area.bottom) / 2};
             });
         if (result == S_OK) {
-            PostMessageA(window_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(middle.x, middle.y));
-            PostMessageA(window_, WM_LBUTTONUP, 0, MAKELPARAM(middle.x, middle.y));
+            PostMessageW(window_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(middle.x, middle.y));
+            PostMessageW(window_, WM_LBUTTONUP, 0, MAKELPARAM(middle.x, middle.y));
         }
         return result;
     }

@@ -1,7 +1,7 @@
 #include "ui/win32/accessible_name.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/win32/com_pointer.hpp"
-#include "ui/win32/wide_text.hpp"
 
 #include <oleacc.h>
 
@@ -23,7 +23,7 @@ void setAccessibleName(HWND window, const std::string& name) noexcept {
     if (CoCreateInstance(propertyServices, nullptr, CLSCTX_INPROC_SERVER, propertyServicesInterface,
                          services.receive()) == S_OK) {
         services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                 nameProperty, wide(name).c_str());
+                                 nameProperty, toWide(name).c_str());
     }
 }
 

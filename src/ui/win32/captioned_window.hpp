@@ -2,6 +2,7 @@
 
 #include "ui/forms/captioned.hpp"
 #include "ui/win32/control_window.hpp"
+#include "ui/win32/window_text.hpp"
 
 namespace tarnwick {
 
@@ -13,7 +14,7 @@ class CaptionedWindow : public ControlWindow {
 
     void changed(Property property) override {
         if (property == Property::Caption) {
-            SetWindowTextA(window(), captioned_.caption().c_str());
+            setWindowText(window(), captioned_.caption());
         } else {
             ControlWindow::changed(property);
         }

@@ -27,7 +27,7 @@ void ButtonWindow::keyPressed(int keyCode) {
 
 void CheckBoxWindow::changed(Property property) {
     if (property == Property::Value) {
-        SendMessageA(window(), BM_SETCHECK, checkBox_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0);
+        SendMessageW(window(), BM_SETCHECK, checkBox_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0);
     } else {
         ClickableWindow::changed(property);
     }

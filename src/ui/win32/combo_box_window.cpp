@@ -1,5 +1,6 @@
 #include "ui/win32/combo_box_window.hpp"
 
+#include "ui/win32/refused_text.hpp"
 #include "ui/win32/window_text.hpp"
 
 #include <cstddef>
@@ -11,21 +12,21 @@ bool DropDownWindow::isFocusNotice(WORD code) const noexcept {
 }
 
 void DropDownWindow::showItems(const std::vector<std::string>& items) {
-    SendMessageA(window(), CB_RESETCONTENT, 0, 0);
+    SendMessageW(window(), CB_RESETCONTENT, 0, 0);
     for (const std::string& item : items) {
-        SendMessageA(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+        SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     }
 }
 
 bool DropDownWindow::pick(const std::string& item) {
-    const LRESULT found = SendMessageA(window(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                       reinterpret_cast<LPARAM>(item.c_str()));
-    SendMessageA(window(), CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+    const LRESULT found = SendMessageW(window(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                       reinterpret_cast<LPARAM>(toWide(item).c_str()));
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(found), 0);
     return found != CB_ERR;
 }
 
 int DropDownWindow::picked() const noexcept {
-    return static_cast<int>(SendMessageA(window(), CB_GETCURSEL, 0, 0));
+    return static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0));
 }
 
 void ComboBoxWindow::changed(Property property) {
@@ -41,18 +42,32 @@ void ComboBoxWindow::changed(Property property) {
 
 void ComboBoxWindow::showText() {
     if (!pick(comboBox_.text()) || windowText(window()) != comboBox_.text()) {
-        SetWindowTextA(window(), comboBox_.text().c_str());
+        setWindowText(window(), comboBox_.text());
     }
 }
 
 void ComboBoxWindow::notified(WORD code) {
     if (code == CBN_EDITCHANGE) {
-        comboBox_.userChangedText(windowText(window()));
+        edited();
     } else if (code == CBN_SELCHANGE && picked() >= 0) {
         comboBox_.userPicked(static_cast<std::size_t>(picked()));
     } else if (code == CBN_KILLFOCUS) {
         // Else its text would stay marked as if it still had the focus.
-        SendMessageA(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
+        SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
+    }
+}
+
+// What has no place in the code page is not taken: the field shows again what it held.
+void ComboBoxWindow::edited() {
+    if (const auto text = windowText(window()); text) {
+        comboBox_.userChangedText(*text);
+        return;
+    }
+    showText();
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    if (GetComboBoxInfo(window(), &parts) != FALSE) {
+        tellRefused(parts.hwndItem);
     }
 }
 

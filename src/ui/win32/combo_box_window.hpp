@@ -34,6 +34,7 @@ class ComboBoxWindow final : public DropDownWindow {
 
   private:
     void showText();
+    void edited();
 
     ComboBox& comboBox_;
 };

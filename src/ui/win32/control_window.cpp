@@ -52,7 +52,7 @@ void ControlWindow::changed(Property property) {
         break;
     case Property::Focus:
         // Not SetFocus: the dialog must know, for the default button's sake.
-        SendMessageA(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
+        SendMessageW(GetParent(window_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window_), TRUE);
         break;
     case Property::AccessibleName:
         if (!control_.accessibleName().empty()) {

@@ -2,6 +2,7 @@
 
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 namespace tarnwick {
 
 void DialogView::runModal() {
-    const INT_PTR result = DialogBoxParamA(GetModuleHandleA(nullptr), form().name().c_str(),
+    const INT_PTR result = DialogBoxParamW(GetModuleHandleW(nullptr), toWide(form().name()).c_str(),
                                            askingWindow(), &DialogView::procedure,
                                            reinterpret_cast<LPARAM>(static_cast<FormView*>(this)));
     const DWORD code = GetLastError();

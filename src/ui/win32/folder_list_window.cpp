@@ -1,5 +1,6 @@
 #include "ui/win32/folder_list_window.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/win32/redraw_pause.hpp"
 
@@ -18,9 +19,9 @@ constexpr int indent = 180;
 
 // Of any folder: it need not be there.
 HICON picture(UINT state) noexcept {
-    SHFILEINFOA info{};
+    SHFILEINFOW info{};
     const UINT what = SHGFI_USEFILEATTRIBUTES | SHGFI_ICON | SHGFI_SMALLICON | state;
-    return SHGetFileInfoA("folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what) != 0
+    return SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what) != 0
                ? info.hIcon
                : nullptr;
 }
@@ -39,7 +40,7 @@ FolderListWindow::~FolderListWindow() {
 void FolderListWindow::loadPictures() {
     closed_ = picture(0);
     open_ = picture(SHGFI_OPENICON);
-    SendMessageA(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
+    SendMessageW(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
 }
 
 void FolderListWindow::dropPictures() noexcept {
@@ -57,7 +58,7 @@ void FolderListWindow::changed(Property property) {
     if (property == Property::Items) {
         showItems();
     } else if (property == Property::Selection) {
-        SendMessageA(window(), LB_SETCURSEL, folderList_.selected(), 0);
+        SendMessageW(window(), LB_SETCURSEL, folderList_.selected(), 0);
     } else {
         ControlWindow::changed(property);
     }
@@ -65,14 +66,15 @@ void FolderListWindow::changed(Property property) {
 
 void FolderListWindow::showItems() {
     const RedrawPause pause(window());
-    SendMessageA(window(), LB_RESETCONTENT, 0, 0);
+    SendMessageW(window(), LB_RESETCONTENT, 0, 0);
     for (const FolderList::Entry& entry : folderList_.entries()) {
-        SendMessageA(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.name.c_str()));
+        SendMessageW(window(), LB_ADDSTRING, 0,
+                     reinterpret_cast<LPARAM>(toWide(entry.name).c_str()));
     }
 }
 
 int FolderListWindow::selected() const noexcept {
-    return static_cast<int>(SendMessageA(window(), LB_GETCURSEL, 0, 0));
+    return static_cast<int>(SendMessageW(window(), LB_GETCURSEL, 0, 0));
 }
 
 void FolderListWindow::notified(WORD code) {
@@ -114,7 +116,7 @@ void FolderListWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const int colour = selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
     SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : colour));
     SetBkMode(item.hDC, TRANSPARENT);
-    DrawTextA(item.hDC, entry.name.c_str(), -1, &rest,
+    DrawTextW(item.hDC, toWide(entry.name).c_str(), -1, &rest,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     if ((item.itemState & ODS_FOCUS) != 0) {
         DrawFocusRect(item.hDC, &item.rcItem);

@@ -7,6 +7,7 @@
 #include "ui/win32/grid_window.hpp"
 #include "ui/win32/resource_names.hpp"
 #include "ui/win32/view_messages.hpp"
+#include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>
 
@@ -34,7 +35,7 @@ WindowState stateOf(WPARAM kind) noexcept {
     }
 }
 
-LPCSTR cursorOf(MousePointer pointer) noexcept {
+LPCWSTR cursorOf(MousePointer pointer) noexcept {
     switch (pointer) {
     case MousePointer::Busy:
         return IDC_APPSTARTING;
@@ -47,7 +48,7 @@ LPCSTR cursorOf(MousePointer pointer) noexcept {
 
 // Not SetFocus: the dialog must know, for the default button's sake.
 void goTo(HWND dialog, HWND control) noexcept {
-    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 } // namespace
@@ -65,10 +66,10 @@ FormView::FormView(Form& form) : form_(form) {
 INT_PTR CALLBACK FormView::procedure(HWND dialog, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         pointerIn<FormView*>(lParam)->dialog_ = dialog;
     }
-    auto* const view = pointerIn<FormView*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    auto* const view = pointerIn<FormView*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (view == nullptr) {
         return FALSE;
     }
@@ -153,7 +154,7 @@ bool FormView::handleLook(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return true;
     case WM_DPICHANGED:
-        PostMessageA(dialog_, ViewMessage::resolutionChanged, 0, 0);
+        PostMessageW(dialog_, ViewMessage::resolutionChanged, 0, 0);
         return false;
     default:
         return handleOwn(message, wParam, lParam);
@@ -170,7 +171,8 @@ bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         return true;
     }
     if (message == ViewMessage::accessKey) {
-        answer(pressedAccessKey(static_cast<char>(wParam)) ? TRUE : FALSE);
+        const auto key = toSystemText(std::wstring(1, static_cast<wchar_t>(wParam)));
+        answer(key && key->size() == 1 && pressedAccessKey(key->front()) ? TRUE : FALSE);
         return true;
     }
     if (message < ViewMessage::focusMoved || message > ViewMessage::resolutionChanged) {
@@ -198,16 +200,16 @@ bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void FormView::answer(LRESULT result) const noexcept {
-    SetWindowLongPtrA(dialog_, DWLP_MSGRESULT, result);
+    SetWindowLongPtrW(dialog_, DWLP_MSGRESULT, result);
 }
 
 void FormView::bind() {
     // However the window was opened: whoever works by keyboard must see where the focus is.
-    SendMessageA(dialog_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+    SendMessageW(dialog_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
                  0);
     bindControls();
     menuBar_.show(dialog_, form_.menu());
-    SetWindowTextA(dialog_, form_.caption().c_str());
+    setWindowText(dialog_, form_.caption());
     const RECT screen = screenArea();
     form_.measured(windowSize(), {.width = toTwips(screen.right - screen.left, dpi()),
                                   .height = toTwips(screen.bottom - screen.top, dpi())});
@@ -241,7 +243,7 @@ void FormView::showFocus() noexcept {
 // Whether the key leads anywhere.
 bool FormView::pressedAccessKey(char key) const noexcept {
     if (opensMenu(form_, key)) {
-        PostMessageA(dialog_, WM_SYSCOMMAND, SC_KEYMENU, static_cast<unsigned char>(key));
+        PostMessageW(dialog_, WM_SYSCOMMAND, SC_KEYMENU, static_cast<unsigned char>(key));
         return true;
     }
     const AccessKeyTarget target = accessKeyTarget(form_, key);
@@ -251,7 +253,7 @@ bool FormView::pressedAccessKey(char key) const noexcept {
     }
     goTo(dialog_, window);
     if (target.isOnly && dynamic_cast<const Clickable*>(target.control) != nullptr) {
-        SendMessageA(window, BM_CLICK, 0, 0);
+        SendMessageW(window, BM_CLICK, 0, 0);
     }
     return true;
 }
@@ -269,7 +271,7 @@ void FormView::command(WORD id, WORD code, HWND window) {
     } else if (ControlWindow* const bound = find(window); bound != nullptr) {
         if (bound->isFocusNotice(code) && !std::exchange(focusMoved_, true)) {
             // The focus is still on its way, and no message may be shown before it has arrived.
-            PostMessageA(dialog_, ViewMessage::focusMoved, 0, 0);
+            PostMessageW(dialog_, ViewMessage::focusMoved, 0, 0);
         }
         bound->notified(code);
     } else if (id == IDOK) {
@@ -319,7 +321,7 @@ void FormView::measureFrame() {
 
 void FormView::changed(Property property) {
     if (property == Property::Caption) {
-        SetWindowTextA(dialog_, form_.caption().c_str());
+        setWindowText(dialog_, form_.caption());
     } else if (property == Property::Bounds) {
         place();
     } else if (property == Property::Size) {
@@ -327,7 +329,7 @@ void FormView::changed(Property property) {
     } else if (property == Property::Menu) {
         menuBar_.refresh();
     } else if (property == Property::Pointer) {
-        SetCursor(LoadCursorA(nullptr, cursorOf(form_.mousePointer())));
+        SetCursor(LoadCursorW(nullptr, cursorOf(form_.mousePointer())));
     } else if (property == Property::Visible && !form_.visible()) {
         close();
     }
@@ -350,7 +352,7 @@ bool FormView::showPointer(WORD hit) const noexcept {
     if (form_.mousePointer() == MousePointer::Default || hit != HTCLIENT) {
         return false;
     }
-    SetCursor(LoadCursorA(nullptr, cursorOf(form_.mousePointer())));
+    SetCursor(LoadCursorW(nullptr, cursorOf(form_.mousePointer())));
     answer(TRUE);
     return true;
 }
@@ -389,7 +391,7 @@ int FormView::dpi() const noexcept {
 RECT FormView::screenArea() const noexcept {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    GetMonitorInfoA(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
+    GetMonitorInfoW(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
     return monitor.rcMonitor;
 }
 

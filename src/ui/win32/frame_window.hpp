@@ -12,7 +12,7 @@ class FrameWindow final : public CaptionedWindow {
 
     void changed(Property property) override {
         if (property == Property::Caption && !frame_.caption().empty()) {
-            SetWindowTextA(window(), (frame_.caption() + ' ').c_str());
+            setWindowText(window(), frame_.caption() + ' ');
         } else {
             CaptionedWindow::changed(property);
         }

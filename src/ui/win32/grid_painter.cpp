@@ -1,5 +1,6 @@
 #include "ui/win32/grid_painter.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/check_box_picture.hpp"
 
@@ -67,26 +68,26 @@ void drawFrame(HDC context, RECT area, int width) {
     }
 }
 
-int CALLBACK noteFont(const LOGFONTA* /*font*/, const TEXTMETRICA* /*metric*/, DWORD /*type*/,
+int CALLBACK noteFont(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metric*/, DWORD /*type*/,
                       LPARAM found) {
     *reinterpret_cast<bool*>(found) = true; // NOLINT(performance-no-int-to-ptr)
     return 0;
 }
 
 bool isInstalled(HDC context, const std::string& name) {
-    LOGFONTA wanted{};
+    LOGFONTW wanted{};
     wanted.lfCharSet = DEFAULT_CHARSET;
-    name.copy(wanted.lfFaceName, sizeof wanted.lfFaceName - 1);
+    toWide(name).copy(wanted.lfFaceName, LF_FACESIZE - 1);
     bool found = false;
-    EnumFontFamiliesExA(context, &wanted, noteFont, reinterpret_cast<LPARAM>(&found), 0);
+    EnumFontFamiliesExW(context, &wanted, noteFont, reinterpret_cast<LPARAM>(&found), 0);
     return found;
 }
 
 // Takes the room around the text off `area`: less than usual, and a bit off the text itself, where
 // it would be cut off otherwise.
-void fit(HDC context, const std::string& text, RECT& area, int dpi) {
+void fit(HDC context, const std::wstring& text, RECT& area, int dpi) {
     SIZE size{};
-    GetTextExtentPoint32A(context, text.data(), static_cast<int>(text.size()), &size);
+    GetTextExtentPoint32W(context, text.data(), static_cast<int>(text.size()), &size);
     const int wide = toPixels(padding, dpi);
     const int tight = toPixels(lineWidth, dpi);
     const int room = area.right - area.left - size.cx;
@@ -163,8 +164,9 @@ void GridPainter::paintText(HDC context, const Cell& cell, RECT area, const Look
         return;
     }
     const Selected selected(context, own != nullptr ? own : look.font);
-    fit(context, cell.text, area, look.dpi);
-    DrawTextA(context, cell.text.data(), static_cast<int>(cell.text.size()), &area,
+    const auto text = toWide(cell.text);
+    fit(context, text, area, look.dpi);
+    DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS |
                   formatOf(cell.alignment));
     SetTextCharacterExtra(context, 0);
@@ -178,14 +180,14 @@ HFONT GridPainter::font(const std::string& name, const Look& look) {
     GdiHandle<HFONT> made;
     const WindowContext context(look.window);
     if (isInstalled(context.get(), name)) {
-        LOGFONTA font{};
-        GetObjectA(look.font, sizeof font, &font);
+        LOGFONTW font{};
+        GetObjectW(look.font, sizeof font, &font);
         if (name == symbolFont) {
             font.lfHeight = MulDiv(font.lfHeight, 5, 4); // its boxes are small
         }
         font.lfCharSet = DEFAULT_CHARSET;
-        font.lfFaceName[name.copy(font.lfFaceName, sizeof font.lfFaceName - 1)] = '\0';
-        made.reset(CreateFontIndirectA(&font));
+        font.lfFaceName[toWide(name).copy(font.lfFaceName, LF_FACESIZE - 1)] = L'\0';
+        made.reset(CreateFontIndirectW(&font));
     }
     return fonts_.emplace(name, std::move(made)).first->second.get();
 }

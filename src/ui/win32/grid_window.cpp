@@ -1,8 +1,10 @@
 #include "ui/win32/grid_window.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/accessible_grid.hpp"
 #include "ui/win32/key_listener.hpp"
+#include "ui/win32/refused_text.hpp"
 #include "ui/win32/view_messages.hpp"
 
 #include <windowsx.h>
@@ -12,7 +14,7 @@
 namespace tarnwick {
 namespace {
 
-constexpr const char* className = "TarnwickGrid";
+constexpr const wchar_t* className = L"TarnwickGrid";
 
 // To the dialog, in WM_COMMAND.
 enum Notice : WORD { gotFocus = 1, lostFocus };
@@ -20,7 +22,7 @@ enum Notice : WORD { gotFocus = 1, lostFocus };
 constexpr int fontSlot = 0; // of the window's own memory
 
 void tellDialog(HWND window, Notice notice) {
-    SendMessageA(GetParent(window), WM_COMMAND,
+    SendMessageW(GetParent(window), WM_COMMAND,
                  MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), notice),
                  reinterpret_cast<LPARAM>(window));
     InvalidateRect(window, nullptr, FALSE);
@@ -33,7 +35,7 @@ void passOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     input.message = message;
     input.wParam = wParam;
     input.lParam = lParam;
-    SendMessageA(GetParent(window), ViewMessage::userInput, reinterpret_cast<WPARAM>(&input),
+    SendMessageW(GetParent(window), ViewMessage::userInput, reinterpret_cast<WPARAM>(&input),
                  reinterpret_cast<LPARAM>(window));
 }
 
@@ -74,35 +76,35 @@ bool takesInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 } // namespace
 
 void GridWindow::registerClass() noexcept {
-    WNDCLASSEXA kind{};
+    WNDCLASSEXW kind{};
     kind.cbSize = sizeof kind;
     kind.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
     kind.lpfnWndProc = &GridWindow::procedure;
     kind.cbWndExtra = sizeof(LONG_PTR);
-    kind.hInstance = GetModuleHandleA(nullptr);
-    kind.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    kind.hInstance = GetModuleHandleW(nullptr);
+    kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     kind.lpszClassName = className;
-    RegisterClassExA(&kind); // fails where that is done already
+    RegisterClassExW(&kind); // fails where that is done already
 }
 
 GridWindow::GridWindow(Grid& grid, HWND window) : ControlWindow(grid, window), grid_(grid) {
     // A dialog may have made the border a sunken edge, which is wider than gridFrame.
-    SetWindowLongPtrA(window, GWL_STYLE,
-                      GetWindowLongPtrA(window, GWL_STYLE) | WS_BORDER | WS_CLIPSIBLINGS);
-    SetWindowLongPtrA(window, GWL_EXSTYLE,
-                      GetWindowLongPtrA(window, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+    SetWindowLongPtrW(window, GWL_STYLE,
+                      GetWindowLongPtrW(window, GWL_STYLE) | WS_BORDER | WS_CLIPSIBLINGS);
+    SetWindowLongPtrW(window, GWL_EXSTYLE,
+                      GetWindowLongPtrW(window, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
     SetWindowPos(window, nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 GridWindow::~GridWindow() {
-    SetWindowLongPtrA(window(), GWLP_USERDATA, 0);
+    SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
 }
 
 LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept {
-    auto* const grid = pointerIn<GridWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    auto* const grid = pointerIn<GridWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (grid != nullptr && takesInput(window, message, wParam, lParam)) {
         return 0;
     }
@@ -121,9 +123,9 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         tellDialog(window, lostFocus);
         return 0;
     case WM_GETFONT:
-        return GetWindowLongPtrA(window, fontSlot);
+        return GetWindowLongPtrW(window, fontSlot);
     case WM_NCPAINT: {
-        const LRESULT result = DefWindowProcA(window, message, wParam, lParam);
+        const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
         drawFrame(window);
         return result;
     }
@@ -133,7 +135,7 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         }
         break;
     }
-    return DefWindowProcA(window, message, wParam, lParam);
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 // Whether the message is about drawing the window, and is dealt with. Its grid is null before it is
@@ -141,7 +143,7 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
 bool GridWindow::looksOtherwise(HWND window, GridWindow* grid, UINT message, WPARAM wParam) {
     switch (message) {
     case WM_SETFONT:
-        SetWindowLongPtrA(window, fontSlot, static_cast<LONG_PTR>(wParam));
+        SetWindowLongPtrW(window, fontSlot, static_cast<LONG_PTR>(wParam));
         if (grid != nullptr) {
             grid->painter_.forgetFonts();
         }
@@ -189,7 +191,7 @@ void GridWindow::paint() {
 void GridWindow::drawInto(HDC context, const RECT& area) {
     painter_.paint(context, area, grid_,
                    {.window = window(),
-                    .font = pointerIn<HFONT>(GetWindowLongPtrA(window(), fontSlot)),
+                    .font = pointerIn<HFONT>(GetWindowLongPtrW(window(), fontSlot)),
                     .dpi = dpi(),
                     .enabled = IsWindowEnabled(window()) != FALSE,
                     .focused = GetFocus() == window()});
@@ -254,7 +256,7 @@ void GridWindow::userInput(const MSG& message) {
         grid_.userPressedKey(static_cast<int>(message.wParam));
         break;
     case WM_CHAR:
-        grid_.userTyped(static_cast<char>(message.wParam));
+        typed(static_cast<wchar_t>(message.wParam));
         break;
     case WM_VSCROLL:
         scrolled(LOWORD(message.wParam));
@@ -267,13 +269,22 @@ void GridWindow::userInput(const MSG& message) {
     }
 }
 
+void GridWindow::typed(wchar_t character) {
+    const auto text = toSystemText({&character, 1});
+    if (text && text->size() == 1) {
+        grid_.userTyped(text->front());
+    } else {
+        tellRefused(window());
+    }
+}
+
 void GridWindow::pressed(LPARAM place) {
     grid_.userPressed(pixelToTwips(GET_X_LPARAM(place), dpi()),
                       pixelToTwips(GET_Y_LPARAM(place), dpi()));
 }
 
 const Grid* GridWindow::gridOf(HWND window) noexcept {
-    const auto* const grid = pointerIn<const GridWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    const auto* const grid = pointerIn<const GridWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     return grid == nullptr ? nullptr : &grid->grid_;
 }
 

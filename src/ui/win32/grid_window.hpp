@@ -38,6 +38,7 @@ class GridWindow final : public ControlWindow {
                                              WPARAM wParam);
     void paint();
     void drawInto(HDC context, const RECT& area);
+    void typed(wchar_t character);
     void pressed(LPARAM place);
     void scrolled(WORD how);
     void showScrollBar();

@@ -1,5 +1,6 @@
 #include "ui/win32/indicator_windows.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 
 #include <vector>
@@ -9,7 +10,7 @@ namespace tarnwick {
 StatusBarWindow::StatusBarWindow(StatusBar& statusBar, HWND window)
     : ControlWindow(statusBar, window), statusBar_(statusBar) {
     // What lies over it is not painted over.
-    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPSIBLINGS);
+    SetWindowLongPtrW(window, GWL_STYLE, GetWindowLongPtrW(window, GWL_STYLE) | WS_CLIPSIBLINGS);
 }
 
 void StatusBarWindow::changed(Property property) {
@@ -24,7 +25,7 @@ void StatusBarWindow::changed(Property property) {
 
 // It finds its place itself.
 void StatusBarWindow::formResized() {
-    SendMessageA(window(), WM_SIZE, 0, 0);
+    SendMessageW(window(), WM_SIZE, 0, 0);
     measure();
 }
 
@@ -39,14 +40,14 @@ void StatusBarWindow::showPanels() {
         rightEdges.push_back(
             toPixels(statusBar_.panelLeft(panel) + statusBar_.panelWidth(panel), dpi()));
     }
-    SendMessageA(window(), SB_SETPARTS, rightEdges.size(),
+    SendMessageW(window(), SB_SETPARTS, rightEdges.size(),
                  reinterpret_cast<LPARAM>(rightEdges.data()));
 }
 
 void StatusBarWindow::showTexts() {
     for (int panel = 1; panel <= statusBar_.panels(); ++panel) {
-        SendMessageA(window(), SB_SETTEXTA, static_cast<WPARAM>(panel - 1),
-                     reinterpret_cast<LPARAM>(statusBar_.panelText(panel).c_str()));
+        SendMessageW(window(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1),
+                     reinterpret_cast<LPARAM>(toWide(statusBar_.panelText(panel)).c_str()));
     }
 }
 

@@ -31,12 +31,12 @@ class ProgressBarWindow final : public ControlWindow {
   public:
     ProgressBarWindow(ProgressBar& progressBar, HWND window)
         : ControlWindow(progressBar, window), progressBar_(progressBar) {
-        SendMessageA(window, PBM_SETRANGE32, 0, ProgressBar::full);
+        SendMessageW(window, PBM_SETRANGE32, 0, ProgressBar::full);
     }
 
     void changed(Property property) override {
         if (property == Property::Value) {
-            SendMessageA(window(), PBM_SETPOS, static_cast<WPARAM>(progressBar_.value()), 0);
+            SendMessageW(window(), PBM_SETPOS, static_cast<WPARAM>(progressBar_.value()), 0);
         } else {
             ControlWindow::changed(property);
         }

@@ -7,7 +7,7 @@ namespace tarnwick {
 namespace {
 
 LRESULT tellDialog(HWND window, ViewMessage what, WPARAM key) {
-    return SendMessageA(GetParent(window), what, key, reinterpret_cast<LPARAM>(window));
+    return SendMessageW(GetParent(window), what, key, reinterpret_cast<LPARAM>(window));
 }
 
 bool controlWants(HWND window, WPARAM key) {

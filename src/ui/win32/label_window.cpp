@@ -1,5 +1,6 @@
 #include "ui/win32/label_window.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/win32/window_font.hpp"
 
 #include <cstddef>
@@ -25,16 +26,17 @@ void LabelWindow::showFont() {
     if (wanted == Font{}) {
         return; // the system gives it the form's own
     }
-    LOGFONTA description = fontOf(GetParent(window()));
+    LOGFONTW description = fontOf(GetParent(window()));
     if (!wanted.name.empty()) {
-        const std::size_t length = wanted.name.copy(description.lfFaceName, LF_FACESIZE - 1);
-        description.lfFaceName[length] = '\0';
+        const std::size_t length =
+            toWide(wanted.name).copy(description.lfFaceName, LF_FACESIZE - 1);
+        description.lfFaceName[length] = L'\0';
     }
     if (wanted.points > 0) {
         description.lfHeight = heightOfPoints(wanted.points, dpi());
     }
-    GdiHandle<HFONT> font(CreateFontIndirectA(&description));
-    SendMessageA(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    GdiHandle<HFONT> font(CreateFontIndirectW(&description));
+    SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     font_ = std::move(font);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/win32/link_label_window.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/window_font.hpp"
 
@@ -14,9 +15,9 @@ constexpr int margin = 30;
 // The usual blue, which a theme's own colour for links need not be; but whoever wants a high
 // contrast has chosen the colours.
 COLORREF linkColour() noexcept {
-    HIGHCONTRASTA contrast{};
+    HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;
-    SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+    SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
     return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0 ? GetSysColor(COLOR_HOTLIGHT)
                                                         : RGB(0, 102, 204);
 }
@@ -43,14 +44,15 @@ void LinkLabelWindow::keyPressed(int keyCode) {
 
 // What lies beside the text is no link.
 void LinkLabelWindow::fit() {
-    LOGFONTA description = fontOf(GetParent(window()));
+    LOGFONTW description = fontOf(GetParent(window()));
     description.lfUnderline = TRUE;
-    font_.reset(CreateFontIndirectA(&description));
+    font_.reset(CreateFontIndirectW(&description));
     RECT text{};
     {
         const WindowContext context(window());
         const Selected font(context.get(), font_.get());
-        DrawTextA(context.get(), link_.caption().c_str(), -1, &text, textFormat | DT_CALCRECT);
+        DrawTextW(context.get(), toWide(link_.caption()).c_str(), -1, &text,
+                  textFormat | DT_CALCRECT);
     }
     RECT area{};
     GetClientRect(window(), &area);
@@ -68,7 +70,7 @@ void LinkLabelWindow::drawItem(const DRAWITEMSTRUCT& item) {
     SetTextColor(item.hDC, disabled ? GetSysColor(COLOR_GRAYTEXT) : linkColour());
     SetBkMode(item.hDC, TRANSPARENT);
     area.left += toPixels(margin, dpi());
-    DrawTextA(item.hDC, link_.caption().c_str(), -1, &area, textFormat);
+    DrawTextW(item.hDC, toWide(link_.caption()).c_str(), -1, &area, textFormat);
     if ((item.itemState & ODS_FOCUS) != 0) {
         DrawFocusRect(item.hDC, &item.rcItem);
     }

@@ -3,11 +3,21 @@
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/redraw_pause.hpp"
 #include "ui/win32/view_messages.hpp"
+#include "ui/win32/window_text.hpp"
 
 #include <algorithm>
 #include <cstddef>
 
 namespace tarnwick {
+namespace {
+
+// The number of the wide character for that byte; 0 where it is none by itself.
+UINT numberOf(std::size_t byte) {
+    const auto wide = toWide(std::string(1, static_cast<char>(byte)));
+    return wide.size() == 1 ? wide.front() : 0U;
+}
+
+} // namespace
 
 ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
     : ControlWindow(listBox, window), listBox_(listBox) {
@@ -15,15 +25,25 @@ ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
 }
 
 int ListBoxWindow::ask(UINT message) const noexcept {
-    return static_cast<int>(SendMessageA(window(), message, 0, 0));
+    return static_cast<int>(SendMessageW(window(), message, 0, 0));
 }
 
 void ListBoxWindow::measureCharacters() {
     const WindowContext context(window());
     const Selected font(context.get(),
-                        pointerIn<HGDIOBJ>(SendMessageA(window(), WM_GETFONT, 0, 0)));
+                        pointerIn<HGDIOBJ>(SendMessageW(window(), WM_GETFONT, 0, 0)));
     CharacterWidths widths{};
-    GetCharWidth32A(context.get(), 0, static_cast<UINT>(widths.size() - 1), widths.data());
+    // The characters of the code page are not in the order of their numbers.
+    for (std::size_t first = 0; first < widths.size();) {
+        const UINT number = numberOf(first);
+        std::size_t count = 1;
+        while (first + count < widths.size() && numberOf(first + count) == number + count) {
+            ++count;
+        }
+        GetCharWidth32W(context.get(), number, number + static_cast<UINT>(count - 1),
+                        widths.data() + first);
+        first += count;
+    }
     listBox_.measured(widths);
 }
 
@@ -38,12 +58,12 @@ void ListBoxWindow::changed(Property property) {
         break;
     }
     case Property::HorizontalExtent:
-        SendMessageA(window(), LB_SETHORIZONTALEXTENT,
+        SendMessageW(window(), LB_SETHORIZONTALEXTENT,
                      static_cast<WPARAM>(listBox_.horizontalExtent()), 0);
         break;
     case Property::AccessibleName:
         // Its own text, which nobody sees, is what some systems tell instead.
-        SetWindowTextA(window(), listBox_.accessibleName().c_str());
+        setWindowText(window(), listBox_.accessibleName());
         ControlWindow::changed(property);
         break;
     default:
@@ -54,29 +74,29 @@ void ListBoxWindow::changed(Property property) {
 
 // All of them anew, and the user stays at the place in the list.
 void ListBoxWindow::showItems() {
-    constexpr std::size_t bytesOfMostNames = 32;
+    constexpr std::size_t bytesOfMostNames = 64;
     const RedrawPause pause(window());
     const int top = ask(LB_GETTOPINDEX);
     const int caret = ask(LB_GETCARETINDEX);
     const std::vector<std::string>& items = listBox_.items();
-    SendMessageA(window(), LB_RESETCONTENT, 0, 0);
-    SendMessageA(window(), LB_INITSTORAGE, items.size(),
+    SendMessageW(window(), LB_RESETCONTENT, 0, 0);
+    SendMessageW(window(), LB_INITSTORAGE, items.size(),
                  static_cast<LPARAM>(items.size() * bytesOfMostNames));
     for (const std::string& item : items) {
-        SendMessageA(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+        SendMessageW(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     }
     if (!items.empty()) {
         const int last = static_cast<int>(items.size()) - 1;
         showSelection();
-        SendMessageA(window(), LB_SETCARETINDEX, static_cast<WPARAM>(std::clamp(caret, 0, last)),
+        SendMessageW(window(), LB_SETCARETINDEX, static_cast<WPARAM>(std::clamp(caret, 0, last)),
                      FALSE);
-        SendMessageA(window(), LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top, 0, last)), 0);
+        SendMessageW(window(), LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top, 0, last)), 0);
     }
 }
 
 // One message for each run of selected items.
 void ListBoxWindow::showSelection() {
-    SendMessageA(window(), LB_SETSEL, FALSE, -1);
+    SendMessageW(window(), LB_SETSEL, FALSE, -1);
     if (listBox_.selectedCount() == 0) {
         return;
     }
@@ -86,9 +106,9 @@ void ListBoxWindow::showSelection() {
         const auto from = first - selected.begin();
         const auto to = end - selected.begin() - 1;
         if (from == to) {
-            SendMessageA(window(), LB_SETSEL, TRUE, from);
+            SendMessageW(window(), LB_SETSEL, TRUE, from);
         } else {
-            SendMessageA(window(), LB_SELITEMRANGEEX, static_cast<WPARAM>(from), to);
+            SendMessageW(window(), LB_SELITEMRANGEEX, static_cast<WPARAM>(from), to);
         }
         first = std::find(end, selected.end(), true);
     }
@@ -96,7 +116,7 @@ void ListBoxWindow::showSelection() {
 
 std::vector<int> ListBoxWindow::selection() const {
     std::vector<int> indices(static_cast<std::size_t>(std::max(0, ask(LB_GETSELCOUNT))));
-    const LRESULT count = SendMessageA(window(), LB_GETSELITEMS, indices.size(),
+    const LRESULT count = SendMessageW(window(), LB_GETSELITEMS, indices.size(),
                                        reinterpret_cast<LPARAM>(indices.data()));
     indices.resize(static_cast<std::size_t>(std::max<LRESULT>(0, count)));
     return indices;

@@ -1,5 +1,7 @@
 #include "ui/win32/menu_bar.hpp"
 
+#include "platform/win32/system_text.hpp"
+
 #include <cstddef>
 
 namespace tarnwick {
@@ -29,14 +31,14 @@ void MenuBar::fill(HMENU menu, const std::vector<MenuItem*>& items) {
         const UINT id = firstId + static_cast<UINT>(shown_.size());
         shown_.push_back({.menu = menu, .position = position++, .item = item});
         if (item->isSeparator()) {
-            AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+            AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
         } else if (item->items().empty()) {
-            AppendMenuA(menu, MF_STRING | stateOf(*item), id, item->caption().c_str());
+            AppendMenuW(menu, MF_STRING | stateOf(*item), id, toWide(item->caption()).c_str());
         } else {
             HMENU below = CreatePopupMenu();
             fill(below, item->items());
-            AppendMenuA(menu, MF_POPUP | stateOf(*item), reinterpret_cast<UINT_PTR>(below),
-                        item->caption().c_str());
+            AppendMenuW(menu, MF_POPUP | stateOf(*item), reinterpret_cast<UINT_PTR>(below),
+                        toWide(item->caption()).c_str());
         }
     }
 }
@@ -44,13 +46,13 @@ void MenuBar::fill(HMENU menu, const std::vector<MenuItem*>& items) {
 void MenuBar::refresh() {
     for (const Shown& shown : shown_) {
         if (!shown.item->isSeparator()) {
-            MENUITEMINFOA info{};
+            MENUITEMINFOW info{};
             info.cbSize = sizeof info;
             info.fMask = MIIM_STATE | MIIM_STRING;
             info.fState = shown.item->enabled() ? MFS_ENABLED : MFS_GRAYED;
-            std::string caption = shown.item->caption();
+            std::wstring caption = toWide(shown.item->caption());
             info.dwTypeData = caption.data();
-            SetMenuItemInfoA(shown.menu, shown.position, TRUE, &info);
+            SetMenuItemInfoW(shown.menu, shown.position, TRUE, &info);
         }
     }
     if (window_ != nullptr) {

@@ -11,9 +11,9 @@ constexpr int roomInside = 1; // that the system keeps above and below the text,
 
 int heightOfText(HWND window) noexcept {
     const WindowContext context(window);
-    const Selected font(context.get(), pointerIn<HGDIOBJ>(SendMessageA(window, WM_GETFONT, 0, 0)));
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(context.get(), &metrics);
+    const Selected font(context.get(), pointerIn<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context.get(), &metrics);
     return metrics.tmHeight + 2 * roomInside * GetSystemMetrics(SM_CYBORDER);
 }
 
@@ -36,7 +36,7 @@ void paintStrips(HWND window) noexcept {
     OffsetRect(&content, -field.left, -field.top);
     const int border = content.left; // the same on every side
     const bool writable = IsWindowEnabled(window) != FALSE &&
-                          (GetWindowLongPtrA(window, GWL_STYLE) & ES_READONLY) == 0;
+                          (GetWindowLongPtrW(window, GWL_STYLE) & ES_READONLY) == 0;
     HBRUSH brush = GetSysColorBrush(writable ? COLOR_WINDOW : COLOR_BTNFACE);
     HDC context = GetWindowDC(window);
     const RECT above{
@@ -58,7 +58,7 @@ void drawAgain(HWND window) noexcept {
 
 OneLineField::OneLineField(HWND window) noexcept
     : WindowFilter(window),
-      isOne_(hasBorder(window) && (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0) {
+      isOne_(hasBorder(window) && (GetWindowLongPtrW(window, GWL_STYLE) & ES_MULTILINE) == 0) {
     if (isOne_) {
         measureAgain();
     }

@@ -1,6 +1,7 @@
 #include "ui/win32/picture_window.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/win32/system_text.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -25,12 +26,12 @@ void PictureWindow::showIcon() {
     GetClientRect(window(), &area);
     const int size = static_cast<int>(std::min(area.right, area.bottom));
     decltype(icon_) icon(
-        static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), picture_.image().c_str(),
+        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), toWide(picture_.image()).c_str(),
                                       IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
     if (icon == nullptr) {
         throw RunTimeError(ErrorNumber::InternalError);
     }
-    SendMessageA(window(), STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    SendMessageW(window(), STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     icon_ = std::move(icon);
 }
 

@@ -8,14 +8,14 @@ namespace tarnwick {
 class RedrawPause {
   public:
     explicit RedrawPause(HWND window) noexcept : window_(window) {
-        SendMessageA(window_, WM_SETREDRAW, FALSE, 0);
+        SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     }
     RedrawPause(const RedrawPause&) = delete;
     RedrawPause(RedrawPause&&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
     RedrawPause& operator=(RedrawPause&&) = delete;
     ~RedrawPause() {
-        SendMessageA(window_, WM_SETREDRAW, TRUE, 0);
+        SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
         RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
     }
 

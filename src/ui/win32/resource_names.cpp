@@ -1,5 +1,6 @@
 #include "ui/win32/resource_names.hpp"
 
+#include "platform/win32/system_text.hpp"
 #include "ui/win32/view_messages.hpp"
 
 #include <windows.h>
@@ -74,7 +75,8 @@ int readHead(Reader& reader) {
 
 std::map<int, std::string> textsInResource(const std::string& dialog) {
     std::map<int, std::string> texts;
-    HRSRC found = FindResourceA(nullptr, dialog.c_str(), pointerIn<LPCSTR>(5)); // RT_DIALOG
+    HRSRC found =
+        FindResourceW(nullptr, toWide(dialog).c_str(), pointerIn<LPCWSTR>(5)); // RT_DIALOG
     if (found == nullptr) {
         return texts;
     }

@@ -1,6 +1,6 @@
 #include "ui/win32/text_box_window.hpp"
 
-#include "ui/win32/wide_text.hpp"
+#include "ui/win32/refused_text.hpp"
 #include "ui/win32/window_font.hpp"
 #include "ui/win32/window_style.hpp"
 #include "ui/win32/window_text.hpp"
@@ -11,7 +11,7 @@ namespace tarnwick {
 
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
     : ControlWindow(textBox, window), textBox_(textBox), keys_(window), field_(window) {
-    SendMessageA(window, EM_SETLIMITTEXT, 0, 0); // no limit
+    SendMessageW(window, EM_SETLIMITTEXT, 0, 0); // no limit
     dropMargins();
 }
 
@@ -24,14 +24,14 @@ void TextBoxWindow::changed(Property property) {
         showSelection();
         break;
     case Property::ReadOnly:
-        SendMessageA(window(), EM_SETREADONLY, textBox_.readOnly() ? TRUE : FALSE, 0);
+        SendMessageW(window(), EM_SETREADONLY, textBox_.readOnly() ? TRUE : FALSE, 0);
         break;
     case Property::Font:
         showFont();
         break;
     case Property::Hint:
         SendMessageW(window(), EM_SETCUEBANNER, TRUE,
-                     reinterpret_cast<LPARAM>(wide(textBox_.hint()).c_str()));
+                     reinterpret_cast<LPARAM>(toWide(textBox_.hint()).c_str()));
         break;
     case Property::Focus:
         ControlWindow::changed(property);
@@ -54,16 +54,27 @@ void TextBoxWindow::resolutionChanged() {
 // has seen to the room around it.
 void TextBoxWindow::dropMargins() {
     if (!hasBorder(window())) {
-        SendMessageA(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+        SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     }
 }
 
 void TextBoxWindow::notified(WORD code) {
     if (code == EN_CHANGE && !showingText_) {
-        const Selection now = selection();
-        textBox_.userChangedText(windowText(window()), now.start, now.length);
+        edited();
     } else if (isFocusNotice(code)) {
         takeSelection();
+    }
+}
+
+// What has no place in the code page is not taken: the field shows again what it held.
+void TextBoxWindow::edited() {
+    if (const auto text = windowText(window()); text) {
+        const Selection now = selection();
+        textBox_.userChangedText(*text, now.start, now.length);
+    } else {
+        showText();
+        showSelection();
+        tellRefused(window());
     }
 }
 
@@ -84,7 +95,7 @@ bool TextBoxWindow::isFocusNotice(WORD code) const noexcept {
 TextBoxWindow::Selection TextBoxWindow::selection() const {
     DWORD start = 0;
     DWORD end = 0;
-    SendMessageA(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+    SendMessageW(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                  reinterpret_cast<LPARAM>(&end));
     return {.start = static_cast<int>(start), .length = static_cast<int>(end - start)};
 }
@@ -96,13 +107,13 @@ void TextBoxWindow::takeSelection() {
 
 void TextBoxWindow::showText() {
     showingText_ = true;
-    SetWindowTextA(window(), textBox_.text().c_str());
+    setWindowText(window(), textBox_.text());
     showingText_ = false;
 }
 
 void TextBoxWindow::showSelection() {
     const int end = textBox_.selStart() + textBox_.selLength();
-    SendMessageA(window(), EM_SETSEL, static_cast<WPARAM>(textBox_.selStart()), end);
+    SendMessageW(window(), EM_SETSEL, static_cast<WPARAM>(textBox_.selStart()), end);
 }
 
 void TextBoxWindow::showFont() {
@@ -110,11 +121,11 @@ void TextBoxWindow::showFont() {
     if (wanted.name.empty()) {
         return;
     }
-    GdiHandle<HFONT> font(CreateFontA(heightOfPoints(wanted.points, dpi()), 0, 0, 0, FW_NORMAL,
+    GdiHandle<HFONT> font(CreateFontW(heightOfPoints(wanted.points, dpi()), 0, 0, 0, FW_NORMAL,
                                       FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                                       CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN,
-                                      wanted.name.c_str()));
-    SendMessageA(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+                                      toWide(wanted.name).c_str()));
+    SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     font_ = std::move(font);
 }
 

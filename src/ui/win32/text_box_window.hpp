@@ -29,6 +29,7 @@ class TextBoxWindow final : public ControlWindow {
 
     [[nodiscard]] Selection selection() const;
     void takeSelection();
+    void edited();
     void showFont();
     void dropMargins();
     void showText();

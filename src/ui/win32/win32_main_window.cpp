@@ -1,6 +1,7 @@
 #include "ui/win32/win32_main_window.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/form_view.hpp"
 #include "ui/win32/view_messages.hpp"
@@ -26,8 +27,8 @@ class MainView final : public FormView {
     }
 
     [[nodiscard]] HWND make() {
-        HWND window = CreateDialogParamA(GetModuleHandleA(nullptr), form().name().c_str(), nullptr,
-                                         &MainView::procedure,
+        HWND window = CreateDialogParamW(GetModuleHandleW(nullptr), toWide(form().name()).c_str(),
+                                         nullptr, &MainView::procedure,
                                          reinterpret_cast<LPARAM>(static_cast<FormView*>(this)));
         if (window == nullptr && !failed()) {
             const DWORD code = GetLastError();
@@ -57,9 +58,9 @@ class MainView final : public FormView {
   private:
     void made() override {
         bind();
-        if (HICON icon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
+        if (HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1));
             icon != nullptr) {
-            SendMessageA(dialog(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+            SendMessageW(dialog(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
         }
     }
 
@@ -68,7 +69,7 @@ class MainView final : public FormView {
     void close() noexcept override {
         ShowWindow(dialog(), SW_HIDE);
         // A message that another program has sent does not wake the loop that is to look again.
-        PostMessageA(dialog(), WM_NULL, 0, 0);
+        PostMessageW(dialog(), WM_NULL, 0, 0);
     }
 
     // What the form says, as long as the window is that large in pixels.
@@ -96,10 +97,10 @@ void Win32MainWindow::run(Form& form) {
     window_ = view.make();
     view.showWindow();
     MSG message{};
-    while (view.isOpen() && GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (view.isOpen() && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (!handles(message)) {
             TranslateMessage(&message);
-            DispatchMessageA(&message);
+            DispatchMessageW(&message);
         }
     }
     window_ = nullptr;
@@ -113,10 +114,10 @@ bool Win32MainWindow::handles(MSG& message) {
     // Before the system looks for a control: it knows nothing of a menu that bears the same key.
     const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE;
     if (ours && message.message == WM_SYSCHAR &&
-        SendMessageA(window_, ViewMessage::accessKey, message.wParam, 0) != FALSE) {
+        SendMessageW(window_, ViewMessage::accessKey, message.wParam, 0) != FALSE) {
         return true;
     }
-    return IsDialogMessageA(window_, &message) != FALSE;
+    return IsDialogMessageW(window_, &message) != FALSE;
 }
 
 } // namespace tarnwick

@@ -7,9 +7,9 @@
 namespace tarnwick {
 
 // The font that the window writes in; its dialog has the form's own.
-[[nodiscard]] inline LOGFONTA fontOf(HWND window) noexcept {
-    LOGFONTA font{};
-    GetObjectA(reinterpret_cast<HGDIOBJ>(SendMessageA(window, WM_GETFONT, 0, 0)), // NOLINT
+[[nodiscard]] inline LOGFONTW fontOf(HWND window) noexcept {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)), // NOLINT
                sizeof font, &font);
     return font;
 }

@@ -5,8 +5,8 @@
 namespace tarnwick {
 
 [[nodiscard]] inline bool hasBorder(HWND window) noexcept {
-    return (GetWindowLongPtrA(window, GWL_STYLE) & WS_BORDER) != 0 ||
-           (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+    return (GetWindowLongPtrW(window, GWL_STYLE) & WS_BORDER) != 0 ||
+           (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
 }
 
 } // namespace tarnwick

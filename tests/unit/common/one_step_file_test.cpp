@@ -17,7 +17,7 @@ TEST(OneStepFile, A_new_file_appears_and_an_old_one_is_replaced) {
     EXPECT_EQ(world.read("C:\\a.ini"), "one");
     writeInOneStep(world.files(), "C:\\a.ini", "2");
     EXPECT_EQ(world.read("C:\\a.ini"), "2");
-    EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("a.ini"));
+    EXPECT_THAT(world.files().listFiles("C:\\", "").names, ElementsAre("a.ini"));
 }
 
 TEST(OneStepFile, The_new_content_is_on_the_medium_before_it_takes_the_old_ones_place) {
@@ -46,7 +46,7 @@ TEST(OneStepFile, A_full_disk_raises_and_leaves_the_old_file_alone) {
         EXPECT_TRUE(error.is(ErrorNumber::DiskFull));
     }
     EXPECT_EQ(world.read("C:\\a.ini"), "old");
-    EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("a.ini"));
+    EXPECT_THAT(world.files().listFiles("C:\\", "").names, ElementsAre("a.ini"));
 }
 
 TEST(OneStepFile, The_first_error_is_raised_even_when_cleaning_up_fails_too) {
@@ -131,7 +131,7 @@ class MoveInOneStep : public testing::Test {
     void expectOldPageAlone() {
         EXPECT_EQ(world.read("D:\\page"), "old content");
         EXPECT_EQ(world.read("C:\\new"), "new");
-        EXPECT_THAT(world.files().listFiles("D:\\", ""), ElementsAre("page"));
+        EXPECT_THAT(world.files().listFiles("D:\\", "").names, ElementsAre("page"));
     }
 
     HostedWorld world;

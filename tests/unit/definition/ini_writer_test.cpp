@@ -165,7 +165,7 @@ class FailedSave : public INIWriter {
         breakIt(faulty);
         SaveINIFile(definition, faulty, desktop);
         EXPECT_EQ(world.read("C:\\batch.ini"), "old\r\n");
-        EXPECT_THAT(world.files().listFiles("C:\\", ""), ElementsAre("batch.ini"));
+        EXPECT_THAT(world.files().listFiles("C:\\", "").names, ElementsAre("batch.ini"));
         EXPECT_TRUE(definition.bSettingsChanged);
     }
     void expectOldFileWhenFailing(FileOperation operation,
@@ -207,7 +207,7 @@ TEST_F(INIWriter, A_folder_of_the_files_name_is_reported_and_left_alone) {
     EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub SaveINIFile()",
                                                           ErrorNumber::PathFileAccess, EISDIR)));
     EXPECT_TRUE(world.files().canListFolder("C:\\batch.ini\\"));
-    EXPECT_THAT(world.files().listFiles("C:\\", ""), IsEmpty());
+    EXPECT_THAT(world.files().listFiles("C:\\", "").names, IsEmpty());
 }
 
 TEST_F(INIWriter, A_missing_folder_is_reported) {

@@ -26,6 +26,37 @@ TEST(Wildcard, Star_dot_star_is_every_name) {
     EXPECT_FALSE(matchesWildcard("README", "*.*x"));
 }
 
+TEST(Wildcard, A_dot_before_a_wildcard_also_stands_for_the_end_of_a_name_without_one) {
+    EXPECT_TRUE(matchesWildcard("README", "README.*"));
+    EXPECT_TRUE(matchesWildcard("README", "*.???"));
+    EXPECT_TRUE(matchesWildcard("README", "r*.*"));
+    EXPECT_FALSE(matchesWildcard("README", "README.*x"));
+    EXPECT_FALSE(matchesWildcard("README", "README.t*"));
+    EXPECT_FALSE(matchesWildcard("README2", "README.*"));
+}
+
+TEST(Wildcard, A_question_mark_stands_for_nothing_before_a_dot_and_at_the_end) {
+    EXPECT_TRUE(matchesWildcard("q.txt", "q?.txt"));
+    EXPECT_FALSE(matchesWildcard("q.txt", "q??.t?xt"));
+    EXPECT_TRUE(matchesWildcard("q", "q???"));
+    EXPECT_TRUE(matchesWildcard("q.t", "????.???"));
+    EXPECT_FALSE(matchesWildcard("qx", "?q"));
+    EXPECT_FALSE(matchesWildcard("a.b", "a?b")); // it stands for no dot
+}
+
+TEST(Wildcard, A_dot_at_the_end_asks_for_a_name_without_an_extension) {
+    EXPECT_TRUE(matchesWildcard("README", "*."));
+    EXPECT_FALSE(matchesWildcard("README.txt", "*."));
+    EXPECT_FALSE(matchesWildcard("a.b.c", "a*."));
+    EXPECT_TRUE(matchesWildcard("README", "README."));
+}
+
+TEST(Wildcard, A_star_before_a_dot_leaves_the_last_dot_of_the_name) {
+    EXPECT_TRUE(matchesWildcard("a.b.met", "*.met"));
+    EXPECT_FALSE(matchesWildcard("abc.txt", "a*.?"));
+    EXPECT_TRUE(matchesWildcard("abc.t", "a*.?"));
+}
+
 TEST(Wildcard, A_longer_extension_is_no_match_although_its_short_name_would_be) {
     EXPECT_FALSE(matchesWildcard("page.html", "*.htm"));
 }

@@ -223,8 +223,8 @@ TEST_F(RelativeLinks, A_page_is_rewritten_into_the_temporary_file_and_moved_into
     EXPECT_EQ(recording.count(FileOperation::MoveOver, "C:\\in\\tarnwick.tmp"), 1);
     EXPECT_EQ(recording.count(FileOperation::CreateNew), 1);
     EXPECT_EQ(recording.count(FileOperation::Create), 0);
-    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
-    EXPECT_THAT(world.files().listFiles(out + "Html", ""), ElementsAre("rec.html"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Html", "").names, ElementsAre("rec.html"));
 }
 
 TEST_F(RelativeLinks, A_temporary_file_of_an_earlier_call_is_deleted_even_when_there_is_no_page) {
@@ -243,8 +243,8 @@ TEST_F(RelativeLinks, What_an_earlier_call_left_behind_goes_before_a_page_is_rew
     world.write(out + "Faq\\tarnwick-new.tmp", "half a page");
     fix();
     EXPECT_EQ(faq(), hrefLine("../Text/rec.txt"));
-    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
-    EXPECT_THAT(world.files().listFiles(out + "Faq", ""), ElementsAre("rec_faq.htm"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Faq", "").names, ElementsAre("rec_faq.htm"));
 }
 
 TEST_F(RelativeLinks, A_hidden_temporary_file_goes_as_well) {
@@ -265,8 +265,8 @@ TEST_F(RelativeLinks, An_error_is_reported_and_skips_the_rest) {
     EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PathFileAccess, EACCES)));
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
     EXPECT_EQ(faq(), hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
-    EXPECT_THAT(world.files().listFiles(out + "Html", ""), ElementsAre("rec.html"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
+    EXPECT_THAT(world.files().listFiles(out + "Html", "").names, ElementsAre("rec.html"));
 }
 
 TEST_F(RelativeLinks, A_page_that_another_program_has_open_stays_as_it_is) {
@@ -275,7 +275,7 @@ TEST_F(RelativeLinks, A_page_that_another_program_has_open_stays_as_it_is) {
     fix();
     EXPECT_THAT(desktop.messages, ElementsAre(report(ErrorNumber::PermissionDenied, EAGAIN)));
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_THAT(world.files().listFiles("C:\\in", ""), IsEmpty());
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
     reader.reset();
     fix();
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));

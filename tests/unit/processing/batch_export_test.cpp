@@ -246,5 +246,24 @@ TEST_F(Export, A_file_that_cannot_be_created_is_raised) {
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
+TEST_F(Export, A_script_that_changes_the_code_page_puts_the_old_one_back_at_its_end) {
+    records = {"\xC0.txt", "b.txt"};
+    const std::string text = script();
+    const std::string change =
+        "@for /f \"tokens=2 delims=:.\" %%c in ('chcp') do @set TARNWICK_CODE_PAGE=%%c\r\n"
+        "@chcp 1252 > nul\r\n"
+        "REM CNS - Processing C:\\meta\\in\\\xC0.txt\r\n";
+    const std::string back = "@echo on\r\n"
+                             "@chcp %TARNWICK_CODE_PAGE% > nul\r\n"
+                             "@set TARNWICK_CODE_PAGE=\r\n";
+    EXPECT_THAT(text, HasSubstr(change));
+    EXPECT_TRUE(text.ends_with(back)) << text;
+}
+
+TEST_F(Export, A_script_that_needs_no_other_code_page_does_not_speak_of_one) {
+    records = {"caf\xE9.txt"};
+    EXPECT_THAT(script(), testing::Not(HasSubstr("CODE_PAGE")));
+}
+
 } // namespace
 } // namespace tarnwick

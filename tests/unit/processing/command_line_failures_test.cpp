@@ -36,7 +36,7 @@ TEST_F(CommandLineFailures, A_configuration_file_that_cannot_be_read_is_reported
 TEST_F(CommandLineFailures, An_error_while_events_run_before_the_start_leaves_no_batch) {
     events.handler = [] { throw RunTimeError(ErrorNumber::InternalError); };
     expectReport("-I C:\\batch.ini -n", own, ErrorNumber::InternalError);
-    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+    EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, ElementsAre("MPDELETE.bat"));
 }
 
 TEST_F(CommandLineFailures, An_error_behind_the_start_does_not_undo_it) {
@@ -63,13 +63,13 @@ TEST_F(CommandLineFailures, A_full_disk_is_reported_and_leaves_no_half_written_b
     // Room for the delete batch and the notification, and for a part of the batch.
     faulty.fillDiskAfter(200);
     expectReport("-I C:\\batch.ini -n", own, ErrorNumber::DiskFull);
-    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+    EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, ElementsAre("MPDELETE.bat"));
 }
 
 TEST_F(CommandLineFailures, A_batch_that_cannot_be_started_is_reported_and_removed) {
     interpreter.failure = RunTimeError(ErrorNumber::PathFileAccess);
     expectReport("-I C:\\batch.ini -n", own, ErrorNumber::PathFileAccess);
-    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat"));
+    EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, ElementsAre("MPDELETE.bat"));
 }
 
 TEST_F(CommandLineFailures, A_folder_that_can_no_longer_be_listed_is_reported) {

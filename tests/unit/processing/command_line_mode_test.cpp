@@ -25,7 +25,8 @@ TEST_F(CommandLineMode, A_stored_definition_becomes_a_batch_to_the_byte) {
               "Call \"C:\\temp\\MPDELETE.bat\" \"C:\\temp\\MP_CL.bat\"\r\n");
     EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL.bat");
     EXPECT_EQ(world.read("C:\\temp\\MPDELETE.bat"), "del %1\r\n");
-    EXPECT_THAT(world.files().listFiles("C:\\temp", ""), ElementsAre("MPDELETE.bat", "MP_CL.bat"));
+    EXPECT_THAT(world.files().listFiles("C:\\temp", "").names,
+                ElementsAre("MPDELETE.bat", "MP_CL.bat"));
 }
 
 TEST_F(CommandLineMode, Waiting_events_run_before_and_after_the_start) {

@@ -59,7 +59,7 @@ class CommandLineWorld : public testing::Test {
     void expectNothingDone(std::string_view text) {
         EXPECT_EQ(run(text), CommandLineResult::NothingStarted);
         EXPECT_THAT(interpreter.started, testing::IsEmpty());
-        EXPECT_THAT(world.files().listFiles("C:\\temp", ""), testing::IsEmpty());
+        EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, testing::IsEmpty());
     }
     void expectOnlyHelp(std::string_view text) {
         expectNothingDone(text);

@@ -18,7 +18,7 @@ TEST_F(FaultyFilesTest, Without_a_fault_every_call_passes) {
     putBytes(files, R"(C:\a.txt)", "abc");
     files.moveOver(R"(C:\a.txt)", R"(C:\b.txt)");
     EXPECT_EQ(bytesOf(files, R"(C:\b.txt)"), "abc");
-    EXPECT_EQ(files.listFiles(R"(C:\)", "*"), std::vector<std::string>{"b.txt"});
+    EXPECT_EQ(files.listFiles(R"(C:\)", "*").names, std::vector<std::string>{"b.txt"});
     EXPECT_TRUE(files.canListFolder(R"(C:\)"));
 }
 
@@ -32,7 +32,7 @@ TEST_F(FaultyFilesTest, Only_the_nth_call_of_the_operation_fails) {
         EXPECT_EQ(error.record(), ioError.record());
     }
     files.createFolder(R"(C:\three)");
-    EXPECT_EQ(files.listFolders(R"(C:\)"), (std::vector<std::string>{"one", "three"}));
+    EXPECT_EQ(files.listFolders(R"(C:\)").names, (std::vector<std::string>{"one", "three"}));
 }
 
 TEST_F(FaultyFilesTest, A_call_that_always_fails_does_so_until_it_is_healed) {

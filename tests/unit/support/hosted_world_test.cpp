@@ -14,7 +14,7 @@ TEST(HostedWorld, It_starts_with_an_empty_drive_and_leaves_nothing_behind) {
         HostedWorld world;
         root = world.drivesRoot();
         EXPECT_EQ(world.files().drives(), std::vector<std::string>{"C:"});
-        EXPECT_TRUE(world.files().listFiles("C:", "").empty());
+        EXPECT_TRUE(world.files().listFiles("C:", "").names.empty());
         world.write(R"(C:\a\b\c.txt)", "x");
         world.makeUnlistable(R"(C:\a)");
     }

@@ -1,6 +1,8 @@
 // How the folder picker starts, and how its lists and its path field follow each other.
 #include "unit/ui/dialogs/open_folder_world.hpp"
 
+#include <filesystem>
+
 namespace tarnwick {
 namespace {
 
@@ -131,6 +133,20 @@ TEST_F(OpenFolder, A_folder_of_a_share_is_on_no_drive) {
     files.heal();
     pickDrive("D:");
     expectShown("D:", R"(D:\)");
+}
+
+TEST_F(OpenFolder, Folders_without_a_name_are_told_once_for_each_listing) {
+    std::filesystem::create_directories(world.drivesRoot() + "/d/Maps/\x81 1");
+    std::filesystem::create_directories(world.drivesRoot() + "/d/Maps/\x81 2");
+    show(R"(D:\Maps)");
+    const auto told = warning("2 folders in the folder \"D:\\Maps\" are left out: their names have "
+                              "no place in the system's code page.\r\n"
+                              "The first of them is \"<U+0081> 1\".");
+    EXPECT_THAT(desktop.messages, ElementsAre(told));
+    openFolder(R"(D:\Maps\sheets)");
+    EXPECT_THAT(desktop.messages, ElementsAre(told));
+    openFolder(R"(D:\Maps)");
+    EXPECT_THAT(desktop.messages, ElementsAre(told, told));
 }
 
 } // namespace

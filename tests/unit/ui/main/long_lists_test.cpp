@@ -34,10 +34,9 @@ class HugeFolder : public ForwardingFiles {
             names.push_back("r" + std::string(6 - number.size(), '0') + number + ".met");
         }
     }
-    [[nodiscard]] std::vector<std::string> listFiles(std::string_view,
-                                                     std::string_view) const override {
+    [[nodiscard]] Listing listFiles(std::string_view, std::string_view) const override {
         ++timesListed;
-        return names;
+        return {.names = names, .leftOut = {}};
     }
     std::vector<std::string> names;
     mutable int timesListed = 0;

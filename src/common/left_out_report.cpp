@@ -1,0 +1,50 @@
+#include "common/left_out_report.hpp"
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+
+#include <string>
+
+namespace tarnwick {
+namespace {
+
+// "The file "a" in the folder "f" is left out: its name why." or "3 files in the folder "f" are
+// left out: their names why." and the first of them.
+std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_view where,
+                     std::string_view singularWhy, std::string_view pluralWhy) {
+    std::string text;
+    if (leftOut.count == 1) {
+        return text.append("The ")
+            .append(kind)
+            .append(" ")
+            .append(quoted(leftOut.first))
+            .append(where)
+            .append(" is left out: its name ")
+            .append(singularWhy)
+            .append(".");
+    }
+    text.append(std::to_string(leftOut.count)).append(" ").append(kind).append("s").append(where);
+    text.append(" are left out: their names ").append(pluralWhy).append(".").append(lineEnd);
+    return text.append("The first of them is ").append(quoted(leftOut.first)).append(".");
+}
+
+} // namespace
+
+void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind,
+                 std::string_view folder) {
+    if (leftOut.count > 0) {
+        showWarning(desktop, sentence(leftOut, kind, " in the folder " + quoted(folder),
+                                      "has no place in the system's code page",
+                                      "have no place in the system's code page"));
+    }
+}
+
+void tellRefusedRecords(Desktop& desktop, const LeftOut& refused) {
+    if (refused.count > 0) {
+        showWarning(desktop,
+                    sentence(refused, "record", "", "holds a character that no command may hold",
+                             "hold characters that no command may hold"));
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/desktop.hpp"
+#include "platform/left_out.hpp"
+
+#include <string_view>
+
+namespace tarnwick {
+
+// Tells the user what a listing of `folder` has left out, as "file" or "folder"; nothing when it
+// has left out nothing.
+void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind,
+                 std::string_view folder);
+
+// Tells the user which records no command was written for (see processing/record_names.hpp).
+void tellRefusedRecords(Desktop& desktop, const LeftOut& refused);
+
+} // namespace tarnwick

@@ -1,0 +1,95 @@
+// A name of any bytes, as a folder may hold it, on its way into command lines. Ends the program
+// where it would become more than a name.
+
+#include "platform/wildcard.hpp"
+#include "processing/record_names.hpp"
+#include "processing/tool_command.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+void require(bool holds, const char* rule) {
+    if (!holds) {
+        std::cerr << "broken: " << rule << '\n';
+        std::abort();
+    }
+}
+
+// The words of a command line between quotation marks, and what lies outside them.
+struct Read {
+    std::vector<std::string> quoted;
+    std::string outside;
+};
+
+Read asTheInterpreterReads(const std::string& line) {
+    Read read;
+    bool inQuotes = false;
+    for (const char character : line) {
+        if (character == '"') {
+            inQuotes = !inQuotes;
+            if (inQuotes) {
+                read.quoted.emplace_back();
+            }
+        } else if (inQuotes) {
+            read.quoted.back() += character;
+        } else {
+            read.outside += character;
+        }
+    }
+    return read;
+}
+
+void tryName(const std::string& name) {
+    std::vector<std::string> records{"a.met", name, "b.met"};
+    const LeftOut refused = refuseUnsafeNames(records);
+    require(records.size() + refused.count == 3, "every record is kept or told");
+    require(refused.first.find_first_of("\r\n") == std::string::npos, "what is shown is one line");
+    for (const std::string& record : records) {
+        const ToolCommand command{.tool = "C:\\mp.exe",
+                                  .arguments = {{ToolArgument::Kind::Input, "C:\\in\\" + record}}};
+        const std::string line = batchLine(command);
+        require(line.find_first_of("\r\n") == std::string::npos, "a command is one line");
+        const Read read = asTheInterpreterReads(line);
+        require(read.outside == "call  ", "nothing lies outside the quotation marks");
+        require(read.quoted == std::vector<std::string>{"C:\\mp.exe", "C:\\in\\" + record},
+                "the record is one word");
+        require(record.find('\\') == std::string::npos, "no record leads to another folder");
+    }
+    if (staysName(name)) {
+        require(matchesWildcard(name, "*"), "a star stands for every name");
+    }
+}
+
+// The front of the bytes is a pattern, the rest a name: what the matcher says must not depend on
+// case, and it must come to an end.
+void tryPattern(const std::string& bytes) {
+    const auto half = bytes.size() / 2;
+    const std::string pattern = bytes.substr(0, half);
+    const std::string name = bytes.substr(half);
+    const bool matches = matchesWildcard(name, pattern);
+    std::string lower = pattern;
+    for (char& character : lower) {
+        if (character >= 'A' && character <= 'Z') {
+            character = static_cast<char>(character + ('a' - 'A'));
+        }
+    }
+    require(matchesWildcard(name, lower) == matches, "case does not matter");
+    require(matchesAnyWildcard(name, "*"), "a star stands for every name");
+}
+
+} // namespace
+} // namespace tarnwick
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string bytes(data, data + size);
+    tarnwick::tryName(bytes);
+    tarnwick::tryPattern(bytes);
+    return 0;
+}

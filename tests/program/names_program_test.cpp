@@ -1,0 +1,130 @@
+// Records whose names look like something else in the system's code page: each is a record of its
+// own, and none a command, another record or another folder.
+
+#include "program/installation.hpp"
+#include "program/running_program.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+
+namespace tarnwick::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+class NamesProgram : public testing::Test {
+  protected:
+    NamesProgram() { place.write("batch.ini", place.definition()); }
+
+    [[nodiscard]] fs::path in(const wchar_t* folder) const {
+        return place.program().parent_path() / folder;
+    }
+    void putRecord(const std::wstring& name, const std::string& title) const {
+        std::ofstream(in(L"in") / name, std::ios::binary) << record(title);
+    }
+    [[nodiscard]] bool batchEnds() const {
+        return eventually([&] { return place.temporaryFiles() == "MPDELETE.bat"; });
+    }
+    // How many texts the tools have made of the record of each title.
+    [[nodiscard]] std::map<std::string, int> titlesOfOutputs() const {
+        std::map<std::string, int> titles;
+        for (const auto& entry : fs::directory_iterator(in(L"out"))) {
+            if (entry.path().extension() == L".xml") {
+                std::ifstream file(entry.path(), std::ios::binary);
+                const std::string text{std::istreambuf_iterator<char>(file), {}};
+                for (const char* title : titlesUsed) {
+                    titles[title] += text.contains(title) ? 1 : 0;
+                }
+            }
+        }
+        return titles;
+    }
+    [[nodiscard]] bool anythingNamed(const wchar_t* name) const {
+        for (const auto& entry : fs::recursive_directory_iterator(place.program().parent_path())) {
+            if (entry.path().filename() == name) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    static constexpr std::array titlesUsed{"Plain", "Quotes",  "Climbs", "Percent",
+                                           "Star",  "Greater", "Macron", "Beetle"};
+    Installation place;
+};
+
+TEST_F(NamesProgram, Every_record_with_a_deceiving_name_is_run_over_once_and_as_itself) {
+    putRecord(L"a.met", "Plain");
+    putRecord(L"\xFF02&md pwned&\xFF02.met", "Quotes");
+    putRecord(L"x\xFF3C..\xFF3C..\xFF3Cw.met", "Climbs");
+    putRecord(L"p\xFF05OS\xFF05.met", "Percent");
+    putRecord(L"\xFF0A.met", "Star");
+    putRecord(L"\xFF1E.met", "Greater");
+    putRecord(L"\x0101.met", "Macron");
+    putRecord(L"\x0416\x0443\x043A.met", "Beetle");
+    RunningProgram program(place.program(), L"-I batch.ini");
+    EXPECT_EQ(program.exitCode(), 0U);
+    ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
+    EXPECT_THAT(titlesOfOutputs(),
+                UnorderedElementsAre(Pair("Plain", 1), Pair("Quotes", 1), Pair("Climbs", 1),
+                                     Pair("Percent", 1), Pair("Star", 1), Pair("Greater", 1),
+                                     Pair("Macron", 1), Pair("Beetle", 1)));
+    EXPECT_FALSE(anythingNamed(L"pwned"));
+    EXPECT_FALSE(fs::exists(in(L"w.met")) || fs::exists(in(L"w.xml")));
+}
+
+TEST_F(NamesProgram, A_definition_is_named_by_its_short_name) {
+    putRecord(L"a.met", "Plain");
+    fs::copy_file(in(L"batch.ini"), in(L"\x0416\x0443\x043A stored.ini"));
+    RunningProgram program(place.program(),
+                           L"-I \"" + in(L"\x0416\x0443\x043A stored.ini").wstring() + L"\"");
+    EXPECT_EQ(program.exitCode(), 0U);
+    ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
+    EXPECT_EQ(titlesOfOutputs()["Plain"], 1);
+}
+
+TEST_F(NamesProgram, A_definition_of_a_deceiving_name_is_not_the_one_it_looks_like) {
+    putRecord(L"a.met", "Plain");
+    RunningProgram program(place.program(), L"-I b\x0101tch.ini");
+    const HWND message = program.window("Warning");
+    EXPECT_EQ(messageOf(message),
+              "The INI file \"" + place.path("b<U+0101>tch.ini") + "\" does not exist.");
+    press(message, "OK");
+    EXPECT_EQ(program.exitCode(), 1U);
+    EXPECT_EQ(place.temporaryFiles(), "");
+}
+
+TEST_F(NamesProgram, An_input_folder_in_the_command_line_is_named_by_its_short_name) {
+    fs::create_directory(in(L"\x0416\x0443\x043A records"));
+    std::ofstream(in(L"\x0416\x0443\x043A records") / L"b.met") << record("Beetle");
+    putRecord(L"a.met", "Plain");
+    RunningProgram program(place.program(), L"-I batch.ini -F \"" +
+                                                in(L"\x0416\x0443\x043A records").wstring() +
+                                                L"\"");
+    EXPECT_EQ(program.exitCode(), 0U);
+    ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
+    EXPECT_EQ(titlesOfOutputs()["Beetle"], 1);
+    EXPECT_EQ(titlesOfOutputs()["Plain"], 0);
+}
+
+TEST_F(NamesProgram, An_input_folder_that_cannot_be_named_is_not_replaced_by_the_stored_one) {
+    putRecord(L"a.met", "Plain");
+    RunningProgram program(place.program(), L"-I batch.ini -F C:\\\x0416\x0443\x043A");
+    const HWND message = program.window("Warning");
+    EXPECT_EQ(messageOf(message), "The folder \"C:\\<U+0416><U+0443><U+043A>\" has no name in the "
+                                  "system's code page.");
+    press(message, "OK");
+    EXPECT_EQ(program.exitCode(), 1U);
+    EXPECT_EQ(place.temporaryFiles(), "");
+}
+
+} // namespace
+} // namespace tarnwick::test

@@ -1,0 +1,3 @@
+inline int length(HWND window) {
+    return GetWindowTextLengthA(window);
+}

@@ -1,0 +1,3 @@
+inline LPSTR name(WIN32_FIND_DATAA& entry) {
+    return entry.cFileName;
+}

@@ -1,0 +1,75 @@
+# Sourced by execute.sh: records whose names look like something else in the system's code page.
+
+deceiving_names=('＂&md pwned&＂.met' 'x＼..＼..＼w.met' 'p％OS％.met' '＊.met' '＞.met' 'ā.met' 'Жук.met')
+
+lay_out_deceiving_records() {
+    for name in "${deceiving_names[@]}"; do echo "Title: $name" >"$folder/records/$name"; done
+}
+# One output of each record, of different content, and nothing that a command would have made.
+expect_each_record_once() {
+    local made
+    made=$(find "$folder/out/mp" -name '*.txt' | wc -l)
+    [ "$made" = $((${#deceiving_names[@]} + 1)) ] || fail "$made texts: $(ls "$folder/out/mp")"
+    [ "$(md5sum "$folder"/out/mp/*.txt | cut -d' ' -f1 | sort -u | wc -l)" = "$made" ] ||
+        fail "a record was run over twice"
+    local strange
+    strange=$(find "$folder" -name pwned -o -name 'w.*')
+    [ -z "$strange" ] || fail "$strange"
+}
+
+run_is_done() {
+    look
+    [ "$(text_of StatusBar1)" = Done! ]
+}
+# However long that takes on a busy machine.
+wait_for_done() {
+    for _ in $(seq 600); do
+        if run_is_done; then return; fi
+        sleep 0.1
+    done
+    fail "the run does not end: $(text_of StatusBar1)"
+}
+
+test_90_deceiving_names_in_a_run_and_in_a_batch_file() {
+    fresh
+    lay_out_deceiving_records
+    define 'GRID_Text=C:\work\out\mp'
+    launch_run
+    expect_entries lstSelected 8 0
+    press cmdOK
+    wait_for_done
+    expect_idle Done!
+    expect_each_record_once
+    press cmdCreateBatFile
+    answer_file_dialog 'Save Batch File' 'C:\work\kept.bat'
+    expect_message Tarnwick 'The batch file "C:\work\kept.bat" has been created.'
+    rm "$folder"/out/mp/*
+    "$wine_run" cmd /c 'C:\work\kept.bat' >"$work/kept.log" 2>&1 </dev/null ||
+        fail "the batch file: $(cat "$work/kept.log")"
+    expect_each_record_once
+    end_program
+}
+
+# bring_in type|paste NUMBER...: into the field that has the focus.
+bring_in() {
+    "$wine_run" "$build/tests/window/wide_hands.exe" "$title" "$@" >"$work/hands.log" 2>&1 </dev/null ||
+        fail "nothing comes in: $(cat "$work/hands.log")"
+}
+
+test_91_a_character_without_a_place_is_not_taken_by_a_field() {
+    fresh
+    define
+    launch_run
+    fill txtInExt '*.me'
+    bring_in type 74
+    bring_in paste 61 62
+    look
+    expect_text txtInExt '*.metab'
+    bring_in type 416 101 ff0a
+    look
+    expect_text txtInExt '*.metab'
+    bring_in paste ff02 26 6d 64
+    look
+    expect_text txtInExt '*.metab'
+    end_program_asked
+}

@@ -11,7 +11,10 @@ if(WIN32)
   target_compile_definitions(tarnwick_options INTERFACE
     WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
   # No time of linking in the program: built twice, it has the same bytes.
-  target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp)
+  target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp
+    # In C++23 this compiler's header defines std::type_info's comparison, and its static library
+    # defines it once more. (The native linker still finds what we ourselves define twice.)
+    -Wl,--allow-multiple-definition)
 endif()
 if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE

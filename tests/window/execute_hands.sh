@@ -4,8 +4,6 @@
 . "$here/main_hands.sh"
 
 watcher=$build/tests/window/run_watcher.exe
-control[StatusBar1]='status 1'
-control[ProgressBar1]='progress 1'
 
 # The temporary folder of programs started from now on; it is made, and is then $temp.
 set_temp() {

@@ -11,6 +11,8 @@
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tarnwick {
 namespace {
@@ -105,11 +107,17 @@ class CommandLineRun {
         listRecords();
     }
 
+    // Reported by itself: the command line may name a better folder than the definition.
     void listRecords() {
-        if (FolderExists(services_.files, definition_.sInputFolder)) {
-            records_.load(
-                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions));
+        if (!FolderExists(services_.files, definition_.sInputFolder)) {
+            return;
         }
+        std::vector<std::string> listing;
+        trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
+            listing =
+                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
+        });
+        records_.load(std::move(listing));
     }
 
     void startBatch(bool notify) {

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_desktop.hpp"
 
+#include "platform/default_extension.hpp"
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
@@ -12,6 +13,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -37,8 +39,9 @@ std::string filterList(std::string_view filter) {
     return list + std::string(2, '\0');
 }
 
-// Whether a file was chosen; its name is in `name` then.
-bool runDialog(const FileDialog& dialog, std::string& name) {
+// Whether a file was chosen; its name is in `name` then, and the filter that it was chosen by in
+// `filterIndex`.
+bool runDialog(const FileDialog& dialog, std::string& name, DWORD& filterIndex) {
     const auto filter = filterList(dialog.filter);
     OPENFILENAMEA request{};
     request.lStructSize = sizeof request;
@@ -50,32 +53,55 @@ bool runDialog(const FileDialog& dialog, std::string& name) {
     request.lpstrInitialDir = dialog.initialFolder.empty() ? nullptr : dialog.initialFolder.c_str();
     request.lpstrTitle = dialog.title.empty() ? nullptr : dialog.title.c_str();
     request.Flags = flagsOf(dialog);
-    return (dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameA(&request)
-                                                  : GetSaveFileNameA(&request)) != 0;
+    const BOOL chosen = dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameA(&request)
+                                                              : GetSaveFileNameA(&request);
+    filterIndex = request.nFilterIndex;
+    return chosen != FALSE;
+}
+
+bool somethingExists(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// The button that was pressed; IDCANCEL for none, 0 where the box could not be shown.
+int showBox(const Message& message) {
+    return MessageBoxA(askingWindow(), message.text.c_str(), message.title.c_str(),
+                       styleOf(message));
+}
+
+// Then no box stays on the screen: asking would never end.
+bool programIsToEnd() {
+    MSG message{};
+    return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
 }
 
 } // namespace
 
 MessageAnswer Win32Desktop::show(const Message& message) {
-    switch (MessageBoxA(askingWindow(), message.text.c_str(), message.title.c_str(),
-                        styleOf(message))) {
-    case IDYES:
-        return MessageAnswer::Yes;
-    case IDNO:
-        return MessageAnswer::No;
-    default:
-        return message.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    int answer = showBox(message);
+    if (message.buttons == MessageButtons::Ok) {
+        return MessageAnswer::Ok;
     }
+    // Escape and a closed window are no answer, and either one could cost the user something.
+    while (answer != IDYES && answer != IDNO && !programIsToEnd()) {
+        if (answer == 0) {
+            const DWORD code = GetLastError();
+            raiseSystemError(ErrorNumber::InternalError, code);
+        }
+        answer = showBox(message);
+    }
+    return answer == IDYES ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
 std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
     constexpr std::size_t longestPath = 32768;
     std::string name = dialog.fileName.substr(0, longestPath - 1);
     name.resize(longestPath);
-    bool chosen = runDialog(dialog, name);
+    DWORD filterIndex = 0;
+    bool chosen = runDialog(dialog, name, filterIndex);
     if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
         name.assign(longestPath, '\0'); // better an empty field than no dialog
-        chosen = runDialog(dialog, name);
+        chosen = runDialog(dialog, name, filterIndex);
     }
     if (!chosen) {
         const auto systemError = CommDlgExtendedError();
@@ -83,7 +109,17 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
                          systemError);
     }
     name.resize(name.find('\0'));
-    return name;
+    // The system's own default extension would be appended whichever filter is chosen.
+    if (dialog.kind == FileDialog::Kind::Open || filterIndex != 1) {
+        return name;
+    }
+    std::string extended = withDefaultExtension(name, dialog.filter);
+    if (dialog.overwritePrompt && extended != name && somethingExists(extended)) {
+        FileDialog again = dialog; // it asks before it replaces, and has not seen this name yet
+        again.fileName = std::move(extended);
+        return chooseFile(again);
+    }
+    return extended;
 }
 
 std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {

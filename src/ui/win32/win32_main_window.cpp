@@ -116,6 +116,10 @@ bool Win32MainWindow::handles(MSG& message) {
         SendMessageA(window_, ViewMessage::accessKey, message.wParam, 0) != FALSE) {
         return true;
     }
+    if (ours && message.message == WM_KEYDOWN && message.wParam == VK_F5) {
+        SendMessageA(window_, ViewMessage::functionKey, message.wParam, 0);
+        return true;
+    }
     return IsDialogMessageA(window_, &message) != FALSE;
 }
 

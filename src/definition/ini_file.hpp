@@ -17,9 +17,9 @@ namespace tarnwick {
 [[nodiscard]] std::string iniFileText(const BatchDefinition& definition, const Files& files);
 
 // Replaces the file `sINIFile` by one that stores the definition, in one step, and clears
-// `bSettingsChanged`. An error is reported; the old file and `bSettingsChanged` are then as they
-// were.
-void SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);
+// `bSettingsChanged`. True when all went well. An error is reported; the old file and
+// `bSettingsChanged` are then as they were.
+bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);
 
 // Reads the file `sINIFile` into the definition and clears `bSettingsChanged`. Where that file does
 // not exist, `sINIFile` becomes the default file in the program's folder; where that does not exist
@@ -27,7 +27,8 @@ void SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);
 // `whenRead` is called between the last line and the end, with the file still open, exactly when a
 // file was read: the place to bring a window up to date.
 // True when all went well. An error, also one of `whenRead`, is reported: the definition then holds
-// what was read so far, and `bSettingsChanged` is as it was.
+// what was read so far, and `bSettingsChanged` is as it was. A file that holds something, but not
+// one entry that is known, is none of ours: that is error 321, and the definition stays as it was.
 bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
                  const std::function<void()>& whenRead);
 

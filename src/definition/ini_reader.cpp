@@ -6,10 +6,12 @@
 #include "definition/ini_file.hpp"
 #include "definition/output_types.hpp"
 #include "definition/resolved_paths.hpp"
+#include "platform/run_time_error.hpp"
 
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -24,6 +26,9 @@ bool isTrue(std::string_view value) {
     return equalIgnoringCase(trim(value), "TRUE");
 }
 
+// What editors put in front of a text to say that it is UTF-8.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 // Takes the lines of one file into a definition. The extensions are collected apart and reach the
 // rows at the end of the file.
 class IniReader {
@@ -32,21 +37,16 @@ class IniReader {
         : definition_(definition), files_(files), folders_(files) {}
 
     void readLine(std::string_view line) {
-        if (line.size() > longestEntry) {
-            return;
+        if (!std::exchange(begun_, true) && line.starts_with(byteOrderMark)) {
+            line.remove_prefix(byteOrderMark.size());
         }
-        const auto equals = line.find('=');
-        if (equals == std::string_view::npos) {
-            return;
-        }
-        const std::string_view key = trim(line.substr(0, equals));
-        const std::string_view value = line.substr(equals + 1);
-        if (equalIgnoringCase(key.substr(0, gridKeyPrefix.size()), gridKeyPrefix)) {
-            readGridLine(key.substr(gridKeyPrefix.size()), value);
-        } else if (!readToolEntry(key, value) && !readFieldEntry(key, value)) {
-            readExtension(key, value);
-        }
+        const bool known = readEntry(line);
+        knowsEntry_ = knowsEntry_ || known;
+        holdsText_ = holdsText_ || !trim(line).empty();
     }
+
+    // Whether the file holds something, but nothing that is ours.
+    [[nodiscard]] bool isNoDefinition() const noexcept { return holdsText_ && !knowsEntry_; }
 
     void finish() {
         copyExtensions(mpExtensions_, definition_.MPOutputs);
@@ -64,6 +64,21 @@ class IniReader {
         const std::array<OutputType, rows>& types;
         std::array<std::string, rows> texts;
     };
+
+    // Whether it is an entry that is known.
+    bool readEntry(std::string_view line) {
+        const auto equals = line.find('=');
+        if (equals == std::string_view::npos || line.size() > longestEntry ||
+            line.contains('\0')) { // no field, path or command can hold that
+            return false;
+        }
+        const std::string_view key = trim(line.substr(0, equals));
+        const std::string_view value = line.substr(equals + 1);
+        if (equalIgnoringCase(key.substr(0, gridKeyPrefix.size()), gridKeyPrefix)) {
+            return readGridLine(key.substr(gridKeyPrefix.size()), value);
+        }
+        return readToolEntry(key, value) || readFieldEntry(key, value) || readExtension(key, value);
+    }
 
     // The entries of the tools and of the settings without a field in the main window.
     bool readToolEntry(std::string_view key, std::string_view value) {
@@ -126,10 +141,8 @@ class IniReader {
         }
     }
 
-    void readExtension(std::string_view key, std::string_view value) {
-        if (!setExtension(mpExtensions_, key, value)) {
-            setExtension(cnsExtensions_, key, value);
-        }
+    bool readExtension(std::string_view key, std::string_view value) {
+        return setExtension(mpExtensions_, key, value) || setExtension(cnsExtensions_, key, value);
     }
 
     template <std::size_t rows>
@@ -152,10 +165,9 @@ class IniReader {
         }
     }
 
-    void readGridLine(std::string_view fileType, std::string_view value) {
-        if (!switchOn(definition_.CNSOutputs, fileType, trim(value))) {
-            switchOn(definition_.MPOutputs, fileType, trim(value));
-        }
+    bool readGridLine(std::string_view fileType, std::string_view value) {
+        return switchOn(definition_.CNSOutputs, fileType, trim(value)) ||
+               switchOn(definition_.MPOutputs, fileType, trim(value));
     }
 
     // True when a row has that type, whether or not its folder exists.
@@ -178,6 +190,9 @@ class IniReader {
     KnownFolders folders_;
     Extensions<mpOutputTypes.size()> mpExtensions_{mpOutputTypes};
     Extensions<cnsOutputTypes.size()> cnsExtensions_{cnsOutputTypes};
+    bool begun_ = false;
+    bool knowsEntry_ = false;
+    bool holdsText_ = false;
 };
 
 // False when neither the file nor the default file in the program's folder exists.
@@ -198,6 +213,7 @@ bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& deskt
         if (findINIFile(definition, files)) {
             // Opened first: a file that cannot be read must not cost the products in memory.
             const auto file = files.openForReading(definition.sINIFile);
+            const BatchDefinition before = definition;
             switchOffAllOutputs(definition);
             // The file is ours and ends its lines with CR LF, but people edit it with what they
             // have: a bare LF ends a line too.
@@ -205,6 +221,10 @@ bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& deskt
             IniReader reader(definition, files);
             while (const auto line = lines.next()) {
                 reader.readLine(*line);
+            }
+            if (reader.isNoDefinition()) {
+                definition = before;
+                throw RunTimeError(ErrorNumber::InvalidFileFormat);
             }
             reader.finish();
             whenRead();

@@ -74,11 +74,14 @@ std::string iniFileText(const BatchDefinition& definition, const Files& files) {
     return text;
 }
 
-void SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop) {
+bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop) {
+    bool written = false;
     trap(desktop, "frmMain", "Public Sub SaveINIFile()", [&] {
         writeInOneStep(files, definition.sINIFile, iniFileText(definition, files));
         definition.bSettingsChanged = false;
+        written = true;
     });
+    return written;
 }
 
 } // namespace tarnwick

@@ -41,11 +41,13 @@ class Desktop {
   public:
     virtual ~Desktop() = default;
 
-    // Shows the message. Ok for an Ok box, however it is closed; Yes or No for the other, which
-    // cannot be closed otherwise.
+    // Shows the message. Ok for an Ok box, however it is closed; Yes or No for the other, which is
+    // shown again where it was closed otherwise. Raises 51 where a question cannot be shown.
     virtual MessageAnswer show(const Message& message) = 0;
 
-    // The full path that the user chose. Raises 32755 when the dialog is cancelled.
+    // The full path that the user chose. A name that is to be saved under and has no extension gets
+    // that of the first filter, as long as that filter is chosen (see default_extension.hpp).
+    // Raises 32755 when the dialog is cancelled.
     virtual std::string chooseFile(const FileDialog& dialog) = 0;
 
     // The line that the user typed; empty when cancelled.

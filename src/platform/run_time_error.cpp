@@ -38,6 +38,8 @@ std::string_view describe(ErrorNumber number) {
         return "Path/File access error";
     case ErrorNumber::PathNotFound:
         return "Path not found";
+    case ErrorNumber::InvalidFileFormat:
+        return "Invalid file format";
     case ErrorNumber::Cancelled:
         return "Cancel was selected";
     }

@@ -33,6 +33,7 @@ enum class ErrorNumber : std::int32_t {
     DifferentDrive = 74,
     PathFileAccess = 75,
     PathNotFound = 76,
+    InvalidFileFormat = 321,
     Cancelled = 32755,
 };
 

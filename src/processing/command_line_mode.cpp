@@ -130,13 +130,18 @@ class CommandLineRun {
         listRecords();
     }
 
+    // Reported by itself: the command line may name a better folder than the definition.
     void listRecords() {
-        if (FolderExists(services_.files, definition_.sInputFolder)) {
-            Listing listing =
-                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
-            leftOut_ = std::move(listing.leftOut);
-            records_.load(std::move(listing.names));
+        if (!FolderExists(services_.files, definition_.sInputFolder)) {
+            return;
         }
+        Listing listing;
+        trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
+            listing =
+                services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
+        });
+        leftOut_ = std::move(listing.leftOut);
+        records_.load(std::move(listing.names));
     }
 
     void startBatch(bool notify) {

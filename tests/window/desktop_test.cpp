@@ -62,6 +62,18 @@ class User {
     std::thread thread_;
 };
 
+// Waits for another dialog of that title when this one has gone. Null where none comes.
+HWND nextAfter(HWND dialog, const char* title) {
+    for (int i = 0; i < tries; ++i) {
+        const auto next = FindWindowA(nullptr, title);
+        if (next != nullptr && next != dialog && IsWindowVisible(next) != 0) {
+            return next;
+        }
+        Sleep(between);
+    }
+    return nullptr;
+}
+
 void press(HWND dialog, int button) {
     PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
@@ -121,6 +133,34 @@ TEST(Win32Desktop, A_question_is_answered_by_Yes_or_No) {
         EXPECT_EQ(desktop.show(question()), yes ? MessageAnswer::Yes : MessageAnswer::No);
         EXPECT_EQ(std::count(texts.begin(), texts.end(), question().text), 1);
     }
+}
+
+// What closes it is no answer, and either answer could cost the user something.
+TEST(Win32Desktop, A_question_that_is_closed_without_an_answer_is_asked_again) {
+    Win32Desktop desktop;
+    for (const bool yes : {true, false}) {
+        HWND first = nullptr;
+        HWND second = nullptr;
+        const User user("Tarnwick", [&](HWND dialog) {
+            first = dialog;
+            PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); // as Escape does
+            second = nextAfter(dialog, "Tarnwick");
+            press(second, yes ? IDYES : IDNO);
+        });
+        EXPECT_EQ(desktop.show(question()), yes ? MessageAnswer::Yes : MessageAnswer::No);
+        EXPECT_NE(first, second);
+    }
+}
+
+// Nothing could be shown any more: it would be asked for ever.
+TEST(Win32Desktop, A_program_that_is_told_to_end_is_not_asked_again) {
+    Win32Desktop desktop;
+    const User user("Tarnwick", [&](HWND dialog) {
+        PostThreadMessageA(GetWindowThreadProcessId(dialog, nullptr), WM_QUIT, 0, 0);
+    });
+    EXPECT_EQ(desktop.show(question()), MessageAnswer::No);
+    MSG message{};
+    EXPECT_NE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
 }
 
 // A window of this thread with a title.
@@ -284,6 +324,57 @@ TEST_F(FileDialogs, Name_and_filters_are_shown_with_the_asked_one_first) {
     EXPECT_EQ(name, "first.ini");
     EXPECT_EQ(filters, (std::vector<std::string>{"INI File (*.ini)", "All Files (*.*)"}));
     EXPECT_EQ(selected, 1);
+}
+
+TEST_F(FileDialogs, A_name_without_an_extension_gets_that_of_the_first_filter) {
+    const User user("Save As", [&](HWND shown) {
+        type(nameField(shown), "all");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\all.ini)");
+}
+
+TEST_F(FileDialogs, A_name_with_another_extension_keeps_it) {
+    const User user("Save As", [&](HWND shown) {
+        type(nameField(shown), "all.txt");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\all.txt)");
+}
+
+TEST_F(FileDialogs, With_another_filter_chosen_a_name_stays_as_it_was_typed) {
+    dialog.filterIndex = 2;
+    const User user("Save As", [&](HWND shown) {
+        type(nameField(shown), "all");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\all)");
+}
+
+TEST_F(FileDialogs, A_name_that_is_to_be_opened_stays_as_it_was_typed) {
+    dialog.kind = FileDialog::Kind::Open;
+    dialog.title = "Open";
+    putBytes(files, folder + R"(\all)", "");
+    const User user("Open", [&](HWND shown) {
+        type(nameField(shown), "all");
+        press(shown, IDOK);
+    });
+    EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\all)");
+}
+
+TEST_F(FileDialogs, A_file_that_the_added_extension_would_replace_is_not_taken_without_asking) {
+    dialog.overwritePrompt = true;
+    putBytes(files, folder + R"(\all.ini)", "");
+    std::string name;
+    const User user("Save As", [&](HWND shown) {
+        type(nameField(shown), "all");
+        press(shown, IDOK);
+        const auto again = nextAfter(shown, "Save As");
+        name = textOf(nameField(again));
+        press(again, IDCANCEL);
+    });
+    EXPECT_THROW((void)desktop.chooseFile(dialog), RunTimeError);
+    EXPECT_NE(name.find("all.ini"), std::string::npos) << name;
 }
 
 TEST_F(FileDialogs, An_existing_file_is_opened) {

@@ -53,8 +53,8 @@ test_help_closes_by_enter_and_escape_from_its_text() {
 test_help_follows_the_size_of_its_window() {
     start_dialog help "Command Line Help on Tarnwick"
     cp "$work/layout" "$work/layout.before"
-    xdotool windowsize "$dialog" 1000 500
-    sleep 1
+    xdotool windowsize --sync "$dialog" 1000 500
+    act
     cmp -s "$work/layout" "$work/layout.before" && fail "a new size leaves the layout as it was"
     picture_of "$dialog" dialogs-help-resized
     click cmdOK
@@ -201,8 +201,7 @@ double_click_row() {
     local height
     height=$(sed -n "s/^$1 .* //p" "$work/layout")
     move_to "$1" $((285 * $2 + 160 - height / 2))
-    xdotool click --repeat 2 --delay 80 1
-    sleep 0.5
+    act click --repeat 2 --delay 20 1
 }
 
 open_picker() {

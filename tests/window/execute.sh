@@ -19,11 +19,15 @@ test_1_both_tools_where_all_names_have_blanks_and_accents() {
         'GRID_Html=C:\work\sorties é\mp'
     launch_run
     press cmdOK
-    watch 60
-    expect_shown 'Cancel|0|CNS - Processing b.met...' 'Cancel|0|MP - Processing b.cns...' \
-        'Cancel|50|CNS - Processing café 1.met...' 'Cancel|50|MP - Processing café 1.cns...' \
-        'Close|-|Done!'
-    expect_idle Done!
+    expect_tool 1 0 'CNS - Processing b.met...'
+    let_go 1
+    expect_tool 2 0 'MP - Processing b.cns...'
+    let_go 2
+    expect_tool 3 50 'CNS - Processing café 1.met...'
+    let_go 3
+    expect_tool 4 50 'MP - Processing café 1.cns...'
+    let_go 4
+    expect_over Done!
     picture_of "$dialog" execute-done
     local in='C:\work\mes données\entrée 1' out='C:\work\sorties é'
     local logged=()
@@ -43,6 +47,7 @@ test_1_both_tools_where_all_names_have_blanks_and_accents() {
     expect_message Tarnwick 'The batch file "C:\work\kept.bat" has been created.'
     grep -qE $'^REM Date Created:  .*[0-9]{4}.*, .*[0-9]+:[0-9]{2}:[0-9]{2}.*\r$' "$folder/kept.bat" ||
         fail "no date and time in $(cat "$folder/kept.bat")"
+    tools_do work
     "$wine_run" cmd /c 'C:\work\kept.bat' >"$work/kept.log" 2>&1 </dev/null ||
         fail "the batch file: $(cat "$work/kept.log")"
     diff -r "$folder/made by the run" "$folder/sorties é" || fail 'the batch file makes other files'
@@ -59,9 +64,9 @@ test_2_MP_alone_on_another_drive_with_links_between_folders() {
         'GRID_Html=C:\work\out\mp' 'GRID_Faq=C:\work\elsewhere'
     launch_run
     press cmdOK
-    watch 60
-    expect_shown 'Cancel|0|MP - Processing a.met...' 'Close|-|Done!'
-    expect_idle Done!
+    expect_tool 1 0 'MP - Processing a.met...'
+    let_go 1
+    expect_over Done!
     expect_made "$folder/out/mp/a.err"
     grep -qF 'HREF="../../elsewhere/a_faq.htm"' "$folder/out/mp/a.html" ||
         fail "the links are: $(grep HREF "$folder/out/mp/a.html")"
@@ -78,9 +83,9 @@ test_3_CNS_alone_on_a_network_folder() {
     define 'Process MP=0' 'Process CNS=1' 'Input Folder=\\server\share\my in'
     launch_run
     press cmdOK
-    watch 60
-    expect_shown 'Cancel|0|CNS - Processing a.met...' 'Close|-|Done!'
-    expect_idle Done!
+    expect_tool 1 0 'CNS - Processing a.met...'
+    let_go 1
+    expect_over Done!
     expect_made "$folder/out/cns/a.cns"
     end_program
     rm -r "$TARNWICK_WINE_BUILD/wine/dosdevices/unc/server"
@@ -96,42 +101,31 @@ test_4_a_configuration_file_that_names_the_outputs() {
     expect_state chkCFG ticked
     press cmdSelectFiles2
     press cmdOK
-    watch 60
-    expect_shown 'Cancel|0|CNS - Processing a.met...' 'Cancel|0|MP - Processing a.met...' \
-        'Close|-|Done!'
-    expect_idle Done!
+    expect_tool 1 0 'CNS - Processing a.met...'
+    let_go 1
+    expect_tool 2 0 'MP - Processing a.met...'
+    let_go 2
+    expect_over Done!
     for file in a.html a.report; do expect_made "$folder/elsewhere/$file"; done
     end_program
 }
 
 test_5_the_window_is_alive_while_a_slow_tool_runs_and_cancel_leaves_it_to_itself() {
     fresh
-    use_trying_tool sleep 17
     define
     launch_run
     press cmdOK
-    watch 20 'MP - Processing a.met...'
-    look
-    expect_text cmdCancel Cancel
+    expect_tool 1 0 'MP - Processing a.met...'
     expect_state cmdOK on
-    expect_state ProgressBar1 shown
     picture_of "$dialog" execute-running
-    # It rests: 2 % of a processor would be 8 hundredths of a second in these four seconds.
-    local before after
-    before=$(processor_time)
-    sleep 4
-    after=$(processor_time)
-    [ $((after - before)) -le 8 ] || fail "waiting takes $((after - before)) hundredths in 4 s"
-    # It answers.
-    for _ in 1 2 3 4; do
-        "$wine_run" "$watcher" "$title" click '&MP' >"$work/click" 2>&1 || fail 'no click'
-        [ "$(tr -d '\r' <"$work/click")" -le 100 ] || fail "a click takes $(cat "$work/click") ms"
+    for state in unticked ticked; do # it answers
+        press chkMP
+        look
+        expect_state chkMP $state
     done
     expect_moves
     expect_repaints
-    press cmdOK # a second time: nothing comes of it
-    sleep 0.5
-    expect_started 1
+    press cmdOK # a second time: nothing comes of it, as the number of tools will show
     press cmdCancel
     wait_until run_is_over
     # The button took the focus, and with it the status. The tool goes on with its batch, which
@@ -142,51 +136,54 @@ test_5_the_window_is_alive_while_a_slow_tool_runs_and_cancel_leaves_it_to_itself
     [ ! -e "$temp/MPdone.tmp" ] || fail 'the tool cannot have ended yet'
     # What it leaves in the end is its own marker, and the next run clears that away. That one's
     # tool fails, which nobody asks about.
-    wait_until test -e "$temp/MPdone.tmp"
-    sleep 0.5
-    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
-    use_trying_tool fail
+    let_go 1
+    wait_until holds_only "$temp" MPdone.tmp
+    expect_started 1
+    tools_do wait fail
     press cmdOK
-    watch 20
-    expect_shown 'Cancel|0|MP - Processing a.met...' 'Close|-|Done!'
-    expect_idle Done!
+    expect_tool 2 0 'MP - Processing a.met...'
+    let_go 2
+    expect_over Done!
     expect_started 2
     end_program
 }
 
 test_6_a_tool_that_never_ends_is_waited_for_until_Escape() {
     fresh
-    use_trying_tool forever
     define
-    launch_run
+    # The system's own record of what the program asks of files shows when it looks for the marker.
+    WINEDEBUG=trace+file TARNWICK_WINE_TALK=1 launch_run
     press cmdOK
-    watch 20 'MP - Processing a.met...'
-    wait_until has_started 1
-    sleep 6
-    look
+    expect_tool 1 0 'MP - Processing a.met...'
+    expect_three_looks
     expect_text cmdCancel Cancel
     key Escape
     wait_until run_is_over
     expect_ready
     expect_status 'MP - Processing a.met...' # no focus has moved
-    [ "$(cd "$temp" && echo MP*)" = MPtmp.bat ] || [ -z "$(ls "$temp")" ] || # the tool's own, held
+    holds_only "$temp" MPtmp.bat || holds_only "$temp" || # the tool's own, held
         fail "left: $(ls "$temp")"
     expect_no_message
     # The next run does not take that tool's marker for the one of its own.
-    echo 'sleep 7' >"$folder/how"
     press cmdOK
     wait_until has_started 2
-    touch "$folder/enough"
+    let_go 1
     wait_until test -e "$temp/MPdone.tmp"
-    sleep 4
-    look
-    expect_text cmdCancel Cancel
-    expect_status 'MP - Processing a.met...'
-    watch 20
-    expect_idle Done!
+    expect_tool 2 0 'MP - Processing a.met...'
+    expect_three_looks
+    expect_tool 2 0 'MP - Processing a.met...'
+    let_go 2
+    expect_over Done!
     expect_started 2
     end_program
 }
+looks_for_marker() { grep -c 'MPdone.tmp' "$work/program.log" || true; }
+expect_three_looks() {
+    local before
+    before=$(looks_for_marker)
+    wait_until has_looked $((before + 3))
+}
+has_looked() { [ "$(looks_for_marker)" -ge "$1" ]; }
 
 test_7_a_record_and_a_tool_that_go_in_mid_run() {
     fresh
@@ -195,14 +192,15 @@ test_7_a_record_and_a_tool_that_go_in_mid_run() {
     define
     launch_run
     press cmdOK
-    watch 20 'MP - Processing a.met...'
+    expect_tool 1 0 'MP - Processing a.met...'
     rm "$folder/records/b.met"
-    watch 20 'MP - Processing b.met...'
-    wait_until test -e "$folder/out/mp/b.err" # it is told that there is no such record
+    let_go 1
+    expect_tool 2 33 'MP - Processing b.met...' # it is told that there is no such record
     rm "$folder/mp.exe"
-    watch 20
-    expect_idle Done!
+    let_go 2
+    expect_over Done!
     expect_made "$folder/out/mp/a.err"
+    expect_made "$folder/out/mp/b.err"
     [ ! -e "$folder/out/mp/c.err" ] || fail 'who made c.err?'
     # Now its location is asked for.
     press cmdOK
@@ -216,51 +214,41 @@ test_7_a_record_and_a_tool_that_go_in_mid_run() {
 
 test_8_the_window_is_closed_during_a_run() {
     fresh
-    use_trying_tool forever
     define
     launch_run
     press cmdOK
-    watch 20 'MP - Processing a.met...'
-    wait_until has_started 1
+    expect_tool 1 0 'MP - Processing a.met...'
     key alt+F4
     expect_end
     [ -z "$(process_of_program)" ] || fail 'the program still runs'
-    touch "$folder/enough"
-    wait_until test -e "$temp/MPdone.tmp" # the batch has been left to itself
-    sleep 0.5
-    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
+    let_go 1 # the batch has been left to itself
+    wait_until holds_only "$temp" MPdone.tmp
     # By the menu, with something to save.
-    rm "$folder/enough"
     launch_run
     press chkfixdoc
     press cmdOK
-    watch 20 'MP - Processing a.met...'
-    wait_until has_started 2
+    expect_tool 2 0 'MP - Processing a.met...'
     menu f x
     expect_window Tarnwick
     key alt+n
     expect_end
-    touch "$folder/enough"
-    wait_until test -e "$temp/MPdone.tmp"
-    sleep 0.5
-    [ "$(ls "$temp")" = MPdone.tmp ] || fail "left: $(ls "$temp")"
+    let_go 2
+    wait_until holds_only "$temp" MPdone.tmp
 }
 
 test_9_the_temporary_folder_becomes_unwritable() {
     fresh
-    use_trying_tool sleep 1
-    cp "$folder/mp.exe" "$folder/cns.exe"
+    tools_do wait
     define 'Process CNS=1'
     launch_run
     press cmdOK
-    watch 20 'CNS - Processing a.met...'
-    wait_until test -e "$temp/MPtmp.bat"
+    expect_tool 1 0 'CNS - Processing a.met...'
     chmod a-w "$temp/MPtmp.bat" # MP's cannot take its place
+    let_go 1
     expect_window Tarnwick
     chmod u+w "$temp/MPtmp.bat" # it is cleared away behind the message
     expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
-    wait_until run_is_over
-    expect_idle 'CNS - Processing a.met...'
+    expect_over 'CNS - Processing a.met...'
     expect_started 1
     # Not there at all.
     rm -r "$temp"
@@ -271,39 +259,39 @@ test_9_the_temporary_folder_becomes_unwritable() {
     # In the midst: the marker of the first tool never comes, which keeps nothing waiting.
     mkdir "$temp"
     press cmdOK
-    watch 20 'CNS - Processing a.met...'
-    wait_until has_started 2
+    expect_tool 2 0 'CNS - Processing a.met...'
     mv "$temp" "$temp.away"
+    let_go 2
     expect_message Tarnwick 'frmMain - Private Sub ProcessAndWait()'
     expect_ready
     expect_status 'MP - Processing a.cns...'
     # What was made before has gone with the folder; of the last tool there is nothing.
-    [ "$(cd "$temp.away" && ls)" = MPtmp.bat ] || fail "left: $(ls "$temp.away")"
+    holds_only "$temp.away" MPtmp.bat || fail "left: $(ls "$temp.away")"
     rm -rf "$temp.away"
     mkdir "$temp"
     press cmdOK
-    watch 30
-    expect_idle Done!
+    for tool in 3 4; do let_go $tool; done
+    wait_until has_started 4
+    expect_over Done!
     end_program
 }
 
 test_10_the_log_becomes_unwritable() {
     fresh
-    use_trying_tool sleep 1
+    tools_do wait
     cp "$folder/records/a.met" "$folder/records/b.met"
     define 'Command Line Logging=True' 'Command Line Log Filename=run.log'
     trap '' XFSZ # the program, which inherits that, is refused by the system rather than ended
     launch_run
     trap - XFSZ
     press cmdOK
-    watch 20 'MP - Processing a.met...'
-    wait_until has_started 1
+    expect_tool 1 0 'MP - Processing a.met...'
     local log=$folder/records/run.log first
     first=$(cat "$log")
     prlimit --pid "$(process_of_program)" --fsize="$(stat -c %s "$log"):" || fail 'no limit'
+    let_go 1
     expect_message Tarnwick 'frmMain - Private Sub cmdOK_Click()'
-    wait_until run_is_over
-    expect_idle 'MP - Processing b.met...' # no second message
+    expect_over 'MP - Processing b.met...' # no second message
     expect_started 1
     [ "$(cat "$log")" = "$first" ] || fail "the log holds: $(cat "$log")"
     end_program

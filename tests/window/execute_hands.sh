@@ -3,10 +3,6 @@
 # shellcheck source=main_hands.sh
 . "$here/main_hands.sh"
 
-watcher=$build/tests/window/run_watcher.exe
-control[StatusBar1]='status 1'
-control[ProgressBar1]='progress 1'
-
 # The temporary folder of programs started from now on; it is made, and is then $temp.
 set_temp() {
     temp=$drive/work/$1
@@ -34,36 +30,29 @@ fresh() {
     lay_out_work
     rm -f "$folder"/records/[bc].met "$folder/records/d.txt" # one is enough for most
     set_temp tmp
+    mkdir "$folder/real"
+    mv "$folder/mp.exe" "$folder/cns.exe" "$folder/real"
+    for tool in mp cns; do cp "$build/tests/window/trying_tool.exe" "$folder/$tool.exe"; done
+    tools_do wait work
 }
-# A tool in the place of MP that does what is said: sleep SECONDS, fail, forever.
-use_trying_tool() {
-    cp "$build/tests/window/trying_tool.exe" "$folder/mp.exe"
-    echo "$*" >"$folder/how"
-}
+# tools_do WORD...: what both tools do when they are started, see trying_tool.cpp.
+tools_do() { echo "$*" >"$folder/how"; }
 tools_started() { if [ -e "$folder/started" ]; then wc -l <"$folder/started"; else echo 0; fi; }
-
-# watch SECONDS [STATUS]: until the run is over, or the status begins so; see $work/watch.
-watch() {
-    "$wine_run" "$watcher" "$title" watch "$@" >"$work/watch.out" 2>&1 </dev/null ||
-        fail "waiting for ${2:-the end} ended with status $?: $(cat "$work/watch.out")"
-    tr -d '\r' <"$work/watch.out" | iconv -f CP1252 -t UTF-8 >"$work/watch"
-    # All the while it answers within a tenth of a second. One time in twenty, and once in any case,
-    # it may be late: starting a process takes its time, and the machine may be busy.
-    awk '/^answers/ { seen = 1; late = $4 > 1 + $2 / 20 } END { exit !seen || late }' \
-        "$work/watch" || fail "the window is slow: $(tail -n 1 "$work/watch")"
+has_started() { [ "$(tools_started)" -ge "$1" ]; }
+expect_started() { [ "$(tools_started)" = "$1" ] || fail "$(tools_started) tools were started"; }
+# expect_tool NUMBER PER_CENT STATUS: that tool is at work, counted from 1, and the run shows this.
+expect_tool() {
+    wait_until has_started "$1"
+    expect_status "$3"
+    expect_text cmdCancel Cancel
+    expect_state ProgressBar1 shown
+    [ "$(line_of ProgressBar1 | cut -d' ' -f9)" = "$2" ] || fail "the bar is: $(line_of ProgressBar1)"
 }
-# The run shows these, one after the other: "button|per cent|status". What is shown for a moment
-# only, between two tools and at the very end, may be seen or not.
-expect_shown() {
-    local expected shown
-    expected=$(printf '%s\n' "$@")
-    shown=$(awk -F'|' '/^answers/ || $4 == "" || $4 ~ /^Processing / { next }
-        $2 == "Cancel" && $4 !~ /^(CNS|MP) - / { next }
-        !seen[$4]++ { print $2 "|" $3 "|" $4 }' "$work/watch")
-    [ "$shown" = "$expected" ] || fail "not these but: $(cat "$work/watch")"
-}
-press_button() { "$wine_run" "$watcher" "$title" press "$1" >"$work/press" 2>&1 || fail "no $1"; }
+# The tool of that number may go on.
+let_go() { touch "$folder/enough$1"; }
 expect_status() { expect_text StatusBar1 "$1"; }
+# holds_only FOLDER [FILE]
+holds_only() { [ "$(ls "$1")" = "${2:-}" ]; }
 expect_no_temporary_files() {
     [ -z "$(find "$temp" -name 'MP*')" ] || fail "left in $temp: $(ls "$temp")"
 }
@@ -74,6 +63,11 @@ expect_ready() {
     expect_state cmdOK on
     expect_state cmdCreateBatFile on
     expect_state ProgressBar1 hidden
+}
+# The run comes to its end: all is as before, with that status.
+expect_over() {
+    wait_until run_is_over
+    expect_idle "$1"
 }
 # All as before and after every run, with that status.
 expect_idle() {
@@ -111,19 +105,6 @@ process_of_program() {
         fi
     done
 }
-# Of the program, in hundredths of a second.
-processor_time() { awk '{ print $14 + $15 }' "/proc/$(process_of_program)/stat"; }
-# Waits up to ten seconds until the command succeeds.
-wait_until() {
-    for _ in $(seq 100); do
-        if "$@"; then return; fi
-        sleep 0.1
-    done
-    fail "in vain: $*"
-}
-has_started() { [ "$(tools_started)" -ge "$1" ]; }
-expect_started() { [ "$(tools_started)" = "$1" ] || fail "$(tools_started) tools were started"; }
-
 # How far two places lie apart, "LEFT TOP" each.
 way() {
     local from to
@@ -141,6 +122,7 @@ expect_moves() {
     there=$(place_on_screen)
     here_too=$(place_in_program)
     xdotool windowmove --sync "$dialog" 90 70
+    act
     moved=$(way "$there" "$(place_on_screen)")
     [ "$moved" != '0 0' ] || fail 'the window does not move'
     followed=$(way "$here_too" "$(place_in_program)")
@@ -148,17 +130,15 @@ expect_moves() {
 }
 # What another window has covered is painted again when that goes.
 expect_repaints() {
-    local cover different
     picture_of "$dialog" execute-before
-    xev -name cover -geometry 1800x1200+0+0 >"$work/xev.log" 2>&1 </dev/null &
-    cover=$!
-    expect_window cover
-    kill "$cover"
-    expect_closed cover
+    show_foreign_window cover -geometry 1800x1200+0+0
+    kill "$foreign"
     xdotool windowactivate --sync "$dialog"
-    sleep 0.3
+    act
+    eventually looks_as_before || fail 'not all of it is painted again'
+}
+looks_as_before() {
     picture_of "$dialog" execute-uncovered
-    different=$(compare -metric AE "$pictures/execute-before.png" \
-        "$pictures/execute-uncovered.png" null: 2>&1) || true
-    [ "$different" = 0 ] || fail "$different pixels are not painted again"
+    compare -metric AE "$pictures/execute-before.png" "$pictures/execute-uncovered.png" null: \
+        >"$work/different" 2>&1
 }

@@ -93,7 +93,6 @@ test_new_and_open() {
     local before=$found
     type_text 'C:\work\TARNWICK.ini'
     key Return
-    sleep 0.7
     find_now 'New INI File' || fail 'New has overwritten a file without a question'
     [ "$(xdotool getactivewindow)" != "$before" ] || fail 'no question'
     key Escape Escape

@@ -150,14 +150,13 @@ test_files_move_one_by_one_and_all_at_once_and_the_lists_scroll_when_they_must()
     expect_entries lstSelected 33 0
     [ "$(top_of lstSelected)" = 0 ] || fail "scrolled to $(top_of lstSelected)"
     press lstSelected 20 10
-    xdotool click 5 click 5
-    sleep 0.3
+    act click 5 click 5
     look
     [ "$(top_of lstSelected)" -gt 0 ] || fail 'the wheel does not scroll the list'
     # Every row of the grid shows: there is nothing to scroll, and nothing is harmed.
     press_cell grdFiles 1 2
     type_text .kept
-    xdotool click 5 click 4
+    act click 5 click 4
     look
     expect_text txtEdit .kept
     key Escape

@@ -97,7 +97,7 @@ test_arrow_keys_in_the_grid_and_then_typing() {
 test_Enter_in_the_grid_goes_one_cell_on() {
     launch_defined
     press_cell grdFiles 1 1
-    key Return # not Execute, whose button is the default
+    key Return # not a button
     look
     expect_state txtEdit shown focus
     expect_text txtEdit .err

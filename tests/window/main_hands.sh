@@ -4,17 +4,6 @@
 folder=$drive/work
 settings='HKCU\Software\Corvane\TARNWICK'
 
-# The controls by name, as window_probe tells them: the kind and the number of its kind.
-declare -A control=(
-    [cboLanguage]='combo 1' [chkCNS]='check 1' [lblCNS]='label 3' [txtCNS]='text 1'
-    [cmdCNS]='button 1' [txtCNSExt]='text 2' [chkAliases]='check 2' [txtAliases]='text 3'
-    [cmdAliases]='button 2' [txtEditCNS]='text 4' [cmdEditCNS]='button 3' [grdCNS]='grid 1'
-    [chkMP]='check 3' [chkfixdoc]='check 4' [cmdOutputFolder]='button 4' [txtEdit]='text 5'
-    [cmdEdit]='button 5' [grdFiles]='grid 2' [chkCFG]='check 5' [txtCFG]='text 6'
-    [cmdCFG]='button 6' [txtInput]='text 7' [cmdInput]='button 7' [txtInExt]='text 8'
-    [lstAvailable]='list 1' [cmdSelectFiles1]='button 8' [cmdSelectFiles2]='button 9'
-    [cmdSelectFiles3]='button 10' [cmdSelectFiles4]='button 11' [lstSelected]='list 2'
-    [cmdCreateBatFile]='button 12' [cmdOK]='button 13' [cmdCancel]='button 14')
 products=(Error Text Html Faq Sgml Xml Dif)
 
 # Fresh tools, records and output folders, and no settings of an earlier run.
@@ -28,12 +17,12 @@ lay_out_work() {
     printf 'input\n  file: one.met\noutput\n  html: one.html\n' >"$folder/mp.cfg"
     "$wine_run" reg delete 'HKCU\Software\Corvane' /f >"$work/reg.log" 2>&1 || true
 }
-probe=$build/tests/window/window_probe.exe
 
 # launch [TITLE]: starts the program and waits for that window, the main one when none is given.
 launch() {
     xdotool mousemove 5 5
-    (cd "$folder" && exec "$wine_run" 'C:\work\Tarnwick.exe') >"$work/program.log" 2>&1 </dev/null &
+    (cd "$folder" && exec "$wine_run" 'C:\work\Tarnwick.exe') >"$work/program.log" 2>&1 </dev/null \
+        8>&- 9>&- &
     gallery_pid=$!
     title=${1:-Tarnwick - TARNWICK.ini}
     expect_window "$title"
@@ -42,67 +31,77 @@ launch() {
 # Closes it; no question may come.
 close_unchanged() {
     key alt+F4
-    for _ in $(seq 50); do
-        kill -0 "$gallery_pid" 2>/dev/null || break
-        if find_now Tarnwick; then fail 'there is a question'; fi
-        sleep 0.1
-    done
+    eventually program_has_ended_or_asks || fail 'it does not close'
+    program_has_ended || fail 'there is a question'
     expect_end
 }
+program_has_ended_or_asks() { program_has_ended || find_now Tarnwick; }
 
-# look [TITLE]: what that window, the main one when none is given, shows now is in $work/state.
+# look [TITLE]: what that window, the main one when none is given, shows now is in the array "shown",
+# and in $work/state.lines.
 look() {
-    "$wine_run" "$probe" "${1:-$title}" >"$work/state" 2>"$work/probe.log" </dev/null ||
-        { sleep 0.5 && "$wine_run" "$probe" "${1:-$title}" >"$work/state" </dev/null; } ||
-        fail "no window \"${1:-$title}\" to look at: $(cat "$work/probe.log")"
-    tr -d '\r' <"$work/state" >"$work/state.lines"
+    eventually sees_window "${1:-$title}" || fail "no window \"${1:-$title}\" to look at"
+    shown=("${answer[@]}")
+    printf '%s\n' "${shown[@]}" >"$work/state.lines"
 }
-# Of the last look: the line of a control, without its kind and number, and its text.
+sees_window() { ask look "$1" && [ "${answer[0]}" != 'no window' ]; }
+# What the last look has shown, or one of those that follow.
+sees() { "$@" || eventually sees_anew "$@"; }
+sees_anew() { look && "$@"; }
+
+# Of the last look: the line of a control, without its name and kind, and its text.
 line_of() {
-    grep -m1 "^${control[$1]} " "$work/state.lines" | cut -d' ' -f3- || fail "no control $1"
+    local line
+    for line in "${shown[@]}"; do
+        case $line in "$1 "*)
+            line=${line#* }
+            echo "${line#* }"
+            return
+            ;;
+        esac
+    done
+    fail "no control $1"
 }
 text_of() { line_of "$1" | sed 's/^[^|]*|//'; }
 # expect_state CONTROL WORD...: these words stand in its line.
-expect_state() {
-    local line name=$1
-    line=" $(line_of "$name") "
-    line=${line%%|*}
+expect_state() { sees has_state "$@" || fail "$1 is not ${*:2} but $(line_of "$1")"; }
+has_state() {
+    local line word
+    line=$(line_of "$1")
+    line=" ${line%%|*} "
     for word in "${@:2}"; do
-        case $line in *" $word "*) ;; *) fail "$name is not $word but$line" ;; esac
+        case $line in *" $word "*) ;; *) return 1 ;; esac
     done
 }
-expect_text() { [ "$(text_of "$1")" = "$2" ] || fail "$1 is \"$(text_of "$1")\", not \"$2\""; }
+expect_text() { sees has_text "$@" || fail "$1 is \"$(text_of "$1")\", not \"$2\""; }
+has_text() { [ "$(text_of "$1")" = "$2" ]; }
 # The list holds that many names, and so many of them are selected.
 expect_entries() {
-    local state
-    state=$(line_of "$1" | cut -d' ' -f9,10)
-    [ "$state" = "$2 $3" ] || fail "$1 has \"$state\" entries and selected ones, not \"$2 $3\""
+    sees has_entries "$@" || fail "$1 has \"$(entries_of "$1")\" entries and selected ones, not \"$2 $3\""
 }
+entries_of() { line_of "$1" | cut -d' ' -f9,10; }
+has_entries() { [ "$(entries_of "$1")" = "$2 $3" ]; }
 # The number of the uppermost entry that shows.
 top_of() { line_of "$1" | cut -d' ' -f12; }
 # Sends a window with that title a message, and waits for the answer.
-send_message() { "$wine_run" "$probe" "$1" send "${@:2}" 2>"$work/probe.log" </dev/null | tr -d '\r'; }
-# How many windows with that title there are.
-count_windows() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | wc -l; }
+send_message() { "$wine_run" "$probe" "$1" send "${@:2}" 2>"$work/send.log" </dev/null | tr -d '\r'; }
 # A message with that title and text, which Enter closes.
 expect_message() {
     expect_window "$1"
-    "$wine_run" "$probe" "$1" >"$work/message" 2>&1 </dev/null || fail "no message \"$1\""
+    ask look "$1"
+    printf '%s\n' "${answer[@]}" >"$work/message"
     grep -qF -- "$2" "$work/message" || fail "not \"$2\" but: $(cat "$work/message")"
     key Return
     expect_closed "$1"
 }
 
-find_now() { [ -n "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null || true)" ]; }
-
 # press CONTROL [X Y]: a click on the middle of it, or X and Y pixels from its corner.
 press() {
     local x y width height _
+    look
     read -r x y width height _ < <(line_of "$1")
-    xdotool mousemove $((x + ${2:-$((width / 2))})) $((y + ${3:-$((height / 2))}))
-    sleep 0.1
-    xdotool click 1
-    sleep 0.3
+    side=$((-side))
+    act mousemove $((x + ${2:-$((width / 2))} + side)) $((y + ${3:-$((height / 2))})) click 1
 }
 # press_cell GRID ROW COLUMN: in its middle; the columns are 550, 800 and 820 twips wide.
 press_cell() {

@@ -83,10 +83,9 @@ test_it_does_not_close_under_a_dialog() {
     menu t o
     expect_window Options
     send_message "$title" 0x10 0 0 >"$work/answer" # WM_CLOSE
-    sleep 0.7
+    ask idle
     find_now "$title" || fail 'the window has closed under its dialog'
     find_now Options || fail 'the dialog is gone'
-    xdotool windowactivate --sync "$found"
     key Escape
     expect_closed Options
     look
@@ -104,7 +103,7 @@ test_the_about_box_is_centred_over_the_main_window_wherever_that_is() {
     lay_out_work
     launch
     xdotool windowmove --sync "$dialog" 150 90
-    sleep 0.5
+    act
     menu h a
     expect_window 'About Tarnwick'
     local main about

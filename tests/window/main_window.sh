@@ -3,7 +3,7 @@
 
 # shellcheck source=main_hands.sh
 . "$here/main_hands.sh"
-for part in definition grids fields keyboard start; do
+for part in definition grids fields keyboard losses start; do
     # shellcheck disable=SC1090
     . "$here/main_$part.sh"
 done

@@ -20,7 +20,8 @@ lay_out_demo() {
 start() {
     "$wine_run" reg add "$settings" /v 'INI File Name' /d "T:\\$1" /f >"$work/reg.log" 2>&1
     xdotool mousemove 5 5
-    (cd "$demo" && exec "$wine_run" 'T:\Tarnwick.exe' "${@:2}") >"$work/program.log" 2>&1 </dev/null &
+    (cd "$demo" && exec "$wine_run" 'T:\Tarnwick.exe' "${@:2}") >"$work/program.log" 2>&1 </dev/null \
+        8>&- 9>&- &
     gallery_pid=$!
 }
 start_main() {

@@ -1,12 +1,20 @@
 # Sourced by run.sh: a screen of its own, programs on it, and hands for mouse and keyboard.
 # Wants $build (the build folder), $here, $suite, $gallery and $pictures.
+#
+# Nothing here waits for a time alone. What a hand has done, the program has dealt with when the hand
+# returns; what takes its own time (a tool, a file, the program's end) is looked for until it is there.
 
 # A prefix for each suite: they may run side by side.
 export TARNWICK_WINE_BUILD=$build/window/$suite
 wine_run=$here/../../cmake/wine-run
+probe=$build/tests/window/window_probe.exe
 work=$TARNWICK_WINE_BUILD/work
 drive=$TARNWICK_WINE_BUILD/wine/drive_c
 wineserver=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+# In seconds. Only what is broken lets anybody wait so long.
+patience=${TARNWICK_PATIENCE:-120}
+mark=F11
+side=3 # of a control's middle, in turns: two clicks on one point would be a double click
 
 say() { echo "run.sh: $*"; }
 fail() {
@@ -14,25 +22,33 @@ fail() {
     import -window root "$work/failed.png" 2>/dev/null && say "see $work/failed.png" >&2
     exit 1
 }
+# eventually COMMAND...: again and again, until it succeeds.
+eventually() {
+    local end=$((SECONDS + patience))
+    until "$@"; do
+        [ $SECONDS -lt $end ] || return 1
+        sleep 0.05
+    done
+}
+wait_until() { eventually "$@" || fail "in vain: $*"; }
 
 open_screen() {
     rm -rf "$work"
     mkdir -p "$work"
-    # Xvfb takes a free number and tells it.
-    Xvfb -displayfd 3 -screen 0 1800x1200x24 -nolisten tcp 3>"$work/display" \
+    # Xvfb takes a free number and tells it. A key that is held repeats nothing (-r): on a busy machine
+    # any key is held for long.
+    Xvfb -r -displayfd 3 -screen 0 1800x1200x24 -nolisten tcp 3>"$work/display" \
         >"$work/xvfb.log" 2>&1 </dev/null &
     xvfb=$!
-    for _ in $(seq 50); do
-        [ -s "$work/display" ] && break
-        sleep 0.1
-    done
-    [ -s "$work/display" ] || fail "Xvfb does not start: $(cat "$work/xvfb.log")"
+    wait_until test -s "$work/display"
     DISPLAY=:$(cat "$work/display")
     export DISPLAY
-    openbox >"$work/openbox.log" 2>&1 </dev/null &
+    openbox --config-file "$here/openbox.xml" >"$work/openbox.log" 2>&1 </dev/null &
     openbox=$!
+    wait_until window_manager_is_there
     stop_wine # one left behind would look for the screen of an earlier run
 }
+window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 close_screen() {
     [ -z "${gallery_pid:-}" ] || kill "$gallery_pid" 2>/dev/null || true
@@ -43,44 +59,83 @@ close_screen() {
 
 stop_wine() {
     WINEPREFIX=$TARNWICK_WINE_BUILD/wine "$wineserver" -k >/dev/null 2>&1 </dev/null || true
+    [ -z "${probe_pid:-}" ] || wait "$probe_pid" 2>/dev/null || true
+    probe_pid=
 }
 
 # The resolution that programs started from now on see.
 set_resolution() {
+    dpi=$1
     stop_wine
+    ! grep -qix "\"LogPixels\"=dword:$(printf %08x "$1")" "$TARNWICK_WINE_BUILD/wine/user.reg" \
+        2>/dev/null || return 0
     "$wine_run" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f \
         >"$work/reg.log" 2>&1 </dev/null || fail "the resolution cannot be set"
     stop_wine
-    dpi=$1
 }
 
-# Waits up to ten seconds for a window with that title; its id is then $found.
-find_window() {
-    for _ in $(seq 100); do
-        found=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1 || true)
-        [ -n "$found" ] && return 0
-        sleep 0.1
+# Whoever looks at the windows stays, and is asked through two pipes.
+start_probe() {
+    rm -f "$work/questions" "$work/answers"
+    mkfifo "$work/questions" "$work/answers"
+    exec 8<>"$work/questions" 9<>"$work/answers"
+    TARNWICK_WINE_TALK=1 "$wine_run" "$probe" serve <&8 >&9 2>"$work/probe.log" &
+    probe_pid=$!
+}
+# ask REQUEST [TITLE]: the lines of the answer are then in the array "answer"; see window_probe.cpp.
+ask() {
+    local line
+    [ -n "${probe_pid:-}" ] && kill -0 "$probe_pid" 2>/dev/null || start_probe
+    printf '%s\t%s\n' "$1" "${2:-}" >&8
+    answer=()
+    while IFS= read -r -t "$patience" line <&9; do
+        [ "$line" != . ] || return 0
+        answer+=("$line")
     done
+    fail "nobody answers: $1 ${2:-} ($(cat "$work/probe.log"))"
+}
+answers_yes() { ask "$@" && [ "${answer[0]}" = yes ]; }
+
+# act WORD...: xdotool does that, and the program has dealt with it. Behind it goes a key that the
+# program never sees; it has come when all before it has. With no word: the program has dealt with all
+# that there was.
+act() {
+    if [ $mark = F11 ]; then mark=F12; else mark=F11; fi
+    xdotool "$@" key $mark
+    eventually has_settled || fail "it does not come to rest after $*"
+}
+# The keyboard is then where the program thinks it is: what is sent next arrives. A program that has
+# ended has dealt with everything.
+has_settled() {
+    ask settled $mark
+    [ "${answer[0]}" != "yes $(xdotool getwindowfocus -f 2>/dev/null)" ] || return 0
+    ! program_has_ended || return 0
+    [ "${answer[0]}" != no ] || xdotool key $mark
     return 1
 }
+program_has_ended() { ! kill -0 "${gallery_pid:-0}" 2>/dev/null; }
+
+# Of a Windows program: shown, and the keyboard is in it. Its id on the screen is then $found.
 expect_window() {
-    find_window "$1" || fail "no window \"$1\""
-    # A click or key may come only when the window manager is done with it.
-    xdotool windowactivate --sync "$found" 2>/dev/null || true
-    sleep 0.3
+    eventually is_in_front "$1" || fail "no window \"$1\""
+    act
 }
+is_in_front() {
+    found=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1) || true
+    [ -n "$found" ] || return 1
+    has_keyboard "$found" || xdotool windowactivate "$found" 2>/dev/null || true
+    answers_yes front "$1"
+}
+has_keyboard() { [ "$(xdotool getwindowfocus -f 2>/dev/null)" = "$1" ]; }
+# How many windows with that title there are.
+count_windows() { ask count "$1" && echo "${answer[0]}"; }
+find_now() { ask count "$1" && [ "${answer[0]}" != 0 ]; }
+is_gone() { ! find_now "$1"; }
 # It was there, and goes now.
-expect_closed() {
-    for _ in $(seq 50); do
-        [ -n "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null || true)" ] || return 0
-        sleep 0.1
-    done
-    fail "the window \"$1\" stays"
-}
+expect_closed() { eventually is_gone "$1" || fail "the window \"$1\" stays"; }
 expect_no_window() {
-    sleep 0.7
-    [ -z "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null || true)" ] ||
-        fail "unexpected window \"$1\""
+    ask idle
+    is_gone "$1" || fail "unexpected window \"$1\""
 }
 
 # start_dialog options|help TITLE: its window is then $dialog.
@@ -88,54 +143,69 @@ start_dialog() {
     rm -f "$work/result" "$work/layout"
     xdotool mousemove 5 5 # nothing lights up under a mouse that nobody moves
     (cd "$work" && exec "$wine_run" "$gallery" "$1" result layout) \
-        >"$work/gallery.log" 2>&1 </dev/null &
+        >"$work/gallery.log" 2>&1 </dev/null 8>&- 9>&- &
     gallery_pid=$!
-    expect_window "$2"
+    title=$2
+    expect_window "$title"
     dialog=$found
     [ -s "$work/layout" ] || fail "$1 tells no layout"
 }
 
 # The dialog must be gone now, by itself and in good order.
 expect_end() {
-    for _ in $(seq 100); do
-        kill -0 "$gallery_pid" 2>/dev/null || break
-        sleep 0.1
-    done
-    kill -0 "$gallery_pid" 2>/dev/null && fail "the window is still there"
+    eventually program_has_ended || fail "the window is still there"
     wait "$gallery_pid" || fail "the gallery ended with status $?: $(cat "$work/gallery.log")"
     gallery_pid=
 }
 expect_open() {
-    kill -0 "$gallery_pid" 2>/dev/null || fail "the window is gone"
+    ! program_has_ended || fail "the window is gone"
 }
 expect_result() {
     grep -qxF -- "$1" "$work/result" || fail "no \"$1\" in: $(cat "$work/result")"
 }
 
-key() { xdotool key --clearmodifiers "$@"; sleep 0.3; }
-type_text() { xdotool type --delay 15 -- "$1"; sleep 0.3; }
+# Each key by itself: the one before it may have moved the focus.
+key() {
+    local each
+    for each in "$@"; do act key --clearmodifiers "$each"; done
+}
+type_text() {
+    xdotool type --delay 4 -- "$1"
+    act
+}
 
 # move_to CONTROL [DOWN]: the mouse, to the middle of it in $dialog, or DOWN twips below that.
 move_to() {
     local x y _
     read -r x y _ < <(sed -n "s/^$1 //p" "$work/layout") || fail "no control $1"
-    xdotool mousemove --window "$dialog" $((x * dpi / 1440)) $(((y + ${2:-0}) * dpi / 1440))
-    sleep 0.2
+    side=$((-side))
+    act mousemove --window "$dialog" $((x * dpi / 1440 + side)) $(((y + ${2:-0}) * dpi / 1440))
 }
 click() {
     move_to "$1"
-    xdotool click 1
-    sleep 0.5
+    act click 1
 }
 # Another program takes the keyboard, and gives it back again.
 go_to_another_program() {
-    xev -name other >"$work/xev.log" 2>&1 </dev/null &
-    other=$!
-    expect_window other
+    show_foreign_window other
+    other=$foreign
+    eventually answers_yes away || fail 'the program does not notice it'
+    ask idle
+}
+# A window that is none of Wine's; the process is then $foreign.
+show_foreign_window() {
+    xev -name "$1" "${@:2}" >"$work/xev.log" 2>&1 </dev/null 8>&- 9>&- &
+    foreign=$!
+    eventually foreign_window_is_in_front "$1" || fail "no window \"$1\""
+}
+foreign_window_is_in_front() {
+    found=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1) || true
+    [ -n "$found" ] || return 1
+    has_keyboard "$found" || { xdotool windowactivate "$found" 2>/dev/null; return 1; }
 }
 come_back() {
     kill "$other"
     xdotool windowactivate --sync "$dialog"
-    sleep 0.5
+    act
 }
 picture_of() { import -window "$1" "$pictures/$2.png" || fail "no picture $2"; }

@@ -1,40 +1,77 @@
-// A tool that tries the patience of whoever started it: it does what the text file "how" in its own
-// folder says, "sleep SECONDS", "fail" or "forever", and notes its start in the file "started"
-// there. "forever" ends when a file "enough" is there.
+// A tool that tries the patience of whoever started it. It notes its start as a line in the file
+// "started" in its own folder, and then does what the file "how" there says, word by word:
+//
+//   wait   until there is a file "enoughN" in that folder, N being the number of lines in "started"
+//   work   what the program of its own name in the folder "real" there does with the same arguments
+//   fail   ends with the status 3
 
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 
 namespace {
 
-std::filesystem::path ownFolder() {
-    std::string name(MAX_PATH, '\0');
-    name.resize(GetModuleFileNameA(nullptr, name.data(), MAX_PATH));
-    return std::filesystem::path(name).parent_path();
+namespace fs = std::filesystem;
+
+fs::path ownPath() {
+    std::wstring name(MAX_PATH, L'\0');
+    name.resize(GetModuleFileNameW(nullptr, name.data(), MAX_PATH));
+    return name;
+}
+
+// The number of this start.
+std::ptrdiff_t noteStart(const fs::path& folder) {
+    std::ofstream(folder / "started", std::ios::app) << GetCommandLineA() << '\n';
+    std::ifstream started(folder / "started");
+    return std::count(std::istreambuf_iterator<char>(started), {}, '\n');
+}
+
+void waitFor(const fs::path& file) {
+    using namespace std::chrono_literals;
+    while (!exists(file)) {
+        std::this_thread::sleep_for(50ms);
+    }
+}
+
+int workAs(const fs::path& program) {
+    std::wstring commandLine = GetCommandLineW();
+    STARTUPINFOW how{};
+    how.cb = sizeof how;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                       nullptr, &how, &process) == FALSE) {
+        return 4;
+    }
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = 0;
+    GetExitCodeProcess(process.hProcess, &status);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return static_cast<int>(status);
 }
 
 } // namespace
 
 int main() {
-    const auto folder = ownFolder();
-    std::ofstream(folder / "started", std::ios::app) << GetCommandLineA() << '\n';
-    std::string how;
-    double seconds = 0;
-    std::ifstream(folder / "how") >> how >> seconds;
-    constexpr std::chrono::milliseconds step(100);
-    if (how == "fail") {
-        return 3;
+    const fs::path self = ownPath();
+    const fs::path folder = self.parent_path();
+    const std::string number = std::to_string(noteStart(folder));
+    int status = 0;
+    std::ifstream how(folder / "how");
+    for (std::string word; how >> word;) {
+        if (word == "wait") {
+            waitFor(folder / ("enough" + number));
+        } else if (word == "work") {
+            status = workAs(folder / "real" / self.filename());
+        } else if (word == "fail") {
+            status = 3;
+        }
     }
-    if (how == "sleep") {
-        std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-    }
-    while (how == "forever" && !exists(folder / "enough")) {
-        std::this_thread::sleep_for(step);
-    }
-    return 0;
+    return status;
 }

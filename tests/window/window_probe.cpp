@@ -1,73 +1,66 @@
-// window_probe TITLE: looks at another program's window with that title, as a person would, and
-// prints a line for each of its controls in the order of the focus:
+// window_probe serve: looks at other programs' windows as a person would, and answers requests
+// about them for as long as somebody asks. A request is a line of words with tabs between them; the
+// answer is some lines and then a line "."; all of it is UTF-8, and a line's end within a text is "
+// / ".
 //
-//   KIND NUMBER x y width height STATE... |text
+//   look TITLE         a line for each control of that window, in the order of the focus:
 //
-// KIND is text, check, button, frame, label, list, combo, grid, status, progress or another window
-// class; NUMBER counts the kind from 1; the place is in pixels of the screen; STATE has one word
-// each of shown/hidden, on/off (whether it is enabled), ticked/unticked, focus/away, and in a list
-// the numbers of entries and of selected ones, "bar" or "nobar" for its horizontal scroll bar and
-// the number of its uppermost entry, in a text field the ends of its selection and the rows of
-// pixels above and below its text.
+//       NAME KIND x y width height STATE... |text
 //
-// window_probe TITLE names: what a screen reader says of each control that can have the focus:
+//     NAME is the control's name in the resource, or "-"; KIND is text, check, button, frame,
+//     label, list, combo, grid, status, progress or another window class; the place is in pixels of
+//     the screen; STATE has one word each of shown/hidden, on/off (whether it is enabled),
+//     ticked/unticked, focus/away, and in a list the numbers of entries and of selected ones, "bar"
+//     or "nobar" for its horizontal scroll bar and the number of its uppermost entry, in a text
+//     field the ends of its selection and the rows of pixels above and below its text, in a
+//     progress bar how far it is.
+//   names TITLE        what a screen reader says of each control that can have the focus:
 //
-//   KIND NUMBER shown/hidden |name
+//       NAME KIND shown/hidden |name
 //
-// window_probe TITLE send MESSAGE WORD LONG: sends the window that message and prints the answer.
+//   count TITLE        how many windows with that title are shown
+//   front TITLE        "yes" when the keyboard is in that window; else "no"
+//   away               "yes" when the keyboard is in no window of any program here
+//   iconic TITLE       "yes" when that window is an icon
+//   settled F11|F12    waits a moment for that key, which the caller has sent behind other keys and
+//                      clicks, and then until the program has dealt with those. The answer is
+//                      "yes NUMBER", with the screen's own number of the window that has the
+//                      keyboard then, or "no". The programs never see these two keys.
+//   idle               waits until the programs have dealt with all that they know of
 //
+// Where there is no such window, the answer to "look" and "names" is "no window".
+//
+// window_probe TITLE send MESSAGE WORD LONG: sends that window a message and prints the answer.
 // The status 1 tells that there is no such window.
+
+#include "window/control_texts.hpp"
+#include "window/input_marks.hpp"
 
 #include <windows.h>
 
 #include <commctrl.h>
+#include <fcntl.h>
+#include <io.h>
 #include <oleacc.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
-std::string textOf(HWND window) {
-    std::string text(4096, '\0');
-    const LRESULT length =
-        SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
-std::string kindOfButton(HWND window) {
-    switch (GetWindowLongPtrA(window, GWL_STYLE) & BS_TYPEMASK) {
-    case BS_GROUPBOX:
-        return "frame";
-    case BS_CHECKBOX:
-    case BS_AUTOCHECKBOX:
-        return "check";
-    default:
-        return "button";
-    }
-}
-
-std::string kindOf(HWND window) {
-    static const std::map<std::string, std::string> kinds{{"Edit", "text"},
-                                                          {"Static", "label"},
-                                                          {"ListBox", "list"},
-                                                          {"ComboBox", "combo"},
-                                                          {"TarnwickGrid", "grid"},
-                                                          {"msctls_statusbar32", "status"},
-                                                          {"msctls_progress32", "progress"}};
-    std::string name(256, '\0');
-    const int length = GetClassNameA(window, name.data(), static_cast<int>(name.size()));
-    name.resize(static_cast<std::size_t>(length));
-    if (name == "Button") {
-        return kindOfButton(window);
-    }
-    const auto kind = kinds.find(name);
-    return kind == kinds.end() ? name : kind->second;
-}
+using tarnwick::probe::classOf;
+using tarnwick::probe::InputMarks;
+using tarnwick::probe::kindOf;
+using tarnwick::probe::namesOfControls;
+using tarnwick::probe::textOf;
+using tarnwick::probe::utf16;
+using tarnwick::probe::utf8;
 
 HWND focusOf(HWND window) {
     GUITHREADINFO info{};
@@ -76,30 +69,46 @@ HWND focusOf(HWND window) {
                                                                                    : nullptr;
 }
 
+std::vector<HWND> shownWindows() {
+    std::vector<HWND> windows;
+    EnumWindows(
+        [](HWND window, LPARAM all) -> BOOL {
+            if (IsWindowVisible(window) != FALSE) {
+                reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
 void printContents(const std::string& kind, HWND window) {
+    const auto ask = [window](UINT message) { return SendMessageW(window, message, 0, 0); };
     if (kind == "list") {
-        const bool bar = (GetWindowLongPtrA(window, GWL_STYLE) & WS_HSCROLL) != 0;
-        const auto ask = [window](UINT message) { return SendMessageA(window, message, 0, 0); };
+        const bool bar = (GetWindowLongPtrW(window, GWL_STYLE) & WS_HSCROLL) != 0;
         std::cout << ' ' << ask(LB_GETCOUNT) << ' ' << ask(LB_GETSELCOUNT) << ' '
                   << (bar ? "bar" : "nobar") << ' ' << ask(LB_GETTOPINDEX);
     }
     if (kind == "text") {
-        const LRESULT ends = SendMessageA(window, EM_GETSEL, 0, 0);
+        const LRESULT ends = ask(EM_GETSEL);
         RECT field{};
         RECT line{};
         GetWindowRect(window, &field);
-        SendMessageA(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&line));
+        SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&line));
         MapWindowPoints(window, HWND_DESKTOP, reinterpret_cast<POINT*>(&line), 2);
         std::cout << ' ' << LOWORD(ends) << ' ' << HIWORD(ends) << ' ' << line.top - field.top
                   << ' ' << field.bottom - line.bottom;
     }
+    if (kind == "progress") {
+        std::cout << ' ' << ask(PBM_GETPOS);
+    }
 }
 
-void printControl(HWND window, HWND focus, const std::string& kind, int number) {
+void printControl(HWND window, HWND focus, const std::string& name, const std::string& kind) {
     RECT place{};
     GetWindowRect(window, &place);
-    const bool ticked = kind == "check" && SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    std::cout << kind << ' ' << number << ' ' << place.left << ' ' << place.top << ' '
+    const bool ticked = kind == "check" && SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    std::cout << name << ' ' << kind << ' ' << place.left << ' ' << place.top << ' '
               << place.right - place.left << ' ' << place.bottom - place.top
               << (IsWindowVisible(window) != FALSE ? " shown" : " hidden")
               << (IsWindowEnabled(window) != FALSE ? " on" : " off")
@@ -109,7 +118,7 @@ void printControl(HWND window, HWND focus, const std::string& kind, int number) 
     std::cout << " |" << textOf(window) << '\n';
 }
 
-std::string nameOf(HWND window) {
+std::string accessibleNameOf(HWND window) {
     IAccessible* object = nullptr;
     if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                    reinterpret_cast<void**>(&object)) != S_OK) {
@@ -121,59 +130,166 @@ std::string nameOf(HWND window) {
     BSTR wide = nullptr;
     std::string name;
     if (object->get_accName(self, &wide) == S_OK && wide != nullptr) {
-        name.assign(wide, wide + SysStringLen(wide));
+        name = utf8({wide, SysStringLen(wide)});
     }
     SysFreeString(wide);
     object->Release();
     return name;
 }
 
-void printName(HWND window, const std::string& kind, int number) {
-    if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_TABSTOP) != 0) {
-        std::cout << kind << ' ' << number
-                  << (IsWindowVisible(window) != FALSE ? " shown |" : " hidden |") << nameOf(window)
-                  << '\n';
+void printName(HWND window, const std::string& name, const std::string& kind) {
+    if ((GetWindowLongPtrW(window, GWL_STYLE) & WS_TABSTOP) != 0) {
+        std::cout << name << ' ' << kind
+                  << (IsWindowVisible(window) != FALSE ? " shown |" : " hidden |")
+                  << accessibleNameOf(window) << '\n';
     }
 }
 
-void forEachControl(HWND window, const std::function<void(HWND, const std::string&, int)>& print) {
-    std::map<std::string, int> numbers;
+using Print = std::function<void(HWND, const std::string& name, const std::string& kind)>;
+
+void forEachControl(const std::string& title, const Print& print) {
+    HWND window = FindWindowW(nullptr, utf16(title).c_str());
+    if (window == nullptr) {
+        std::cout << "no window\n";
+        return;
+    }
+    const std::map<HWND, std::string> names = namesOfControls(window);
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
          child = GetWindow(child, GW_HWNDNEXT)) {
-        const std::string kind = kindOf(child);
-        print(child, kind, ++numbers[kind]);
+        const auto name = names.find(child);
+        print(child, name == names.end() ? "-" : name->second, kindOf(child));
     }
+}
+
+int countOf(const std::string& title) {
+    int count = 0;
+    for (HWND window : shownWindows()) {
+        count += textOf(window) == title ? 1 : 0;
+    }
+    return count;
+}
+
+bool isInFront(const std::string& title) {
+    HWND front = GetForegroundWindow();
+    HWND focus = front == nullptr ? nullptr : focusOf(front);
+    return focus != nullptr && (focus == front || IsChild(front, focus) != FALSE) &&
+           textOf(front) == title;
+}
+
+// A window is asked to paint itself when nothing else is left for its thread to do.
+void waitForPaint(HWND window) {
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_NOCHILDREN);
+    while (IsWindowVisible(window) != FALSE && IsIconic(window) == FALSE &&
+           GetUpdateRect(window, nullptr, FALSE) != FALSE) {
+        Sleep(1);
+    }
+}
+
+// Twice: what it did at last may have given it more to do.
+void waitUntilIdle() {
+    for (int round = 0; round < 2; ++round) {
+        std::set<DWORD> threads;
+        for (HWND window : shownWindows()) {
+            if (threads.insert(GetWindowThreadProcessId(window, nullptr)).second) {
+                waitForPaint(window);
+            }
+        }
+    }
+}
+
+void waitUntilSettled(const InputMarks& marks, const std::string& key) {
+    if (!marks.wait(key == "F11" ? VK_F11 : VK_F12)) {
+        std::cout << "no\n";
+        return;
+    }
+    waitUntilIdle();
+    HWND front = GetForegroundWindow();
+    std::cout << "yes "
+              << reinterpret_cast<std::intptr_t>(GetPropA(front, "__wine_x11_whole_window"))
+              << '\n';
+}
+
+std::vector<std::string> wordsOf(const std::string& line) {
+    std::vector<std::string> words(1);
+    for (const char character : line) {
+        if (character == '\t') {
+            words.emplace_back();
+        } else {
+            words.back() += character;
+        }
+    }
+    return words;
+}
+
+void print(bool yes) {
+    std::cout << (yes ? "yes\n" : "no\n");
+}
+
+void answer(const std::string& what, const std::string& about, const InputMarks& marks) {
+    if (what == "look") {
+        HWND window = FindWindowW(nullptr, utf16(about).c_str());
+        HWND focus = window == nullptr ? nullptr : focusOf(window);
+        forEachControl(about,
+                       [focus](HWND child, const std::string& name, const std::string& kind) {
+                           printControl(child, focus, name, kind);
+                       });
+    } else if (what == "names") {
+        forEachControl(about, printName);
+    } else if (what == "count") {
+        std::cout << countOf(about) << '\n';
+    } else if (what == "front") {
+        print(isInFront(about));
+    } else if (what == "away") {
+        HWND front = GetForegroundWindow();
+        print(front == nullptr || front == GetDesktopWindow());
+    } else if (what == "iconic") {
+        print(IsIconic(FindWindowW(nullptr, utf16(about).c_str())) != FALSE);
+    } else if (what == "settled") {
+        waitUntilSettled(marks, about);
+    } else if (what == "idle") {
+        waitUntilIdle();
+    } else {
+        std::cout << "no such request\n";
+    }
+}
+
+int serve() {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+    CoInitialize(nullptr);
+    const InputMarks marks;
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        std::vector<std::string> words = wordsOf(line);
+        words.resize(2);
+        answer(words[0], words[1], marks);
+        std::cout << ".\n" << std::flush;
+    }
+    CoUninitialize();
+    return 0;
+}
+
+int send(char** arguments) {
+    HWND window = FindWindowA(nullptr, arguments[1]);
+    if (window == nullptr) {
+        return 1;
+    }
+    const auto number = [&](int at) { return std::strtoll(arguments[at], nullptr, 0); };
+    std::cout << SendMessageA(window, static_cast<UINT>(number(3)), static_cast<WPARAM>(number(4)),
+                              static_cast<LPARAM>(number(5)))
+              << '\n';
+    return 0;
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    const std::string what = count > 2 ? arguments[2] : "";
-    const bool known =
-        what.empty() || (what == "names" && count == 3) || (what == "send" && count == 6);
-    if (count < 2 || !known) {
-        std::cerr << "usage: window_probe TITLE [names | send MESSAGE WORD LONG]\n";
-        return 2;
+    if (count == 2 && std::string(arguments[1]) == "serve") {
+        return serve();
     }
-    HWND window = FindWindowA(nullptr, arguments[1]);
-    if (window == nullptr) {
-        return 1;
+    if (count == 6 && std::string(arguments[2]) == "send") {
+        return send(arguments);
     }
-    if (what == "send") {
-        const auto number = [&](int at) { return std::strtoll(arguments[at], nullptr, 0); };
-        const LRESULT answer =
-            SendMessageA(window, static_cast<UINT>(number(3)), static_cast<WPARAM>(number(4)),
-                         static_cast<LPARAM>(number(5)));
-        std::cout << answer << '\n';
-    } else if (what == "names") {
-        CoInitialize(nullptr);
-        forEachControl(window, printName);
-        CoUninitialize();
-    } else {
-        HWND focus = focusOf(window);
-        forEachControl(window, [focus](HWND child, const std::string& kind, int number) {
-            printControl(child, focus, kind, number);
-        });
-    }
-    return 0;
+    std::cerr << "usage: window_probe serve | window_probe TITLE send MESSAGE WORD LONG\n";
+    return 2;
 }

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_desktop.hpp"
 
+#include "platform/default_extension.hpp"
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
@@ -14,6 +15,9 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -39,8 +43,9 @@ std::wstring filterList(std::string_view filter) {
     return list + std::wstring(2, L'\0');
 }
 
-// Whether a file was chosen; its name is in `name` then.
-bool runDialog(const FileDialog& dialog, std::wstring& name) {
+// Whether a file was chosen; its name is in `name` then, and the filter that it was chosen by in
+// `filterIndex`.
+bool runDialog(const FileDialog& dialog, std::wstring& name, DWORD& filterIndex) {
     const auto title = toWide(dialog.title);
     const auto initialFolder = toWide(dialog.initialFolder);
     const auto filter = filterList(dialog.filter);
@@ -54,32 +59,55 @@ bool runDialog(const FileDialog& dialog, std::wstring& name) {
     request.lpstrInitialDir = initialFolder.empty() ? nullptr : initialFolder.c_str();
     request.lpstrTitle = title.empty() ? nullptr : title.c_str();
     request.Flags = flagsOf(dialog);
-    return (dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameW(&request)
-                                                  : GetSaveFileNameW(&request)) != 0;
+    const BOOL chosen = dialog.kind == FileDialog::Kind::Open ? GetOpenFileNameW(&request)
+                                                              : GetSaveFileNameW(&request);
+    filterIndex = request.nFilterIndex;
+    return chosen != FALSE;
+}
+
+bool somethingExists(const std::string& path) {
+    return GetFileAttributesW(toWidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// The button that was pressed; IDCANCEL for none, 0 where the box could not be shown.
+int showBox(const Message& message) {
+    return MessageBoxW(askingWindow(), toWide(message.text).c_str(),
+                       toWide(message.title).c_str(), styleOf(message));
+}
+
+// Then no box stays on the screen: asking would never end.
+bool programIsToEnd() {
+    MSG message{};
+    return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
 }
 
 } // namespace
 
 MessageAnswer Win32Desktop::show(const Message& message) {
-    switch (MessageBoxW(askingWindow(), toWide(message.text).c_str(), toWide(message.title).c_str(),
-                        styleOf(message))) {
-    case IDYES:
-        return MessageAnswer::Yes;
-    case IDNO:
-        return MessageAnswer::No;
-    default:
-        return message.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    int answer = showBox(message);
+    if (message.buttons == MessageButtons::Ok) {
+        return MessageAnswer::Ok;
     }
+    // Escape and a closed window are no answer, and either one could cost the user something.
+    while (answer != IDYES && answer != IDNO && !programIsToEnd()) {
+        if (answer == 0) {
+            const DWORD code = GetLastError();
+            raiseSystemError(ErrorNumber::InternalError, code);
+        }
+        answer = showBox(message);
+    }
+    return answer == IDYES ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
 std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
     constexpr std::size_t longestPath = 32768;
     std::wstring name = toWide(dialog.fileName).substr(0, longestPath - 1);
     name.resize(longestPath);
-    bool chosen = runDialog(dialog, name);
+    DWORD filterIndex = 0;
+    bool chosen = runDialog(dialog, name, filterIndex);
     if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
         name.assign(longestPath, L'\0'); // better an empty field than no dialog
-        chosen = runDialog(dialog, name);
+        chosen = runDialog(dialog, name, filterIndex);
     }
     if (!chosen) {
         const auto systemError = CommDlgExtendedError();
@@ -87,11 +115,22 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
                          systemError);
     }
     name.resize(name.find(L'\0'));
-    if (auto path = toSystemPath(name); path) {
-        return *std::move(path);
+    const std::optional<std::string> path = toSystemPath(name);
+    if (!path) {
+        tellUnusable(askingWindow(), name);
+        raiseSystemError(ErrorNumber::Cancelled, ERROR_NO_UNICODE_TRANSLATION);
     }
-    tellUnusable(askingWindow(), name);
-    raiseSystemError(ErrorNumber::Cancelled, ERROR_NO_UNICODE_TRANSLATION);
+    // The system's own default extension would be appended whichever filter is chosen.
+    if (dialog.kind == FileDialog::Kind::Open || filterIndex != 1) {
+        return *path;
+    }
+    std::string extended = withDefaultExtension(*path, dialog.filter);
+    if (dialog.overwritePrompt && extended != *path && somethingExists(extended)) {
+        FileDialog again = dialog; // it asks before it replaces, and has not seen this name yet
+        again.fileName = std::move(extended);
+        return chooseFile(again);
+    }
+    return extended;
 }
 
 std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {

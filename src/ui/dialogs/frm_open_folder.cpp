@@ -46,7 +46,7 @@ void frmOpenFolder::connectEvents() {
 
 void frmOpenFolder::Form_Load() {
     centreOnScreen();
-    if (FolderExists(files_, startFolder_)) {
+    if (FolderExists(files_, inFull(startFolder_))) {
         showFolder(startFolder_);
     }
     DirPath_Change(); // wherever the lists start, the field says it
@@ -89,10 +89,16 @@ void frmOpenFolder::txtPath_LostFocus() {
     }
 }
 
+// What is checked, shown and given back, for the system reads some paths otherwise: "C:records" as
+// in the current folder of that drive. Empty where nothing is named.
+std::string frmOpenFolder::inFull(std::string_view path) const {
+    return trim(path).empty() ? std::string() : fullPath(path, files_.currentFolder());
+}
+
 // Whether the field names a folder; else the user is told, and is back in the field.
 bool frmOpenFolder::acceptPath() {
     txtPath.setText(trim(txtPath.text()));
-    if (FolderExists(files_, txtPath.text())) {
+    if (FolderExists(files_, inFull(txtPath.text()))) {
         return true;
     }
     sendBack(desktop_, txtPath, "Invalid Folder!\rPlease enter a valid Folder.", warningTitle);
@@ -110,7 +116,7 @@ void frmOpenFolder::cmdNew_Click() {
     if (name.empty()) {
         return;
     }
-    const std::string folder = withBackslash(path).append(name);
+    const std::string folder = withBackslash(inFull(path)).append(name);
     createIfPossible(folder);
     if (!FolderExists(files_, folder)) {
         showWarning(desktop_, "Could not create the new folder " + folder, warningTitle);
@@ -131,7 +137,7 @@ void frmOpenFolder::createIfPossible(std::string_view folder) {
 // Enter presses it without leaving the field, where a path may still count from the current folder.
 void frmOpenFolder::cmdOK_Click() {
     if (acceptPath()) {
-        result_ = fullPath(txtPath.text(), files_.currentFolder());
+        result_ = inFull(txtPath.text());
         hide();
     }
 }

@@ -46,6 +46,7 @@ class frmOpenFolder final : public Form {
 
     void connectEvents();
     void showFolder(std::string_view folder);
+    [[nodiscard]] std::string inFull(std::string_view path) const;
     [[nodiscard]] bool acceptPath();
     void createIfPossible(std::string_view folder);
 

@@ -2,6 +2,8 @@
 
 #include "ui/forms/form.hpp"
 
+#include <algorithm>
+
 namespace tarnwick {
 
 Control::Control(Form& form, std::string_view name) : form_(form), name_(name) {
@@ -24,6 +26,10 @@ void Control::setBounds(const Bounds& bounds) {
 
 void Control::setAccessibleName(std::string_view name) {
     set(accessibleName_, std::string(name), Property::AccessibleName);
+}
+
+bool Control::putsOffCheckFor(const Control& to) const noexcept {
+    return to.isCancel() || std::ranges::find(helpers_, &to) != helpers_.end();
 }
 
 bool Control::userBroughtFocus() {

@@ -4,9 +4,11 @@
 #include "ui/forms/view.hpp"
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarnwick {
 
@@ -40,8 +42,12 @@ class Control {
 
     // Whether this kind of control can have the focus at all.
     [[nodiscard]] virtual bool isFocusable() const noexcept { return true; }
-    // Whether leaving a field for this control puts the field's check off (see Form).
+    // Whether leaving any field for this control puts the field's check off (see Form).
     [[nodiscard]] virtual bool isCancel() const noexcept { return false; }
+    // Leaving this control for one of these puts its check off as well: they mend what is wrong
+    // with it, or switch it off. They must outlive it.
+    void putOffCheckFor(std::initializer_list<const Control*> helpers) { helpers_ = helpers; }
+    [[nodiscard]] bool putsOffCheckFor(const Control& to) const noexcept;
     // Whether the user can act on it now.
     [[nodiscard]] bool isUsable() const noexcept { return enabled_ && visible_; }
 
@@ -92,6 +98,7 @@ class Control {
     Form& form_;
     std::string name_;
     std::string accessibleName_;
+    std::vector<const Control*> helpers_;
     Control* heir_ = nullptr;
     View* view_ = nullptr;
     Bounds bounds_;

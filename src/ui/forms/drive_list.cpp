@@ -32,10 +32,11 @@ void DriveList::setDrive(std::string_view path) {
 }
 
 void DriveList::userPicked(std::size_t index) {
-    if (!userBroughtFocus()) {
+    const std::string picked = index < drives_.size() ? drives_[index] : std::string();
+    if (!userBroughtFocus() || std::ranges::find(drives_, picked) == drives_.end()) {
         tellView(Property::Text);
-    } else if (drives_.at(index) != drive_) {
-        set(drive_, drives_[index], Property::Text);
+    } else if (picked != drive_) {
+        set(drive_, picked, Property::Text);
         raise(Change);
     }
 }

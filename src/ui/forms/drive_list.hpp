@@ -25,6 +25,8 @@ class DriveList final : public Control {
     // share, which is on no drive. Raises 68 for a drive that is not there; all stays as it was.
     void setDrive(std::string_view path);
 
+    // The entry of that index, as the list was when the user picked it: leaving another control may
+    // make it another list on the way.
     void userPicked(std::size_t index);
 
     std::function<void()> Change; // whoever has changed the drive

@@ -124,11 +124,14 @@ void Form::leaveFor(Control& to) {
     Control* const owing = owed_;
     focused_ = &to;
     owed_ = nullptr;
-    if (to.isCancel()) {
-        owed_ = owing != nullptr ? owing : left;
+    Control* const due = owing != nullptr ? owing : left;
+    if (due != nullptr && due->putsOffCheckFor(to)) {
+        owed_ = due;
         return;
     }
-    for (Control* const control : {owing, left}) {
+    // What was switched off on the way has nothing left to be checked.
+    Control* const owes = owing != nullptr && owing->isUsable() ? owing : nullptr;
+    for (Control* const control : {owes, left}) {
         if (control != nullptr && control != &to && visible_ && focused_ == &to) {
             raise(control->LostFocus);
         }
@@ -195,6 +198,12 @@ void Form::userPressedEscape() {
         return;
     }
     click([](const Button& candidate) { return candidate.answersEscape(); });
+}
+
+void Form::userPressedFunctionKey(int keyCode) {
+    if (visible_) {
+        raise(FunctionKey, keyCode);
+    }
 }
 
 void Form::click(bool (*wanted)(const Button&)) {

@@ -30,8 +30,10 @@ enum class MousePointer {
 //    neither, so that a handler which sends the focus back never starts another handler.
 //  - A control has lost the focus only when another control of the same form has it: not when
 //    another window or program takes the keyboard, nor when the form closes.
-//  - A control that is left for a Cancel button is not told yet: whoever cancels need not hear what
-//    is wrong with a field. When the focus moves on from Cancel to another control, it is.
+//  - A control that is left for a Cancel button, or for one of its helpers (see
+//    Control::putOffCheckFor), is not told yet: whoever cancels, or is about to mend a field, need
+//    not hear what is wrong with it. When the focus moves on from there to another control, it is,
+//    unless it was switched off in the meantime.
 //  - While a handler of LostFocus or GotFocus runs, no other one is started.
 class Form {
   public:
@@ -90,6 +92,7 @@ class Form {
     // What shows it has raised an error, and it will be unloaded. Without a handler the error goes
     // to whoever had it shown.
     std::function<void(const std::exception_ptr& error)> ViewFailed;
+    std::function<void(int keyCode)> FunctionKey; // wherever the focus is
     std::function<void()> MouseMove; // over no control, or over one that has no handler for it
 
     // For presenters: the window's and the screen's size, before show().
@@ -109,6 +112,8 @@ class Form {
     // The control with the focus is asked first whether it wants the key.
     void userPressedEnter();
     void userPressedEscape();
+    // Besides, the control with the focus may have a use for it.
+    void userPressedFunctionKey(int keyCode);
     // The window's close button, or what stands for it.
     void userClosed();
     // The user's session on the machine is about to end: now is the time to ask something. Whether
@@ -147,7 +152,7 @@ class Form {
     std::vector<MenuItem*> menu_;
     View* view_ = nullptr;
     Control* focused_ = nullptr;
-    Control* owed_ = nullptr; // left for a Cancel button, and not told yet
+    Control* owed_ = nullptr; // left, and not told yet
     bool movingFocus_ = false;
     bool loaded_ = false;
     bool visible_ = false;

@@ -16,6 +16,9 @@ enum : int {
     right = 39,
     down = 40,
     eight = 56, // on the main keyboard; with Shift it may type "*"
+    a = 65,
+    f2 = 113,
+    f5 = 116,
 };
 
 } // namespace tarnwick::Key

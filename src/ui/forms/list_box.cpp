@@ -19,6 +19,10 @@ void sortByName(std::vector<std::string>& names) {
     }
 }
 
+bool isPlaceIn(const std::vector<std::string>& items, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < items.size();
+}
+
 } // namespace
 
 ListBox::ListBox(Form& form, std::string_view name, Order order)
@@ -108,6 +112,7 @@ void ListBox::retain(const std::vector<bool>& kept) {
 }
 
 void ListBox::itemsChanged() {
+    ++changes_;
     tellView(Property::Items);
 }
 
@@ -152,16 +157,54 @@ void ListBox::measured(const CharacterWidths& widths) {
 }
 
 void ListBox::userSelected(std::span<const int> indices) {
+    const std::size_t changes = changes_;
+    const bool mayChange = form().focused() != this;
+    std::vector<std::string> names = mayChange ? namesAt(indices) : std::vector<std::string>();
     if (!userBroughtFocus()) {
         tellView(Property::Selection);
         return;
     }
-    selected_.assign(items_.size(), false);
+    if (changes != changes_) {
+        selectNames(std::move(names));
+    } else {
+        selected_.assign(items_.size(), false);
+        for (const int index : indices) {
+            if (isPlaceIn(items_, index)) {
+                selected_[static_cast<std::size_t>(index)] = true;
+            }
+        }
+        selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
+    }
+    raise(Click);
+}
+
+std::vector<std::string> ListBox::namesAt(std::span<const int> indices) const {
+    std::vector<std::string> names;
+    names.reserve(indices.size());
     for (const int index : indices) {
-        selected_.at(static_cast<std::size_t>(index)) = true;
+        if (isPlaceIn(items_, index)) {
+            names.push_back(items_[static_cast<std::size_t>(index)]);
+        }
+    }
+    return names;
+}
+
+void ListBox::selectNames(std::vector<std::string> names) {
+    std::ranges::sort(names);
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        selected_[i] = std::ranges::binary_search(names, items_[i]);
     }
     selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
-    raise(Click);
+    tellView(Property::Selection);
+}
+
+void ListBox::userSelectedAll() {
+    if (userBroughtFocus() && selectedCount_ != items_.size()) {
+        selected_.assign(items_.size(), true);
+        selectedCount_ = items_.size();
+        tellView(Property::Selection);
+        raise(Click);
+    }
 }
 
 void ListBox::userDoubleClicked() {

@@ -57,8 +57,12 @@ class ListBox final : public Control {
     void measured(const CharacterWidths& widths);
 
     // The user has selected exactly these items, as the view shows already, and the focus came
-    // along. When it did not (see Form), the view is told to show what was selected before.
+    // along. When it did not (see Form), the view is told to show what was selected before. Where
+    // leaving another control has refilled the list on the way, the items of the same names are
+    // selected, and the view is told.
     void userSelected(std::span<const int> indices);
+    // The user has marked all of them at once.
+    void userSelectedAll();
     // Two clicks on an item, which the first one has selected.
     void userDoubleClicked();
 
@@ -68,6 +72,8 @@ class ListBox final : public Control {
 
   private:
     void itemsChanged();
+    [[nodiscard]] std::vector<std::string> namesAt(std::span<const int> indices) const;
+    void selectNames(std::vector<std::string> names);
 
     Order order_;
     std::vector<std::string> items_;
@@ -75,6 +81,7 @@ class ListBox final : public Control {
     std::size_t selectedCount_ = 0;
     CharacterWidths widths_;
     int horizontalExtent_ = 0;
+    std::size_t changes_ = 0; // of the items, so far
 };
 
 } // namespace tarnwick

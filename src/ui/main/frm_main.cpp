@@ -62,6 +62,7 @@ frmMain::frmMain(MainServices services)
     showDefinition(definition_);
     sayNames();
     sayHeirs();
+    sayHelpers();
     connectCommands();
     connectFields();
     connectSelection();

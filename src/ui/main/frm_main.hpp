@@ -121,7 +121,7 @@ class frmMain final : public Form, private RunWindow {
     ListBox lstSelected{*this, "lstSelected", ListBox::Order::ByName};
 
     Button cmdCreateBatFile{*this, "cmdCreateBatFile", "Create &Batch File..."};
-    Button cmdOK{*this, "cmdOK", "Execute", Button::Role::Default};
+    Button cmdOK{*this, "cmdOK", "Execute"};
     Button cmdCancel{*this, "cmdCancel", "Close", Button::Role::Cancel};
 
     StatusBar StatusBar1{*this, "StatusBar1", 3};
@@ -148,9 +148,13 @@ class frmMain final : public Form, private RunWindow {
     void cboLanguage_Click();
     [[nodiscard]] bool findTools();
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
-    [[nodiscard]] bool beginFileCommand();
-    [[nodiscard]] bool offerToSave();
-    void saveAs();
+    enum class Changes { None, Saved, Declined, NotSaved }; // what became of them
+    [[nodiscard]] Changes beginFileCommand();
+    [[nodiscard]] Changes offerToSave();
+    void keepWork();
+    enum class SavedAs { Written, NotWritten, Cancelled };
+    SavedAs saveAs();
+    [[nodiscard]] BatchDefinition newDefinition(std::string_view sINIFile);
     void storeNow(std::string_view sINIFile, std::string_view procedure);
     void nameINIFile();
 
@@ -171,8 +175,8 @@ class frmMain final : public Form, private RunWindow {
     void offerCancel(bool offered) override;
 
     // The definition and the window.
-    void ReadINIFile();
-    void SaveINIFile();
+    [[nodiscard]] bool ReadINIFile();
+    bool SaveINIFile();
     void MyDefaultSettings();
     void LoadDefaultGridSettings();
     void GetCFGValues();
@@ -233,8 +237,11 @@ class frmMain final : public Form, private RunWindow {
     void UpdateListBoxScrollBars();
     void listInputFolder();
     void relist();
+    void forgetFiles();
+    void thenEnableOK(const std::function<void()>& body);
     [[nodiscard]] bool mayExecute() const;
 
+    void Form_FunctionKey(int keyCode);
     void Form_Resize();
     void layOut(Size content);
     void layOutCNS();
@@ -250,6 +257,7 @@ class frmMain final : public Form, private RunWindow {
     void connectGotFocus();
     void sayNames();
     void sayHeirs();
+    void sayHelpers();
     void commonSteps();
     [[nodiscard]] std::string pickFolder(std::string_view title, std::string_view startFolder);
     [[nodiscard]] OutputGridEditor::Window outputWindow();

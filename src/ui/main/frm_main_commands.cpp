@@ -3,9 +3,12 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "definition/ini_file.hpp"
 #include "definition/stored_settings.hpp"
 #include "ui/dialogs/choose_file.hpp"
 #include "ui/main/frm_main.hpp"
+
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -38,21 +41,21 @@ FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definitio
 
 } // namespace
 
-// False where the user wanted the changes saved and they are not: the command would lose them.
-bool frmMain::beginFileCommand() {
+// Where the user wanted the changes saved and they are not, the command would lose them and is not
+// gone on with.
+frmMain::Changes frmMain::beginFileCommand() {
     commonSteps();
-    if (!offerToSave()) {
-        return false;
+    const Changes changes = offerToSave();
+    if (changes != Changes::NotSaved) {
+        definition_.bSettingsChanged = false;
+        bFieldEdited_ = false;
     }
-    definition_.bSettingsChanged = false;
-    bFieldEdited_ = false;
-    return true;
+    return changes;
 }
 
-// Whether the changes are where the user wants them.
-bool frmMain::offerToSave() {
+frmMain::Changes frmMain::offerToSave() {
     if (!definition_.bSettingsChanged && !bFieldEdited_) {
-        return true;
+        return Changes::None;
     }
     const MessageAnswer answer =
         services_.desktop.show({.text = "Do you want to save the changes you made to " +
@@ -61,11 +64,10 @@ bool frmMain::offerToSave() {
                                 .icon = MessageIcon::None,
                                 .buttons = MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes) {
-        return true;
+        return Changes::Declined;
     }
     markChanged(); // until it is saved: a field that is still being edited counts
-    SaveINIFile();
-    return !definition_.bSettingsChanged;
+    return SaveINIFile() ? Changes::Saved : Changes::NotSaved;
 }
 
 // A store that cannot be written must not keep the work from its file.
@@ -81,8 +83,23 @@ void frmMain::nameINIFile() {
     StatusBar1.setPanelText(2, file);
 }
 
+// The defaults, with the fields, process boxes and tools as they stand.
+BatchDefinition frmMain::newDefinition(std::string_view sINIFile) {
+    BatchDefinition fresh = definition();
+    tarnwick::MyDefaultSettings(fresh);
+    fresh.sINIFile = sINIFile;
+    if (const std::string_view folder = trim(txtInput.text());
+        (bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, folder)) {
+        fresh.sInputFolder = folder; // as leaving the field would have it
+    }
+    return fresh;
+}
+
+// The file comes first: where it cannot be written, the window must not show the defaults under the
+// old name, or the next Save would write them over the old definition.
 void frmMain::mnuNewINI_Click() {
-    if (!beginFileCommand()) {
+    const Changes changes = beginFileCommand();
+    if (changes == Changes::NotSaved) {
         return;
     }
     FileDialog dialog = iniDialog(FileDialog::Kind::Save, "New INI File");
@@ -91,23 +108,27 @@ void frmMain::mnuNewINI_Click() {
     if (!chosen || chosen->empty()) {
         return;
     }
-    if (const std::string folder(trim(txtInput.text()));
-        (bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, folder)) {
-        // A menu command leaves no field: what was typed is listed now, as the new file names it.
-        txtInput.setText(folder);
-        relist();
+    BatchDefinition fresh = newDefinition(*chosen);
+    if (!tarnwick::SaveINIFile(fresh, services_.files, services_.desktop)) {
+        definition_.bSettingsChanged = changes == Changes::Declined; // they are still there
+        return;
     }
     storeNow(*chosen, newProcedure);
     MyDefaultSettings();
-    SaveINIFile();
     nameINIFile();
     // Only now, so that the new file holds whether MP was run before.
     chkMP.setValue(checked);
     chkMP.Click();
+    if ((bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, fresh.sInputFolder)) {
+        // A menu command leaves no field: what was typed is listed now, as the new file names it.
+        txtInput.setText(fresh.sInputFolder);
+        thenEnableOK([this] { listInputFolder(); });
+    }
 }
 
 void frmMain::mnuOpenINI_Click() {
-    if (!beginFileCommand()) {
+    const Changes changes = beginFileCommand();
+    if (changes == Changes::NotSaved) {
         return;
     }
     FileDialog dialog =
@@ -117,8 +138,13 @@ void frmMain::mnuOpenINI_Click() {
     if (!chosen || chosen->empty()) {
         return;
     }
+    BatchDefinition before = definition();
     definition_.sINIFile = *chosen;
-    ReadINIFile();
+    if (!ReadINIFile()) {
+        // Under either name the next Save would write over a file what does not belong there.
+        before.bSettingsChanged = changes == Changes::Declined; // they are still there
+        showDefinition(before);
+    }
     nameINIFile();
 }
 
@@ -134,16 +160,23 @@ void frmMain::mnuSaveAsINI_Click() {
     saveAs();
 }
 
-void frmMain::saveAs() {
+// Another file has the name of the definition only when it holds it.
+frmMain::SavedAs frmMain::saveAs() {
     const auto chosen = chooseFile(
         services_.desktop,
         startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));
     if (!chosen || chosen->empty()) {
-        return;
+        return SavedAs::Cancelled;
+    }
+    const std::string before = std::exchange(definition_.sINIFile, *chosen);
+    if (!SaveINIFile()) {
+        definition_.sINIFile = before;
+        markChanged(); // what is in the window is in no file
+        return SavedAs::NotWritten;
     }
     storeNow(*chosen, saveAsProcedure);
-    SaveINIFile();
     nameINIFile();
+    return SavedAs::Written;
 }
 
 void frmMain::mnuExit_Click() {

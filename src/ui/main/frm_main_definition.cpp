@@ -62,15 +62,12 @@ void frmMain::LoadDefaultGridSettings() {
     });
 }
 
-void frmMain::ReadINIFile() {
+// Whether it was read. Where it was not, the definition holds how far the reader got, and the
+// window shows that or what it showed before.
+bool frmMain::ReadINIFile() {
     takeFromControls();
-    const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
-                                                 [this] { showWhatWasRead(); });
-    if (!completed) { // the window shows how far the reader got
-        showRecord();
-        enableAll();
-        EnableOK();
-    }
+    return tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
+                                 [this] { showWhatWasRead(); });
 }
 
 void frmMain::showWhatWasRead() {
@@ -85,13 +82,13 @@ void frmMain::showWhatWasRead() {
     EnableOK();
 }
 
-void frmMain::SaveINIFile() {
+bool frmMain::SaveINIFile() {
     if (bFieldEdited_) {
         bFieldEdited_ = false;
         markChanged(); // and stays so where the file cannot be written
     }
     takeFromControls();
-    tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+    return tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
 }
 
 // What was answered at the end of the session held for what there was then.

@@ -72,6 +72,8 @@ void frmMain::connectSelection() {
     connect(txtInput.LostFocus, "Private Sub txtInput_LostFocus()", &frmMain::txtInput_LostFocus);
     connect(txtInExt.LostFocus, "Private Sub txtInExt_LostFocus()", &frmMain::txtInExt_LostFocus);
     connect(cmdInput.Click, "Private Sub cmdInput_Click()", &frmMain::cmdInput_Click);
+    connect(FunctionKey, "Private Sub Form_KeyDown(KeyCode As Integer, Shift As Integer)",
+            &frmMain::Form_FunctionKey);
     connect(lstAvailable.Click, "Private Sub lstAvailable_Click()", &frmMain::lstAvailable_Click);
     connect(lstAvailable.DblClick, "Private Sub lstAvailable_DblClick()",
             &frmMain::lstAvailable_DblClick);
@@ -149,6 +151,14 @@ void frmMain::sayHeirs() {
     cmdSelectFiles[3].passFocusTo(lstAvailable);
     cmdCreateBatFile.passFocusTo(cmdCancel);
     cmdOK.passFocusTo(cmdCancel);
+}
+
+// What a user turns to who has typed something wrong into a field.
+void frmMain::sayHelpers() {
+    txtCNS.putOffCheckFor({&cmdCNS, &chkCNS});
+    txtAliases.putOffCheckFor({&cmdAliases, &chkAliases, &chkCNS});
+    txtCFG.putOffCheckFor({&cmdCFG, &chkCFG});
+    txtInput.putOffCheckFor({&cmdInput});
 }
 
 } // namespace tarnwick

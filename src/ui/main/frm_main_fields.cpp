@@ -171,13 +171,14 @@ void frmMain::cmdOutputFolder_Click() {
 }
 
 void frmMain::cmdInput_Click() {
-    commonSteps();
-    const std::string folder = pickFolder(openFolder, txtInput.text());
-    if (!folder.empty()) {
-        txtInput.setText(folder);
-        relist();
-    }
-    EnableOK();
+    thenEnableOK([this] {
+        commonSteps();
+        const std::string folder = pickFolder(openFolder, txtInput.text());
+        if (!folder.empty()) {
+            txtInput.setText(folder);
+            relist();
+        }
+    });
 }
 
 void frmMain::txtCNS_Change() {

@@ -23,13 +23,6 @@ void frmMain::cmdOK_Click() {
         return;
     }
     commonSteps();
-    // Enter presses it without leaving the field that it was typed in.
-    if (focused() != nullptr) {
-        raise(focused()->LostFocus);
-    }
-    if (!cmdOK.enabled()) {
-        return;
-    }
     RunWindow& window = *this;
     run_.emplace(RunServices{.files = services_.files,
                              .desktop = services_.desktop,

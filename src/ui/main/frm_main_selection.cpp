@@ -8,6 +8,7 @@
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/record_selection.hpp"
+#include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
 
 #include <utility>
@@ -31,37 +32,82 @@ void frmMain::txtInExt_Change() {
     markFieldEdited();
 }
 
-void frmMain::txtInput_LostFocus() {
-    commonSteps();
-    if (bInputChanged_ && !leaveBlank(txtInput)) {
-        if (FolderExists(services_.files, txtInput.text())) {
-            relist();
-        } else {
-            refuse(txtInput, "The " + quoted(txtInput.text()) + " folder does not exist.");
-        }
+// What fails on the way must not leave Execute as it was for another folder.
+void frmMain::thenEnableOK(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (...) {
+        EnableOK();
+        throw;
     }
     EnableOK();
+}
+
+void frmMain::txtInput_LostFocus() {
+    thenEnableOK([this] {
+        commonSteps();
+        if (bInputChanged_ && !leaveBlank(txtInput)) {
+            if (FolderExists(services_.files, txtInput.text())) {
+                relist();
+            } else {
+                refuse(txtInput, "The " + quoted(txtInput.text()) + " folder does not exist.");
+            }
+        }
+    });
 }
 
 void frmMain::txtInExt_LostFocus() {
-    commonSteps();
-    const bool edited = std::exchange(bFieldEdited_, false);
-    if (bInExtChanged_ && FolderExists(services_.files, txtInput.text())) {
-        relist();
-    } else if (edited) {
-        markChanged();
-    }
-    EnableOK();
+    thenEnableOK([this] {
+        commonSteps();
+        const bool edited = std::exchange(bFieldEdited_, false);
+        if (bInExtChanged_ && FolderExists(services_.files, txtInput.text())) {
+            relist();
+        } else if (edited) {
+            markChanged();
+        }
+    });
 }
 
+// F5 lists the folder again, which leaves no field and changes no setting. A folder that is not
+// there is told when its field is left.
+void frmMain::Form_FunctionKey(int keyCode) {
+    if (keyCode != Key::f5 || listing_) {
+        return;
+    }
+    thenEnableOK([this] {
+        commonSteps();
+        const std::string folder(trim(txtInput.text()));
+        if (FolderExists(services_.files, folder)) {
+            if (folder != txtInput.text()) { // else the caret stays where it is
+                txtInput.setText(folder);
+            }
+            listInputFolder();
+        }
+    });
+}
+
+// The change is what stands in the fields, whether it can be listed or not.
 void frmMain::relist() {
-    listInputFolder();
     markChanged();
+    listInputFolder();
+}
+
+// The selected files were another folder's: nobody may run them in this one.
+void frmMain::forgetFiles() {
+    lstAvailable.setItems({});
+    lstSelected.setItems({});
+    EnableMove();
+    EnableOK();
 }
 
 void frmMain::listInputFolder() {
     filAvailable_.setPattern(txtInExt.text());
-    filAvailable_.setPath(txtInput.text());
+    try {
+        filAvailable_.setPath(txtInput.text());
+    } catch (...) {
+        forgetFiles();
+        throw;
+    }
     bInputChanged_ = false;
     bInExtChanged_ = false;
     LoadFiles();
@@ -73,20 +119,18 @@ void frmMain::LoadFiles() {
         // The field names the new folder already: what the user does now must not run the old
         // one's files in it.
         const Raised busy(listing_);
-        lstAvailable.setItems({});
-        services_.events.letRun();
-        std::vector<std::string> listing;
         try {
-            listing = filAvailable_.names();
+            lstAvailable.setItems({});
+            services_.events.letRun();
+            std::vector<std::string> listing = filAvailable_.names();
+            const ListingMatch match = matchListing(listing, lstSelected.items());
+            keepOnly(match.available, listing);
+            lstAvailable.setItems(std::move(listing));
+            lstSelected.retain(match.kept);
         } catch (...) {
-            lstSelected.setItems({}); // they were another folder's: nobody may run them in this one
-            EnableOK();
+            forgetFiles();
             throw;
         }
-        const ListingMatch match = matchListing(listing, lstSelected.items());
-        keepOnly(match.available, listing);
-        lstAvailable.setItems(std::move(listing));
-        lstSelected.retain(match.kept);
         UpdateListBoxScrollBars();
         tellLeftOut(services_.desktop, filAvailable_.leftOut(), "file", filAvailable_.path());
     });

@@ -15,8 +15,8 @@ void frmMain::Form_Load() {
     showDefinition(definitionAtStartUp(services_.process, services_.files, services_.settings));
     MyDefaultSettings();
     cmdOK.setEnabled(false);
-    if (FileExists(services_.files, definition_.sINIFile)) {
-        ReadINIFile();
+    if (FileExists(services_.files, definition_.sINIFile) && !ReadINIFile()) {
+        showDefinition(BatchDefinition(definition_)); // how far the reader got
     }
     if (!findTools()) {
         abandon(); // nothing is asked and nothing stored
@@ -56,10 +56,8 @@ void frmMain::Form_Unload() {
     });
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         commonSteps(); // an edit that is going on counts
-        // Nothing holds up the end: where the file cannot be written (it lies in a program's
-        // folder, say), this is the last moment to keep the work in another.
-        if (!bAskedAtSessionEnd_ && !offerToSave()) {
-            saveAs();
+        if (!bAskedAtSessionEnd_) {
+            keepWork();
         }
     });
     if (run_) { // whatever has failed: nobody could cancel it any more
@@ -71,8 +69,17 @@ void frmMain::Form_Unload() {
 // before anybody has read a question.
 void frmMain::Form_SessionIsEnding() {
     commonSteps();
-    (void)offerToSave();
+    keepWork();
     bAskedAtSessionEnd_ = true;
+}
+
+// Nothing holds up the end: where the file cannot be written (it lies in a program's folder, say),
+// this is the last moment to keep the work in another, unless nobody wants to.
+void frmMain::keepWork() {
+    if (offerToSave() == Changes::NotSaved) {
+        while (saveAs() == SavedAs::NotWritten) {
+        }
+    }
 }
 
 void frmMain::Form_SessionGoesOn() {

@@ -43,6 +43,8 @@ void OutputGridEditor::connectEvents() {
     grid.KeyDown = trapped(procedures_.keyDown, [this](int keyCode) {
         if (keyCode == Key::enter) {
             moveOn();
+        } else if (keyCode == Key::f2) {
+            pEditGrid(Key::blank);
         }
     });
     grid.KeyPress = trapped(procedures_.keyPress, [this](int character) { KeyPress(character); });

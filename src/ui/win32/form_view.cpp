@@ -18,6 +18,13 @@
 namespace tarnwick {
 namespace {
 
+// Enter. The system's default button may be the one that had the focus last, so which button
+// answers is the form's to say.
+bool isPressFromElsewhere(const ControlWindow& clicked, WORD code) {
+    return code == BN_CLICKED && GetFocus() != clicked.window() &&
+           dynamic_cast<const Button*>(&clicked.control()) != nullptr;
+}
+
 [[noreturn]] void raiseMisfit(const std::string& what) {
     ErrorRecord record = RunTimeError(ErrorNumber::InternalError).record();
     record.description += ": " + what;
@@ -170,6 +177,10 @@ bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         lookWhereTheFocusIs();
         return true;
     }
+    if (message == ViewMessage::functionKey) {
+        form_.userPressedFunctionKey(static_cast<int>(wParam));
+        return true;
+    }
     if (message == ViewMessage::accessKey) {
         const auto key = toSystemText(std::wstring(1, static_cast<wchar_t>(wParam)));
         answer(key && key->size() == 1 && pressedAccessKey(key->front()) ? TRUE : FALSE);
@@ -273,7 +284,11 @@ void FormView::command(WORD id, WORD code, HWND window) {
             // The focus is still on its way, and no message may be shown before it has arrived.
             PostMessageW(dialog_, ViewMessage::focusMoved, 0, 0);
         }
-        bound->notified(code);
+        if (isPressFromElsewhere(*bound, code)) {
+            form_.userPressedEnter();
+        } else {
+            bound->notified(code);
+        }
     } else if (id == IDOK) {
         form_.userPressedEnter();
     } else if (window == nullptr) {

@@ -51,4 +51,27 @@ void StatusBarWindow::showTexts() {
     }
 }
 
+void ProgressBarWindow::changed(Property property) {
+    if (property == Property::Value) {
+        SendMessageW(window(), PBM_SETPOS, static_cast<WPARAM>(progressBar_.value()), 0);
+        return;
+    }
+    ControlWindow::changed(property);
+    if (property == Property::Visible && !progressBar_.visible()) {
+        repaintBehind();
+    }
+}
+
+// The panel that it stood in draws its edges beside it as well, and is not asked to do so by
+// itself.
+void ProgressBarWindow::repaintBehind() const {
+    HWND behind = GetParent(window());
+    RECT area{};
+    GetWindowRect(window(), &area);
+    MapWindowPoints(HWND_DESKTOP, behind, reinterpret_cast<POINT*>(&area), 2);
+    constexpr int edge = 2;
+    InflateRect(&area, edge, edge);
+    RedrawWindow(behind, &area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 } // namespace tarnwick

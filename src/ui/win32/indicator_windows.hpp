@@ -34,15 +34,11 @@ class ProgressBarWindow final : public ControlWindow {
         SendMessageW(window, PBM_SETRANGE32, 0, ProgressBar::full);
     }
 
-    void changed(Property property) override {
-        if (property == Property::Value) {
-            SendMessageW(window(), PBM_SETPOS, static_cast<WPARAM>(progressBar_.value()), 0);
-        } else {
-            ControlWindow::changed(property);
-        }
-    }
+    void changed(Property property) override;
 
   private:
+    void repaintBehind() const;
+
     ProgressBar& progressBar_;
 };
 

@@ -1,5 +1,6 @@
 #include "ui/win32/list_box_window.hpp"
 
+#include "ui/forms/keys.hpp"
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/redraw_pause.hpp"
 #include "ui/win32/view_messages.hpp"
@@ -20,7 +21,7 @@ UINT numberOf(std::size_t byte) {
 } // namespace
 
 ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
-    : ControlWindow(listBox, window), listBox_(listBox) {
+    : ControlWindow(listBox, window), listBox_(listBox), keys_(window) {
     measureCharacters();
 }
 
@@ -127,6 +128,13 @@ void ListBoxWindow::notified(WORD code) {
         listBox_.userSelected(selection());
     } else if (code == LBN_DBLCLK) {
         listBox_.userDoubleClicked();
+    }
+}
+
+void ListBoxWindow::keyPressed(int keyCode) {
+    const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    if (keyCode == Key::a && control) {
+        listBox_.userSelectedAll();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/forms/list_box.hpp"
 #include "ui/win32/control_window.hpp"
+#include "ui/win32/key_listener.hpp"
 
 #include <vector>
 
@@ -15,6 +16,7 @@ class ListBoxWindow final : public ControlWindow {
     void changed(Property property) override;
     void resolutionChanged() override;
     void notified(WORD code) override;
+    void keyPressed(int keyCode) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
   private:
@@ -25,6 +27,7 @@ class ListBoxWindow final : public ControlWindow {
     [[nodiscard]] std::vector<int> selection() const;
 
     ListBox& listBox_;
+    KeyListener keys_;
 };
 
 } // namespace tarnwick

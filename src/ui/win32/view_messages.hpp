@@ -18,6 +18,8 @@ enum ViewMessage : UINT {
     userInput,
     // Alt and a character (wParam) were pressed; answered in DWLP_MSGRESULT whether that is all.
     accessKey,
+    // A function key (wParam) went down somewhere in the window.
+    functionKey,
     // The window is on a screen of another resolution now, and the system has laid it out.
     resolutionChanged,
 };

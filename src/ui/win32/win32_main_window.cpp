@@ -117,6 +117,10 @@ bool Win32MainWindow::handles(MSG& message) {
         SendMessageW(window_, ViewMessage::accessKey, message.wParam, 0) != FALSE) {
         return true;
     }
+    if (ours && message.message == WM_KEYDOWN && message.wParam == VK_F5) {
+        SendMessageW(window_, ViewMessage::functionKey, message.wParam, 0);
+        return true;
+    }
     return IsDialogMessageW(window_, &message) != FALSE;
 }
 

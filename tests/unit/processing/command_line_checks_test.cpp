@@ -77,12 +77,19 @@ TEST_F(CommandLineChecks, An_override_of_quotation_marks_alone_changes_nothing) 
 
 TEST_F(CommandLineChecks, A_file_that_is_no_definition_gets_a_clear_answer) {
     definition.sMPExecutable = "C:\\app\\mp.exe";
-    for (const std::string& content :
-         {std::string(), std::string("\0\1\xFF\r\n=\x1A", 7), std::string(10'000, '\r'),
-          "Language=" + std::string(std::size_t{3} * 1024 * 1024, 'x')}) {
+    for (const std::string& content : {std::string(), std::string(10'000, '\r')}) {
         world.write("C:\\batch.ini", content);
         desktop.messages.clear();
         expectWarning("-I C:\\batch.ini", "Under MP, please define the output definition.");
+    }
+    for (const std::string& content :
+         {std::string("\0\1\xFF\r\n=\x1A", 7), std::string("Title: Lakes\r\n"),
+          "Language=" + std::string(std::size_t{3} * 1024 * 1024, 'x')}) {
+        world.write("C:\\batch.ini", content);
+        desktop.messages.clear();
+        expectNothingDone("-I C:\\batch.ini");
+        EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Public Sub ReadINIFile()",
+                                                              ErrorNumber::InvalidFileFormat)));
     }
 }
 

@@ -1,6 +1,8 @@
 #include "support/faulty_files.hpp"
 #include "unit/processing/command_line_world.hpp"
 
+#include <tuple>
+
 namespace tarnwick {
 namespace {
 
@@ -72,9 +74,27 @@ TEST_F(CommandLineFailures, A_batch_that_cannot_be_started_is_reported_and_remov
     EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, ElementsAre("MPDELETE.bat"));
 }
 
-TEST_F(CommandLineFailures, A_folder_that_can_no_longer_be_listed_is_reported) {
-    faulty.failAt(FileOperation::ListFiles, 2, RunTimeError(ErrorNumber::PathNotFound));
-    expectReport("-I C:\\batch.ini -e *.met", own, ErrorNumber::PathNotFound);
+TEST_F(CommandLineFailures, A_definitions_own_folder_that_cannot_be_listed_does_not_stop_another) {
+    faulty.failAt(FileOperation::ListFiles, 1, RunTimeError(ErrorNumber::PathFileAccess));
+    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\other"), CommandLineResult::BatchStarted);
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub LoadFiles()",
+                                                          ErrorNumber::PathFileAccess)));
+    EXPECT_THAT(records.selected(), ElementsAre("z.met"));
+}
+
+TEST_F(CommandLineFailures, A_folder_that_cannot_be_listed_has_no_files) {
+    for (const auto& [text, nth, folder] :
+         {std::tuple{"-I C:\\batch.ini", 1, "D:\\meta\\in"},
+          std::tuple{"-I C:\\batch.ini -F D:\\other", 2, "D:\\other"}}) {
+        desktop.messages.clear();
+        faulty.failAt(FileOperation::ListFiles, nth, RunTimeError(ErrorNumber::PathNotFound));
+        EXPECT_EQ(run(text), CommandLineResult::NothingStarted);
+        EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub LoadFiles()",
+                                                              ErrorNumber::PathNotFound),
+                                                  warning("No files found in folder \"" +
+                                                          std::string(folder) + "\".")));
+    }
+    EXPECT_THAT(interpreter.started, IsEmpty());
 }
 
 } // namespace

@@ -137,6 +137,30 @@ TEST_F(OpenFolderPath, Enter_on_a_path_that_counts_from_the_current_folder_gives
     }
 }
 
+// "C:records" is in the current folder for the system, and on the drive's root for the picker.
+TEST_F(OpenFolderPath, What_is_checked_is_what_OK_gives) {
+    world.makeFolder(R"(C:\Work\records)");
+    type("C:records");
+    form.userPressedEnter();
+    expectRefusal();
+    desktop.messages.clear();
+    form.userClicked(form.cmdOK);
+    expectRefusal();
+    world.makeFolder(R"(C:\records)");
+    form.userPressedEnter();
+    EXPECT_EQ(form.result(), R"(C:\records)");
+}
+
+TEST_F(OpenFolderPath, What_is_checked_is_where_the_lists_go_and_a_new_folder_comes) {
+    world.makeFolder(R"(C:\elsewhere)");
+    type("C:elsewhere");
+    desktop.typedTexts = {"new"};
+    form.userClicked(form.cmdNew);
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    expectShown("C:", R"(C:\elsewhere\new)");
+    EXPECT_TRUE(world.exists(R"(C:\elsewhere\new)"));
+}
+
 TEST_F(OpenFolderPath, OK_refuses_a_path_that_does_not_exist_with_one_message) {
     type(R"(C:\nowhere)");
     form.userClicked(form.cmdOK);

@@ -149,6 +149,44 @@ TEST_F(ListBoxes, A_field_that_keeps_the_focus_swallows_the_selection) {
     EXPECT_THAT(view.told, ElementsAre(Property::Selection)); // back to what it was
 }
 
+// What the user has marked was another list's when the click was made.
+TEST_F(ListBoxes, A_list_that_is_refilled_on_the_way_keeps_the_marks_on_what_is_still_there) {
+    form.cmdOther.LostFocus = [this] { list.setItems({"0", "b"}); };
+    userSelects({1, 2}); // "b" and "c"
+    EXPECT_THAT(list.selection(), ElementsAre(false, true));
+    EXPECT_EQ(list.selectedCount(), 1U);
+    EXPECT_THAT(view.told, ElementsAre(Property::Items, Property::Selection));
+    EXPECT_THAT(events, ElementsAre("GotFocus", "Click"));
+}
+
+TEST_F(ListBoxes, A_list_that_is_emptied_on_the_way_has_nothing_marked) {
+    form.cmdOther.LostFocus = [this] { list.setItems({}); };
+    userSelects({2});
+    EXPECT_THAT(list.selection(), IsEmpty());
+    EXPECT_THAT(events, ElementsAre("GotFocus", "Click"));
+}
+
+TEST_F(ListBoxes, A_place_that_the_list_does_not_have_is_none) {
+    userSelects({-1, 3, 1});
+    EXPECT_THAT(list.selection(), ElementsAre(false, true, false));
+    userSelects({7, 0});
+    EXPECT_THAT(list.selection(), ElementsAre(true, false, false));
+    EXPECT_EQ(list.selectedCount(), 1U);
+}
+
+TEST_F(ListBoxes, All_items_can_be_marked_at_once) {
+    list.userSelectedAll();
+    EXPECT_THAT(list.selection(), ElementsAre(true, true, true));
+    EXPECT_EQ(list.selectedCount(), 3U);
+    EXPECT_THAT(view.told, ElementsAre(Property::Selection));
+    EXPECT_THAT(events, ElementsAre("GotFocus", "Click"));
+    list.userSelectedAll();
+    EXPECT_THAT(events, ElementsAre("GotFocus", "Click")); // they are already
+    list.setItems({});
+    list.userSelectedAll();
+    EXPECT_THAT(events, ElementsAre("GotFocus", "Click"));
+}
+
 TEST_F(ListBoxes, A_double_click_is_told) {
     list.userDoubleClicked();
     EXPECT_THAT(events, ElementsAre("GotFocus", "DblClick"));

@@ -237,6 +237,20 @@ TEST_F(PathLists, A_drive_that_was_plugged_in_is_found) {
     EXPECT_THAT(events, ElementsAre("drive E:"));
 }
 
+TEST_F(PathLists, The_drive_that_was_picked_is_the_one_that_the_user_saw) {
+    world.makeDrive('A');
+    form.cmdFirst.LostFocus = [this] { drives.setDrive("A:"); }; // A: comes first from now on
+    drives.userPicked(1);
+    EXPECT_EQ(drives.drive(), "D:");
+    EXPECT_THAT(events, ElementsAre("drive A:", "drive D:"));
+}
+
+TEST_F(PathLists, A_drive_that_the_list_does_not_have_is_not_picked) {
+    drives.userPicked(2);
+    EXPECT_EQ(drives.drive(), "C:");
+    EXPECT_THAT(events, IsEmpty());
+}
+
 TEST_F(PathLists, A_field_that_keeps_the_focus_swallows_what_the_user_does) {
     form.cmdFirst.LostFocus = [this] { form.cmdFirst.setFocus(); };
     drives.userPicked(1);

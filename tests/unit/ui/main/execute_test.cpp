@@ -204,7 +204,7 @@ TEST_F(Execute, While_a_folder_is_being_listed_nothing_runs_and_no_batch_file_is
         }
     };
     type(form.txtInput, R"(D:\empty)");
-    form.userPressedEnter();
+    form.userClicked(form.cmdOK);
     EXPECT_EQ(listings, 1);
     EXPECT_THAT(interpreter.started, SizeIs(0));
     EXPECT_THAT(desktop.fileDialogs, SizeIs(0));

@@ -278,20 +278,19 @@ TEST_F(Fields, Browsing_for_the_configuration_file_inspects_it) {
     EXPECT_THAT(desktop.fileDialogs, ElementsAre(expected, second));
 }
 
-TEST_F(Fields, Enter_in_a_field_checks_it_before_anything_is_executed) {
+TEST_F(Fields, Execute_checks_the_field_that_is_left_for_it_first) {
     form.userClicked(form.chkCNS); // off again
     form.userClicked(form.chkCFG);
     listRecords();
     form.userClicked(form.cmdSelectFiles[1]);
     ASSERT_TRUE(form.cmdOK.enabled());
     type(form.txtInput, R"(D:\nowhere)");
-    form.userPressedEnter();
+    form.userClicked(form.cmdOK);
     expectRefusal(form.txtInput, R"(The "D:\nowhere" folder does not exist.)");
     desktop.messages.clear();
     type(form.txtInput, R"(D:\in)");
     leave();
-    form.userMovedFocus(form.lstSelected);
-    form.userPressedEnter();
+    form.userClicked(form.cmdOK);
     // Whose own checks come next.
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("Please specify a folder for the output \"Error\" file.")));

@@ -237,19 +237,6 @@ TEST_F(FileCommands, An_INI_file_that_uses_no_configuration_file_frees_the_outpu
     EXPECT_TRUE(form.grdCNS.enabled());
 }
 
-TEST_F(FileCommands, What_was_read_of_a_file_that_breaks_off_shows_in_the_window) {
-    std::string text = "Language=French\r\nProcess CNS=1\r\n";
-    text.append(3000000, '\n');
-    world.write(R"(D:\long.ini)", text);
-    desktop.chosenFiles = {R"(D:\long.ini)"};
-    files.failAt(FileOperation::Read, 2, RunTimeError(ErrorNumber::DeviceIO));
-    form.mnuOpenINI.userClicked();
-    EXPECT_THAT(desktop.messages, ElementsAre(report("Public Sub ReadINIFile()", 57,
-                                                     describe(ErrorNumber::DeviceIO))));
-    EXPECT_EQ(form.cboLanguage.text(), "French");
-    EXPECT_TRUE(form.grdCNS.enabled());
-}
-
 TEST_F(FileCommands, New_writes_defaults_with_the_fields_as_they_stand_before_MP_is_checked) {
     listRecords("*.met");
     form.userClicked(form.chkMP); // off

@@ -284,5 +284,73 @@ TEST_F(InputFiles, What_the_user_does_while_the_list_is_empty_does_no_harm) {
     EXPECT_THAT(selected(), IsEmpty());
 }
 
+// The folder has vanished between the look whether it is there and the listing.
+TEST_F(InputFiles, A_listing_that_raises_empties_the_lists_and_leaves_nothing_to_execute) {
+    const std::vector<std::pair<std::string, std::function<void()>>> ways{
+        {"Private Sub cmdInput_Click()",
+         [this] {
+             pickedFolders = {R"(D:\empty)"};
+             form.userClicked(form.cmdInput);
+         }},
+        {"Private Sub txtInput_LostFocus()",
+         [this] {
+             type(form.txtInput, R"(D:\empty)");
+             files.failAt(FileOperation::CanListFolder, 2, RunTimeError(ErrorNumber::PathNotFound));
+             leave();
+         }},
+        {"Private Sub txtInExt_LostFocus()", [this] {
+             type(form.txtInExt, "*.met");
+             files.failAt(FileOperation::CanListFolder, 2, RunTimeError(ErrorNumber::PathNotFound));
+             leave();
+         }}};
+    for (const auto& [procedure, act] : ways) {
+        files.heal();
+        type(form.txtInExt, "*");
+        listRecords();
+        select(form.lstAvailable, {0});
+        move(1);
+        ASSERT_TRUE(form.cmdOK.enabled()) << procedure;
+        forgetChanges();
+        desktop.messages.clear();
+        files.failAt(FileOperation::CanListFolder, 1, RunTimeError(ErrorNumber::PathNotFound));
+        act();
+        EXPECT_THAT(desktop.messages,
+                    ElementsAre(report(procedure, 76, describe(ErrorNumber::PathNotFound))));
+        EXPECT_THAT(available(), IsEmpty()) << procedure;
+        EXPECT_THAT(selected(), IsEmpty()) << procedure;
+        EXPECT_THAT(moves(), ElementsAre(false, false, false, false)) << procedure;
+        EXPECT_FALSE(form.cmdOK.enabled()) << procedure;
+        EXPECT_FALSE(form.cmdCreateBatFile.enabled()) << procedure;
+        EXPECT_TRUE(changed()) << procedure; // the field names another folder or pattern
+    }
+}
+
+TEST_F(InputFiles, Events_that_raise_while_a_folder_is_listed_leave_no_other_files_selected) {
+    listRecords();
+    move(2);
+    events.handler = [] { throw RunTimeError(ErrorNumber::DeviceIO); };
+    type(form.txtInput, R"(D:\empty)");
+    leave();
+    events.handler = nullptr;
+    EXPECT_THAT(selected(), IsEmpty());
+    EXPECT_FALSE(form.cmdOK.enabled());
+}
+
+TEST_F(InputFiles, Whatever_raises_on_the_way_Execute_follows_what_the_window_shows_then) {
+    listRecords();
+    move(2);
+    type(form.txtInput, "");
+    files.failAlways(FileOperation::CanListFolder, RunTimeError(ErrorNumber::PathNotFound));
+    services.pickFolder = nullptr;
+    type(form.txtInput, R"(D:\nowhere)");
+    desktop.whileShown = [this](const Message&) {
+        desktop.whileShown = nullptr;
+        throw RunTimeError(ErrorNumber::DeviceIO);
+    };
+    form.cmdOK.setEnabled(true);
+    leave();
+    EXPECT_FALSE(form.cmdOK.enabled());
+}
+
 } // namespace
 } // namespace tarnwick

@@ -433,6 +433,16 @@ TEST_F(StartUpWindow, A_settings_store_that_cannot_be_written_does_not_cost_the_
     EXPECT_FALSE(form.loaded());
 }
 
+TEST_F(StartUpWindow, What_was_read_of_a_file_that_breaks_off_shows_in_the_window) {
+    world.write(defaultIni, "Language=French\r\nProcess CNS=1\r\n" + std::string(3'000'000, '\n'));
+    files.failAt(FileOperation::Read, 2, RunTimeError(ErrorNumber::DeviceIO));
+    form.show();
+    EXPECT_THAT(desktop.messages, ElementsAre(report("Public Sub ReadINIFile()", 57,
+                                                     describe(ErrorNumber::DeviceIO))));
+    EXPECT_EQ(form.cboLanguage.text(), "French");
+    EXPECT_TRUE(form.grdCNS.enabled());
+}
+
 TEST_F(StartUpWindow, A_failing_start_up_is_reported_and_the_window_comes_up) {
     services.showOptions = [](BatchDefinition&) { throw RunTimeError(ErrorNumber::DiskFull); };
     world.files().remove(R"(C:\App\mp.exe)");

@@ -54,9 +54,7 @@ test-native:
 
 test-windows: windows
 	@$(ensure) $(wine_packages)
-	@# Programs that are worked by mouse and keyboard can lose a click to a busy machine; what fails
-	@# twice is broken.
-	cmake/on-virtual-screen ctest --preset windows --repeat until-pass:2
+	cmake/on-virtual-screen ctest --preset windows
 
 dist: windows
 	@$(ensure) $(dist_packages)

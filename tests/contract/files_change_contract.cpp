@@ -91,7 +91,7 @@ TEST_F(FilesChange, A_hidden_file_that_is_replaced_stays_hidden) {
     put("old.txt", "old");
     platform->hide(in("old.txt"));
     files.moveOver(in("new.txt"), in("old.txt"));
-    EXPECT_EQ(files.listFiles(platform->scratch(), ""), Names{});
+    EXPECT_EQ(files.listFiles(platform->scratch(), "").names, Names{});
     EXPECT_EQ(get("old.txt"), "new");
 }
 

@@ -1,6 +1,7 @@
 // The contracts on the build machine, and what only this implementation promises.
 
 #include "contract/contract_fixture.hpp"
+#include "contract/real_time.hpp"
 #include "platform/hosted/code_page_437.hpp"
 #include "platform/hosted/hosted_clock.hpp"
 #include "platform/hosted/hosted_command_interpreter.hpp"
@@ -8,6 +9,7 @@
 #include "platform/hosted/hosted_pending_events.hpp"
 #include "platform/hosted/hosted_process.hpp"
 #include "platform/hosted/hosted_settings_store.hpp"
+#include "support/eventually.hpp"
 #include "support/hosted_world.hpp"
 
 #include <iconv.h>
@@ -17,21 +19,19 @@
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <thread>
 
 namespace tarnwick {
 namespace {
 
 namespace fs = std::filesystem;
 
-class HostedPlatform : public PlatformUnderTest {
+class HostedPlatform : public PlatformInRealTime {
   public:
     HostedPlatform() { world_.makeFolder(R"(C:\scratch)"); }
 
@@ -246,10 +246,7 @@ TEST(HostedCommandInterpreter, A_batch_goes_on_when_the_program_ends) {
     ::waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
     world.write(R"(C:\signal)", "");
-    for (int i = 0; i < 600 && !world.exists(R"(C:\marker)"); ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
-    EXPECT_TRUE(world.exists(R"(C:\marker)"));
+    EXPECT_TRUE(eventually([&] { return world.exists(R"(C:\marker)"); }));
 }
 
 TEST(HostedCommandInterpreter, No_process_is_left_to_wait_for) {

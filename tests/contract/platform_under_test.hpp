@@ -57,8 +57,12 @@ class PlatformUnderTest {
 
     virtual Clock& clock() = 0;
     virtual PendingEvents& events() = 0;
+    // Lets that much time go by.
+    virtual void letPass(double seconds) = 0;
     // Lets `event` wait; any thread may post.
     virtual void post(std::function<void()> event) = 0;
+    // Lets `event` wait from some moment in `wait` on, which runs here and now.
+    virtual void postDuring(std::function<void()> event, const std::function<void()>& wait) = 0;
 };
 
 // Defined once for each system.

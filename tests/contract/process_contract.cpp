@@ -1,7 +1,5 @@
 #include "contract/contract_fixture.hpp"
-
-#include <chrono>
-#include <thread>
+#include "support/eventually.hpp"
 
 namespace tarnwick {
 namespace {
@@ -20,16 +18,8 @@ TEST_F(ProcessContract, A_variable_has_its_value_and_one_that_is_not_set_is_empt
 
 class Interpreter : public ContractTest {
   protected:
-    // Whether the file is there before a generous time is over.
     [[nodiscard]] bool appears(std::string_view name) const {
-        using namespace std::chrono_literals;
-        for (int i = 0; i < 600; ++i) {
-            if (exists(name)) {
-                return true;
-            }
-            std::this_thread::sleep_for(50ms);
-        }
-        return false;
+        return eventually([&] { return exists(name); });
     }
 
     CommandInterpreter& interpreter = platform->interpreter();
@@ -49,11 +39,7 @@ TEST_F(Interpreter, A_started_batch_tells_when_it_has_ended) {
     EXPECT_FALSE(batch->hasEnded());
     put("signal");
     EXPECT_TRUE(appears("marker"));
-    using namespace std::chrono_literals;
-    for (int i = 0; i < 600 && !batch->hasEnded(); ++i) {
-        std::this_thread::sleep_for(50ms);
-    }
-    EXPECT_TRUE(batch->hasEnded());
+    EXPECT_TRUE(eventually([&] { return batch->hasEnded(); }));
     EXPECT_TRUE(batch->hasEnded()); // and goes on saying so
 }
 

@@ -2,6 +2,7 @@
 
 #include "contract/contract_fixture.hpp"
 #include "postprocess/relative_links.hpp"
+#include "support/eventually.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <windows.h>
@@ -15,17 +16,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class Win32Links : public ContractTest {
-  protected:
-    // Whether that is so before a generous time is over.
-    template <typename Condition>
-    static bool eventually(Condition condition) {
-        for (int i = 0; i < 600 && !condition(); ++i) {
-            Sleep(50);
-        }
-        return condition();
-    }
-};
+class Win32Links : public ContractTest {};
 
 TEST_F(Win32Links, A_page_that_another_process_has_open_stays_whole_until_it_is_closed) {
     BatchDefinition definition;

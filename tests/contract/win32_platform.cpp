@@ -1,6 +1,7 @@
 // The contracts on Windows, and what only this implementation promises.
 
 #include "contract/contract_fixture.hpp"
+#include "contract/real_time.hpp"
 #include "platform/win32/command_line.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/handle.hpp"
@@ -11,6 +12,7 @@
 #include "platform/win32/win32_pending_events.hpp"
 #include "platform/win32/win32_process.hpp"
 #include "platform/win32/win32_settings_store.hpp"
+#include "support/eventually.hpp"
 
 #include <windows.h>
 
@@ -21,7 +23,6 @@
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -121,7 +122,7 @@ void makeRemovable(const std::string& folder) {
     }
 }
 
-class Win32Platform final : public PlatformUnderTest {
+class Win32Platform final : public PlatformInRealTime {
   public:
     Win32Platform() { forgetSettings(); } // of an earlier run, which may have been cut short
     Win32Platform(const Win32Platform&) = delete;
@@ -132,9 +133,7 @@ class Win32Platform final : public PlatformUnderTest {
         std::error_code failed;
         makeRemovable(scratch_);
         // A batch file that has just ended may be held a little longer.
-        for (int i = 0; i < 100 && (fs::remove_all(scratch_, failed), failed); ++i) {
-            Sleep(50);
-        }
+        static_cast<void>(eventually([&] { return fs::remove_all(scratch_, failed), !failed; }));
         if (!otherVolume_.empty()) {
             makeRemovable(otherVolume_);
             fs::remove_all(otherVolume_, failed);
@@ -282,12 +281,8 @@ class Win32Platform final : public PlatformUnderTest {
 
 class Win32 : public ContractTest {
   protected:
-    // Whether the file is there before a generous time is over.
     [[nodiscard]] bool appears(std::string_view name) const {
-        for (int i = 0; i < 600 && !exists(name); ++i) {
-            Sleep(50);
-        }
-        return exists(name);
+        return eventually([&] { return exists(name); });
     }
 };
 
@@ -419,19 +414,29 @@ TEST_F(Win32, A_request_to_quit_stays_for_the_program_itself) {
     EXPECT_EQ(message.wParam, 7U);
 }
 
+// Somebody has a file open until there has been the third pause between two attempts.
+class LookedAtFiles : public Win32Files {
+  public:
+    explicit LookedAtFiles(std::shared_ptr<void> looking) : looking_(std::move(looking)) {}
+    int pauses = 0;
+
+  private:
+    void pauseBetweenMoves() noexcept override {
+        if (++pauses == 3) {
+            looking_.reset();
+        }
+    }
+    std::shared_ptr<void> looking_;
+};
+
 TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_replaced_all_the_same) {
     for (const std::string_view used : {"old.txt", "new.txt"}) {
         SCOPED_TRACE(used);
         put("new.txt", "new");
         put("old.txt", "old");
-        std::shared_ptr<void> looking = platform->keep(in(used));
-        std::thread scanner([&] {
-            constexpr DWORD moment = 200;
-            Sleep(moment);
-            looking.reset();
-        });
-        EXPECT_EQ(raisedBy([&] { files.moveOver(in("new.txt"), in("old.txt")); }), 0);
-        scanner.join();
+        LookedAtFiles lookedAt(platform->keep(in(used)));
+        EXPECT_EQ(raisedBy([&] { lookedAt.moveOver(in("new.txt"), in("old.txt")); }), 0);
+        EXPECT_EQ(lookedAt.pauses, 3);
         EXPECT_EQ(get("old.txt"), "new");
     }
 }

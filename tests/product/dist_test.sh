@@ -18,13 +18,12 @@ fail() {
     say "FAILED: $*" >&2
     exit 1
 }
-# until_true SECONDS COMMAND...: whether the command comes true in time.
-until_true() {
-    local left=$(($1 * 5))
-    shift
+# eventually COMMAND...: again and again, until it succeeds. Only what is broken lets anybody wait long.
+eventually() {
+    local end=$((SECONDS + 300))
     until "$@"; do
-        [ $((left -= 1)) -gt 0 ] || return 1
-        sleep 0.2
+        [ $SECONDS -lt $end ] || return 1
+        sleep 0.1
     done
 }
 rm -rf "$work"
@@ -92,12 +91,19 @@ uninstalls() { # HIVE SWITCH
     "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
     rm "$drive/remove.bat"
     # It goes on from a copy of itself, which it deletes last.
-    until_true 20 gone "$1" || fail "still there: $(ls "$folder")"
+    eventually gone "$1" || fail "still there: $(ls "$folder")"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = "./TARNWICK.ini ./mine/other.ini" ] ||
         fail "the user's own files are not what is left: $(ls -R "$folder")"
     rm -r "$drive/Program Files/Map Room"
     files >"$work/after"
     diff "$work/before" "$work/after" || fail "that is left"
+}
+# Its copy goes on when it has ended itself.
+uninstaller_is_done() {
+    local pid
+    for pid in $(pgrep '^(Uninstall|Au_|Un_[A-Z])\.exe'); do
+        ! grep -qzxF "WINEPREFIX=$TARNWICK_WINE_BUILD/wine" "/proc/$pid/environ" 2>/dev/null || return 1
+    done
 }
 gone() { [ ! -e "$folder/Uninstall.exe" ] && ! registered "$1" >/dev/null 2>&1; }
 
@@ -110,13 +116,15 @@ Installed_for_the_user_it_runs_and_goes_without_a_trace() {
     uninstalls HKCU /CurrentUser
 }
 
+has_keyboard() { [ "$(xdotool getwindowfocus -f)" = "$1" ]; }
+
 # While it is open, neither the installer nor the uninstaller may touch anything.
 the_window_opens() {
     local window status
     "$wine" reg add 'HKCU\Software\Corvane\TARNWICK' /v 'INI File Name' /d 'T:\demo.ini' /f >/dev/null
     "$wine" "$place\\Tarnwick.exe" &
     program=$!
-    until_true 20 xdotool search --onlyvisible --name '^Tarnwick - demo\.ini$' >"$work/window" || fail "no window"
+    eventually xdotool search --onlyvisible --name '^Tarnwick - demo\.ini$' >"$work/window" || fail "no window"
     window=$(head -n 1 "$work/window")
     cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
     printf 'C:\\setup.exe /S /CurrentUser\r\nexit %%errorlevel%%\r\n' >"$drive/again.bat"
@@ -127,9 +135,11 @@ the_window_opens() {
     printf '"%s\\Uninstall.exe" /CurrentUser /S\r\n' "$place" >"$drive/remove.bat"
     "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
     rm "$drive/remove.bat"
-    sleep 2
+    eventually uninstaller_is_done || fail "the uninstaller does not end"
     [ -e "$folder/Uninstall.exe" ] && [ -e "$folder/Tarnwick.exe" ] || fail "a running program was removed"
-    xdotool windowactivate --sync "$window" key alt+F4
+    xdotool windowactivate --sync "$window"
+    eventually has_keyboard "$window" || fail "the window does not get the keyboard"
+    xdotool key alt+F4
     wait $program || fail "the program ended with $?"
     "$wine" reg delete 'HKCU\Software\Corvane' /f >/dev/null
 }

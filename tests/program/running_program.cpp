@@ -1,5 +1,7 @@
 #include "program/running_program.hpp"
 
+#include "support/eventually.hpp"
+
 #include <stdexcept>
 #include <vector>
 
@@ -59,8 +61,7 @@ RunningProgram::~RunningProgram() {
 }
 
 unsigned RunningProgram::exitCode() {
-    constexpr DWORD limitMilliseconds = 60'000;
-    if (WaitForSingleObject(process_.get(), limitMilliseconds) != WAIT_OBJECT_0) {
+    if (!eventually([&] { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; })) {
         throw std::runtime_error("the program does not end");
     }
     DWORD code = 0;

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -34,20 +33,6 @@ class RunningProgram {
     std::unique_ptr<void, CloseHandleOf> process_;
     DWORD processId_ = 0;
 };
-
-// Runs `ready` again and again until it is true; false when that takes too long.
-template <typename Ready>
-bool eventually(Ready ready) {
-    constexpr std::chrono::seconds limit{30};
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (!ready()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        Sleep(50);
-    }
-    return true;
-}
 
 // What a control or window says; what a message box says below its title.
 [[nodiscard]] std::string textOf(HWND window);

@@ -2,8 +2,10 @@
 
 #include "platform/clock.hpp"
 
+#include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace tarnwick {
 
@@ -22,7 +24,7 @@ class FakeClock : public Clock {
     std::string time = "10:00:00";
 };
 
-// Events that wait for nothing: waiting moves the clock on at once.
+// Events of a test's own. Waiting moves the clock on at once, unless an event waits.
 class FakePendingEvents : public PendingEvents {
   public:
     // Refers to `clock`, which must outlive it.
@@ -30,14 +32,24 @@ class FakePendingEvents : public PendingEvents {
 
     void letRun() override {
         ++timesRun;
+        while (!events_.empty()) {
+            const std::function<void()> event = std::exchange(events_.front(), nullptr);
+            events_.pop_front();
+            event();
+        }
         if (handler) {
             handler();
         }
     }
     void waitForEvent(double seconds) override {
-        secondsWaited += seconds;
-        clock_.advance(seconds);
+        if (events_.empty() && seconds > 0) {
+            secondsWaited += seconds;
+            clock_.advance(seconds);
+        }
     }
+
+    // Lets it wait for the next letRun.
+    void post(std::function<void()> event) { events_.push_back(std::move(event)); }
 
     int timesRun = 0;
     double secondsWaited = 0;
@@ -45,6 +57,7 @@ class FakePendingEvents : public PendingEvents {
 
   private:
     FakeClock& clock_;
+    std::deque<std::function<void()>> events_;
 };
 
 } // namespace tarnwick

@@ -28,6 +28,9 @@ std::unique_ptr<StartedBatch> FakeCommandInterpreter::startHidden(std::string_vi
     if (failure) {
         throw RunTimeError(*failure);
     }
+    if (files_.firstNormalFile(batchFile).empty()) {
+        throw RunTimeError(ErrorNumber::FileNotFound);
+    }
     started.push_back({std::string(batchFile), bytesOf(files_, batchFile)});
     if (run) {
         run(started.back());

@@ -8,6 +8,7 @@
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "platform/win32/win32_process.hpp"
+#include "support/eventually.hpp"
 #include "support/file_bytes.hpp"
 
 #include <windows.h>
@@ -31,9 +32,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr int tries = 400;
-constexpr DWORD between = 50; // milliseconds
-
 // Waits for the dialog of that title, does something with it, and is gone before the test goes on.
 class User {
   public:
@@ -47,12 +45,13 @@ class User {
 
   private:
     static HWND awaited(const std::string& title) {
-        for (int i = 0; i < tries; ++i) {
-            const auto dialog = FindWindowA(nullptr, title.c_str());
-            if (dialog != nullptr && IsWindowVisible(dialog) != 0) {
-                return dialog;
-            }
-            Sleep(between);
+        HWND dialog = nullptr;
+        const auto isShown = [&] {
+            dialog = FindWindowA(nullptr, title.c_str());
+            return dialog != nullptr && IsWindowVisible(dialog) != 0;
+        };
+        if (eventually(isShown)) {
+            return dialog;
         }
         // The call that should have shown it will never return.
         std::cerr << "no dialog was shown with the title " << title << '\n';
@@ -265,9 +264,8 @@ class FileDialogs : public testing::Test {
     }
     void TearDown() override {
         std::error_code failed; // a program that has just ended may hold its file a little longer
-        for (int i = 0; i < tries && (std::filesystem::remove_all(folder, failed), failed); ++i) {
-            Sleep(between);
-        }
+        static_cast<void>(
+            eventually([&] { return std::filesystem::remove_all(folder, failed), !failed; }));
     }
 
     // The field for the name, as whichever kind of control the dialog has for it.
@@ -461,10 +459,7 @@ TEST(Win32Desktop, A_line_that_has_no_place_in_the_code_page_is_told_and_stays) 
 TEST_F(FileDialogs, A_document_is_opened_by_its_program_in_the_working_folder) {
     putBytes(files, folder + R"(\open me.bat)", "@echo done> marker.txt\r\n");
     EXPECT_GT(desktop.openDocument(folder + R"(\open me.bat)", folder), 32);
-    for (int i = 0; i < tries && !exists(R"(\marker.txt)"); ++i) {
-        Sleep(between);
-    }
-    EXPECT_TRUE(exists(R"(\marker.txt)"));
+    EXPECT_TRUE(eventually([&] { return exists(R"(\marker.txt)"); }));
 }
 
 TEST_F(FileDialogs, A_document_that_is_not_there_gives_the_result_of_the_system) {

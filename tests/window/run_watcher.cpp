@@ -1,18 +1,14 @@
-// Presses the buttons of the program's main window from outside, and watches a run in it.
+// Presses the buttons of the program's main window from outside, and watches a run in it: for the
+// demo and the benchmarks.
 //
 //   run_watcher TITLE press CAPTION     presses the button or check box of that caption, without
 //                                       waiting for what it starts
-//   run_watcher TITLE click CAPTION     the same, and prints after how many milliseconds the window
-//                                       had dealt with it
-//   run_watcher TITLE watch SECONDS [STATUS]
+//   run_watcher TITLE watch SECONDS
 //
-// "watch" looks twenty times a second and prints a line for every change of what the window shows:
+// "watch" looks twenty times a second and prints a line for every change of what the window shows,
+// until the run is over:
 //
 //   seconds|caption of the Close button|per cent, or "-" without a progress bar|status
-//
-// and at the end "answers N slow M": how often it asked the window for a sign of life, and how
-// often that took longer than a tenth of a second. It ends with the run, or with a status that
-// begins with STATUS.
 //
 // The status is 0; 1 where there is no such window or button; 3 where the time was up.
 
@@ -23,7 +19,6 @@
 #include <functional>
 #include <iomanip>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,8 +27,7 @@ namespace {
 constexpr int noWindow = 1;
 constexpr int badUsage = 2;
 constexpr int timeIsUp = 3;
-constexpr UINT aTenth = 100; // milliseconds
-constexpr UINT patience = 20000;
+constexpr UINT patience = 20000; // milliseconds
 
 std::string textOf(HWND window) {
     std::string text(4096, '\0');
@@ -73,20 +67,6 @@ int press(HWND window, const char* caption) {
     return button != nullptr && PostMessageA(button, BM_CLICK, 0, 0) != 0 ? 0 : noWindow;
 }
 
-int click(HWND window, const char* caption) {
-    HWND button = findButton(window, caption);
-    if (button == nullptr) {
-        return noWindow;
-    }
-    const double start = seconds();
-    DWORD_PTR ignored = 0;
-    if (SendMessageTimeoutA(button, BM_CLICK, 0, 0, SMTO_NORMAL, patience, &ignored) == 0) {
-        return timeIsUp;
-    }
-    std::cout << std::fixed << std::setprecision(0) << (seconds() - start) * 1000 << '\n';
-    return 0;
-}
-
 // What the window shows of a run.
 class Watch {
   public:
@@ -99,37 +79,25 @@ class Watch {
               return text == "Close" || text == "Cancel";
           })) {}
 
-    int until(double limit, const std::optional<std::string>& awaited) {
-        const int result = watch(limit, awaited);
-        std::cout << "answers " << answers_ << " slow " << slow_ << '\n';
-        return result;
-    }
-
-  private:
-    [[nodiscard]] HWND ofClass(std::string_view name) const {
-        return findChild(window_, [&](HWND child) { return classOf(child) == name; });
-    }
-
-    int watch(double limit, const std::optional<std::string>& awaited) {
+    int untilTheEnd(double limit) {
         const double start = seconds();
         bool running = false;
         std::string last;
         while (seconds() - start < limit) {
-            askForLife();
             if (IsWindow(window_) == FALSE || IsWindowVisible(window_) == FALSE) {
                 return noWindow;
             }
             const std::string button = textOf(close_);
-            const std::string status = textOf(status_);
             const std::string shown =
-                std::string(button).append("|").append(percent()).append("|").append(status);
+                std::string(button).append("|").append(percent()).append("|").append(
+                    textOf(status_));
             if (shown != last) {
                 std::cout << std::fixed << std::setprecision(1) << seconds() - start << '|' << shown
                           << '\n'
                           << std::flush; // now: somebody reads along
                 last = shown;
             }
-            if (awaited ? status.starts_with(*awaited) : running && button == "Close") {
+            if (running && button == "Close") {
                 return 0;
             }
             running = running || button == "Cancel";
@@ -138,12 +106,9 @@ class Watch {
         return timeIsUp;
     }
 
-    void askForLife() {
-        DWORD_PTR ignored = 0;
-        const double start = seconds();
-        SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, patience, &ignored);
-        ++answers_;
-        slow_ += (seconds() - start) * 1000 > aTenth ? 1 : 0;
+  private:
+    [[nodiscard]] HWND ofClass(std::string_view name) const {
+        return findChild(window_, [&](HWND child) { return classOf(child) == name; });
     }
 
     [[nodiscard]] std::string percent() const {
@@ -156,29 +121,20 @@ class Watch {
     HWND status_;
     HWND progress_;
     HWND close_;
-    int answers_ = 0;
-    int slow_ = 0;
 };
 
 } // namespace
 
 int main(int count, char** arguments) {
-    const std::string_view command = count >= 4 ? arguments[2] : "";
-    HWND window = count >= 4 ? FindWindowA(nullptr, arguments[1]) : nullptr;
-    if (count >= 4 && window == nullptr) {
+    const std::string_view command = count == 4 ? arguments[2] : "";
+    if (command != "press" && command != "watch") {
+        std::cerr << "usage: run_watcher TITLE press CAPTION | watch SECONDS\n";
+        return badUsage;
+    }
+    HWND window = FindWindowA(nullptr, arguments[1]);
+    if (window == nullptr) {
         return noWindow;
     }
-    if (command == "press" && count == 4) {
-        return press(window, arguments[3]);
-    }
-    if (command == "click" && count == 4) {
-        return click(window, arguments[3]);
-    }
-    if (command == "watch" && count <= 5) {
-        const std::optional<std::string> awaited =
-            count == 5 ? std::optional<std::string>(arguments[4]) : std::nullopt;
-        return Watch(window).until(std::stod(arguments[3]), awaited);
-    }
-    std::cerr << "usage: run_watcher TITLE press|click CAPTION | watch SECONDS [STATUS]\n";
-    return badUsage;
+    return command == "press" ? press(window, arguments[3])
+                              : Watch(window).untilTheEnd(std::stod(arguments[3]));
 }

@@ -235,8 +235,12 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
         if (attempt == moveAttempts) {
             raiseSystemError(ErrorNumber::PermissionDenied, systemError);
         }
-        Sleep(millisecondsBetweenMoves);
+        pauseBetweenMoves();
     }
+}
+
+void Win32Files::pauseBetweenMoves() noexcept {
+    Sleep(millisecondsBetweenMoves);
 }
 
 } // namespace tarnwick

@@ -28,6 +28,10 @@ class Win32Files : public Files {
     void createFolder(std::string_view path) override;
     void moveOver(std::string_view from, std::string_view to) override;
 
+  protected:
+    // Between two attempts to replace a file that somebody has open: lets that one finish.
+    virtual void pauseBetweenMoves() noexcept;
+
   private:
     ShortNames shortNames_;
 };

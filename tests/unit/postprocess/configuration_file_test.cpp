@@ -142,6 +142,21 @@ TEST_F(ConfigurationFile, A_missing_file_is_reported_and_clears_the_flags) {
     EXPECT_EQ(timesInspected, 0);
 }
 
+TEST_F(ConfigurationFile, An_error_behind_output_leaves_its_flag_and_every_row_as_it_was) {
+    definition.iProcessCNS = checked;
+    const std::string filler(std::size_t{300} * 1024, 'x');
+    world.write("C:\\mp.cfg", "output\r\n" + filler + "\r\n");
+    FaultyFiles faulty(world.files());
+    faulty.failAt(FileOperation::Read, 2, RunTimeError(ErrorNumber::DeviceIO));
+    const BatchDefinition before = definition;
+    EXPECT_FALSE(GetCFGValues(definition, faulty, desktop, [this] { ++timesInspected; }));
+    EXPECT_TRUE(definition.bCfgNamesOutput);
+    EXPECT_EQ(definition.MPOutputs, before.MPOutputs);
+    EXPECT_EQ(definition.CNSOutputs, before.CNSOutputs);
+    EXPECT_EQ(definition.sCNSOutputFolder, "C:\\cns");
+    EXPECT_EQ(timesInspected, 0);
+}
+
 TEST_F(ConfigurationFile, An_error_while_reading_leaves_the_flags_as_far_as_they_were_set) {
     const std::string filler(std::size_t{300} * 1024, 'x');
     world.write("C:\\mp.cfg", "input\r\n" + filler + "\r\noutput\r\n");

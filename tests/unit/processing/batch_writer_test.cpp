@@ -71,6 +71,10 @@ TEST_F(BatchFile, A_full_disk_is_raised) {
         RunTimeError);
 }
 
+TEST_F(BatchFile, A_folder_with_a_caret_is_entered_in_quotation_marks) {
+    EXPECT_EQ(inFolder("C:\\a^b"), "@echo off\r\nC:\r\ncd \"\\a^b\"\r\n@echo on\r\n");
+}
+
 TEST_F(BatchFile, A_folder_with_a_drive_is_entered_drive_first) {
     EXPECT_EQ(inFolder(" C:\\meta\\my in "), "@echo off\r\nC:\r\ncd \\meta\\my in\r\n@echo on\r\n");
 }

@@ -188,6 +188,14 @@ TEST_F(CommandLineChecks, The_first_free_number_names_the_batch) {
     EXPECT_EQ(interpreter.started.back().path, "C:\\temp\\MP_CL2.bat");
 }
 
+TEST_F(CommandLineChecks, A_hidden_batch_has_its_name_for_itself) {
+    world.write("C:\\temp\\MP_CL.bat", "hidden away");
+    world.hide("C:\\temp\\MP_CL.bat");
+    batchOf("-I C:\\batch.ini");
+    EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL1.bat");
+    EXPECT_EQ(world.read("C:\\temp\\MP_CL.bat"), "hidden away");
+}
+
 TEST_F(CommandLineChecks, With_all_thousand_names_taken_the_user_is_asked_to_clean_up) {
     world.write("C:\\temp\\MP_CL.bat", "");
     for (int n = 1; n < 999; ++n) {

@@ -79,6 +79,11 @@ TEST(CommandLineText, Blanks_around_arguments_and_empty_options_do_not_count) {
                                                                         .bNotify = false}));
 }
 
+TEST(CommandLineText, Blanks_around_the_extensions_do_not_count) {
+    EXPECT_EQ(parsed("-I a.ini -E   *.met;*.txt   ").sInputExtensions, "*.met;*.txt");
+    EXPECT_EQ(parsed("-e   *.met   -I a.ini").sInputExtensions, "*.met");
+}
+
 TEST(CommandLineText, Folder_and_extensions_keep_their_quotation_marks_until_they_are_used) {
     EXPECT_EQ(parsed("-I a.ini -F \"C:\\my in\"").sInputFolder, "\"C:\\my in\"");
 }

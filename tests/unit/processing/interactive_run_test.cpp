@@ -82,6 +82,16 @@ TEST_F(InteractiveRuns, A_page_that_cannot_be_rewritten_is_reported_and_the_run_
     EXPECT_EQ(window.status, "Done!");
 }
 
+TEST_F(InteractiveRuns, After_CNS_its_output_and_not_the_record_gives_the_pages_their_name) {
+    givePages();
+    definition().sCNSOutputExtension = "_c.cns";
+    world.write(R"(D:\out\a_c.html)", R"(<A HREF="D:\out\a_c.dif">)");
+    window.given.records = {"a.met"};
+    execute();
+    EXPECT_EQ(world.read(R"(D:\out\a_c.html)"), R"(<A HREF="a_c.dif">)");
+    EXPECT_EQ(world.read(R"(D:\out\a.html)"), R"(<A HREF="D:\out\a.dif">)");
+}
+
 TEST_F(InteractiveRuns, Without_the_switch_no_links_are_converted) {
     givePages();
     definition().bConvertHyperlinks = false;
@@ -92,9 +102,12 @@ TEST_F(InteractiveRuns, Without_the_switch_no_links_are_converted) {
 TEST_F(InteractiveRuns, Where_the_configuration_file_names_the_outputs_no_links_are_converted) {
     givePages();
     definition().bCfgNamesOutput = true;
+    // Then the pages are looked for in the input folder.
+    world.write(R"(D:\in\a.html)", R"(<A HREF="D:\in\a.dif">)");
     window.given.records = {"a.met"};
     execute();
     EXPECT_THAT(entries("rewrite "), IsEmpty());
+    EXPECT_EQ(world.read(R"(D:\in\a.html)"), R"(<A HREF="D:\in\a.dif">)");
     ASSERT_THAT(interpreter.started, SizeIs(2));
     EXPECT_THAT(interpreter.started.at(1).content,
                 testing::HasSubstr("call \"C:\\app\\mp.exe\" -l en \"a.met\"\r\n"));

@@ -51,6 +51,7 @@ TEST_F(NewFolder, A_name_of_only_blanks_or_none_creates_nothing) {
         make(none);
         expectShown("C:", R"(C:\Work)");
     }
+    EXPECT_EQ(recorded.count(FileOperation::CreateFolder), 0);
     EXPECT_THAT(files.listFolders(R"(C:\Work)").names, ElementsAre("A", "b"));
     EXPECT_THAT(desktop.messages, IsEmpty());
     EXPECT_EQ(form.focused(), &form.cmdNew);

@@ -4,6 +4,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 #include "ui/dialogs/frm_open_folder.hpp"
 
@@ -19,7 +20,8 @@ namespace tarnwick {
 // The folder picker on a machine with two drives, in the folder C:\Work.
 struct OpenFolderWorld : testing::Test {
     HostedWorld world{R"(C:\Work)"};
-    FaultyFiles files{furnished(world).files()};
+    RecordingFiles recorded{furnished(world).files()};
+    FaultyFiles files{recorded};
     ScriptedDesktop desktop;
     frmOpenFolder form{files, desktop};
 

@@ -338,8 +338,17 @@ TEST_F(FileCommands, New_frees_the_outputs_from_the_configuration_file) {
     EXPECT_FALSE(changed());
 }
 
-struct QuestionedCommand : FileCommands, testing::WithParamInterface<MenuItem frmMain::*> {
-    MenuItem& command() { return form.*GetParam(); }
+struct MenuCommand {
+    const char* name;
+    MenuItem frmMain::* item;
+
+    friend std::ostream& operator<<(std::ostream& out, const MenuCommand& command) {
+        return out << command.name;
+    }
+};
+
+struct QuestionedCommand : FileCommands, testing::WithParamInterface<MenuCommand> {
+    MenuItem& command() { return form.*GetParam().item; }
 };
 
 TEST_P(QuestionedCommand, Unsaved_changes_are_saved_on_Yes_before_the_dialog) {
@@ -414,7 +423,58 @@ TEST_P(QuestionedCommand, A_cell_or_field_that_is_being_edited_is_a_change) {
 }
 
 INSTANTIATE_TEST_SUITE_P(New_and_Open, QuestionedCommand,
-                         testing::Values(&frmMain::mnuNewINI, &frmMain::mnuOpenINI));
+                         testing::Values(MenuCommand{"New", &frmMain::mnuNewINI},
+                                         MenuCommand{"Open", &frmMain::mnuOpenINI}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(FileCommands, An_edit_that_is_going_on_is_kept_by_Options_and_About_and_the_CNS_folder) {
+    form.userClicked(form.chkCNS);
+    const auto typeExtension = [this](std::string_view text) {
+        click(form.grdFiles, 1, 2);
+        form.txtEdit.selectAll();
+        form.txtEdit.userTyped(text);
+    };
+    typeExtension(".one");
+    inOptions = [](BatchDefinition& definition) {
+        EXPECT_EQ(definition.MPOutputs.at(0).sExtension, ".one");
+    };
+    form.mnuOptions.userClicked();
+    EXPECT_EQ(form.grdFiles.text(1, 2), ".one");
+    typeExtension(".two");
+    form.mnuAbout.userClicked();
+    EXPECT_EQ(form.grdFiles.text(1, 2), ".two");
+    typeExtension(".three");
+    form.txtCNS.userTyped("D"); // without the focus, which would keep the edit by itself
+    EXPECT_EQ(form.grdFiles.text(1, 2), ".three");
+    EXPECT_FALSE(form.txtEdit.visible());
+}
+
+TEST_F(FileCommands, Open_puts_both_grids_at_their_upper_left_corner) {
+    world.write(R"(D:\a.ini)", "Process CNS=1\r\n");
+    form.userClicked(form.chkCNS);
+    click(form.grdFiles, 4, 1);
+    click(form.grdCNS, 2, 1);
+    forgetChanges();
+    form.grdFiles.setRow(4);
+    form.grdFiles.setColumn(1);
+    form.grdCNS.setRow(2);
+    form.grdCNS.setColumn(1);
+    desktop.chosenFiles = {R"(D:\a.ini)"};
+    form.mnuOpenINI.userClicked();
+    for (const Grid* const grid : {&form.grdFiles, &form.grdCNS}) {
+        EXPECT_EQ(grid->row(), 0) << grid->name();
+        EXPECT_EQ(grid->column(), 0) << grid->name();
+    }
+}
+
+TEST_F(FileCommands, A_typed_language_looks_at_Execute_anew_and_a_picked_one_does_not) {
+    ASSERT_FALSE(form.cmdOK.enabled());
+    form.cmdOK.setEnabled(true);
+    form.cboLanguage.userPicked(1);
+    EXPECT_TRUE(form.cmdOK.enabled());
+    form.cboLanguage.userChangedText("Welsh");
+    EXPECT_FALSE(form.cmdOK.enabled());
+}
 
 TEST_F(FileCommands, Options_gets_the_definition_as_the_window_shows_it) {
     form.StatusBar1.setPanelText(1, "Done!");

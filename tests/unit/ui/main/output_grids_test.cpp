@@ -15,6 +15,10 @@ struct GridCase {
     int rows;
     const char* firstType;
     const char* lastType;
+
+    friend std::ostream& operator<<(std::ostream& out, const GridCase& grid) {
+        return out << (grid.grid == &frmMain::grdFiles ? "MP" : "CNS");
+    }
 };
 
 class OutputGrids : public MainWorld, public testing::WithParamInterface<GridCase> {
@@ -136,6 +140,17 @@ TEST_P(OutputGrids, A_press_on_the_header_leaves_no_press_behind_for_the_next_ce
     click(grid, 1, extensionColumn);
     expectLook(1, true);
     expectEditing(1, extensionColumn);
+}
+
+TEST_P(OutputGrids, The_defaults_leave_no_press_behind_for_the_next_click) {
+    const Bounds cell = grid.cellBounds(1, buildColumn);
+    grid.MouseDown(cell.left + 10, cell.top + 10);
+    form.MyDefaultSettings();
+    const bool before = isToBuild(grid, 1);
+    grid.setRow(1);
+    grid.setColumn(buildColumn);
+    grid.Click();
+    EXPECT_EQ(isToBuild(grid, 1), before);
 }
 
 TEST_P(OutputGrids, A_click_on_an_extension_opens_the_editor_over_the_cell) {
@@ -418,7 +433,7 @@ INSTANTIATE_TEST_SUITE_P(Both, OutputGrids,
                                          GridCase{&frmMain::grdCNS, &frmMain::txtEditCNS,
                                                   &frmMain::cmdEditCNS, 2, "Info_file",
                                                   "Leftovers"}),
-                         [](const auto& tested) { return tested.index == 0 ? "MP" : "CNS"; });
+                         testing::PrintToStringParamName());
 
 struct AllFolders : MainWorld {
     AllFolders() { form.show(); }

@@ -146,6 +146,11 @@ struct MissingTools {
     bool mp;
     bool cns;
     std::vector<std::string> asked; // while nothing is given
+
+    friend std::ostream& operator<<(std::ostream& out, const MissingTools& missing) {
+        return out << (missing.mp ? "MP" : "") << (missing.mp && missing.cns ? "_and_" : "")
+                   << (missing.cns ? "CNS" : "");
+    }
 };
 
 class StartUpWithoutTools : public MainWorld, public testing::WithParamInterface<MissingTools> {
@@ -194,7 +199,8 @@ TEST_P(StartUpWithoutTools, The_window_comes_up_once_the_options_have_given_ever
 INSTANTIATE_TEST_SUITE_P(Both_or_one, StartUpWithoutTools,
                          testing::Values(MissingTools{true, true, {missingMP, missingCNS}},
                                          MissingTools{false, true, {missingCNS}},
-                                         MissingTools{true, false, {missingMP}}));
+                                         MissingTools{true, false, {missingMP}}),
+                         testing::PrintToStringParamName());
 
 TEST_F(StartUpWindow, With_neither_tool_to_run_none_is_missing) {
     world.write(defaultIni, "Process MP=0\r\n");

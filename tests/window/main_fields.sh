@@ -59,12 +59,18 @@ test_a_wrong_folder_is_refused_and_no_messages_follow() {
     look
     expect_state txtInput focus 0 10
     expect_state cmdOK off
+    key Tab # to Browse, which may mend it
+    expect_no_window Warning
     key Tab # is refused each time
     expect_message Warning 'The "C:\nowhere" folder does not exist.'
     look
     expect_state txtInput focus 0 10
     fill txtInput 'C:\nowhere else'
-    press cmdInput # the click is lost to the message
+    press cmdInput
+    expect_window 'Open Folder'
+    key Escape
+    expect_closed 'Open Folder'
+    press lstAvailable # the click is lost to the message
     expect_message Warning 'The "C:\nowhere else" folder does not exist.'
     fill txtInput 'C:\work\records'
     key Tab
@@ -84,7 +90,7 @@ test_another_program_may_take_the_keyboard() {
     expect_no_window Warning
     look
     expect_state txtInput focus
-    key Tab
+    key Tab Tab # past Browse, which may mend it
     expect_message Warning 'The "C:\nowhere" folder does not exist.'
     key alt+F4
     expect_window Tarnwick

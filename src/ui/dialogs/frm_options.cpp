@@ -42,9 +42,6 @@ void writeBackTrimmed(TextBox& field) {
 
 frmOptions::frmOptions(BatchDefinition& definition, const Files& files, Desktop& desktop)
     : Form(formName, "Options"), definition_(definition), files_(files), desktop_(desktop) {
-    txtMPEXE.putOffCheckFor({&cmdMPEXE});
-    txtCNS.putOffCheckFor({&cmdCNS});
-    txtCmdFile.putOffCheckFor({&chkCmdLogging, &cmdCmdFile});
     connectEvents();
 }
 

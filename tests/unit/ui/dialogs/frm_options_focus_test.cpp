@@ -26,7 +26,7 @@ TEST_F(OptionsFields, A_field_that_nobody_changed_is_not_checked) {
 
 TEST_F(OptionsFields, A_bare_tool_name_becomes_a_file_in_the_programs_folder) {
     type(form.txtMPEXE, "  mp.exe ");
-    form.userMovedFocus(form.txtCNS);
+    form.userMovedFocus(form.cmdMPEXE);
     EXPECT_EQ(form.txtMPEXE.text(), "C:\\App\\mp.exe");
     type(form.txtCNS, "cns.exe");
     form.userMovedFocus(form.cmdMPEXE);
@@ -120,34 +120,6 @@ TEST_F(OptionsFields, A_wrong_field_is_heard_when_the_user_does_not_cancel_after
     form.userMovedFocus(form.cmdCancel);
     EXPECT_THAT(desktop.messages, IsEmpty());
     form.userMovedFocus(form.txtCNS);
-    expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
-}
-
-TEST_F(OptionsFields, A_wrong_field_says_nothing_on_the_way_to_the_button_or_box_beside_it) {
-    const std::vector<std::pair<TextBox*, Button*>> pairs{{&form.txtMPEXE, &form.cmdMPEXE},
-                                                          {&form.txtCNS, &form.cmdCNS},
-                                                          {&form.txtCmdFile, &form.cmdCmdFile}};
-    for (const auto& [field, browse] : pairs) {
-        type(*field, R"(D:\none\x)");
-        desktop.chosenFiles = {R"(C:\App\mp.exe)"};
-        form.userClicked(*browse);
-        EXPECT_EQ(field->text(), R"(C:\App\mp.exe)");
-    }
-    form.userMovedFocus(form.txtMPEXE);
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    type(form.txtCmdFile, R"(D:\none\x)");
-    form.userClicked(form.chkCmdLogging);
-    form.userMovedFocus(form.txtMPEXE);
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_FALSE(form.txtCmdFile.enabled());
-}
-
-TEST_F(OptionsFields, A_wrong_field_is_heard_when_its_button_was_pressed_in_vain) {
-    type(form.txtMPEXE, "D:\\none.exe");
-    desktop.chosenFiles = {std::nullopt};
-    form.userClicked(form.cmdMPEXE);
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    form.userMovedFocus(form.cmdCNS); // another field's
     expectRefusal(form.txtMPEXE, R"(The MP executable "D:\none.exe" does not exist.)");
 }
 

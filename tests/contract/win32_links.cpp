@@ -28,12 +28,13 @@ TEST_F(Win32Links, A_page_that_another_process_has_open_stays_whole_until_it_is_
     const std::string before = "HREF=\"" + in("rec.txt") + "\"\r\n";
     put("rec.html", before);
     // The interpreter keeps the page open for writing as long as the inner batch goes on.
-    put("inner.bat", platform->batchThatWaits(in("signal"), in("done")));
+    put("inner.bat", "@echo begun> \"" + in("begun") + "\"\r\n" +
+                         platform->batchThatWaits(in("signal"), in("done")));
     put("outer.bat", "@echo off\r\ncall \"" + in("inner.bat") + "\" >> \"" + in("rec.html") +
                          "\"\r\necho ended> \"" + in("ended") + "\"\r\n");
     platform->interpreter().startHidden(in("outer.bat"));
-    ASSERT_TRUE(
-        eventually([&] { return raisedBy([&] { return files.append(in("rec.html")); }) == 70; }));
+    ASSERT_TRUE(eventually([&] { return exists("begun"); }));
+    EXPECT_EQ(raisedBy([&] { return files.append(in("rec.html")); }), 70);
     ScriptedDesktop desktop;
     const auto fix = [&] {
         FixRelativePaths(definition, {.files = files, .desktop = desktop}, "", "rec.met");

@@ -449,7 +449,7 @@ TEST_F(FileCommands, An_edit_that_is_going_on_is_kept_by_Options_and_About_and_t
     EXPECT_FALSE(form.txtEdit.visible());
 }
 
-TEST_F(FileCommands, Open_puts_both_grids_at_their_upper_left_corner) {
+TEST_F(FileCommands, Open_puts_both_grids_at_their_first_cell_of_data) {
     world.write(R"(D:\a.ini)", "Process CNS=1\r\n");
     form.userClicked(form.chkCNS);
     click(form.grdFiles, 4, 1);
@@ -462,7 +462,7 @@ TEST_F(FileCommands, Open_puts_both_grids_at_their_upper_left_corner) {
     desktop.chosenFiles = {R"(D:\a.ini)"};
     form.mnuOpenINI.userClicked();
     for (const Grid* const grid : {&form.grdFiles, &form.grdCNS}) {
-        EXPECT_EQ(grid->row(), 0) << grid->name();
+        EXPECT_EQ(grid->row(), 1) << grid->name();
         EXPECT_EQ(grid->column(), 0) << grid->name();
     }
 }

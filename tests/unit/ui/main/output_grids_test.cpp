@@ -145,7 +145,9 @@ TEST_P(OutputGrids, A_press_on_the_header_leaves_no_press_behind_for_the_next_ce
 TEST_P(OutputGrids, The_defaults_leave_no_press_behind_for_the_next_click) {
     const Bounds cell = grid.cellBounds(1, buildColumn);
     grid.MouseDown(cell.left + 10, cell.top + 10);
-    form.MyDefaultSettings();
+    desktop.chosenFiles = {R"(D:\new.ini)"};
+    form.mnuNewINI.userClicked(); // which begins with the defaults
+    EXPECT_THAT(desktop.messages, IsEmpty());
     const bool before = isToBuild(grid, 1);
     grid.setRow(1);
     grid.setColumn(buildColumn);

@@ -73,8 +73,8 @@ std::vector<HWND> shownWindows() {
     EnumWindows(
         [](HWND window, LPARAM all) -> BOOL {
             if (IsWindowVisible(window) != FALSE) {
-                reinterpret_cast<std::vector<HWND>*>(all)->push_back(
-                    window); // NOLINT(*-int-to-ptr)
+                auto& found = *reinterpret_cast<std::vector<HWND>*>(all); // NOLINT(*-int-to-ptr)
+                found.push_back(window);
             }
             return TRUE;
         },

@@ -9,10 +9,10 @@ namespace tarnwick {
 // its own time: only what is broken lets anybody wait so long, however busy the machine is.
 template <typename Condition>
 [[nodiscard]] bool eventually(Condition isSo) {
-    using namespace std::chrono_literals;
-    constexpr auto between = 20ms;
-    for (auto left = std::chrono::milliseconds(2min); !isSo(); left -= between) {
-        if (left <= 0ms) {
+    using std::chrono::milliseconds;
+    constexpr milliseconds between(20);
+    for (milliseconds left = std::chrono::minutes(2); !isSo(); left -= between) {
+        if (left <= milliseconds::zero()) {
             return false;
         }
         std::this_thread::sleep_for(between);

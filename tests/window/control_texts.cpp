@@ -32,9 +32,16 @@ std::string onOneLine(const std::string& text) {
     return line;
 }
 
+std::string classOf(HWND window) {
+    std::wstring name(256, L'\0');
+    const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    name.resize(static_cast<std::size_t>(length));
+    return utf8(name);
+}
+
 } // namespace
 
-std::string utf8(std::wstring_view text) {
+std::string utf8(const std::wstring& text) {
     const int units = static_cast<int>(text.size());
     const int size =
         WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
@@ -57,13 +64,6 @@ std::string textOf(HWND window) {
         SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(length));
     return onOneLine(utf8(text));
-}
-
-std::string classOf(HWND window) {
-    std::wstring name(256, L'\0');
-    const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    name.resize(static_cast<std::size_t>(length));
-    return utf8(name);
 }
 
 std::string kindOf(HWND window) {

@@ -4,17 +4,15 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 
 namespace tarnwick::probe {
 
 // Looks at one control of another program. Texts are UTF-8; an end of a line in them is " / ".
 
-[[nodiscard]] std::string utf8(std::wstring_view text);
+[[nodiscard]] std::string utf8(const std::wstring& text);
 [[nodiscard]] std::wstring utf16(const std::string& text);
 
 [[nodiscard]] std::string textOf(HWND window);
-[[nodiscard]] std::string classOf(HWND window);
 // text, check, button, frame, label, list, combo, grid, status, progress or the window's class.
 [[nodiscard]] std::string kindOf(HWND window);
 

@@ -54,7 +54,6 @@
 
 namespace {
 
-using tarnwick::probe::classOf;
 using tarnwick::probe::InputMarks;
 using tarnwick::probe::kindOf;
 using tarnwick::probe::namesOfControls;
@@ -74,7 +73,8 @@ std::vector<HWND> shownWindows() {
     EnumWindows(
         [](HWND window, LPARAM all) -> BOOL {
             if (IsWindowVisible(window) != FALSE) {
-                reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+                auto& found = *reinterpret_cast<std::vector<HWND>*>(all); // NOLINT(*-int-to-ptr)
+                found.push_back(window);
             }
             return TRUE;
         },

@@ -191,7 +191,8 @@ TEST_F(CommandLineChecks, The_first_free_number_names_the_batch) {
 TEST_F(CommandLineChecks, A_hidden_batch_has_its_name_for_itself) {
     world.write("C:\\temp\\MP_CL.bat", "hidden away");
     world.hide("C:\\temp\\MP_CL.bat");
-    batchOf("-I C:\\batch.ini");
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    ASSERT_EQ(interpreter.started.size(), 1U);
     EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL1.bat");
     EXPECT_EQ(world.read("C:\\temp\\MP_CL.bat"), "hidden away");
 }

@@ -47,6 +47,15 @@ class FakePlatform final : public PlatformUnderTest {
     void hide(const std::string& path) override { world_.hide(path); }
     void makeSystem(const std::string& path) override { world_.hide(path); }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
+    // What only the contracts of a file system ask for.
+    void keepFromOthers(const std::string& /*path*/) override { askedInVain(); }
+    [[nodiscard]] std::string rightsTo(const std::string& /*path*/) const override {
+        return askedInVain();
+    }
+    Files& filesWithoutShortNames() override { return files_; }
+    std::string makeNameless(const std::string& /*folder*/, const std::string& /*end*/) override {
+        return askedInVain();
+    }
     std::shared_ptr<void> keep(const std::string& /*path*/) override { return nullptr; }
     [[nodiscard]] std::string libraryPath(const std::string& path) const override {
         return world_.files().hostPath(path);
@@ -74,6 +83,10 @@ class FakePlatform final : public PlatformUnderTest {
     }
 
   private:
+    static std::string askedInVain() {
+        ADD_FAILURE() << "the fakes have no file system of their own";
+        return {};
+    }
     void goOn() {
         if (running_ && world_.exists(signal_)) {
             world_.write(marker_, "");

@@ -3,6 +3,7 @@
 
 #include "program/installation.hpp"
 #include "program/running_program.hpp"
+#include "support/eventually.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -63,14 +63,12 @@ class User {
 
 // Waits for another dialog of that title when this one has gone. Null where none comes.
 HWND nextAfter(HWND dialog, const char* title) {
-    for (int i = 0; i < tries; ++i) {
-        const auto next = FindWindowA(nullptr, title);
-        if (next != nullptr && next != dialog && IsWindowVisible(next) != 0) {
-            return next;
-        }
-        Sleep(between);
-    }
-    return nullptr;
+    HWND next = nullptr;
+    const bool comes = eventually([&] {
+        next = FindWindowA(nullptr, title);
+        return next != nullptr && next != dialog && IsWindowVisible(next) != 0;
+    });
+    return comes ? next : nullptr;
 }
 
 void press(HWND dialog, int button) {
@@ -444,9 +442,7 @@ TEST(Win32Desktop, A_line_that_has_no_place_in_the_code_page_is_told_and_stays) 
     const User reader("Warning", [&](HWND shown) {
         texts = textsIn(shown);
         press(shown, IDOK);
-        while (IsWindow(shown) != 0) {
-            Sleep(between);
-        }
+        EXPECT_TRUE(eventually([shown] { return IsWindow(shown) == 0; }));
         type(GetDlgItem(box, inputBoxField), "plain");
         press(box, IDOK);
     });

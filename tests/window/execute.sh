@@ -164,11 +164,18 @@ test_6_a_tool_that_never_ends_is_waited_for_until_Escape() {
     holds_only "$temp" MPtmp.bat || holds_only "$temp" || # the tool's own, held
         fail "left: $(ls "$temp")"
     expect_no_message
-    # The next run does not take that tool's marker for the one of its own.
+    # The next run waits for that tool, whose interpreter would go on reading in its batch; it can be
+    # cancelled like any other.
     press cmdOK
-    wait_until has_started 2
+    expect_status 'Waiting for the tool of the cancelled run to end...'
+    expect_text cmdCancel Cancel
+    key Escape
+    wait_until run_is_over
+    expect_ready
+    expect_started 1
+    press cmdOK
+    expect_status 'Waiting for the tool of the cancelled run to end...'
     let_go 1
-    wait_until test -e "$temp/MPdone.tmp"
     expect_tool 2 0 'MP - Processing a.met...'
     expect_three_looks
     expect_tool 2 0 'MP - Processing a.met...'

@@ -71,8 +71,8 @@ bool somethingExists(const std::string& path) {
 
 // The button that was pressed; IDCANCEL for none, 0 where the box could not be shown.
 int showBox(const Message& message) {
-    return MessageBoxW(askingWindow(), toWide(message.text).c_str(),
-                       toWide(message.title).c_str(), styleOf(message));
+    return MessageBoxW(askingWindow(), toWide(message.text).c_str(), toWide(message.title).c_str(),
+                       styleOf(message));
 }
 
 // Then no box stays on the screen: asking would never end.

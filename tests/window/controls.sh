@@ -213,7 +213,8 @@ test_long_lists_move_in_bulk() {
 
 run_all_tests() {
     set_resolution 96
-    for test_name in $(compgen -A function test_ | grep -E "${TARNWICK_ONLY:-}"); do
+    choose_tests
+    for test_name in "${chosen[@]}"; do
         say "$test_name"
         "$test_name"
     done

@@ -356,7 +356,8 @@ test_about_the_pointer_tells_the_link_from_the_rest() {
 run_all_tests() {
     set_resolution 96
     lay_out_tools
-    for test_name in $(compgen -A function test_ | grep -E "${TARNWICK_ONLY:-}"); do
+    choose_tests
+    for test_name in "${chosen[@]}"; do
         say "$test_name"
         "$test_name"
     done

@@ -342,7 +342,8 @@ test_11_what_keeps_a_run_from_starting() {
 
 run_all_tests() {
     set_resolution 96
-    for test_name in $(compgen -A function test_ | sort -V | grep "${TARNWICK_ONLY:-}"); do
+    choose_tests
+    for test_name in "${chosen[@]}"; do
         say "$test_name ($SECONDS s)"
         "$test_name"
     done

@@ -17,28 +17,15 @@ expect_each_record_once() {
     [ -z "$strange" ] || fail "$strange"
 }
 
-run_is_done() {
-    look
-    [ "$(text_of StatusBar1)" = Done! ]
-}
-# However long that takes on a busy machine.
-wait_for_done() {
-    for _ in $(seq 600); do
-        if run_is_done; then return; fi
-        sleep 0.1
-    done
-    fail "the run does not end: $(text_of StatusBar1)"
-}
-
 test_90_deceiving_names_in_a_run_and_in_a_batch_file() {
     fresh
+    tools_do work
     lay_out_deceiving_records
     define 'GRID_Text=C:\work\out\mp'
     launch_run
     expect_entries lstSelected 8 0
     press cmdOK
-    wait_for_done
-    expect_idle Done!
+    expect_over Done!
     expect_each_record_once
     press cmdCreateBatFile
     answer_file_dialog 'Save Batch File' 'C:\work\kept.bat'

@@ -22,7 +22,9 @@ texts_stand_in_the_middle_of_their_fields() {
 
 run_all_tests() {
     set_resolution 96
-    for test_name in $(compgen -A function test_ | grep -E "${TARNWICK_ONLY:-}" || true); do
+    chosen=()
+    [ "${TARNWICK_ONLY:-}" = 192 ] || choose_tests
+    for test_name in "${chosen[@]}"; do
         say "$test_name ($SECONDS s)"
         "$test_name"
     done

@@ -30,6 +30,12 @@ eventually() {
         sleep 0.05
     done
 }
+# The tests that are to be run are then in the array "chosen": all, or those whose name holds
+# $TARNWICK_ONLY, of which there must be one.
+choose_tests() {
+    mapfile -t chosen < <(compgen -A function test_ | sort -V | grep -E -- "${TARNWICK_ONLY:-}")
+    [ ${#chosen[@]} -gt 0 ] || fail "no test is called \"$TARNWICK_ONLY\""
+}
 wait_until() { eventually "$@" || fail "in vain: $*"; }
 
 open_screen() {

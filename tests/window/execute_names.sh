@@ -60,3 +60,33 @@ test_91_a_character_without_a_place_is_not_taken_by_a_field() {
     expect_text txtInExt '*.metab'
     end_program_asked
 }
+
+test_92_deceiving_names_in_links_and_in_the_definition() {
+    fresh
+    tools_do work
+    lay_out_deceiving_records
+    mv "$folder/records" "$folder/Жук ā"
+    local short page
+    short=$("$wine_run" cmd /c 'dir /x C:\work' | tr -d '\r' | sed -n 's/.*<DIR> *\([^ ]*~[^ ]*\) *?.*/\1/p')
+    [ -n "$short" ] || fail 'the folder has no short name'
+    define "Input Folder=C:\\work\\$short" 'Convert HyperLink To Relative Path=True' \
+        'GRID_Html=C:\work\out\mp' 'GRID_Text=C:\work\elsewhere'
+    launch_run
+    expect_entries lstSelected 8 0
+    press cmdOK
+    expect_over Done!
+    [ "$(find "$folder/out/mp" -name '*.html' | wc -l)" = 8 ] || fail "pages: $(ls "$folder/out/mp")"
+    for page in "$folder"/out/mp/*.html; do
+        grep -qF "HREF=\"../../elsewhere/$(basename "$page" .html).txt\"" "$page" ||
+            fail "the links of $page: $(grep HREF "$page")"
+    done
+    # What is saved finds the folder again.
+    press chkfixdoc
+    menu f s
+    grep -qF "Input Folder=C:\\work\\$short" "$folder/TARNWICK.ini" ||
+        fail "the definition: $(cat "$folder/TARNWICK.ini")"
+    end_program
+    launch_run
+    expect_entries lstSelected 8 0
+    end_program
+}

@@ -13,10 +13,7 @@ if(WIN32)
     # A name of Win32 without "A" or "W" is the wide one.
     UNICODE)
   # No time of linking in the program: built twice, it has the same bytes.
-  target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp
-    # In C++23 this compiler's header defines std::type_info's comparison, and its static library
-    # defines it once more. (The native linker still finds what we ourselves define twice.)
-    -Wl,--allow-multiple-definition)
+  target_link_options(tarnwick_options INTERFACE -static -Wl,--no-insert-timestamp)
 endif()
 if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE

@@ -274,6 +274,7 @@ class frmMain final : public Form, private RunWindow {
     bool bInputChanged_ = false;        // the folder has been edited since it was listed
     bool bInExtChanged_ = false;        // so have the extensions
     bool bFieldEdited_ = false;         // a field is being edited, and has not been left yet
+    bool bINIFileUnread_ = false;       // what is in the window has never been in sINIFile
     bool bAskedAtSessionEnd_ = false;   // whether to save what nobody has changed since
     bool listing_ = false;              // the selected files may be those of another folder
 };

@@ -67,7 +67,8 @@ frmMain::Changes frmMain::offerToSave() {
         return Changes::Declined;
     }
     markChanged(); // until it is saved: a field that is still being edited counts
-    return SaveINIFile() ? Changes::Saved : Changes::NotSaved;
+    const bool saved = bINIFileUnread_ ? saveAs() == SavedAs::Written : SaveINIFile();
+    return saved ? Changes::Saved : Changes::NotSaved;
 }
 
 // A store that cannot be written must not keep the work from its file.
@@ -113,6 +114,7 @@ void frmMain::mnuNewINI_Click() {
         definition_.bSettingsChanged = changes == Changes::Declined; // they are still there
         return;
     }
+    bINIFileUnread_ = false;
     storeNow(*chosen, newProcedure);
     MyDefaultSettings();
     nameINIFile();
@@ -148,8 +150,14 @@ void frmMain::mnuOpenINI_Click() {
     nameINIFile();
 }
 
+// A definition that could not be read when the program began is not replaced without a word: the
+// user says where to save.
 void frmMain::mnuSaveINI_Click() {
     commonSteps();
+    if (bINIFileUnread_) {
+        saveAs();
+        return;
+    }
     storeNow(std::string(definition_.sINIFile), saveProcedure);
     SaveINIFile();
     nameINIFile();

@@ -66,8 +66,10 @@ void frmMain::LoadDefaultGridSettings() {
 // window shows that or what it showed before.
 bool frmMain::ReadINIFile() {
     takeFromControls();
-    return tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
-                                 [this] { showWhatWasRead(); });
+    const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
+                                                 [this] { showWhatWasRead(); });
+    bINIFileUnread_ = bINIFileUnread_ && !completed;
+    return completed;
 }
 
 void frmMain::showWhatWasRead() {
@@ -88,7 +90,9 @@ bool frmMain::SaveINIFile() {
         markChanged(); // and stays so where the file cannot be written
     }
     takeFromControls();
-    return tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+    const bool saved = tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+    bINIFileUnread_ = bINIFileUnread_ && !saved;
+    return saved;
 }
 
 // What was answered at the end of the session held for what there was then.

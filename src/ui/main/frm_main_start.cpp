@@ -17,6 +17,7 @@ void frmMain::Form_Load() {
     cmdOK.setEnabled(false);
     if (FileExists(services_.files, definition_.sINIFile) && !ReadINIFile()) {
         showDefinition(BatchDefinition(definition_)); // how far the reader got
+        bINIFileUnread_ = true;
     }
     if (!findTools()) {
         abandon(); // nothing is asked and nothing stored

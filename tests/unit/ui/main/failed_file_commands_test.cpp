@@ -202,5 +202,48 @@ TEST_F(FailedFileCommands, Who_cancels_the_last_dialog_is_asked_no_more) {
     EXPECT_FALSE(form.loaded());
 }
 
+// The program opens the definition that was used last. Where that cannot be read, the window bears
+// its name, but holds the defaults.
+struct UnreadDefinition : MainWorld {
+    static constexpr const char* last = R"(D:\last.ini)";
+    static constexpr const char* definitionThere = "Language=Catalan\r\n";
+
+    UnreadDefinition() {
+        world.write(last, definitionThere);
+        store(settings, StoredSetting::INIFileName, last);
+        files.failAt(FileOperation::OpenForReading, 1, RunTimeError(ErrorNumber::PermissionDenied));
+        form.show();
+        EXPECT_EQ(form.caption(), "Tarnwick - last.ini");
+    }
+};
+
+TEST_F(UnreadDefinition, Is_not_replaced_by_Save_without_a_word) {
+    desktop.chosenFiles = {R"(D:\mine.ini)"};
+    form.mnuSaveINI.userClicked();
+    EXPECT_EQ(world.read(last), definitionThere);
+    EXPECT_TRUE(world.exists(R"(D:\mine.ini)"));
+    EXPECT_EQ(form.caption(), "Tarnwick - mine.ini");
+    // From now on Save asks nobody.
+    form.userClicked(form.chkfixdoc);
+    form.mnuSaveINI.userClicked();
+    EXPECT_EQ(desktop.fileDialogs.size(), 1U);
+    EXPECT_THAT(world.read(R"(D:\mine.ini)"), HasSubstr("FIX DOC=1"));
+}
+
+TEST_F(UnreadDefinition, Is_replaced_where_the_user_says_so) {
+    desktop.chosenFiles = {last};
+    form.mnuSaveINI.userClicked();
+    EXPECT_THAT(world.read(last), HasSubstr("Language=English"));
+}
+
+TEST_F(UnreadDefinition, Is_not_replaced_by_a_yes_to_the_question_either) {
+    form.userClicked(form.chkfixdoc);
+    desktop.answers = {MessageAnswer::Yes};
+    desktop.chosenFiles = {R"(D:\mine.ini)"};
+    form.mnuExit.userClicked();
+    EXPECT_EQ(world.read(last), definitionThere);
+    EXPECT_THAT(world.read(R"(D:\mine.ini)"), HasSubstr("FIX DOC=1"));
+}
+
 } // namespace
 } // namespace tarnwick

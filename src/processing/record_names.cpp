@@ -1,6 +1,9 @@
 #include "processing/record_names.hpp"
 
+#include "common/text.hpp"
+
 #include <algorithm>
+#include <array>
 
 namespace tarnwick {
 namespace {
@@ -30,10 +33,29 @@ bool staysName(std::string_view record) noexcept {
            std::ranges::none_of(record, [&](char c) { return isControl(c) || unsafe.contains(c); });
 }
 
+bool leadsElsewhere(std::string_view record) noexcept {
+    if (record.ends_with('.') || record.ends_with(' ')) {
+        return true;
+    }
+    constexpr std::array<std::string_view, 6> devices{"CON", "PRN",    "AUX",
+                                                      "NUL", "CONIN$", "CONOUT$"};
+    // Blanks before the extension do not count.
+    const std::string_view stem = trim(record.substr(0, record.find('.')));
+    const auto isStem = [stem](std::string_view device) { return equalIgnoringCase(stem, device); };
+    if (std::ranges::any_of(devices, isStem)) {
+        return true;
+    }
+    // The small raised digits of code page 1252 count as digits here.
+    constexpr std::string_view digits = "123456789\xB9\xB2\xB3";
+    const std::string_view port = stem.substr(0, 3);
+    return stem.size() == 4 && digits.contains(stem.back()) &&
+           (equalIgnoringCase(port, "COM") || equalIgnoringCase(port, "LPT"));
+}
+
 LeftOut refuseUnsafeNames(std::vector<std::string>& records) {
     LeftOut refused;
     std::erase_if(records, [&refused](const std::string& record) {
-        if (staysName(record)) {
+        if (staysName(record) && !leadsElsewhere(record)) {
             return false;
         }
         leaveOut(shownName(record), refused);

@@ -140,12 +140,6 @@ TEST_F(UnattendedRecordNames, A_folder_that_the_system_can_name_only_by_numbers_
                   "The folder \"D:\\<U+0416>\" has no name in the system's code page.");
 }
 
-TEST_F(UnattendedRecordNames, Extensions_that_the_system_can_name_only_by_numbers_are_not_dropped) {
-    expectWarning("-I C:\\batch.ini -e \"*.met;*.<U+0436>\"",
-                  "The file extensions \"*.met;*.<U+0436>\" hold characters that the system's code "
-                  "page does not have.");
-}
-
 struct RunRecordNames : RunWorld {};
 
 TEST_F(RunRecordNames, No_tool_is_started_for_a_name_that_would_be_more_than_one) {

@@ -3,7 +3,6 @@
 #include "common/text.hpp"
 
 #include <algorithm>
-#include <array>
 
 namespace tarnwick {
 namespace {
@@ -37,13 +36,12 @@ bool leadsElsewhere(std::string_view record) noexcept {
     if (record.ends_with('.') || record.ends_with(' ')) {
         return true;
     }
-    constexpr std::array<std::string_view, 6> devices{"CON", "PRN",    "AUX",
-                                                      "NUL", "CONIN$", "CONOUT$"};
     // Blanks before the extension do not count.
     const std::string_view stem = trim(record.substr(0, record.find('.')));
-    const auto isStem = [stem](std::string_view device) { return equalIgnoringCase(stem, device); };
-    if (std::ranges::any_of(devices, isStem)) {
-        return true;
+    for (const std::string_view device : {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"}) {
+        if (equalIgnoringCase(stem, device)) {
+            return true;
+        }
     }
     // The small raised digits of code page 1252 count as digits here.
     constexpr std::string_view digits = "123456789\xB9\xB2\xB3";

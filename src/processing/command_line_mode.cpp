@@ -93,6 +93,14 @@ class CommandLineRun {
                                                " has no name in the system's code page.");
             return false;
         }
+        if (holdsShownNumber(commandLine.sInputExtensions)) {
+            // What it was to find would be missing from the run without a word.
+            showWarning(services_.desktop, "The file extensions " +
+                                               quoted(without(commandLine.sInputExtensions, '"')) +
+                                               " hold characters that the system's code page "
+                                               "does not have.");
+            return false;
+        }
         applyOverrides(commandLine);
         if (records_.available().empty()) {
             tellSkipped();

@@ -1,5 +1,7 @@
 #include "processing/record_names.hpp"
 
+#include "common/text.hpp"
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -30,10 +32,28 @@ bool staysName(std::string_view record) noexcept {
            std::ranges::none_of(record, [&](char c) { return isControl(c) || unsafe.contains(c); });
 }
 
+bool leadsElsewhere(std::string_view record) noexcept {
+    if (record.ends_with('.') || record.ends_with(' ')) {
+        return true;
+    }
+    // Blanks before the extension do not count.
+    const std::string_view stem = trim(record.substr(0, record.find('.')));
+    for (const std::string_view device : {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"}) {
+        if (equalIgnoringCase(stem, device)) {
+            return true;
+        }
+    }
+    // The small raised digits of code page 1252 count as digits here.
+    constexpr std::string_view digits = "123456789\xB9\xB2\xB3";
+    const std::string_view port = stem.substr(0, 3);
+    return stem.size() == 4 && digits.contains(stem.back()) &&
+           (equalIgnoringCase(port, "COM") || equalIgnoringCase(port, "LPT"));
+}
+
 LeftOut refuseUnsafeNames(std::vector<std::string>& records) {
     LeftOut refused;
     std::erase_if(records, [&refused](const std::string& record) {
-        if (staysName(record)) {
+        if (staysName(record) && !leadsElsewhere(record)) {
             return false;
         }
         leaveOut(shownName(record), refused);

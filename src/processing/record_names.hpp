@@ -14,7 +14,12 @@ namespace tarnwick {
 // them becomes a command or a path.
 [[nodiscard]] bool staysName(std::string_view record) noexcept;
 
-// Takes the records out whose names do not stay names, and tells which.
+// Whether the system opens something else under that name: it cuts off a dot or blank at the end,
+// which may leave another record's name, and "CON.met" is the console, in which a tool waits for
+// ever. Other systems and network drives let such files be made.
+[[nodiscard]] bool leadsElsewhere(std::string_view record) noexcept;
+
+// Takes the records out whose names do not stay names or lead elsewhere, and tells which.
 [[nodiscard]] LeftOut refuseUnsafeNames(std::vector<std::string>& records);
 
 } // namespace tarnwick

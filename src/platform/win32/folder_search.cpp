@@ -107,8 +107,12 @@ std::optional<std::string> shortNameIn(const std::string& folder, const std::wst
     const auto path = toWidePath(withBackslash(folder)) + name;
     const FindHandle search(FindFirstFileExW(path.c_str(), FindExInfoStandard, &entry,
                                              FindExSearchNameMatch, nullptr, 0));
+    // The system cuts off a dot or blank at the end, and then finds another entry.
+    if (!search.isOpen() || name != entry.cFileName) {
+        return std::nullopt;
+    }
     const std::wstring_view shortName = entry.cAlternateFileName;
-    return !search.isOpen() || shortName.empty() ? std::nullopt : toFileName(shortName);
+    return shortName.empty() ? std::nullopt : toFileName(shortName);
 }
 
 } // namespace tarnwick

@@ -33,7 +33,8 @@ std::string Win32SettingsStore::read(std::string_view application, std::string_v
         const auto result = RegGetValueW(HKEY_CURRENT_USER, path.c_str(), name.c_str(),
                                          RRF_RT_REG_SZ, nullptr, value.data(), &size);
         if (result == ERROR_SUCCESS) {
-            value.resize(size == 0 ? 0 : size / sizeof(wchar_t) - 1); // less the NUL that ends it
+            // Less the NUL that ends it; whoever wrote the value may have written half a one.
+            value.resize(size < sizeof(wchar_t) ? 0 : size / sizeof(wchar_t) - 1);
             return pathText(value);
         }
         // A name that is too long is told the same way as a value: only one of them asks for more.

@@ -216,5 +216,11 @@ TEST_F(CommandLineChecks, With_all_thousand_names_taken_the_user_is_asked_to_cle
     EXPECT_FALSE(world.exists("C:\\temp\\MP_CL1000.bat"));
 }
 
+TEST_F(CommandLineChecks, Extensions_that_the_system_can_name_only_by_numbers_are_not_dropped) {
+    expectWarning("-I C:\\batch.ini -e \"*.met;*.<U+0436>\"",
+                  "The file extensions \"*.met;*.<U+0436>\" hold characters that the system's code "
+                  "page does not have.");
+}
+
 } // namespace
 } // namespace tarnwick

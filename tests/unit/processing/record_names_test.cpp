@@ -51,6 +51,25 @@ TEST(RecordNames, What_ends_a_quoted_word_or_leads_elsewhere_is_no_name) {
     }
 }
 
+TEST(RecordNames, What_the_system_opens_as_something_else_leads_elsewhere) {
+    for (const char* name :
+         {"a.met.", "a.met ", "a. .", "CON", "con.met", "Nul .met", "prn.a.met", "AUX",
+          "conin$.met", "CONOUT$", "com1.met", "LPT9", "com\xB9.met", "lpt\xB3"}) {
+        EXPECT_TRUE(leadsElsewhere(name)) << name;
+    }
+    for (const char* name :
+         {"a.met", ".met", " a.met", "a .met", "console.met", "con1.met", "a.con", "com.met",
+          "com0.met", "com10.met", "lpta.met", "x com1.met"}) {
+        EXPECT_FALSE(leadsElsewhere(name)) << name;
+    }
+}
+
+TEST(RecordNames, What_leads_elsewhere_is_refused) {
+    std::vector<std::string> records{"b.met.", "b.met", "nul.met"};
+    EXPECT_EQ(refuseUnsafeNames(records), (LeftOut{.count = 2, .first = "b.met."}));
+    EXPECT_THAT(records, ElementsAre("b.met"));
+}
+
 TEST(RecordNames, The_refused_ones_are_counted_and_the_first_by_name_is_shown) {
     std::vector<std::string> records{"b.met", "z\n.met", "a.met", "m\x07.met"};
     const LeftOut refused = refuseUnsafeNames(records);

@@ -77,10 +77,11 @@ class Waiting {
         if (stop_.closed) { // has taken the batch along
             return Waited::Stopped;
         }
-        auto batch = services_.interpreter.startHidden(temporary_.batch);
-        const Waited result = waitFor(*batch);
-        if (result == Waited::Stopped && !batch->hasEnded()) {
-            left_ = std::move(batch);
+        // Whatever keeps this run from waiting for its end, the next one waits for it.
+        left_ = services_.interpreter.startHidden(temporary_.batch);
+        const Waited result = waitFor(*left_);
+        if (result == Waited::Done || left_->hasEnded()) {
+            left_.reset();
         }
         return result;
     }

@@ -222,10 +222,11 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
     requireReplaceable(target);
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
-    takeOverAccess(toWidePath(source), toWidePath(target));
+    KeptAccess access(toWidePath(target));
     for (int attempt = 1;; ++attempt) {
         if (MoveFileExW(toWidePath(source).c_str(), toWidePath(target).c_str(),
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            access.giveTo(toWidePath(target));
             return;
         }
         const auto systemError = GetLastError();

@@ -132,8 +132,7 @@ class Files {
     // hidden, as far as the system lets this user. Both must lie on one volume. Raises 53 (no
     // `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in use, and
     // still after half a second), 74 (the volumes differ), 76; both files are then as they were.
-    // Where several of these apply, any one of them is raised; `from` may by then have what `to`
-    // keeps.
+    // Where several of these apply, any one of them is raised.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 };
 

@@ -190,7 +190,6 @@ void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     const auto [hostTo, target] = look(to);
     if (target.isOpen()) {
         requireReplaceable(target);
-        takeOverMode(source, target);
     }
     if (root_.volume(from) != root_.volume(to)) {
         raiseSystemError(EXDEV);
@@ -199,6 +198,9 @@ void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     // for the medium here would cost many times what rewriting a page does.
     if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
         raiseSystemError(errno);
+    }
+    if (target.isOpen()) {
+        takeOverMode(source, target);
     }
 }
 

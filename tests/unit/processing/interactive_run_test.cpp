@@ -178,6 +178,21 @@ TEST_F(InteractiveRuns, A_run_behind_a_cancelled_one_waits_for_the_tool_that_sti
     expectCleanedUp();
 }
 
+TEST_F(InteractiveRuns, A_batch_whose_wait_breaks_off_is_waited_for_by_the_next_run) {
+    toolsEnd = false;
+    whileEventsRun = [this] {
+        if (!interpreter.started.empty()) {
+            whileEventsRun = nullptr;
+            throw RunTimeError(ErrorNumber::OutOfMemory);
+        }
+    };
+    execute();
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(errorReport("frmMain", "Private Sub ProcessAndWait()",
+                                        ErrorNumber::OutOfMemory)));
+    EXPECT_NE(left, nullptr);
+}
+
 TEST_F(InteractiveRuns, A_run_that_waits_for_a_cancelled_one_can_be_cancelled_too) {
     definition().bCommandLineLogging = true;
     definition().sCommandLineLogFile = "run.log";

@@ -53,12 +53,24 @@ Function startAsTheUser
   Exec '"$WINDIR\explorer.exe" "$INSTDIR\Tarnwick.exe"'
 FunctionEnd
 
+!macro REQUIRE_RIGHTS_WHEN_SILENT
+  ${If} ${Silent}
+    UserInfo::GetAccountType
+    Pop $R2
+    ${If} $R2 != "Admin"
+      SetErrorLevel 5
+      Quit
+    ${EndIf}
+  ${EndIf}
+!macroend
+
 Function .onInit
   SetRegView 64
   Call refuseQuietly
   ; A folder given by /D stands in $INSTDIR already, and is not to be lost to the usual ones.
   StrCpy $R0 $INSTDIR
   !insertmacro MULTIUSER_INIT
+  Call everybodyForTheSystem
   ${If} $R0 != ""
     StrCpy $INSTDIR $R0
   ${EndIf}
@@ -70,42 +82,86 @@ Function refuseQuietly
   ClearErrors
   ${GetOptions} $R1 "/AllUsers" $R2
   ${IfNot} ${Errors}
-  ${AndIf} ${Silent}
-    UserInfo::GetAccountType
-    Pop $R2
-    ${If} $R2 != "Admin"
-      SetErrorLevel 5
-      Quit
-    ${EndIf}
+    !insertmacro REQUIRE_RIGHTS_WHEN_SILENT
   ${EndIf}
 FunctionEnd
 
-; A program that runs keeps its file: then nothing is changed at all.
-!macro REQUIRE_PROGRAM_AT_REST
-  ${If} ${FileExists} "$INSTDIR\Tarnwick.exe"
+Function un.refuseQuietly
+  ReadRegStr $R2 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $R2 == $INSTDIR
+    !insertmacro REQUIRE_RIGHTS_WHEN_SILENT
+  ${EndIf}
+FunctionEnd
+
+; The system's own account, which deploys programs, has no start menu and no registry that anybody
+; would look into: what it installs is for everybody.
+Function everybodyForTheSystem
+  StrCpy $R2 $PROFILE "" -13
+  ${If} $R2 == "systemprofile"
+    Call MultiUser.InstallMode.AllUsers
+  ${EndIf}
+FunctionEnd
+
+; Nothing is changed at all.
+!macro GIVE_UP TEXT
+  MessageBox MB_OK|MB_ICONEXCLAMATION "${TEXT}" /SD IDOK
+  SetErrorLevel 2
+  Abort
+!macroend
+
+; Whoever uses a file of ours keeps it: the program that runs, the manual that is open.
+!macro REQUIRE_FREE NAME TEXT
+  ${If} ${FileExists} "$INSTDIR\${NAME}"
     ClearErrors
-    FileOpen $R3 "$INSTDIR\Tarnwick.exe" a
+    FileOpen $R3 "$INSTDIR\${NAME}" a
     ${If} ${Errors}
-      MessageBox MB_OK|MB_ICONEXCLAMATION "Tarnwick is running. Please close it and start this again." /SD IDOK
-      SetErrorLevel 2
-      Abort
+      !insertmacro GIVE_UP "${TEXT}"
     ${EndIf}
     FileClose $R3
   ${EndIf}
 !macroend
 
+!macro REQUIRE_PROGRAM_AT_REST
+  !insertmacro REQUIRE_FREE "Tarnwick.exe" "Tarnwick is running. Please close it and start this again."
+  !insertmacro REQUIRE_FREE "Tarnwick.chm" "The manual of Tarnwick is open. Please close it and start this again."
+!macroend
+
+; From the folder of the new version to its place.
+!macro PUT_IN_PLACE NAME
+  Delete "$INSTDIR\${NAME}"
+  Rename "$INSTDIR\new version\${NAME}" "$INSTDIR\${NAME}"
+!macroend
+
 Function un.onInit
   SetRegView 64
+  Call un.refuseQuietly
   !insertmacro MULTIUSER_UNINIT
 FunctionEnd
 
 Section
   !insertmacro REQUIRE_PROGRAM_AT_REST
-  SetOutPath "$INSTDIR"
+  !insertmacro REQUIRE_FREE "Tarnwick.txt" "Tarnwick.txt is in use. Please close it and start this again."
+  ; First beside the old version, which stays whole when the disk is full, say.
+  SetOverwrite try
+  SetOutPath "$INSTDIR\new version"
+  ClearErrors
   File "${FILES}\Tarnwick.exe"
   File "${FILES}\Tarnwick.chm"
-  File "${FILES}\README.txt"
-  WriteUninstaller "$INSTDIR\Uninstall.exe"
+  File "${FILES}\Tarnwick.txt"
+  WriteUninstaller "$INSTDIR\new version\Uninstall.exe"
+  SetOutPath "$INSTDIR"
+  ${If} ${Errors}
+    RMDir /r "$INSTDIR\new version"
+    !insertmacro GIVE_UP "The files of Tarnwick cannot be written into $INSTDIR."
+  ${EndIf}
+  !insertmacro PUT_IN_PLACE "Tarnwick.exe"
+  !insertmacro PUT_IN_PLACE "Tarnwick.chm"
+  !insertmacro PUT_IN_PLACE "Tarnwick.txt"
+  !insertmacro PUT_IN_PLACE "Uninstall.exe"
+  RMDir "$INSTDIR\new version"
+  ${If} ${Errors}
+    !insertmacro GIVE_UP "Some files of Tarnwick cannot be replaced in $INSTDIR. Please start this again."
+  ${EndIf}
 
   CreateDirectory "$SMPROGRAMS\Tarnwick"
   CreateShortcut "$SMPROGRAMS\Tarnwick\Tarnwick.lnk" "$INSTDIR\Tarnwick.exe"
@@ -129,7 +185,7 @@ Section "Uninstall"
   !insertmacro REQUIRE_PROGRAM_AT_REST
   Delete "$INSTDIR\Tarnwick.exe"
   Delete "$INSTDIR\Tarnwick.chm"
-  Delete "$INSTDIR\README.txt"
+  Delete "$INSTDIR\Tarnwick.txt"
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Tarnwick\Tarnwick.lnk"

@@ -40,7 +40,7 @@ The_program_is_smaller_than_two_megabytes() {
 The_zip_holds_the_program_its_help_and_a_note() {
     unzip -q -d "$work" "$dist"/Tarnwick-*.zip
     [ "$(cd "$work" && find Tarnwick -type f | LC_ALL=C sort | xargs)" = \
-        "Tarnwick/README.txt Tarnwick/Tarnwick.chm Tarnwick/Tarnwick.exe" ] &&
+        "Tarnwick/Tarnwick.chm Tarnwick/Tarnwick.exe Tarnwick/Tarnwick.txt" ] &&
         cmp "$work/Tarnwick/Tarnwick.exe" "$build/windows/Tarnwick.exe"
 }
 
@@ -73,7 +73,7 @@ installs() { # HIVE SWITCH
     "$wine" cmd /c 'C:\install.bat' >"$work/install.log" 2>&1
     rm "$drive/setup.exe" "$drive/install.bat"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = \
-        "./README.txt ./Tarnwick.chm ./Tarnwick.exe ./Uninstall.exe" ] || fail "$(ls "$folder")"
+        "./Tarnwick.chm ./Tarnwick.exe ./Tarnwick.txt ./Uninstall.exe" ] || fail "$(ls "$folder")"
     cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe" || fail "another program was installed"
     files >"$work/installed"
     grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' "$work/installed" || fail "not in the start menu"
@@ -113,6 +113,7 @@ Installed_for_the_user_it_runs_and_goes_without_a_trace() {
         "$here/../../demo/run" "$build" unattended "$work/demo" >"$work/demo.log" 2>&1 || fail "$(cat "$work/demo.log")"
     grep -q 'Tarnwick.exe -I' "$work/demo.log" || fail "$(cat "$work/demo.log")"
     the_window_opens
+    a_file_that_cannot_be_replaced_leaves_the_old_version_whole
     uninstalls HKCU /CurrentUser
 }
 
@@ -142,6 +143,22 @@ the_window_opens() {
     xdotool key alt+F4
     wait $program || fail "the program ended with $?"
     "$wine" reg delete 'HKCU\Software\Corvane' /f >/dev/null
+}
+
+a_file_that_cannot_be_replaced_leaves_the_old_version_whole() {
+    local status=0
+    mv "$folder/Tarnwick.chm" "$work/kept.chm"
+    mkdir "$folder/Tarnwick.chm"
+    echo old >"$folder/Tarnwick.txt"
+    cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
+    printf 'C:\\setup.exe /S /CurrentUser\r\nexit %%errorlevel%%\r\n' >"$drive/again.bat"
+    "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?
+    rm "$drive/setup.exe" "$drive/again.bat"
+    [ $status -eq 2 ] || fail "installing over a file that stays ended with $status"
+    [ "$(cat "$folder/Tarnwick.txt")" = old ] || fail "a part of the new version was installed"
+    [ ! -e "$folder/new version" ] || fail "left: $(ls "$folder/new version")"
+    rmdir "$folder/Tarnwick.chm"
+    mv "$work/kept.chm" "$folder/Tarnwick.chm"
 }
 
 Installed_for_everybody_it_goes_without_a_trace() {

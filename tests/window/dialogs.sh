@@ -26,6 +26,7 @@ test_forms_that_cannot_be_shown_end_with_their_error() {
 test_help_closes_by_enter_escape_button_and_close_box() {
     start_dialog help "Command Line Help on Tarnwick"
     picture_of "$dialog" dialogs-help
+    expect_icons 32 16
     key Return
     expect_end
     start_dialog help "Command Line Help on Tarnwick"

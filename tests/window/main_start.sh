@@ -123,3 +123,9 @@ middle_of() {
     eval "$(xdotool getwindowgeometry --shell "$1" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
     echo $((X + WIDTH / 2)) $((Y + HEIGHT / 2))
 }
+
+test_the_window_bears_the_programs_icon_in_the_title_and_where_windows_are_switched() {
+    launch_defined
+    expect_icons 32 16
+    close_unchanged
+}

@@ -221,6 +221,7 @@ void FormView::bind() {
     bindControls();
     menuBar_.show(dialog_, form_.menu());
     setWindowText(dialog_, form_.caption());
+    icons_.show(dialog_);
     const RECT screen = screenArea();
     form_.measured(windowSize(), {.width = toTwips(screen.right - screen.left, dpi()),
                                   .height = toTwips(screen.bottom - screen.top, dpi())});
@@ -387,6 +388,7 @@ void FormView::place() {
 }
 
 void FormView::resolutionChanged() {
+    icons_.show(dialog_);
     for (const auto& window : windows_) {
         window->resolutionChanged();
     }

@@ -4,6 +4,7 @@
 #include "ui/win32/com_pointer.hpp"
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/menu_bar.hpp"
+#include "ui/win32/program_icon.hpp"
 
 #include <windows.h>
 
@@ -81,6 +82,7 @@ class FormView : public View {
     Form& form_;
     HWND dialog_ = nullptr;
     MenuBar menuBar_;
+    WindowIcons icons_;
     std::vector<std::unique_ptr<ControlWindow>> windows_;
     std::exception_ptr error_;
     bool failed_ = false;

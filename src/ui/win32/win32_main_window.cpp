@@ -58,10 +58,6 @@ class MainView final : public FormView {
   private:
     void made() override {
         bind();
-        if (HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1));
-            icon != nullptr) {
-            SendMessageW(dialog(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
-        }
     }
 
     // The window is destroyed when the program's events have come to their end: it is still needed

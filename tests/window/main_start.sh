@@ -129,3 +129,27 @@ test_the_window_bears_the_programs_icon_in_the_title_and_where_windows_are_switc
     expect_icons 32 16
     close_unchanged
 }
+
+test_a_quick_second_click_is_a_click() {
+    launch_defined
+    press chkfixdoc
+    press chkfixdoc
+    act click 1
+    look
+    expect_state chkfixdoc ticked
+    act click --repeat 2 --delay 0 1
+    look
+    expect_state chkfixdoc ticked
+    press cmdOutputFolder
+    expect_window 'Open Folder'
+    key Escape
+    expect_closed 'Open Folder'
+    act click 1
+    expect_window 'Open Folder'
+    key Escape
+    expect_closed 'Open Folder'
+    key alt+F4
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+}

@@ -19,10 +19,9 @@ void give(HWND window, WPARAM which, IconHandle& held, int width, int height) {
 } // namespace
 
 IconHandle loadIcon(const std::wstring& name, SIZE size) {
-    return IconHandle(
-        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), name.c_str(), IMAGE_ICON,
-                                      static_cast<int>(size.cx), static_cast<int>(size.cy),
-                                      LR_DEFAULTCOLOR)));
+    return IconHandle(static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), name.c_str(),
+                                                    IMAGE_ICON, static_cast<int>(size.cx),
+                                                    static_cast<int>(size.cy), LR_DEFAULTCOLOR)));
 }
 
 void WindowIcons::show(HWND window) {

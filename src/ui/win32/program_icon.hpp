@@ -17,8 +17,8 @@ using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
 // none.
 [[nodiscard]] IconHandle loadIcon(const std::wstring& name, SIZE size);
 
-// The program's icon on one of its windows: in the title, in the taskbar and where the user switches
-// between windows. Must outlive the window.
+// The program's icon on one of its windows: in the title, in the taskbar and where the user
+// switches between windows. Must outlive the window.
 class WindowIcons {
   public:
     // As large as the window's resolution asks for now. A window without room for an icon, such as

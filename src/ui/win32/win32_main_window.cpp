@@ -56,9 +56,7 @@ class MainView final : public FormView {
     }
 
   private:
-    void made() override {
-        bind();
-    }
+    void made() override { bind(); }
 
     // The window is destroyed when the program's events have come to their end: it is still needed
     // by whoever is at work in a handler.

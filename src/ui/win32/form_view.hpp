@@ -10,6 +10,7 @@
 
 #include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarnwick {
@@ -40,6 +41,11 @@ class FormView : public View {
     [[nodiscard]] virtual Size windowSize() const noexcept = 0;
     // At least so large that the window is of this size.
     virtual void applySize() noexcept {}
+    // In pixels, how large it is on a monitor of another resolution; nothing where the system may
+    // scale it as it finds right.
+    [[nodiscard]] virtual std::optional<SIZE> sizeAt(int /*dpi*/) const noexcept {
+        return std::nullopt;
+    }
 
     // Binds window and form, and tells the form its measures.
     void bind();

@@ -8,6 +8,7 @@
 #include "ui/win32/grid_window.hpp"
 #include "ui/win32/monitor.hpp"
 #include "ui/win32/resource_names.hpp"
+#include "ui/win32/session_hold.hpp"
 #include "ui/win32/view_messages.hpp"
 #include "ui/win32/window_text.hpp"
 
@@ -129,10 +130,12 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             form_.userClosed();
         }
         return true;
-    case WM_QUERYENDSESSION:
+    case WM_QUERYENDSESSION: {
+        const SessionHold hold(dialog_);
         form_.sessionIsEnding();
-        answer(TRUE); // nobody is held up
+        answer(TRUE); // nobody is held up any longer
         return true;
+    }
     case WM_ENDSESSION:
         form_.sessionEnded(wParam != FALSE);
         return true;

@@ -7,8 +7,8 @@
 namespace tarnwick {
 
 // A symbol font of that family, for this process alone and as long as it lives. It has two
-// pictures: 0xFE is a box as high as its letters, 0xA8 one of half that height. Each is as wide as
-// it is high at most, and stands on the lowest edge.
+// pictures: 0xFE is a box as high as its letters, 0xA8 one of half that height. Both are as wide as
+// letters are high, and stand on one line.
 class SymbolFont {
   public:
     explicit SymbolFont(const std::string& family);

@@ -140,20 +140,24 @@ std::string fontFile(const std::string& family) {
     return head.bytes() + body;
 }
 
-} // namespace
-
-SymbolFont::SymbolFont(const std::string& family) {
+// Into the folder for temporary files; the file's path.
+std::wstring written(const std::string& bytes) {
     std::array<wchar_t, MAX_PATH + 1> folder{};
     GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
-    file_ = std::wstring(folder.data()) + L"symbols.ttf";
-    HANDLE file = CreateFileW(file_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+    std::wstring path = std::wstring(folder.data()) + L"symbols.ttf";
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                               FILE_ATTRIBUTE_NORMAL, nullptr);
-    const std::string bytes = fontFile(family);
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    DWORD count = 0;
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
     CloseHandle(file);
-    installed_ = AddFontResourceExW(file_.c_str(), FR_PRIVATE, nullptr) != 0;
+    return path;
 }
+
+} // namespace
+
+SymbolFont::SymbolFont(const std::string& family)
+    : file_(written(fontFile(family))),
+      installed_(AddFontResourceExW(file_.c_str(), FR_PRIVATE, nullptr) != 0) {}
 
 SymbolFont::~SymbolFont() {
     RemoveFontResourceExW(file_.c_str(), FR_PRIVATE, nullptr);

@@ -23,7 +23,7 @@ class SymbolFont {
 
   private:
     std::wstring file_;
-    bool installed_ = false;
+    bool installed_;
 };
 
 } // namespace tarnwick

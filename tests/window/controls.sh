@@ -187,6 +187,17 @@ test_a_screen_reader_finds_the_cells_of_the_grid() {
     expect_end
 }
 
+test_on_another_monitor_it_is_as_large_as_here() {
+    start_dialog scaled Controls
+    key alt+h a
+    expect_result '96=1 849x564'
+    expect_result '120=1 1061x705'
+    expect_result '144=1 1274x846'
+    expect_result '192=1 1698x1128'
+    key alt+F4
+    expect_end
+}
+
 # Whoever is at work behind the window learns that it has gone.
 test_an_error_that_no_handler_traps_unloads_the_form() {
     start_dialog failing Controls

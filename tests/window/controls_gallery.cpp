@@ -6,6 +6,9 @@
 // controls_gallery names RESULT LAYOUT: the same; Help, About writes into RESULT what a screen
 // reader says of the grid.
 //
+// controls_gallery scaled RESULT LAYOUT: the same; Help, About writes into RESULT how large the
+// window would be on monitors of some resolutions.
+//
 // controls_gallery lists RESULT COUNT: moves COUNT names from one list to another and back. RESULT
 // has a line for each step and list: "STEP LIST REFILLS NAMES DRAWN EXTENT OTHERS", which are the
 // horizontal extent behind it and numbers of messages, see CountingListBox. Every character counts
@@ -121,6 +124,17 @@ void printNames(HWND dialog, const std::string& resultFile) {
     out << "focus=" << focus.lVal << '\n';
 }
 
+// What the system asks before it takes the window to a monitor of another resolution.
+void printScaledSizes(HWND dialog, const std::string& resultFile) {
+    std::ofstream out(resultFile, std::ios::binary);
+    for (const int dpi : {96, 120, 144, 192}) {
+        SIZE size{};
+        const LRESULT answer = SendMessageW(dialog, WM_GETDPISCALEDSIZE, static_cast<WPARAM>(dpi),
+                                            reinterpret_cast<LPARAM>(&size));
+        out << dpi << '=' << answer << ' ' << size.cx << 'x' << size.cy << '\n';
+    }
+}
+
 // About raises what no handler traps.
 void runFailing(Win32MainWindow& window, const std::string& resultFile,
                 const std::string& layoutFile) {
@@ -156,6 +170,10 @@ bool run(std::string_view what, const std::string& resultFile, const std::string
     } else if (what == "names") {
         frmControls form(files, "events.txt", third);
         form.mnuAbout.Click = [&] { printNames(GetActiveWindow(), resultFile); };
+        window.run(form);
+    } else if (what == "scaled") {
+        frmControls form(files, "events.txt", third);
+        form.mnuAbout.Click = [&] { printScaledSizes(GetActiveWindow(), resultFile); };
         window.run(form);
     } else if (what == "failing") {
         runFailing(window, resultFile, third);

@@ -41,6 +41,7 @@ test_90_deceiving_names_in_a_run_and_in_a_batch_file() {
 bring_in() {
     "$wine_run" "$build/tests/window/wide_hands.exe" "$title" "$@" >"$work/hands.log" 2>&1 </dev/null ||
         fail "nothing comes in: $(cat "$work/hands.log")"
+    act
 }
 
 test_91_a_character_without_a_place_is_not_taken_by_a_field() {

@@ -123,3 +123,57 @@ middle_of() {
     eval "$(xdotool getwindowgeometry --shell "$1" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
     echo $((X + WIDTH / 2)) $((Y + HEIGHT / 2))
 }
+
+test_the_window_bears_the_programs_icon_in_the_title_and_where_windows_are_switched() {
+    launch_defined
+    expect_icons 32 16
+    close_unchanged
+}
+
+test_a_quick_second_click_is_a_click() {
+    launch_defined
+    press chkfixdoc
+    press chkfixdoc
+    act click 1
+    look
+    expect_state chkfixdoc ticked
+    act click --repeat 2 --delay 0 1
+    look
+    expect_state chkfixdoc ticked
+    press cmdOutputFolder
+    expect_window 'Open Folder'
+    key Escape
+    expect_closed 'Open Folder'
+    act click 1
+    expect_window 'Open Folder'
+    key Escape
+    expect_closed 'Open Folder'
+    key alt+F4
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+}
+
+# launch_above HEIGHT: on a screen with a taskbar of that height, which is then $taskbar.
+launch_above() {
+    stop_wine # it looks once how much of the screen there is
+    show_foreign_window taskbar
+    taskbar=$foreign
+    xprop -id "$found" -f _NET_WM_STRUT 32c -set _NET_WM_STRUT "0, 0, 0, $1"
+    eventually work_area_ends_at $((1200 - $1)) || fail 'the screen knows no taskbar'
+    launch_defined
+}
+work_area_ends_at() { xprop -root _NET_WORKAREA | grep -q " = 0, 0, 1800, $1,"; }
+close_above() {
+    close_unchanged
+    kill "$taskbar"
+    stop_wine
+}
+ends_at() { ask place "$title" && [ "${answer[0]##* }" = "$1" ]; }
+
+test_the_window_stands_on_the_taskbar_and_not_behind_it() {
+    launch_above 400
+    eventually ends_at 800 || fail "it lies at ${answer[0]}"
+    picture_of root main-above-taskbar
+    close_above
+}

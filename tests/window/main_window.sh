@@ -20,6 +20,12 @@ texts_stand_in_the_middle_of_their_fields() {
     close_unchanged
 }
 
+the_icons_are_as_fine_as_the_screen() {
+    launch_defined
+    expect_icons 64 32
+    close_unchanged
+}
+
 run_all_tests() {
     set_resolution 96
     chosen=()
@@ -32,6 +38,7 @@ run_all_tests() {
         test_name='the test at 192 dpi'
         set_resolution 192
         texts_stand_in_the_middle_of_their_fields
+        the_icons_are_as_fine_as_the_screen
     fi
     say "all passed in $SECONDS s"
 }

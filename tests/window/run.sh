@@ -12,7 +12,7 @@ case $#/$suite in
 2/main | 2/execute | 2/pictures) program=Tarnwick.exe ;;
 *) echo "usage: $0 BUILD_DIR [dialogs|controls|main|execute|pictures]" >&2; exit 2 ;;
 esac
-for tool in wine Xvfb openbox xdotool xev import compare flock prlimit; do
+for tool in wine Xvfb openbox xdotool xev xprop import compare convert identify flock prlimit; do
     command -v "$tool" >/dev/null || { echo "run.sh: $tool is missing" >&2; exit 127; }
 done
 

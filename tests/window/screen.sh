@@ -214,4 +214,25 @@ come_back() {
     xdotool windowactivate --sync "$dialog"
     act
 }
+# The icons that the screen has of the window, as numbers: each is its width, its height and its pixels.
+icons_on_screen() {
+    xprop -id "$dialog" -len 1000000 -notype -f _NET_WM_ICON 32x ' $0+\n' _NET_WM_ICON |
+        grep -o '0x[0-9a-f]*' | sed 's/^0x//'
+}
+# The program's own of that size.
+icon_in_resources() {
+    local logo=$here/../../src/app/resources/logo.ico at
+    printf '%x\n%x\n' "$1" "$1"
+    at=$(identify -format '%p %w\n' "$logo" | sed -n "s/ $1\$//p")
+    convert "${logo}[$at]" -depth 8 bgra:- | od -An -v -tx4 -w4 | sed 's/^ *0*\(.\)/\1/'
+}
+bears_icons() {
+    for size in "$@"; do icon_in_resources "$size"; done >"$work/icons.expected"
+    icons_on_screen >"$work/icons.shown"
+    cmp -s "$work/icons.expected" "$work/icons.shown"
+}
+# The icons in the title and where the user switches between windows.
+expect_icons() {
+    eventually bears_icons "$@" || fail "the window has not the program's icons of $* pixels"
+}
 picture_of() { import -window "$1" "$pictures/$2.png" || fail "no picture $2"; }

@@ -49,8 +49,9 @@ int main(int count, char** arguments) {
         SendMessageW(field, WM_PASTE, 0, 0);
         return 0;
     }
-    for (const wchar_t character : text) {
-        SendMessageW(field, WM_CHAR, character, 1);
+    bool typed = true;
+    for (const wchar_t character : text) { // through the message loop, as keys
+        typed = PostMessageW(field, WM_CHAR, character, 1) != FALSE && typed;
     }
-    return 0;
+    return typed ? 0 : 1;
 }

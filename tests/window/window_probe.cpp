@@ -21,6 +21,7 @@
 //   count TITLE        how many windows with that title are shown
 //   front TITLE        "yes" when the keyboard is in that window; else "no"
 //   away               "yes" when the keyboard is in no window of any program here
+//   place TITLE        "x y right bottom" of that window with its frame, in pixels of the screen
 //   iconic TITLE       "yes" when that window is an icon
 //   settled F11|F12    waits a moment for that key, which the caller has sent behind other keys and
 //                      clicks, and then until the program has dealt with those. The answer is
@@ -242,6 +243,11 @@ void answer(const std::string& what, const std::string& about, const InputMarks&
     } else if (what == "away") {
         HWND front = GetForegroundWindow();
         print(front == nullptr || front == GetDesktopWindow());
+    } else if (what == "place") {
+        RECT place{};
+        GetWindowRect(FindWindowW(nullptr, utf16(about).c_str()), &place);
+        std::cout << place.left << ' ' << place.top << ' ' << place.right << ' ' << place.bottom
+                  << '\n';
     } else if (what == "iconic") {
         print(IsIconic(FindWindowW(nullptr, utf16(about).c_str())) != FALSE);
     } else if (what == "settled") {

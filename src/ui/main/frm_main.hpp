@@ -152,6 +152,7 @@ class frmMain final : public Form, private RunWindow {
     [[nodiscard]] Changes beginFileCommand();
     [[nodiscard]] Changes offerToSave();
     void keepWork();
+    void storeSettings();
     enum class SavedAs { Written, NotWritten, Cancelled };
     SavedAs saveAs();
     [[nodiscard]] BatchDefinition newDefinition(std::string_view sINIFile);

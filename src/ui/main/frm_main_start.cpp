@@ -49,12 +49,7 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
 }
 
 void frmMain::Form_Unload() {
-    // A store that cannot be written must not cost the user the question.
-    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-        store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
-        store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
-        store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
-    });
+    storeSettings();
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         commonSteps(); // an edit that is going on counts
         if (!bAskedAtSessionEnd_) {
@@ -66,9 +61,20 @@ void frmMain::Form_Unload() {
     }
 }
 
+// A store that cannot be written must not cost the user the question.
+void frmMain::storeSettings() {
+    trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
+        store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
+        store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
+        store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
+    });
+}
+
 // The system waits for an answer only now: when the session has ended, it may end the program
-// before anybody has read a question.
+// before anybody has read a question. While one is read the user may have the system end the
+// program: what needs no answer is kept before.
 void frmMain::Form_SessionIsEnding() {
+    storeSettings();
     commonSteps();
     keepWork();
     bAskedAtSessionEnd_ = true;

@@ -5,7 +5,7 @@
 namespace tarnwick {
 
 void ClickableWindow::notified(WORD code) {
-    if (code != BN_CLICKED) {
+    if (!isClick(code)) {
         return;
     }
     // Enter and Escape click a button from wherever the focus is; the mouse, an access key and the
@@ -15,6 +15,11 @@ void ClickableWindow::notified(WORD code) {
     } else {
         clickable_.userClicked();
     }
+}
+
+// A button that notifies takes a quick second press for a double click and sends no click for it.
+bool ClickableWindow::isClick(WORD code) const noexcept {
+    return code == BN_CLICKED || code == BN_DBLCLK;
 }
 
 bool ClickableWindow::isFocusNotice(WORD code) const noexcept {

@@ -16,6 +16,9 @@ class ClickableWindow : public CaptionedWindow {
     void notified(WORD code) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
+  protected:
+    [[nodiscard]] virtual bool isClick(WORD code) const noexcept;
+
   private:
     Clickable& clickable_;
 };

@@ -4,8 +4,11 @@
 #include "ui/forms/access_keys.hpp"
 #include "ui/forms/captioned.hpp"
 #include "ui/forms/measures.hpp"
+#include "ui/forms/window_place.hpp"
 #include "ui/win32/grid_window.hpp"
+#include "ui/win32/monitor.hpp"
 #include "ui/win32/resource_names.hpp"
+#include "ui/win32/session_hold.hpp"
 #include "ui/win32/view_messages.hpp"
 #include "ui/win32/window_text.hpp"
 
@@ -127,10 +130,12 @@ bool FormView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             form_.userClosed();
         }
         return true;
-    case WM_QUERYENDSESSION:
+    case WM_QUERYENDSESSION: {
+        const SessionHold hold(dialog_);
         form_.sessionIsEnding();
-        answer(TRUE); // nobody is held up
+        answer(TRUE); // nobody is held up any longer
         return true;
+    }
     case WM_ENDSESSION:
         form_.sessionEnded(wParam != FALSE);
         return true;
@@ -160,6 +165,13 @@ bool FormView::handleLook(UINT message, WPARAM wParam, LPARAM lParam) {
             drawn->drawItem(*pointerIn<const DRAWITEMSTRUCT*>(lParam));
         }
         return true;
+    case WM_GETDPISCALEDSIZE:
+        if (const auto size = sizeAt(static_cast<int>(wParam)); size) {
+            *pointerIn<SIZE*>(lParam) = *size;
+            answer(TRUE);
+            return true;
+        }
+        return false;
     case WM_DPICHANGED:
         PostMessageW(dialog_, ViewMessage::resolutionChanged, 0, 0);
         return false;
@@ -221,6 +233,7 @@ void FormView::bind() {
     bindControls();
     menuBar_.show(dialog_, form_.menu());
     setWindowText(dialog_, form_.caption());
+    icons_.show(dialog_);
     const RECT screen = screenArea();
     form_.measured(windowSize(), {.width = toTwips(screen.right - screen.left, dpi()),
                                   .height = toTwips(screen.bottom - screen.top, dpi())});
@@ -372,21 +385,27 @@ bool FormView::showPointer(WORD hit) const noexcept {
     return true;
 }
 
-// Puts the middle of the window where the form has it: the frame that the system draws is not
-// exactly the one that the form counts.
+// Puts the middle of the window where the form has it (the frame that the system draws is not
+// exactly the one that the form counts), but not under a taskbar.
 void FormView::place() {
-    const RECT screen = screenArea();
+    const MONITORINFO monitor = monitorOf(dialog_);
+    const RECT& screen = monitor.rcMonitor;
     RECT now{};
     GetWindowRect(dialog_, &now);
     const Bounds& wanted = form_.window();
     const int middle = screen.left + toPixels(wanted.left + wanted.width / 2, dpi());
     const int centre = screen.top + toPixels(wanted.top + wanted.height / 2, dpi());
-    SetWindowPos(dialog_, nullptr, middle - (now.right - now.left) / 2,
-                 centre - (now.bottom - now.top) / 2, 0, 0,
+    const int width = now.right - now.left;
+    const int height = now.bottom - now.top;
+    const Bounds place = movedInto(
+        boundsOf(monitor.rcWork),
+        {.left = middle - width / 2, .top = centre - height / 2, .width = width, .height = height});
+    SetWindowPos(dialog_, nullptr, place.left, place.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormView::resolutionChanged() {
+    icons_.show(dialog_);
     for (const auto& window : windows_) {
         window->resolutionChanged();
     }
@@ -404,10 +423,7 @@ int FormView::dpi() const noexcept {
 }
 
 RECT FormView::screenArea() const noexcept {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcMonitor;
+    return monitorOf(dialog_).rcMonitor;
 }
 
 } // namespace tarnwick

@@ -4,11 +4,13 @@
 #include "ui/win32/com_pointer.hpp"
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/menu_bar.hpp"
+#include "ui/win32/program_icon.hpp"
 
 #include <windows.h>
 
 #include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarnwick {
@@ -39,6 +41,11 @@ class FormView : public View {
     [[nodiscard]] virtual Size windowSize() const noexcept = 0;
     // At least so large that the window is of this size.
     virtual void applySize() noexcept {}
+    // In pixels, how large it is on a monitor of another resolution; nothing where the system may
+    // scale it as it finds right.
+    [[nodiscard]] virtual std::optional<SIZE> sizeAt(int /*dpi*/) const noexcept {
+        return std::nullopt;
+    }
 
     // Binds window and form, and tells the form its measures.
     void bind();
@@ -81,6 +88,7 @@ class FormView : public View {
     Form& form_;
     HWND dialog_ = nullptr;
     MenuBar menuBar_;
+    WindowIcons icons_;
     std::vector<std::unique_ptr<ControlWindow>> windows_;
     std::exception_ptr error_;
     bool failed_ = false;

@@ -5,6 +5,8 @@
 #include "ui/win32/check_box_picture.hpp"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <variant>
 
 namespace tarnwick {
@@ -81,6 +83,17 @@ bool isInstalled(HDC context, const std::string& name) {
     bool found = false;
     EnumFontFamiliesExW(context, &wanted, noteFont, reinterpret_cast<LPARAM>(&found), 0);
     return found;
+}
+
+// A symbol font has its pictures in a range of their own, by their bytes; which letters these bytes
+// are in the system's code page says nothing about them.
+std::wstring symbolText(std::string_view bytes) {
+    constexpr unsigned firstSymbol = 0xF000;
+    std::wstring text;
+    for (const char byte : bytes) {
+        text += static_cast<wchar_t>(firstSymbol + static_cast<unsigned char>(byte));
+    }
+    return text;
 }
 
 // Takes the room around the text off `area`: less than usual, and a bit off the text itself, where
@@ -164,7 +177,8 @@ void GridPainter::paintText(HDC context, const Cell& cell, RECT area, const Look
         return;
     }
     const Selected selected(context, own != nullptr ? own : look.font);
-    const auto text = toWide(cell.text);
+    const bool symbols = own != nullptr && cell.fontName == symbolFont;
+    const auto text = symbols ? symbolText(cell.text) : toWide(cell.text);
     fit(context, text, area, look.dpi);
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS |
@@ -182,10 +196,11 @@ HFONT GridPainter::font(const std::string& name, const Look& look) {
     if (isInstalled(context.get(), name)) {
         LOGFONTW font{};
         GetObjectW(look.font, sizeof font, &font);
+        font.lfCharSet = DEFAULT_CHARSET;
         if (name == symbolFont) {
+            font.lfCharSet = SYMBOL_CHARSET;
             font.lfHeight = MulDiv(font.lfHeight, 5, 4); // its boxes are small
         }
-        font.lfCharSet = DEFAULT_CHARSET;
         font.lfFaceName[toWide(name).copy(font.lfFaceName, LF_FACESIZE - 1)] = L'\0';
         made.reset(CreateFontIndirectW(&font));
     }

@@ -53,13 +53,23 @@ void StatusBarWindow::showTexts() {
 
 void ProgressBarWindow::changed(Property property) {
     if (property == Property::Value) {
-        SendMessageW(window(), PBM_SETPOS, static_cast<WPARAM>(progressBar_.value()), 0);
+        showValue();
         return;
     }
     ControlWindow::changed(property);
     if (property == Property::Visible && !progressBar_.visible()) {
         repaintBehind();
     }
+}
+
+// A themed bar walks to a higher value, and would be hidden half way; to a lower one it goes at
+// once. So it is set one too far and back.
+void ProgressBarWindow::showValue() const {
+    const auto value = static_cast<WPARAM>(progressBar_.value());
+    SendMessageW(window(), PBM_SETRANGE32, 0, ProgressBar::full + 1);
+    SendMessageW(window(), PBM_SETPOS, value + 1, 0);
+    SendMessageW(window(), PBM_SETPOS, value, 0);
+    SendMessageW(window(), PBM_SETRANGE32, 0, ProgressBar::full);
 }
 
 // The panel that it stood in draws its edges beside it as well, and is not asked to do so by

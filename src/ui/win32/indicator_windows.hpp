@@ -37,6 +37,7 @@ class ProgressBarWindow final : public ControlWindow {
     void changed(Property property) override;
 
   private:
+    void showValue() const;
     void repaintBehind() const;
 
     ProgressBar& progressBar_;

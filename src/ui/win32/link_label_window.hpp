@@ -20,6 +20,10 @@ class LinkLabelWindow final : public ClickableWindow {
     void keyPressed(int keyCode) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
 
+  protected:
+    // A double click, as many make it on a link, opens it once.
+    [[nodiscard]] bool isClick(WORD code) const noexcept override { return code == BN_CLICKED; }
+
   private:
     void fit();
 

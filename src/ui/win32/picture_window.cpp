@@ -24,10 +24,8 @@ void PictureWindow::showIcon() {
     }
     RECT area{};
     GetClientRect(window(), &area);
-    const int size = static_cast<int>(std::min(area.right, area.bottom));
-    decltype(icon_) icon(
-        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), toWide(picture_.image()).c_str(),
-                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    const LONG size = std::min(area.right, area.bottom);
+    IconHandle icon = loadIcon(toWide(picture_.image()), {.cx = size, .cy = size});
     if (icon == nullptr) {
         throw RunTimeError(ErrorNumber::InternalError);
     }

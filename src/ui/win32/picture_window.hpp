@@ -2,11 +2,9 @@
 
 #include "ui/forms/picture.hpp"
 #include "ui/win32/control_window.hpp"
+#include "ui/win32/program_icon.hpp"
 
 #include <windows.h>
-
-#include <memory>
-#include <type_traits>
 
 namespace tarnwick {
 
@@ -20,13 +18,10 @@ class PictureWindow final : public ControlWindow {
     void resolutionChanged() override;
 
   private:
-    struct IconDeleter {
-        void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
-    };
     void showIcon();
 
     Picture& picture_;
-    std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter> icon_;
+    IconHandle icon_;
 };
 
 } // namespace tarnwick

@@ -7,6 +7,7 @@
 #include "ui/win32/view_messages.hpp"
 
 #include <cstdint>
+#include <optional>
 
 namespace tarnwick {
 namespace {
@@ -56,13 +57,7 @@ class MainView final : public FormView {
     }
 
   private:
-    void made() override {
-        bind();
-        if (HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1));
-            icon != nullptr) {
-            SendMessageW(dialog(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
-        }
-    }
+    void made() override { bind(); }
 
     // The window is destroyed when the program's events have come to their end: it is still needed
     // by whoever is at work in a handler.
@@ -84,9 +79,20 @@ class MainView final : public FormView {
     }
 
     void applySize() noexcept override {
+        const SIZE wanted = pixelsAt(dpi());
+        SetWindowPos(dialog(), nullptr, 0, 0, static_cast<int>(wanted.cx),
+                     static_cast<int>(wanted.cy), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    // So the system takes it to another monitor in that size at once: it neither jumps nor
+    // flickers.
+    [[nodiscard]] std::optional<SIZE> sizeAt(int dpi) const noexcept override {
+        return IsIconic(dialog()) == FALSE ? std::optional(pixelsAt(dpi)) : std::nullopt;
+    }
+
+    [[nodiscard]] SIZE pixelsAt(int dpi) const noexcept {
         const Bounds& wanted = form().window();
-        SetWindowPos(dialog(), nullptr, 0, 0, toPixels(wanted.width, dpi()),
-                     toPixels(wanted.height, dpi()), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return {.cx = toPixels(wanted.width, dpi), .cy = toPixels(wanted.height, dpi)};
     }
 };
 

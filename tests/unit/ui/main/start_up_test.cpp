@@ -290,7 +290,20 @@ TEST_F(StartUpWindow, The_settings_are_stored_before_the_question_comes) {
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
 }
 
-TEST_F(StartUpWindow, The_end_of_the_session_asks_while_there_is_time_and_stores_when_it_is_sure) {
+TEST_F(StartUpWindow, The_end_of_the_session_stores_before_it_asks) {
+    form.show();
+    form.cboLanguage.userPicked(4);
+    desktop.answers = {MessageAnswer::No};
+    desktop.whileShown = [this](const Message&) {
+        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+        EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
+        EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
+    };
+    form.sessionIsEnding();
+    EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
+}
+
+TEST_F(StartUpWindow, The_end_of_the_session_asks_while_there_is_time) {
     for (const MessageAnswer answer : {MessageAnswer::Yes, MessageAnswer::No}) {
         frmMain window(services);
         desktop.messages.clear();
@@ -302,7 +315,6 @@ TEST_F(StartUpWindow, The_end_of_the_session_asks_while_there_is_time_and_stores
         window.sessionIsEnding();
         EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
         EXPECT_THAT(world.read(defaultIni), testing::HasSubstr("Language=French\r\n"));
-        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), "none");
         window.sessionEnded(true);
         EXPECT_EQ(desktop.messages.size(), 1U); // asked once
         EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), defaultIni);

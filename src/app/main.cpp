@@ -95,7 +95,18 @@ class Application {
 } // namespace
 } // namespace tarnwick
 
+namespace {
+
+// For this process and what it starts. A program is looked for in the path alone, not in the
+// current folder: a batch stands in the folder of the records, where others may put files.
+void lookForProgramsInThePathAlone() noexcept {
+    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
+}
+
+} // namespace
+
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPWSTR /*commandLine*/,
                     int /*show*/) {
+    lookForProgramsInThePathAlone();
     return tarnwick::Application().run();
 }

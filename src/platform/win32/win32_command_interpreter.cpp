@@ -74,7 +74,7 @@ std::string Win32CommandInterpreter::batchText(std::string_view text) const {
 }
 
 std::string Win32CommandInterpreter::systemCodePageLine() const {
-    return "@chcp " + std::to_string(GetACP()) + " > nul";
+    return R"(@"%SystemRoot%\System32\chcp.com" )" + std::to_string(GetACP()) + " > nul";
 }
 
 } // namespace tarnwick

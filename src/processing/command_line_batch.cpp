@@ -4,7 +4,6 @@
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
-#include "definition/resolved_paths.hpp"
 #include "platform/run_time_error.hpp"
 #include "processing/batch_writer.hpp"
 #include "processing/tool_statements.hpp"
@@ -115,8 +114,7 @@ void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefi
             writeLine(services.files, batch.notificationText,
                       "The Tarnwick script " + quoted(batch.commandBatch) + " is done running.");
         }
-        writeCommandBatch(batch, notify, withResolvedPaths(definition, services.files), records,
-                          services);
+        writeCommandBatch(batch, notify, definition, records, services);
     } catch (...) {
         batch.file.reset();
         removeCommandLineBatch(batch, services.files);

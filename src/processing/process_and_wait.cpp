@@ -90,10 +90,17 @@ class Waiting {
         letEventsRun();
         letEventsRun();
         wait(beforeFirstLook);
-        // A batch that has ended without a marker has nowhere to write it, and never will.
+        // A batch that has ended without a marker will never write it.
         const auto markerOrEnd = [&] { return markerIsThere() || batch.hasEnded(); };
         if (!waitUntil(services_, stop_, markerOrEnd)) {
             return Waited::Stopped;
+        }
+        // Looked for once more: it may have come between the two questions.
+        if (!markerIsThere()) {
+            if (stop_.cancelled) {
+                return Waited::Stopped;
+            }
+            raiseDidNotRun();
         }
         letEventsRun();
         wait(afterMarker);
@@ -101,6 +108,16 @@ class Waiting {
         // by now.
         const bool ended = waitUntil(services_, stop_, [&] { return batch.hasEnded(); });
         return ended ? Waited::Done : Waited::Stopped;
+    }
+
+    // Scripts may be forbidden here, a virus scanner may have taken the file away, the tool may
+    // have ended the interpreter, or the temporary folder is gone: the next record would do no
+    // better.
+    [[noreturn]] void raiseDidNotRun() const {
+        ErrorRecord error = RunTimeError(ErrorNumber::PathFileAccess).record();
+        error.description +=
+            ": the batch file " + quoted(temporary_.batch) + " ended before its last line";
+        throw RunTimeError(std::move(error));
     }
 
     [[nodiscard]] bool markerIsThere() const {

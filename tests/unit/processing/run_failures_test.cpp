@@ -116,6 +116,16 @@ TEST_F(FailingRuns, What_cannot_be_deleted_at_the_end_is_left_without_a_word) {
     EXPECT_EQ(journal.back(), "progress 0.000");
 }
 
+TEST_F(FailingRuns, A_batch_that_did_not_run_ends_the_run) {
+    interpreter.run = nullptr; // scripts may be forbidden: the interpreter ends at once
+    execute();
+    ASSERT_THAT(desktop.messages, SizeIs(1));
+    EXPECT_THAT(desktop.messages.front().text, testing::HasSubstr("\"C:\\temp\\MPtmp.bat\""));
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_EQ(window.status, "CNS - Processing a.met...");
+    expectCleanedUp();
+}
+
 TEST_F(FailingRuns, A_tool_that_failed_goes_unnoticed) {
     // Its batch writes the marker all the same; nothing else is looked at.
     execute();

@@ -1,6 +1,7 @@
 #include "processing/process_and_wait.hpp"
 
 #include "common/mod_main.hpp"
+#include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/batch_writer.hpp"
@@ -132,7 +133,7 @@ class Waiting {
     }
 
     void writeBatch(std::string_view folder, std::string_view statement) {
-        BatchWriter batch(services_.files.create(temporary_.batch), services_.interpreter);
+        BatchWriter batch(createAnew(services_.files, temporary_.batch), services_.interpreter);
         changeToFolder(batch, folder);
         batch.line("");
         batch.line(statement);

@@ -421,7 +421,7 @@ class LookedAtFiles : public Win32Files {
     int pauses = 0;
 
   private:
-    void pauseBetweenMoves() noexcept override {
+    void pauseBetweenAttempts() noexcept override {
         if (++pauses == 3) {
             looking_.reset();
         }
@@ -438,6 +438,24 @@ TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_replaced_all_the_sam
         EXPECT_EQ(raisedBy([&] { lookedAt.moveOver(in("new.txt"), in("old.txt")); }), 0);
         EXPECT_EQ(lookedAt.pauses, 3);
         EXPECT_EQ(get("old.txt"), "new");
+    }
+}
+
+TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_removed_and_emptied_all_the_same) {
+    for (const bool removed : {false, true}) {
+        SCOPED_TRACE(removed);
+        put("a.txt", "old");
+        LookedAtFiles lookedAt(platform->keep(in("a.txt")));
+        EXPECT_EQ(raisedBy([&] {
+                      if (removed) {
+                          lookedAt.remove(in("a.txt"));
+                      } else {
+                          lookedAt.create(in("a.txt"))->close();
+                      }
+                  }),
+                  0);
+        EXPECT_EQ(lookedAt.pauses, 3);
+        EXPECT_EQ(exists("a.txt"), !removed);
     }
 }
 

@@ -184,13 +184,23 @@ void HostedFiles::createFolder(std::string_view path) {
 }
 
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfTarget);
+}
+
+void HostedFiles::replace(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfSource);
+}
+
+void HostedFiles::move(std::string_view from, std::string_view to, Access access) {
     const auto [hostFrom, source] = look(from);
     requireFile(source);
     requireNotInUse(source);
     const auto [hostTo, target] = look(to);
     if (target.isOpen()) {
         requireReplaceable(target);
-        takeOverMode(source, target);
+        if (access == Access::OfTarget) {
+            takeOverMode(source, target);
+        }
     }
     if (root_.volume(from) != root_.volume(to)) {
         raiseSystemError(EXDEV);

@@ -29,7 +29,7 @@ TEST(OneStepFile, The_new_content_is_on_the_medium_before_it_takes_the_old_ones_
         operations.push_back(call.operation);
     }
     EXPECT_THAT(operations,
-                ElementsAre(FileOperation::Create, FileOperation::Write, FileOperation::Flush,
+                ElementsAre(FileOperation::CreateNew, FileOperation::Write, FileOperation::Flush,
                             FileOperation::Close, FileOperation::MoveOver));
     EXPECT_EQ(files.count(FileOperation::Create, "C:\\a.ini"), 0);
 }
@@ -67,7 +67,7 @@ class WithoutRoomBeside : public testing::Test {
   protected:
     WithoutRoomBeside() {
         world.write("C:\\a.ini", "old");
-        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::PathFileAccess));
     }
     ErrorNumber raisedBySaving(std::string_view content) {
         try {
@@ -105,7 +105,7 @@ TEST_F(WithoutRoomBeside, What_was_there_is_put_back_where_the_writing_fails) {
     for (const FileOperation operation :
          {FileOperation::Write, FileOperation::Flush, FileOperation::Close}) {
         SCOPED_TRACE(operation);
-        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::PathFileAccess));
         files.failAt(operation, 1, RunTimeError(ErrorNumber::DeviceIO));
         EXPECT_EQ(raisedBySaving("new and longer"), ErrorNumber::DeviceIO);
         EXPECT_EQ(world.read("C:\\a.ini"), "old");
@@ -116,7 +116,7 @@ TEST(OneStepFile, A_full_disk_is_no_reason_to_write_in_place) {
     HostedWorld world;
     world.write("C:\\a.ini", "old");
     FaultyFiles files(world.files());
-    files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::DiskFull));
+    files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::DiskFull));
     EXPECT_THROW(writeInOneStep(files, "C:\\a.ini", "new"), RunTimeError);
     EXPECT_EQ(world.read("C:\\a.ini"), "old");
 }

@@ -132,14 +132,15 @@ class Files {
     // holds after a loss of power too, as far as the file system keeps what it was told in order.
     // `to` need not exist; where it does, it keeps who may do what with it and whether it is
     // hidden, as far as the system lets this user. Both must lie on one volume. Raises 53 (no
-    // `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in use, and
-    // still after half a second), 74 (the volumes differ), 76; both files are then as they were.
-    // Where several of these apply, any one of them is raised; `from` may by then have what `to`
-    // keeps.
+    // `from`, or a folder), 75 (`to` is read-only, a folder or a link), 70 (one of them is in use,
+    // and still after half a second), 74 (the volumes differ), 76; both files are then as they
+    // were. Where several of these apply, any one of them is raised; `from` may by then have what
+    // `to` keeps.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
 
     // As moveOver, but nothing of an old `to` is kept: who may do what with it afterwards is what
-    // holds for `from`. For a file that somebody else may have put there.
+    // holds for `from`. A link is replaced itself, not what it leads to. For a file that somebody
+    // else may have put there.
     virtual void replace(std::string_view from, std::string_view to) = 0;
 };
 

@@ -21,6 +21,11 @@ bool isFile(const std::optional<struct stat>& status) {
     return status && S_ISREG(status->st_mode);
 }
 
+bool isLink(const std::string& hostPath) {
+    struct stat status{};
+    return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 // A folder as it is given to be listed: "C:" is the drive's root.
 std::string asFolder(std::string_view folder) {
     return folder.empty() ? std::string() : std::string(folder) + '\\';
@@ -196,6 +201,9 @@ void HostedFiles::move(std::string_view from, std::string_view to, Access access
     requireFile(source);
     requireNotInUse(source);
     const auto [hostTo, target] = look(to);
+    if (access == Access::OfTarget && isLink(hostTo)) {
+        raiseSystemError(EACCES);
+    }
     if (target.isOpen()) {
         requireReplaceable(target);
         if (access == Access::OfTarget) {

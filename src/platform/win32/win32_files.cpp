@@ -50,6 +50,21 @@ void requireReplaceable(const std::string& path) {
     }
 }
 
+// Raises 75 when the file is a link: to replace it would surprise its owner, to follow it might
+// change what somebody else has chosen. Other files with a mark of their own, such as those that
+// still lie in a cloud, are files like any.
+void requireNoLink(const std::string& path) {
+    const auto attributes = GetFileAttributesW(toWidePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return;
+    }
+    constexpr DWORD standsForAnother = 0x20000000;
+    const auto entry = findEntry(path);
+    if (entry && (entry->dwReserved0 & standsForAnother) != 0) {
+        raiseSystemError(ERROR_ACCESS_DENIED);
+    }
+}
+
 // Whether anybody has the file open: even one who lets others delete it keeps it from being
 // replaced.
 bool isInUse(const std::string& path) {
@@ -247,6 +262,7 @@ void Win32Files::move(std::string_view from, std::string_view to, Access access)
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
     if (access == Access::OfTarget) {
+        requireNoLink(target);
         takeOverAccess(toWidePath(source), toWidePath(target));
     }
     outlastUse([&] {

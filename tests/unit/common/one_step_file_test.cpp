@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace tarnwick {
 namespace {
 
@@ -119,6 +121,49 @@ TEST(OneStepFile, A_full_disk_is_no_reason_to_write_in_place) {
     files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::DiskFull));
     EXPECT_THROW(writeInOneStep(files, "C:\\a.ini", "new"), RunTimeError);
     EXPECT_EQ(world.read("C:\\a.ini"), "old");
+}
+
+// Somebody else has put a link in the place of a file that is about to be made.
+class PlantedLink : public testing::Test {
+  protected:
+    PlantedLink() { world.write("C:\\else\\mine.txt", "mine"); }
+    void plant(const std::string& name) const {
+        const std::string drive = world.drivesRoot() + "/c/";
+        std::filesystem::create_symlink(drive + "else/mine.txt", drive + name);
+    }
+    void expectMineUntouched() const { EXPECT_EQ(world.read("C:\\else\\mine.txt"), "mine"); }
+
+    HostedWorld world;
+};
+
+TEST_F(PlantedLink, A_file_that_is_created_anew_takes_the_links_place) {
+    plant("a.bat");
+    const auto file = createAnew(world.files(), "C:\\a.bat");
+    file->write("new");
+    file->close();
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.bat"), "new");
+}
+
+TEST_F(PlantedLink, Nothing_is_written_through_a_link_beside_a_file) {
+    plant("a.ini.tarnwick-new");
+    writeInOneStep(world.files(), "C:\\a.ini", "new");
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.ini"), "new");
+    world.makeDrive('D');
+    world.write("D:\\new", "new");
+    plant("beside");
+    moveInOneStep(world.files(), "D:\\new", "C:\\page", "C:\\beside");
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\page"), "new");
+}
+
+TEST_F(PlantedLink, A_link_in_the_place_of_a_file_is_told_and_not_followed) {
+    plant("a.ini");
+    EXPECT_THROW(writeInOneStep(world.files(), "C:\\a.ini", "new"), RunTimeError);
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.ini"), "mine"); // the link is there still
+    EXPECT_FALSE(world.exists("C:\\a.ini.tarnwick-new"));
 }
 
 class MoveInOneStep : public testing::Test {

@@ -47,6 +47,8 @@ class Application {
 
     // Makes no window of its own: a batch at night may have nobody's screen to show it on.
     ExitStatus runUnattended(std::string_view commandLine) {
+        // Inherited by the tools: the fault of one must not hold all records behind it.
+        SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
         BatchDefinition definition = definitionAtStartUp(process_, files_, settings_);
         RecordSelection records;
         const CommandLineServices services{
@@ -95,7 +97,20 @@ class Application {
 } // namespace
 } // namespace tarnwick
 
+namespace {
+
+// For this process and what it starts. A program is looked for in the path alone, not in the
+// current folder: a batch stands in the folder of the records, where others may put files.
+void lookForProgramsInThePathAlone() noexcept {
+    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
+}
+
+} // namespace
+
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPWSTR /*commandLine*/,
                     int /*show*/) {
+    lookForProgramsInThePathAlone();
+    SetDllDirectoryW(L""); // libraries are not looked for in the current folder either
+    SetErrorMode(SEM_FAILCRITICALERRORS); // no question for a disk that is not in its drive
     return tarnwick::Application().run();
 }

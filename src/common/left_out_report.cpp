@@ -8,8 +8,8 @@
 namespace tarnwick {
 namespace {
 
-// "The file "a" in the folder "f" is left out: its name why." or "3 files in the folder "f" are
-// left out: their names why." and the first of them.
+// "The file "a" in the folder "f" is left out: its name is odd." or "3 files in the folder "f" are
+// left out: their names are odd." and the first of them.
 std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_view where,
                      std::string_view singularWhy, std::string_view pluralWhy) {
     std::string text;
@@ -19,12 +19,12 @@ std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_
             .append(" ")
             .append(quoted(leftOut.first))
             .append(where)
-            .append(" is left out: its name ")
+            .append(" is left out: ")
             .append(singularWhy)
             .append(".");
     }
     text.append(std::to_string(leftOut.count)).append(" ").append(kind).append("s").append(where);
-    text.append(" are left out: their names ").append(pluralWhy).append(".").append(lineEnd);
+    text.append(" are left out: ").append(pluralWhy).append(".").append(lineEnd);
     return text.append("The first of them is ").append(quoted(leftOut.first)).append(".");
 }
 
@@ -34,16 +34,25 @@ void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind
                  std::string_view folder) {
     if (leftOut.count > 0) {
         showWarning(desktop, sentence(leftOut, kind, " in the folder " + quoted(folder),
-                                      "has no place in the system's code page",
-                                      "have no place in the system's code page"));
+                                      "its name has no place in the system's code page",
+                                      "their names have no place in the system's code page"));
     }
 }
 
-void tellRefusedRecords(Desktop& desktop, const LeftOut& refused) {
-    if (refused.count > 0) {
-        showWarning(desktop,
-                    sentence(refused, "record", "", "holds a character that no command may hold",
-                             "hold characters that no command may hold"));
+void tellRefused(Desktop& desktop, const LeftOut& records, const LeftOut& products) {
+    std::string text;
+    if (records.count > 0) {
+        text =
+            sentence(records, "record", "", "its name holds a character that no command may hold",
+                     "their names hold characters that no command may hold");
+    }
+    if (products.count > 0) {
+        text.append(text.empty() ? "" : lineEnd);
+        text.append(sentence(products, "product", "", R"(its path holds a "%")",
+                             R"(their paths hold a "%")"));
+    }
+    if (!text.empty()) {
+        showWarning(desktop, text);
     }
 }
 

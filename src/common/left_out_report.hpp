@@ -12,7 +12,8 @@ namespace tarnwick {
 void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind,
                  std::string_view folder);
 
-// Tells the user which records no command was written for (see processing/record_names.hpp).
-void tellRefusedRecords(Desktop& desktop, const LeftOut& refused);
+// Tells the user in one message which records and which products no command was written for (see
+// processing/record_names.hpp).
+void tellRefused(Desktop& desktop, const LeftOut& records, const LeftOut& products);
 
 } // namespace tarnwick

@@ -39,7 +39,7 @@ bool isThere(const Files& files, std::string_view path) {
 std::unique_ptr<OutputFile> createBeside(Files& files, std::string_view beside,
                                          std::string_view path) {
     try {
-        return files.create(beside);
+        return createAnew(files, beside);
     } catch (const RunTimeError& error) {
         // A full disk has no room in place either: to try would cost the old content.
         if (error.is(ErrorNumber::DiskFull) || !isThere(files, path)) {
@@ -72,7 +72,7 @@ void writeInPlace(Files& files, std::string_view path, std::string_view content)
 void copyFile(Files& files, std::string_view from, std::string_view to) {
     constexpr std::size_t blockSize = 256UZ * 1024;
     const auto source = files.openForReading(from);
-    const auto copy = files.create(to);
+    const auto copy = createAnew(files, to);
     std::vector<char> block(blockSize);
     while (const auto count = source->read(block)) {
         copy->write({block.data(), count});
@@ -94,6 +94,18 @@ bool moveOnOneVolume(Files& files, std::string_view from, std::string_view to) {
 }
 
 } // namespace
+
+std::unique_ptr<OutputFile> createAnew(Files& files, std::string_view path) {
+    try {
+        return files.createNew(path);
+    } catch (const RunTimeError& error) {
+        if (!error.is(ErrorNumber::FileAlreadyExists)) {
+            throw;
+        }
+    }
+    files.remove(path);
+    return files.createNew(path);
+}
 
 void writeInOneStep(Files& files, std::string_view path, std::string_view content) {
     const std::string beside = std::string(path) + ".tarnwick-new";

@@ -2,16 +2,22 @@
 
 #include "platform/files.hpp"
 
+#include <memory>
 #include <string_view>
 
 namespace tarnwick {
+
+// Creates the file new, and removes what lies there before: it is never opened through what
+// somebody else may have put in its place, a file of his own or a link. Raises what
+// Files::createNew and Files::remove raise.
+[[nodiscard]] std::unique_ptr<OutputFile> createAnew(Files& files, std::string_view path);
 
 // Writes `content` as the file `path`, replacing an older one in one step: it is written beside it
 // and then put in its place, so that a crash, a full disk or a lost drive leaves the old file
 // whole. Where nothing may be made beside an existing file (its folder is not this user's, or the
 // longer name is too long), the file is written in its place, and its old content put back if that
 // fails.
-// Raises what Files::create, OutputFile and Files::moveOver raise; the old file is then as it was
+// Raises what createAnew, OutputFile and Files::moveOver raise; the old file is then as it was
 // and nothing is left beside it.
 void writeInOneStep(Files& files, std::string_view path, std::string_view content);
 

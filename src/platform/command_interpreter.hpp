@@ -30,7 +30,8 @@ class CommandInterpreter {
     [[nodiscard]] virtual std::string batchText(std::string_view text) const = 0;
 
     // The line, without its end, that makes the interpreter read what follows in the system's
-    // code page, such as "@chcp 1252 > nul".
+    // code page, such as "@"%SystemRoot%\System32\chcp.com" 1252 > nul". It names the program in
+    // full: the interpreter looks for a bare name in its current folder first.
     [[nodiscard]] virtual std::string systemCodePageLine() const = 0;
 };
 

@@ -107,18 +107,20 @@ class Files {
 
     // Creates `path`, or empties it when it exists, for writing. While it is open others may read
     // but not write it. It stays hidden or system if it was. Raises 75 (a folder, read-only, or not
-    // allowed), 70 (kept or being written by another program), 76 (no such folder), 61.
+    // allowed), 70 (kept or being written by another program,
+    // and still after half a second), 76 (no such folder), 61.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
-    // As create, but only where nothing of that name exists, in one step: of several who ask at the
-    // same time, one gets the file. Raises 58 where it does. When it raises, it has made nothing.
+    // As create, but only where nothing of that name exists, be it a link that leads nowhere, in
+    // one step: of several who ask at the same time, one gets the file. Raises 58 where it does.
+    // When it raises, it has made nothing.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> createNew(std::string_view path) = 0;
 
     // As create, but writes behind what the file already holds.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> append(std::string_view path) = 0;
 
     // Deletes one file; no wildcards. Raises 53 (no such file, or a folder), 75 (read-only),
-    // 70 (in use, if only for reading), 76.
+    // 70 (in use, if only for reading, and still after half a second), 76.
     virtual void remove(std::string_view path) = 0;
 
     // Creates one folder. Raises 75 (something of that name exists, or not allowed),
@@ -130,10 +132,15 @@ class Files {
     // holds after a loss of power too, as far as the file system keeps what it was told in order.
     // `to` need not exist; where it does, it keeps who may do what with it and whether it is
     // hidden, as far as the system lets this user. Both must lie on one volume. Raises 53 (no
-    // `from`, or a folder), 75 (`to` is read-only or a folder), 70 (one of them is in use, and
-    // still after half a second), 74 (the volumes differ), 76; both files are then as they were.
-    // Where several of these apply, any one of them is raised.
+    // `from`, or a folder), 75 (`to` is read-only, a folder or a link), 70 (one of them is in use,
+    // and still after half a second), 74 (the volumes differ), 76; both files are then as they
+    // were. Where several of these apply, any one of them is raised.
     virtual void moveOver(std::string_view from, std::string_view to) = 0;
+
+    // As moveOver, but nothing of an old `to` is kept: who may do what with it afterwards is what
+    // holds for `from`. A link is replaced itself, not what it leads to. For a file that somebody
+    // else may have put there.
+    virtual void replace(std::string_view from, std::string_view to) = 0;
 };
 
 } // namespace tarnwick

@@ -64,20 +64,21 @@ void BatchExport::write(const BatchDefinition& definition, std::span<const std::
     const bool closes = wasChecked(definition);
     BatchWriter& open = closes ? script : leftOpen_.emplace_back(std::move(script));
     std::vector<std::string> safe(records.begin(), records.end());
-    const LeftOut refused = refuseUnsafeNames(safe);
-    writeScript(open, definition, safe);
+    BatchDefinition resolved = withResolvedPaths(definition, services_.files);
+    const Refused refused = refuseUnsafe(resolved, safe);
+    writeScript(open, definition, resolved, safe);
     open.flush(); // what the user is told must be so
     services_.desktop.show({.text = "The batch file " + quoted(path) + " has been created.",
                             .title = std::string(applicationTitle)});
     if (closes) {
         open.close();
     }
-    tellRefusedRecords(services_.desktop, refused);
+    tellRefused(services_.desktop, refused.records, refused.products);
 }
 
 void BatchExport::writeScript(BatchWriter& script, const BatchDefinition& definition,
+                              const BatchDefinition& resolved,
                               std::span<const std::string> records) const {
-    const BatchDefinition resolved = withResolvedPaths(definition, services_.files);
     KnownFolders folders(services_.files);
     const StatementServices statements{.folders = folders, .desktop = services_.desktop};
     writeHead(script, services_.clock);

@@ -39,7 +39,7 @@ class BatchExport {
 
   private:
     void writeScript(BatchWriter& script, const BatchDefinition& definition,
-                     std::span<const std::string> records) const;
+                     const BatchDefinition& resolved, std::span<const std::string> records) const;
 
     BatchExportServices services_;
     std::vector<BatchWriter> leftOpen_;

@@ -7,10 +7,12 @@
 namespace tarnwick {
 namespace {
 
-// "chcp" tells the code page behind a colon, in some languages with a full stop behind it.
+// "chcp" tells the code page behind a colon, in some languages with a full stop behind it. It is a
+// program: by its bare name the one in the current folder would run, which is that of the records.
 constexpr std::string_view rememberCodePage =
-    R"(@for /f "tokens=2 delims=:." %%c in ('chcp') do @set TARNWICK_CODE_PAGE=%%c)";
-constexpr std::string_view putCodePageBack = "@chcp %TARNWICK_CODE_PAGE% > nul";
+    R"(@for /f "tokens=2 delims=:." %%c in ('"%SystemRoot%\System32\chcp.com"') do @set TARNWICK_CODE_PAGE=%%c)";
+constexpr std::string_view putCodePageBack =
+    R"(@"%SystemRoot%\System32\chcp.com" %TARNWICK_CODE_PAGE% > nul)";
 constexpr std::string_view forgetCodePage = "@set TARNWICK_CODE_PAGE=";
 
 } // namespace

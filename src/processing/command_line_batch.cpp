@@ -4,7 +4,6 @@
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
-#include "definition/resolved_paths.hpp"
 #include "platform/run_time_error.hpp"
 #include "processing/batch_writer.hpp"
 #include "processing/tool_statements.hpp"
@@ -16,21 +15,9 @@ namespace {
 
 constexpr int namesPerFolder = 1000;
 
-// Other runs may be reading the delete batch at this moment: one that is right is left alone.
-bool holdsLine(const Files& files, std::string_view path, std::string_view line) {
-    if (!FileExists(files, path)) {
-        return false;
-    }
-    const std::string expected = std::string(line).append(lineEnd);
-    std::string content(expected.size() + 1, '\0');
-    content.resize(files.openForReading(path)->read(content));
-    return content == expected;
-}
-
-void writeLine(Files& files, std::string_view path, std::string_view line) {
-    const auto file = files.create(path);
-    file->write(std::string(line).append(lineEnd));
-    file->close();
+void writeLine(OutputFile& file, std::string_view line) {
+    file.write(std::string(line).append(lineEnd));
+    file.close();
 }
 
 // The tools' lines of one record, CNS first: its output is then MP's input.
@@ -82,24 +69,59 @@ std::unique_ptr<OutputFile> createUnlessTaken(Files& files, std::string_view pat
     }
 }
 
+struct NumberedFile {
+    std::string number; // empty for the first
+    std::string path;
+    std::unique_ptr<OutputFile> file;
+};
+
+// A new file under the first name that is not taken; nothing when all are.
+std::optional<NumberedFile> createNumbered(Files& files, const std::string& stem,
+                                           std::string_view extension) {
+    for (int n = 0; n < namesPerFolder; ++n) {
+        std::string number = n == 0 ? "" : std::to_string(n);
+        std::string path = (stem + number).append(extension);
+        if (auto file = createUnlessTaken(files, path)) {
+            return NumberedFile{
+                .number = std::move(number), .path = std::move(path), .file = std::move(file)};
+        }
+    }
+    return std::nullopt;
+}
+
+// Made new by every run: where others may write in the temporary folder, one of them may have put
+// it there, could change it as long as it is his, and this user's batch would run it. Other runs
+// may be calling it at this moment: so it is put into place in one step. False where all names are
+// taken.
+bool renewDeleteBatch(Files& files, const std::string& folder, const std::string& deleteBatch) {
+    auto fresh = createNumbered(files, folder + "MPDELETE", ".tmp");
+    if (!fresh) {
+        return false;
+    }
+    try {
+        writeLine(*fresh->file, "del %1");
+        files.replace(fresh->path, deleteBatch);
+    } catch (...) {
+        fresh->file.reset();
+        removeQuietly(files, fresh->path);
+        throw;
+    }
+    return true;
+}
+
 } // namespace
 
 std::optional<CommandLineBatch> createCommandLineBatch(const BatchDefinition& definition,
                                                        Files& files, Desktop& desktop) {
     const std::string& folder = definition.sTempFolder;
     const std::string deleteBatch = folder + "MPDELETE.bat";
-    if (constexpr std::string_view deleteLine = "del %1";
-        !holdsLine(files, deleteBatch, deleteLine)) {
-        writeLine(files, deleteBatch, deleteLine);
-    }
-    for (int n = 0; n < namesPerFolder; ++n) {
-        const std::string number = n == 0 ? "" : std::to_string(n);
-        std::string commandBatch = folder + "MP_CL" + number + ".bat";
-        if (auto file = createUnlessTaken(files, commandBatch)) {
-            return CommandLineBatch{.commandBatch = std::move(commandBatch),
+    if (renewDeleteBatch(files, folder, deleteBatch)) {
+        if (auto batch = createNumbered(files, folder + "MP_CL", ".bat")) {
+            return CommandLineBatch{.commandBatch = std::move(batch->path),
                                     .deleteBatch = deleteBatch,
-                                    .notificationText = folder + "MP_Notify" + number + ".txt",
-                                    .file = std::move(file)};
+                                    .notificationText =
+                                        folder + "MP_Notify" + batch->number + ".txt",
+                                    .file = std::move(batch->file)};
         }
     }
     desktop.show({.text = "Need to clean user " + quoted(folder) + " folder.",
@@ -112,11 +134,10 @@ void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefi
                            const CommandLineBatchServices& services) {
     try {
         if (notify) {
-            writeLine(services.files, batch.notificationText,
+            writeLine(*createAnew(services.files, batch.notificationText),
                       "The Tarnwick script " + quoted(batch.commandBatch) + " is done running.");
         }
-        writeCommandBatch(batch, notify, withResolvedPaths(definition, services.files), records,
-                          services);
+        writeCommandBatch(batch, notify, definition, records, services);
     } catch (...) {
         batch.file.reset();
         removeCommandLineBatch(batch, services.files);

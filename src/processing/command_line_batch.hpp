@@ -31,8 +31,9 @@ struct CommandLineBatchServices {
 [[nodiscard]] std::optional<CommandLineBatch>
 createCommandLineBatch(const BatchDefinition& definition, Files& files, Desktop& desktop);
 
-// Writes and closes the command batch over the records, and writes the notification text when
-// `notify`. Raises what writing a file raises; neither file is then left.
+// Writes and closes the command batch over the records, by a definition of resolved paths, and
+// writes the notification text when `notify`. Raises what writing a file raises; neither file is
+// then left.
 void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefinition& definition,
                            std::span<const std::string> records,
                            const CommandLineBatchServices& services);

@@ -110,7 +110,8 @@ class CommandLineRun {
         }
         records_.selectAll();
         names_ = records_.selected();
-        refused_ = refuseUnsafeNames(names_);
+        job_ = withResolvedPaths(definition_, services_.files);
+        refused_ = refuseUnsafe(job_, names_);
         if (names_.empty()) {
             tellSkipped();
         }
@@ -119,7 +120,7 @@ class CommandLineRun {
 
     void tellSkipped() const {
         tellLeftOut(services_.desktop, leftOut_, "file", definition_.sInputFolder);
-        tellRefusedRecords(services_.desktop, refused_);
+        tellRefused(services_.desktop, refused_.records, refused_.products);
     }
 
     // A folder that does not exist is ignored without a word: the definition's own stays.
@@ -158,7 +159,7 @@ class CommandLineRun {
         if (!batch) {
             return;
         }
-        writeCommandLineBatch(*batch, notify, definition_, names_,
+        writeCommandLineBatch(*batch, notify, job_, names_,
                               {.files = services_.files,
                                .desktop = services_.desktop,
                                .interpreter = services_.interpreter});
@@ -177,9 +178,10 @@ class CommandLineRun {
     BatchDefinition& definition_;
     RecordSelection& records_;
     const CommandLineServices& services_;
+    BatchDefinition job_;            // what commands are made by: all its paths are full
     std::vector<std::string> names_; // of the records that get a command
     LeftOut leftOut_;                // by the last listing
-    LeftOut refused_;
+    Refused refused_;
     CommandLineResult result_ = CommandLineResult::NothingStarted;
 };
 

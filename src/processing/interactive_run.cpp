@@ -8,7 +8,6 @@
 #include "definition/resolved_paths.hpp"
 #include "postprocess/relative_links.hpp"
 #include "processing/passing_lock.hpp"
-#include "processing/record_names.hpp"
 
 #include <utility>
 
@@ -34,7 +33,8 @@ void InteractiveRun::execute() {
     });
     cleanUp();
     // Not before the run: nobody may be there to answer.
-    trapRun(services_.desktop, [this] { tellRefusedRecords(services_.desktop, refused_); });
+    trapRun(services_.desktop,
+            [this] { tellRefused(services_.desktop, refused_.records, refused_.products); });
 }
 
 void InteractiveRun::close() {
@@ -52,7 +52,7 @@ void InteractiveRun::prepare() {
     window_.showBusy(true);
     job_ = window_.job();
     job_.definition = withResolvedPaths(std::move(job_.definition), services_.files);
-    refused_ = refuseUnsafeNames(job_.records);
+    refused_ = refuseUnsafe(job_.definition, job_.records);
     letEventsRun();
 }
 
@@ -160,7 +160,7 @@ bool InteractiveRun::clearBatch() {
     return true;
 }
 
-// A batch that could not be written or started ends the run: the next one would meet the same
+// A batch that could not be written, started or run ends the run: the next one would meet the same
 // folder and the same interpreter, and a report for each of a thousand tools helps nobody.
 bool InteractiveRun::runTool(std::string_view statement) {
     return !stop_.cancelled &&

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/left_out.hpp"
 #include "processing/command_line_log.hpp"
 #include "processing/process_and_wait.hpp"
+#include "processing/record_names.hpp"
 #include "processing/run_window.hpp"
 #include "processing/tool_statements.hpp"
 
@@ -63,7 +63,7 @@ class InteractiveRun {
     LeftBatch& left_;
     StopRequest stop_;
     RunJob job_;
-    LeftOut refused_; // of the job's records
+    Refused refused_; // of the job
     std::optional<CommandLineLog> log_;
 };
 

@@ -1,6 +1,7 @@
 #include "processing/process_and_wait.hpp"
 
 #include "common/mod_main.hpp"
+#include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/batch_writer.hpp"
@@ -91,10 +92,17 @@ class Waiting {
         letEventsRun();
         letEventsRun();
         wait(beforeFirstLook);
-        // A batch that has ended without a marker has nowhere to write it, and never will.
+        // A batch that has ended without a marker will never write it.
         const auto markerOrEnd = [&] { return markerIsThere() || batch.hasEnded(); };
         if (!waitUntil(services_, stop_, markerOrEnd)) {
             return Waited::Stopped;
+        }
+        // Looked for once more: it may have come between the two questions.
+        if (!markerIsThere()) {
+            if (stop_.cancelled) {
+                return Waited::Stopped;
+            }
+            raiseDidNotRun();
         }
         letEventsRun();
         wait(afterMarker);
@@ -102,6 +110,16 @@ class Waiting {
         // by now.
         const bool ended = waitUntil(services_, stop_, [&] { return batch.hasEnded(); });
         return ended ? Waited::Done : Waited::Stopped;
+    }
+
+    // Scripts may be forbidden here, a virus scanner may have taken the file away, the tool may
+    // have ended the interpreter, or the temporary folder is gone: the next record would do no
+    // better.
+    [[noreturn]] void raiseDidNotRun() const {
+        ErrorRecord error = RunTimeError(ErrorNumber::PathFileAccess).record();
+        error.description +=
+            ": the batch file " + quoted(temporary_.batch) + " ended before its last line";
+        throw RunTimeError(std::move(error));
     }
 
     [[nodiscard]] bool markerIsThere() const {
@@ -116,7 +134,7 @@ class Waiting {
     }
 
     void writeBatch(std::string_view folder, std::string_view statement) {
-        BatchWriter batch(services_.files.create(temporary_.batch), services_.interpreter);
+        BatchWriter batch(createAnew(services_.files, temporary_.batch), services_.interpreter);
         changeToFolder(batch, folder);
         batch.line("");
         batch.line(statement);

@@ -44,13 +44,15 @@ using LeftBatch = std::unique_ptr<StartedBatch>;
 enum class Waited {
     Done,    // the tool has ended
     Stopped, // before that, a stop was asked for; the tool goes on by itself
-    Failed,  // the batch could not be written or started; the user has been told
+    Failed,  // the batch could not be written or started, or has not run to its end; the user has
+             // been told
 };
 
 // Writes the temporary batch around the statement, which it runs in the input folder, starts it
 // hidden, and returns when its marker is there or a stop is asked for. Window events run meanwhile.
 // There is no time-out: a tool that never ends is waited for until then. The marker says nothing
-// about how the tool ended. A batch that ends without a marker has ended all the same.
+// about how the tool ended. A batch that ends without a marker did not run, or not to its end: that
+// is reported.
 // A batch that still runs when a stop is asked for is handed to `left`. Another window of the
 // program uses the same marker: that of its batch is not taken for this one's.
 [[nodiscard]] Waited ProcessAndWait(const RunServices& services, const TemporaryFiles& temporary,

@@ -3,6 +3,7 @@
 #include "common/text.hpp"
 
 #include <algorithm>
+#include <span>
 
 namespace tarnwick {
 namespace {
@@ -24,10 +25,28 @@ std::string shownName(std::string_view record) {
     return shown;
 }
 
+// Whether the path is refused; it is then counted.
+bool refusePath(std::string_view folder, std::string_view extension, LeftOut& refused) {
+    std::string path = joinPath(folder, "*", extension);
+    if (!path.contains('%')) {
+        return false;
+    }
+    leaveOut(std::move(path), refused);
+    return true;
+}
+
+void refuseRows(std::span<OutputDefinition> rows, LeftOut& refused) {
+    for (OutputDefinition& row : rows) {
+        if (row.bBuild && refusePath(row.sOutputFolder, row.sExtension, refused)) {
+            row.bBuild = false;
+        }
+    }
+}
+
 } // namespace
 
 bool staysName(std::string_view record) noexcept {
-    constexpr std::string_view unsafe = R"("<>|*?:/\)";
+    constexpr std::string_view unsafe = R"("%<>|*?:/\)";
     return !record.empty() &&
            std::ranges::none_of(record, [&](char c) { return isControl(c) || unsafe.contains(c); });
 }
@@ -59,6 +78,24 @@ LeftOut refuseUnsafeNames(std::vector<std::string>& records) {
         leaveOut(shownName(record), refused);
         return true;
     });
+    return refused;
+}
+
+Refused refuseUnsafe(BatchDefinition& definition, std::vector<std::string>& records) {
+    Refused refused{.records = refuseUnsafeNames(records), .products = {}};
+    if (definition.bCfgNamesOutput) {
+        return refused; // the tools choose the paths
+    }
+    if (definition.iProcessMP == checked) {
+        refuseRows(definition.MPOutputs, refused.products);
+    }
+    if (definition.iProcessCNS == checked) {
+        refuseRows(definition.CNSOutputs, refused.products);
+        if (refusePath(definition.sCNSOutputFolder, definition.sCNSOutputExtension,
+                       refused.products)) {
+            records.clear();
+        }
+    }
     return refused;
 }
 

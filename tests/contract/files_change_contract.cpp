@@ -86,6 +86,22 @@ TEST_F(FilesChange, A_file_that_is_replaced_stays_readable_for_whom_it_was) {
     EXPECT_EQ(platform->rightsTo(in("like new.txt")), open);
 }
 
+TEST_F(FilesChange, A_file_that_is_replaced_by_another_keeps_nothing_of_its_own) {
+    put("like new.txt", "");
+    put("new.txt", "new");
+    put("old.txt", "old");
+    const auto open = platform->rightsTo(in("like new.txt"));
+    platform->keepFromOthers(in("old.txt"));
+    ASSERT_NE(platform->rightsTo(in("old.txt")), open);
+    files.replace(in("new.txt"), in("old.txt"));
+    EXPECT_EQ(platform->rightsTo(in("old.txt")), open);
+    EXPECT_EQ(get("old.txt"), "new");
+    EXPECT_FALSE(exists("new.txt"));
+    files.replace(in("old.txt"), in("first.txt"));
+    EXPECT_EQ(get("first.txt"), "new");
+    EXPECT_EQ(raisedBy([&] { files.replace(in("missing.txt"), in("first.txt")); }), 53);
+}
+
 TEST_F(FilesChange, A_hidden_file_that_is_replaced_stays_hidden) {
     put("new.txt", "new");
     put("old.txt", "old");

@@ -78,7 +78,7 @@ TEST_F(Interpreter, Text_with_a_character_that_has_no_place_there_gives_nothing)
 }
 
 TEST_F(Interpreter, The_system_code_page_has_its_line) {
-    EXPECT_EQ(interpreter.systemCodePageLine(), "@chcp 1252 > nul");
+    EXPECT_EQ(interpreter.systemCodePageLine(), R"(@"%SystemRoot%\System32\chcp.com" 1252 > nul)");
 }
 
 } // namespace

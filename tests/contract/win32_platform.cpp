@@ -380,6 +380,17 @@ TEST(Win32CommandLine, What_stands_behind_the_name_of_the_program_is_kept_as_typ
     EXPECT_EQ(behindProgramName(L""), L"");
 }
 
+TEST(Win32CommandLine, The_interpreter_is_told_to_be_as_it_is_by_itself) {
+    EXPECT_EQ(interpreterLine(LR"(C:\windows\cmd.exe)", LR"(C:\my temp\a.bat)"),
+              LR"("C:\windows\cmd.exe" /d /e:on /v:off /s /c ""C:\my temp\a.bat"")");
+}
+
+TEST(Win32CommandLine, The_interpreter_is_not_started_on_a_share) {
+    EXPECT_EQ(folderToStartIn(LR"(\\server\share\in)", LR"(C:\my temp\a.bat)"), LR"(C:\my temp\)");
+    EXPECT_EQ(folderToStartIn(LR"(\\server\share\in)", L"a.bat"), L"");
+    EXPECT_EQ(folderToStartIn(LR"(D:\in)", LR"(C:\my temp\a.bat)"), L"");
+}
+
 TEST(Win32Process, The_command_line_of_this_program_is_what_it_was_given) {
     const std::string whole = GetCommandLineA();
     const auto given = Win32Process().commandLine();
@@ -421,7 +432,7 @@ class LookedAtFiles : public Win32Files {
     int pauses = 0;
 
   private:
-    void pauseBetweenMoves() noexcept override {
+    void pauseBetweenAttempts() noexcept override {
         if (++pauses == 3) {
             looking_.reset();
         }
@@ -438,6 +449,24 @@ TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_replaced_all_the_sam
         EXPECT_EQ(raisedBy([&] { lookedAt.moveOver(in("new.txt"), in("old.txt")); }), 0);
         EXPECT_EQ(lookedAt.pauses, 3);
         EXPECT_EQ(get("old.txt"), "new");
+    }
+}
+
+TEST_F(Win32, A_file_that_somebody_looks_at_for_a_moment_is_removed_and_emptied_all_the_same) {
+    for (const bool removed : {false, true}) {
+        SCOPED_TRACE(removed);
+        put("a.txt", "old");
+        LookedAtFiles lookedAt(platform->keep(in("a.txt")));
+        EXPECT_EQ(raisedBy([&] {
+                      if (removed) {
+                          lookedAt.remove(in("a.txt"));
+                      } else {
+                          lookedAt.create(in("a.txt"))->close();
+                      }
+                  }),
+                  0);
+        EXPECT_EQ(lookedAt.pauses, 3);
+        EXPECT_EQ(exists("a.txt"), !removed);
     }
 }
 

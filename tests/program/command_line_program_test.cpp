@@ -72,6 +72,26 @@ TEST_F(CommandLineProgram, An_ampersand_in_the_input_folder_does_no_harm) {
     EXPECT_TRUE(place.exists("out\\a.xml"));
 }
 
+TEST_F(CommandLineProgram, No_program_among_the_records_is_run_in_place_of_the_systems_own) {
+    place.write("in\\\xC0.met", record("Lakes")); // not in the interpreter's own code page
+    for (const char* const planted : {"in\\chcp.bat", "in\\chcp.cmd"}) {
+        place.write(planted, "@echo x> \"" + place.path("planted") + "\"\r\n");
+    }
+    EXPECT_EQ(runToEnd(batchArguments()), 0U);
+    ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
+    EXPECT_FALSE(place.exists("planted"));
+}
+
+TEST_F(CommandLineProgram, The_interpreter_looks_for_programs_in_the_path_alone) {
+    place.write("in\\a.met", record("Lakes"));
+    place.write("mp.bat",
+                "@echo [%NoDefaultCurrentDirectoryInExePath%]> \"" + place.path("seen") + "\"\r\n");
+    place.write("batch.ini", place.definition() + "MP EXECUTABLE=" + place.path("mp.bat") + "\r\n");
+    EXPECT_EQ(runToEnd(batchArguments()), 0U);
+    ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
+    EXPECT_EQ(place.read("seen"), "[1]\r\n");
+}
+
 TEST_F(CommandLineProgram, A_bare_ini_name_is_found_beside_the_program) {
     place.write("in\\a.met", record("Lakes"));
     EXPECT_EQ(runToEnd("-i batch.ini -e *.met"), 0U);

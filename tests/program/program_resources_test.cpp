@@ -43,6 +43,21 @@ class ProgramResources : public testing::Test {
     std::unique_ptr<HMODULE, Free> module;
 };
 
+TEST_F(ProgramResources, The_system_loads_no_library_that_it_would_look_for_beside_the_program) {
+    std::string program = place.read("Tarnwick.exe");
+    ASSERT_FALSE(program.empty());
+    for (char& character : program) {
+        if (character >= 'A' && character <= 'Z') {
+            character = static_cast<char>(character + ('a' - 'A'));
+        }
+    }
+    // As names in the list of imports, which are ASCII.
+    EXPECT_THAT(program, HasSubstr("kernel32.dll"));
+    for (const char* const library : {"uxtheme.dll", "oleacc.dll"}) {
+        EXPECT_FALSE(program.contains(library)) << library;
+    }
+}
+
 class ProgramVersion : public testing::Test {
   protected:
     ProgramVersion() {

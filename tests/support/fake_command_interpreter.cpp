@@ -43,7 +43,7 @@ std::string FakeCommandInterpreter::batchText(std::string_view text) const {
 }
 
 std::string FakeCommandInterpreter::systemCodePageLine() const {
-    return "@chcp 1252 > nul";
+    return R"(@"%SystemRoot%\System32\chcp.com" 1252 > nul)";
 }
 
 } // namespace tarnwick

@@ -7,11 +7,11 @@
 namespace tarnwick {
 
 std::string_view nameOf(FileOperation operation) noexcept {
-    constexpr std::array<std::string_view, 19> names{
+    constexpr std::array<std::string_view, 20> names{
         "canListFolder", "firstNormalFile", "listFiles",      "listFolders", "drives",
         "currentFolder", "shortPath",       "openForReading", "create",      "createNew",
-        "append",        "remove",          "createFolder",   "moveOver",    "read",
-        "write",         "drain",           "flush",          "close"};
+        "append",        "remove",          "createFolder",   "moveOver",    "replace",
+        "read",          "write",           "drain",          "flush",       "close"};
     return names[static_cast<std::size_t>(operation)];
 }
 

@@ -21,6 +21,7 @@ enum class FileOperation {
     Remove,
     CreateFolder,
     MoveOver,
+    Replace,
     Read,
     Write,
     Drain,

@@ -45,6 +45,7 @@ class ForwardingFiles : public Files {
     void moveOver(std::string_view from, std::string_view to) override {
         files_.moveOver(from, to);
     }
+    void replace(std::string_view from, std::string_view to) override { files_.replace(from, to); }
 
   private:
     Files& files_;

@@ -158,4 +158,9 @@ void WatchedFiles::moveOver(std::string_view from, std::string_view to) {
     ForwardingFiles::moveOver(from, to);
 }
 
+void WatchedFiles::replace(std::string_view from, std::string_view to) {
+    observer_->beforeCall(FileOperation::Replace, from);
+    ForwardingFiles::replace(from, to);
+}
+
 } // namespace tarnwick

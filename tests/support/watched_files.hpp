@@ -43,6 +43,7 @@ class WatchedFiles : public ForwardingFiles {
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;
     void moveOver(std::string_view from, std::string_view to) override;
+    void replace(std::string_view from, std::string_view to) override;
 
   private:
     std::shared_ptr<Observer> observer_;

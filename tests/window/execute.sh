@@ -263,7 +263,7 @@ test_9_the_temporary_folder_becomes_unwritable() {
     expect_message Tarnwick 'frmMain - Private Sub ProcessAndWait()'
     expect_ready
     expect_status 'CNS - Processing a.met...'
-    # In the midst: the marker of the first tool never comes, which keeps nothing waiting.
+    # In the midst: the marker of the first tool never comes, which is told.
     mkdir "$temp"
     press cmdOK
     expect_tool 2 0 'CNS - Processing a.met...'
@@ -271,8 +271,9 @@ test_9_the_temporary_folder_becomes_unwritable() {
     let_go 2
     expect_message Tarnwick 'frmMain - Private Sub ProcessAndWait()'
     expect_ready
-    expect_status 'MP - Processing a.cns...'
-    # What was made before has gone with the folder; of the last tool there is nothing.
+    expect_status 'CNS - Processing a.met...'
+    expect_started 2
+    # What was made before has gone with the folder.
     holds_only "$temp.away" MPtmp.bat || fail "left: $(ls "$temp.away")"
     rm -rf "$temp.away"
     mkdir "$temp"

@@ -113,7 +113,7 @@ std::string HostedCommandInterpreter::batchText(std::string_view text) const {
 }
 
 std::string HostedCommandInterpreter::systemCodePageLine() const {
-    return "@chcp 1252 > nul";
+    return R"(@"%SystemRoot%\System32\chcp.com" 1252 > nul)";
 }
 
 } // namespace tarnwick

@@ -21,6 +21,11 @@ bool isFile(const std::optional<struct stat>& status) {
     return status && S_ISREG(status->st_mode);
 }
 
+bool isLink(const std::string& hostPath) {
+    struct stat status{};
+    return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 // A folder as it is given to be listed: "C:" is the drive's root.
 std::string asFolder(std::string_view folder) {
     return folder.empty() ? std::string() : std::string(folder) + '\\';
@@ -184,10 +189,21 @@ void HostedFiles::createFolder(std::string_view path) {
 }
 
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfTarget);
+}
+
+void HostedFiles::replace(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfSource);
+}
+
+void HostedFiles::move(std::string_view from, std::string_view to, Access access) {
     const auto [hostFrom, source] = look(from);
     requireFile(source);
     requireNotInUse(source);
     const auto [hostTo, target] = look(to);
+    if (access == Access::OfTarget && isLink(hostTo)) {
+        raiseSystemError(EACCES);
+    }
     if (target.isOpen()) {
         requireReplaceable(target);
     }
@@ -199,7 +215,7 @@ void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
         raiseSystemError(errno);
     }
-    if (target.isOpen()) {
+    if (access == Access::OfTarget && target.isOpen()) {
         takeOverMode(source, target);
     }
 }

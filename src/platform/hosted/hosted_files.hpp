@@ -29,6 +29,7 @@ class HostedFiles : public Files {
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;
     void moveOver(std::string_view from, std::string_view to) override;
+    void replace(std::string_view from, std::string_view to) override;
 
     // Where `path` lies on this machine; raises 52, 68, 76.
     [[nodiscard]] std::string hostPath(std::string_view path) const { return root_.hostPath(path); }
@@ -40,6 +41,8 @@ class HostedFiles : public Files {
     };
     // What lies at `path`, open but not held. Raises as DrivesRoot::find, and 75 (not allowed).
     [[nodiscard]] HostFile look(std::string_view path) const;
+    enum class Access { OfTarget, OfSource };
+    void move(std::string_view from, std::string_view to, Access access);
 
     DrivesRoot root_;
 };

@@ -46,4 +46,20 @@ std::string commandLineText(std::wstring_view commandLine) {
     return text;
 }
 
+std::wstring interpreterLine(std::wstring_view interpreter, std::wstring_view batch) {
+    // /s: the outer quotation marks are taken away and nothing else is changed. /d: no command
+    // that the user has set to run first. /e:on /v:off: as the interpreter is by itself, whatever
+    // the user has set: delayed expansion would take the "!" out of names.
+    return std::wstring(1, L'"')
+        .append(interpreter)
+        .append(LR"(" /d /e:on /v:off /s /c "")")
+        .append(batch)
+        .append(LR"("")");
+}
+
+std::wstring folderToStartIn(std::wstring_view current, std::wstring_view batch) {
+    return current.starts_with(LR"(\\)") ? std::wstring(batch.substr(0, batch.rfind(L'\\') + 1))
+                                         : std::wstring();
+}
+
 } // namespace tarnwick

@@ -13,4 +13,12 @@ namespace tarnwick {
 // in quotation marks is one word.
 [[nodiscard]] std::string commandLineText(std::wstring_view commandLine);
 
+// The command line by which the interpreter, at that path, runs the batch file and ends.
+[[nodiscard]] std::wstring interpreterLine(std::wstring_view interpreter, std::wstring_view batch);
+
+// The folder in which the interpreter is started for the batch file: the batch's own where
+// `current` is a share, on which the interpreter refuses to stand; it would go to the system's
+// folder. Empty where it takes over the current one.
+[[nodiscard]] std::wstring folderToStartIn(std::wstring_view current, std::wstring_view batch);
+
 } // namespace tarnwick

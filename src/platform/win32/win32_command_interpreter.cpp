@@ -1,6 +1,7 @@
 #include "platform/win32/win32_command_interpreter.hpp"
 
 #include "platform/characters.hpp"
+#include "platform/win32/command_line.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/filled_text.hpp"
 #include "platform/win32/handle.hpp"
@@ -47,17 +48,18 @@ std::unique_ptr<StartedBatch> Win32CommandInterpreter::startHidden(std::string_v
     const auto interpreter = filledBy([](wchar_t* buffer, DWORD size) {
         return GetEnvironmentVariableW(L"ComSpec", buffer, size);
     });
-    // /s: the outer quotation marks are taken away and nothing else is changed. /d: no command
-    // that the user has set to run first.
-    std::wstring line = L'"' + interpreter + LR"(" /d /s /c "")" + path + LR"("")";
+    std::wstring line = interpreterLine(interpreter, path);
+    const std::wstring folder = folderToStartIn(
+        filledBy([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); }),
+        path);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION started{};
     if (CreateProcessW(interpreter.empty() ? nullptr : interpreter.c_str(), line.data(), nullptr,
-                       nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr, nullptr, &start,
-                       &started) == 0) {
+                       nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                       folder.empty() ? nullptr : folder.c_str(), &start, &started) == 0) {
         raiseSystemError(ErrorNumber::PathFileAccess, GetLastError());
     }
     Handle process(started.hProcess);
@@ -74,7 +76,7 @@ std::string Win32CommandInterpreter::batchText(std::string_view text) const {
 }
 
 std::string Win32CommandInterpreter::systemCodePageLine() const {
-    return "@chcp " + std::to_string(GetACP()) + " > nul";
+    return R"(@"%SystemRoot%\System32\chcp.com" )" + std::to_string(GetACP()) + " > nul";
 }
 
 } // namespace tarnwick

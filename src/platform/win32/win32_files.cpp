@@ -50,6 +50,21 @@ void requireReplaceable(const std::string& path) {
     }
 }
 
+// Raises 75 when the file is a link: to replace it would surprise its owner, to follow it might
+// change what somebody else has chosen. Other files with a mark of their own, such as those that
+// still lie in a cloud, are files like any.
+void requireNoLink(const std::string& path) {
+    const auto attributes = GetFileAttributesW(toWidePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return;
+    }
+    constexpr DWORD standsForAnother = 0x20000000;
+    const auto entry = findEntry(path);
+    if (entry && (entry->dwReserved0 & standsForAnother) != 0) {
+        raiseSystemError(ERROR_ACCESS_DENIED);
+    }
+}
+
 // Whether anybody has the file open: even one who lets others delete it keeps it from being
 // replaced.
 bool isInUse(const std::string& path) {
@@ -65,8 +80,8 @@ bool isUseOf(const std::string& target, DWORD systemError) {
 }
 
 // What looks at every new file, an indexer or a virus scanner, is done with it in a moment.
-constexpr int moveAttempts = 10;
-constexpr DWORD millisecondsBetweenMoves = 50;
+constexpr int attempts = 10;
+constexpr DWORD millisecondsBetweenAttempts = 50;
 
 // Puts what the file holds on the medium. A file that may not be written is left for the move to
 // tell about.
@@ -110,6 +125,20 @@ Listing listingOf(std::string_view folder, EntryKind kind, Win32Files::ShortName
 }
 
 } // namespace
+
+template <typename Change>
+auto Win32Files::outlastUse(const Change& change) {
+    for (int attempt = 1;; ++attempt) {
+        try {
+            return change();
+        } catch (const RunTimeError& error) {
+            if (!error.is(ErrorNumber::PermissionDenied) || attempt == attempts) {
+                throw;
+            }
+        }
+        pauseBetweenAttempts();
+    }
+}
 
 bool Win32Files::canListFolder(std::string_view folder) const {
     return isPossiblePath(folder) && canSearchFolder(std::string(folder));
@@ -183,27 +212,29 @@ std::unique_ptr<InputFile> Win32Files::openForReading(std::string_view path) con
 }
 
 std::unique_ptr<OutputFile> Win32Files::create(std::string_view path) {
-    return createWin32File(possible(path), Existing::Emptied);
+    return outlastUse([&] { return createWin32File(possible(path), Existing::Emptied); });
 }
 
 std::unique_ptr<OutputFile> Win32Files::createNew(std::string_view path) {
-    return createWin32File(possible(path), Existing::Refused);
+    return outlastUse([&] { return createWin32File(possible(path), Existing::Refused); });
 }
 
 std::unique_ptr<OutputFile> Win32Files::append(std::string_view path) {
-    return createWin32File(possible(path), Existing::Kept);
+    return outlastUse([&] { return createWin32File(possible(path), Existing::Kept); });
 }
 
 void Win32Files::remove(std::string_view path) {
     const auto file = possible(path);
-    if (DeleteFileW(toWidePath(file).c_str()) != 0) {
-        return;
-    }
-    const auto systemError = GetLastError();
-    if (isFolder(GetFileAttributesW(toWidePath(file).c_str()))) {
-        raiseSystemError(ErrorNumber::FileNotFound, systemError);
-    }
-    raiseSystemError(systemError, file);
+    outlastUse([&file] {
+        if (DeleteFileW(toWidePath(file).c_str()) != 0) {
+            return;
+        }
+        const auto systemError = GetLastError();
+        if (isFolder(GetFileAttributesW(toWidePath(file).c_str()))) {
+            raiseSystemError(ErrorNumber::FileNotFound, systemError);
+        }
+        raiseSystemError(systemError, file);
+    });
 }
 
 void Win32Files::createFolder(std::string_view path) {
@@ -214,6 +245,14 @@ void Win32Files::createFolder(std::string_view path) {
 }
 
 void Win32Files::moveOver(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfTarget);
+}
+
+void Win32Files::replace(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfSource);
+}
+
+void Win32Files::move(std::string_view from, std::string_view to, Access access) {
     const auto source = possible(from);
     const auto target = possible(to);
     if (isFolder(attributesOf(source))) {
@@ -222,26 +261,26 @@ void Win32Files::moveOver(std::string_view from, std::string_view to) {
     requireReplaceable(target);
     // A rename can reach the medium before the renamed file's content does.
     flushContent(source);
-    KeptAccess access(toWidePath(target));
-    for (int attempt = 1;; ++attempt) {
+    KeptAccess kept(access == Access::OfTarget ? toWidePath(target) : std::wstring());
+    if (access == Access::OfTarget) {
+        requireNoLink(target);
+    }
+    outlastUse([&] {
         if (MoveFileExW(toWidePath(source).c_str(), toWidePath(target).c_str(),
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
-            access.giveTo(toWidePath(target));
+            kept.giveTo(toWidePath(target));
             return;
         }
         const auto systemError = GetLastError();
-        if (!isUseOf(target, systemError)) {
-            raiseSystemError(systemError, target);
-        }
-        if (attempt == moveAttempts) {
+        if (isUseOf(target, systemError)) {
             raiseSystemError(ErrorNumber::PermissionDenied, systemError);
         }
-        pauseBetweenMoves();
-    }
+        raiseSystemError(systemError, target);
+    });
 }
 
-void Win32Files::pauseBetweenMoves() noexcept {
-    Sleep(millisecondsBetweenMoves);
+void Win32Files::pauseBetweenAttempts() noexcept {
+    Sleep(millisecondsBetweenAttempts);
 }
 
 } // namespace tarnwick

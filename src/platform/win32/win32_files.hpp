@@ -27,12 +27,19 @@ class Win32Files : public Files {
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;
     void moveOver(std::string_view from, std::string_view to) override;
+    void replace(std::string_view from, std::string_view to) override;
 
   protected:
-    // Between two attempts to replace a file that somebody has open: lets that one finish.
-    virtual void pauseBetweenMoves() noexcept;
+    // Between two attempts to change a file that somebody has open: lets that one finish.
+    virtual void pauseBetweenAttempts() noexcept;
 
   private:
+    // What `change` gives. It is made again for half a second while it raises 70.
+    template <typename Change>
+    auto outlastUse(const Change& change);
+    enum class Access { OfTarget, OfSource };
+    void move(std::string_view from, std::string_view to, Access access);
+
     ShortNames shortNames_;
 };
 

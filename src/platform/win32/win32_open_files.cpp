@@ -19,8 +19,11 @@ DWORD asLength(std::size_t length) {
 }
 
 Handle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
-    Handle file(CreateFileW(toWidePath(path).c_str(), access, share, nullptr, disposition,
-                            FILE_ATTRIBUTE_NORMAL, nullptr));
+    // A new file is not made through a link that leads to where none is yet.
+    const DWORD flags =
+        FILE_ATTRIBUTE_NORMAL | (disposition == CREATE_NEW ? FILE_FLAG_OPEN_REPARSE_POINT : 0U);
+    Handle file(
+        CreateFileW(toWidePath(path).c_str(), access, share, nullptr, disposition, flags, nullptr));
     if (!file.isOpen()) {
         raiseSystemError(GetLastError(), path);
     }

@@ -1,5 +1,6 @@
 #include "ui/win32/accessible_grid.hpp"
 
+#include "platform/win32/system_library.hpp"
 #include "platform/win32/system_text.hpp"
 #include "ui/win32/com_pointer.hpp"
 #include "ui/win32/grid_window.hpp"
@@ -11,6 +12,8 @@
 
 namespace tarnwick {
 namespace {
+
+constexpr const wchar_t* library = L"oleacc.dll";
 
 VARIANT number(LONG value) noexcept {
     VARIANT result{};
@@ -80,8 +83,13 @@ class AccessibleGrid final : public IAccessible {
     }
 
     HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override {
-        return AccessibleObjectFromWindow(window_, static_cast<DWORD>(OBJID_WINDOW),
-                                          __uuidof(IDispatch), reinterpret_cast<void**>(parent));
+        static const auto objectFromWindow = systemFunction<decltype(AccessibleObjectFromWindow)>(
+            library, "AccessibleObjectFromWindow");
+        *parent = nullptr;
+        return objectFromWindow == nullptr
+                   ? E_NOTIMPL
+                   : objectFromWindow(window_, static_cast<DWORD>(OBJID_WINDOW),
+                                      __uuidof(IDispatch), reinterpret_cast<void**>(parent));
     }
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
         const Grid* const grid = shown();
@@ -229,7 +237,11 @@ class AccessibleGrid final : public IAccessible {
 LRESULT giveAccessibleGrid(HWND window, WPARAM wParam) {
     const ComPointer<AccessibleGrid> object(
         new AccessibleGrid(window)); // NOLINT(cppcoreguidelines-owning-memory)
-    return LresultFromObject(__uuidof(IAccessible), wParam, object.get());
+    static const auto resultFromObject =
+        systemFunction<decltype(LresultFromObject)>(library, "LresultFromObject");
+    return resultFromObject == nullptr
+               ? 0
+               : resultFromObject(__uuidof(IAccessible), wParam, object.get());
 }
 
 LONG accessibleChild(const Grid& grid, Grid::Place place) noexcept {

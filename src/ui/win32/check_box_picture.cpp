@@ -1,21 +1,44 @@
 #include "ui/win32/check_box_picture.hpp"
 
+#include "platform/win32/system_library.hpp"
+
 #include <uxtheme.h>
 #include <vssym32.h>
 
 namespace tarnwick {
 namespace {
 
+// What is asked of the themes; all of it null where there are none.
+struct ThemeFunctions {
+    template <typename Function>
+    [[nodiscard]] static Function* named(const char* name) noexcept {
+        return systemFunction<Function>(L"uxtheme.dll", name);
+    }
+
+    decltype(OpenThemeData)* open = named<decltype(OpenThemeData)>("OpenThemeData");
+    decltype(CloseThemeData)* close = named<decltype(CloseThemeData)>("CloseThemeData");
+    decltype(GetThemePartSize)* partSize = named<decltype(GetThemePartSize)>("GetThemePartSize");
+    decltype(DrawThemeBackground)* drawBackground =
+        named<decltype(DrawThemeBackground)>("DrawThemeBackground");
+};
+
+const ThemeFunctions& themeFunctions() noexcept {
+    static const ThemeFunctions functions;
+    return functions;
+}
+
 class Theme {
   public:
-    Theme(HWND window, const wchar_t* classes) noexcept : theme_(OpenThemeData(window, classes)) {}
+    Theme(HWND window, const wchar_t* classes) noexcept
+        : theme_(themeFunctions().open == nullptr ? nullptr
+                                                  : themeFunctions().open(window, classes)) {}
     Theme(const Theme&) = delete;
     Theme(Theme&&) = delete;
     Theme& operator=(const Theme&) = delete;
     Theme& operator=(Theme&&) = delete;
     ~Theme() {
         if (theme_ != nullptr) {
-            CloseThemeData(theme_);
+            themeFunctions().close(theme_);
         }
     }
 
@@ -40,9 +63,10 @@ void drawCheckBox(HWND window, HDC context, const RECT& area, bool ticked, bool 
         const int state =
             (ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL) + (enabled ? 0 : disabledBy);
         SIZE size{};
-        GetThemePartSize(theme.get(), context, BP_CHECKBOX, state, nullptr, TS_DRAW, &size);
+        themeFunctions().partSize(theme.get(), context, BP_CHECKBOX, state, nullptr, TS_DRAW,
+                                  &size);
         const RECT place = middleOf(area, size);
-        DrawThemeBackground(theme.get(), context, BP_CHECKBOX, state, &place, nullptr);
+        themeFunctions().drawBackground(theme.get(), context, BP_CHECKBOX, state, &place, nullptr);
         return;
     }
     constexpr int sizeAt96 = 13;

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace tarnwick {
 namespace {
 
@@ -29,7 +31,7 @@ TEST(OneStepFile, The_new_content_is_on_the_medium_before_it_takes_the_old_ones_
         operations.push_back(call.operation);
     }
     EXPECT_THAT(operations,
-                ElementsAre(FileOperation::Create, FileOperation::Write, FileOperation::Flush,
+                ElementsAre(FileOperation::CreateNew, FileOperation::Write, FileOperation::Flush,
                             FileOperation::Close, FileOperation::MoveOver));
     EXPECT_EQ(files.count(FileOperation::Create, "C:\\a.ini"), 0);
 }
@@ -67,7 +69,7 @@ class WithoutRoomBeside : public testing::Test {
   protected:
     WithoutRoomBeside() {
         world.write("C:\\a.ini", "old");
-        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::PathFileAccess));
     }
     ErrorNumber raisedBySaving(std::string_view content) {
         try {
@@ -105,7 +107,7 @@ TEST_F(WithoutRoomBeside, What_was_there_is_put_back_where_the_writing_fails) {
     for (const FileOperation operation :
          {FileOperation::Write, FileOperation::Flush, FileOperation::Close}) {
         SCOPED_TRACE(operation);
-        files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::PathFileAccess));
         files.failAt(operation, 1, RunTimeError(ErrorNumber::DeviceIO));
         EXPECT_EQ(raisedBySaving("new and longer"), ErrorNumber::DeviceIO);
         EXPECT_EQ(world.read("C:\\a.ini"), "old");
@@ -116,9 +118,52 @@ TEST(OneStepFile, A_full_disk_is_no_reason_to_write_in_place) {
     HostedWorld world;
     world.write("C:\\a.ini", "old");
     FaultyFiles files(world.files());
-    files.failAt(FileOperation::Create, 1, RunTimeError(ErrorNumber::DiskFull));
+    files.failAt(FileOperation::CreateNew, 1, RunTimeError(ErrorNumber::DiskFull));
     EXPECT_THROW(writeInOneStep(files, "C:\\a.ini", "new"), RunTimeError);
     EXPECT_EQ(world.read("C:\\a.ini"), "old");
+}
+
+// Somebody else has put a link in the place of a file that is about to be made.
+class PlantedLink : public testing::Test {
+  protected:
+    PlantedLink() { world.write("C:\\else\\mine.txt", "mine"); }
+    void plant(const std::string& name) const {
+        const std::string drive = world.drivesRoot() + "/c/";
+        std::filesystem::create_symlink(drive + "else/mine.txt", drive + name);
+    }
+    void expectMineUntouched() const { EXPECT_EQ(world.read("C:\\else\\mine.txt"), "mine"); }
+
+    HostedWorld world;
+};
+
+TEST_F(PlantedLink, A_file_that_is_created_anew_takes_the_links_place) {
+    plant("a.bat");
+    const auto file = createAnew(world.files(), "C:\\a.bat");
+    file->write("new");
+    file->close();
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.bat"), "new");
+}
+
+TEST_F(PlantedLink, Nothing_is_written_through_a_link_beside_a_file) {
+    plant("a.ini.tarnwick-new");
+    writeInOneStep(world.files(), "C:\\a.ini", "new");
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.ini"), "new");
+    world.makeDrive('D');
+    world.write("D:\\new", "new");
+    plant("beside");
+    moveInOneStep(world.files(), "D:\\new", "C:\\page", "C:\\beside");
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\page"), "new");
+}
+
+TEST_F(PlantedLink, A_link_in_the_place_of_a_file_is_told_and_not_followed) {
+    plant("a.ini");
+    EXPECT_THROW(writeInOneStep(world.files(), "C:\\a.ini", "new"), RunTimeError);
+    expectMineUntouched();
+    EXPECT_EQ(world.read("C:\\a.ini"), "mine"); // the link is there still
+    EXPECT_FALSE(world.exists("C:\\a.ini.tarnwick-new"));
 }
 
 class MoveInOneStep : public testing::Test {

@@ -178,7 +178,7 @@ class FailedSave : public INIWriter {
 };
 
 TEST_F(FailedSave, A_file_that_cannot_be_created_changes_nothing) {
-    expectOldFileWhenFailing(FileOperation::Create);
+    expectOldFileWhenFailing(FileOperation::CreateNew);
 }
 TEST_F(FailedSave, A_full_disk_while_writing_changes_nothing) {
     expectOldFileWhenFailing(FileOperation::Write);

@@ -250,11 +250,12 @@ TEST_F(Export, A_script_that_changes_the_code_page_puts_the_old_one_back_at_its_
     records = {"\xC0.txt", "b.txt"};
     const std::string text = script();
     const std::string change =
-        "@for /f \"tokens=2 delims=:.\" %%c in ('chcp') do @set TARNWICK_CODE_PAGE=%%c\r\n"
-        "@chcp 1252 > nul\r\n"
+        "@for /f \"tokens=2 delims=:.\" %%c in ('\"%SystemRoot%\\System32\\chcp.com\"') do "
+        "@set TARNWICK_CODE_PAGE=%%c\r\n"
+        "@\"%SystemRoot%\\System32\\chcp.com\" 1252 > nul\r\n"
         "REM CNS - Processing C:\\meta\\in\\\xC0.txt\r\n";
     const std::string back = "@echo on\r\n"
-                             "@chcp %TARNWICK_CODE_PAGE% > nul\r\n"
+                             "@\"%SystemRoot%\\System32\\chcp.com\" %TARNWICK_CODE_PAGE% > nul\r\n"
                              "@set TARNWICK_CODE_PAGE=\r\n";
     EXPECT_THAT(text, HasSubstr(change));
     EXPECT_TRUE(text.ends_with(back)) << text;

@@ -44,7 +44,8 @@ TEST_F(BatchFile, From_a_character_on_that_the_interpreter_lacks_the_systems_cod
                   batch.line("\xC0 la carte"); // no capital a with grave in code page 437
                   batch.line("caf\xE9");
               }),
-              "caf\x82\r\n@chcp 1252 > nul\r\n\xC0 la carte\r\ncaf\xE9\r\n");
+              "caf\x82\r\n@\"%SystemRoot%\\System32\\chcp.com\" 1252 > nul\r\n\xC0 la "
+              "carte\r\ncaf\xE9\r\n");
 }
 
 TEST_F(BatchFile, Many_lines_reach_the_file_before_it_is_closed) {

@@ -57,7 +57,7 @@ TEST_F(CommandLineFailures, A_batch_that_cannot_be_created_is_reported) {
 }
 
 TEST_F(CommandLineFailures, A_temporary_folder_that_cannot_be_written_is_reported) {
-    faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
+    faulty.failAlways(FileOperation::Replace, RunTimeError(ErrorNumber::PathFileAccess));
     expectReport("-I C:\\batch.ini", own, ErrorNumber::PathFileAccess);
 }
 

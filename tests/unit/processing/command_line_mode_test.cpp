@@ -45,13 +45,27 @@ TEST_F(CommandLineMode, What_an_earlier_run_left_is_replaced) {
               "The Tarnwick script \"C:\\temp\\MP_CL.bat\" is done running.\r\n");
 }
 
-TEST_F(CommandLineMode, A_delete_batch_that_is_right_is_not_touched_while_others_may_read_it) {
+TEST_F(CommandLineMode, Every_run_puts_a_delete_batch_of_its_own_into_place_in_one_step) {
+    world.write("C:\\temp\\MPDELETE.bat", "del %1\r\n"); // right, but whose is it?
+    world.write("C:\\temp\\MPDELETE.tmp", "another run's");
     RecordingFiles recording(world.files());
     files = &recording;
     run("-I C:\\batch.ini");
-    records = {}; // another run of the program
-    run("-I C:\\batch.ini");
-    EXPECT_EQ(recording.count(FileOperation::Create, "C:\\temp\\MPDELETE.bat"), 1);
+    EXPECT_EQ(recording.count(FileOperation::CreateNew, "C:\\temp\\MPDELETE1.tmp"), 1);
+    EXPECT_EQ(recording.count(FileOperation::Replace, "C:\\temp\\MPDELETE1.tmp"), 1);
+    EXPECT_EQ(recording.count(FileOperation::Remove, "C:\\temp\\MPDELETE.bat"), 0);
+    EXPECT_EQ(world.read("C:\\temp\\MPDELETE.bat"), "del %1\r\n");
+    EXPECT_EQ(world.read("C:\\temp\\MPDELETE.tmp"), "another run's");
+    EXPECT_FALSE(world.exists("C:\\temp\\MPDELETE1.tmp"));
+}
+
+TEST_F(CommandLineMode, The_notification_is_a_new_file) {
+    world.write("C:\\temp\\MP_Notify.txt", "somebody else's");
+    RecordingFiles recording(world.files());
+    files = &recording;
+    run("-I C:\\batch.ini -n");
+    EXPECT_EQ(recording.count(FileOperation::Remove, "C:\\temp\\MP_Notify.txt"), 1);
+    EXPECT_EQ(recording.count(FileOperation::Create), 0);
 }
 
 // Another run creates its batch behind this one's look and before this one's creation.

@@ -3,6 +3,7 @@
 #include "support/fake_command_interpreter.hpp"
 #include "support/forwarding_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -58,6 +59,14 @@ struct Waits : testing::Test {
     double waited() {
         EXPECT_EQ(wait(), Waited::Done);
         return clock.steady - 1000;
+    }
+    static Message notRunReport() {
+        Message report =
+            errorReport("frmMain", "Private Sub ProcessAndWait()", ErrorNumber::PathFileAccess);
+        const std::string told = "Path/File access error";
+        report.text.insert(report.text.find(told) + told.size(),
+                           R"(: the batch file "C:\temp\MPtmp.bat" ended before its last line)");
+        return report;
     }
     std::string target(std::string_view folder, std::string_view shortened = {}) {
         files.shortened = shortened;
@@ -163,10 +172,35 @@ TEST_F(Waits, A_tool_that_runs_on_beside_a_strange_marker_can_be_cancelled) {
     EXPECT_LE(clock.steady - 1000, 22);
 }
 
-TEST_F(Waits, A_batch_that_ends_without_a_marker_is_not_waited_for) {
+TEST_F(Waits, A_batch_that_ends_without_a_marker_is_reported_and_not_waited_for) {
     toolTakes = std::numeric_limits<double>::infinity();
     interpreter.hasEnded = [this] { return clock.steady >= 1004; };
-    EXPECT_EQ(waited(), 6);
+    EXPECT_EQ(wait(), Waited::Failed);
+    EXPECT_EQ(clock.steady - 1000, 5);
+    EXPECT_THAT(desktop.messages, ElementsAre(notRunReport()));
+}
+
+TEST_F(Waits, A_batch_that_is_kept_from_running_at_all_is_reported) {
+    toolTakes = std::numeric_limits<double>::infinity();
+    interpreter.hasEnded = [] { return true; };
+    EXPECT_EQ(wait(), Waited::Failed);
+    EXPECT_THAT(desktop.messages, ElementsAre(notRunReport()));
+}
+
+TEST_F(Waits, A_marker_that_comes_just_before_the_end_counts) {
+    toolTakes = std::numeric_limits<double>::infinity();
+    interpreter.hasEnded = [this] {
+        world.write(temporary.marker, "Done!\r\n"); // since the program looked for it
+        return true;
+    };
+    EXPECT_EQ(wait(), Waited::Done);
+}
+
+TEST_F(Waits, Whoever_cancels_is_not_told_of_a_batch_that_ended_early) {
+    toolTakes = std::numeric_limits<double>::infinity();
+    interpreter.hasEnded = [this] { return stop.cancelled = true; };
+    EXPECT_EQ(wait(), Waited::Stopped);
+    EXPECT_THAT(desktop.messages, testing::IsEmpty());
 }
 
 TEST_F(Waits, A_longer_old_batch_is_replaced_whole) {

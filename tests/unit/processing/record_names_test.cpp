@@ -25,15 +25,16 @@ const std::vector<std::string> oddNames{"\"&md pwned&\".met",
                                         "..\\k.met",
                                         "l\x7Fm.met",
                                         "n\ro.met",
-                                        "p\tq.met"};
+                                        "p\tq.met",
+                                        "%~z.met"};
 
 const std::string leftOutOfThem =
-    "12 records are left out: their names hold characters that no command may hold.\r\n"
+    "13 records are left out: their names hold characters that no command may hold.\r\n"
     "The first of them is \"\"&md pwned&\".met\".";
 
 TEST(RecordNames, A_name_of_letters_and_of_what_windows_allows_stays_a_name) {
     for (const char* name :
-         {"a.met", "caf\xE9 1.met", "R&D (2) ^%!'`,;=+[]{}~#@$.met", "\x80\x81"}) {
+         {"a.met", "caf\xE9 1.met", "R&D (2) ^!'`,;=+[]{}~#@$.met", "\x80\x81"}) {
         EXPECT_TRUE(staysName(name)) << name;
     }
 }
@@ -46,7 +47,7 @@ TEST(RecordNames, What_ends_a_quoted_word_or_leads_elsewhere_is_no_name) {
     for (int code = 0; code < 256; ++code) {
         const char character = static_cast<char>(code);
         const bool refused =
-            code < 0x20 || code == 0x7F || std::string_view("\"<>|*?:/\\").contains(character);
+            code < 0x20 || code == 0x7F || std::string_view("\"%<>|*?:/\\").contains(character);
         EXPECT_EQ(staysName(std::string("a") + character), !refused) << code;
     }
 }
@@ -140,7 +141,63 @@ TEST_F(UnattendedRecordNames, A_folder_that_the_system_can_name_only_by_numbers_
                   "The folder \"D:\\<U+0416>\" has no name in the system's code page.");
 }
 
+TEST_F(UnattendedRecordNames, No_command_names_a_product_with_a_percent_sign_in_its_path) {
+    world.makeFolder("D:\\100%");
+    storeDefinition("Xml Extension=.%b\r\nGRID_Xml=D:\\out\r\nGRID_Text=D:\\100%\r\n"
+                    "GRID_Leftovers=D:\\100%\r\n");
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    ASSERT_EQ(interpreter.started.size(), 1U);
+    EXPECT_THAT(interpreter.started.front().content, Not(HasSubstr("%")));
+    EXPECT_THAT(interpreter.started.front().content,
+                HasSubstr("-e \"D:\\out\\a.err\" \"D:\\cns\\a.cns\""));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(warning("3 products are left out: their paths hold a \"%\".\r\n"
+                                    "The first of them is \"D:\\100%\\*.lft\".")));
+}
+
+TEST_F(UnattendedRecordNames, Where_CNS_would_write_to_such_a_path_nothing_is_started) {
+    storeDefinition("CNS Output File Extension=.%~z\r\n");
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::NothingStarted);
+    EXPECT_THAT(interpreter.started, IsEmpty());
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(warning(
+                    "The product \"D:\\cns\\*.%~z\" is left out: its path holds a \"%\".")));
+}
+
+TEST_F(UnattendedRecordNames, Records_and_products_are_told_in_one_message) {
+    world.write("D:\\meta\\in\\100%.met", "");
+    storeDefinition("GRID_Xml=D:\\out\r\nXml Extension=.%b\r\n");
+    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(warning("The record \"100%.met\" is left out: its name holds a "
+                                    "character that no command may hold.\r\nThe product "
+                                    "\"D:\\out\\*.%b\" is left out: its path holds a \"%\".")));
+}
+
 struct RunRecordNames : RunWorld {};
+
+TEST_F(RunRecordNames, A_product_with_a_percent_sign_in_its_path_is_left_out_and_told) {
+    definition().MPOutputs.at(0).sExtension = ".%b";
+    execute();
+    EXPECT_EQ(interpreter.started.size(), 4U);
+    for (const auto& started : interpreter.started) {
+        EXPECT_THAT(started.content, Not(HasSubstr("%")));
+    }
+    EXPECT_THAT(desktop.messages, ElementsAre(warning("The product \"D:\\out\\*.%b\" is left "
+                                                      "out: its path holds a \"%\".")));
+}
+
+TEST_F(RunRecordNames, Rows_that_are_not_built_and_tools_that_do_not_run_are_not_told_of) {
+    definition().MPOutputs.at(0).sExtension = ".%b";
+    definition().MPOutputs.at(0).bBuild = false;
+    definition().CNSOutputs.at(0).sOutputFolder = "D:\\100%";
+    definition().CNSOutputs.at(0).bBuild = true;
+    definition().sCNSOutputExtension = ".%~z";
+    definition().iProcessCNS = 0;
+    execute();
+    EXPECT_EQ(interpreter.started.size(), 2U);
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
 
 TEST_F(RunRecordNames, No_tool_is_started_for_a_name_that_would_be_more_than_one) {
     for (const std::string& name : oddNames) {
@@ -180,6 +237,18 @@ TEST_F(ExportRecordNames, No_command_is_kept_for_a_name_that_would_be_more_than_
     EXPECT_EQ(world.read("C:\\all.bat"), world.read("C:\\safe.bat"));
     ASSERT_EQ(desktop.messages.size(), 3U);
     EXPECT_EQ(desktop.messages.back(), warning(leftOutOfThem));
+}
+
+TEST_F(ExportRecordNames, No_command_is_kept_that_names_a_product_with_a_percent_sign) {
+    run("-I C:\\batch.ini");
+    BatchExport exporter(
+        {.files = world.files(), .desktop = desktop, .interpreter = interpreter, .clock = clock});
+    definition.MPOutputs.at(0).sOutputFolder = "D:\\100%";
+    const std::vector<std::string> one{"a.met"};
+    exporter.write(definition, one, "C:\\kept.bat");
+    EXPECT_THAT(world.read("C:\\kept.bat"), Not(HasSubstr("%")));
+    EXPECT_EQ(desktop.messages.back(), warning("The product \"D:\\100%\\*.err\" is left out: its "
+                                               "path holds a \"%\"."));
 }
 
 } // namespace

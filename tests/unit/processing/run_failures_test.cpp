@@ -18,7 +18,7 @@ TEST_F(FailingRuns, A_batch_that_cannot_be_written_ends_the_run) {
     interpreter.run = [&](const FakeCommandInterpreter::Started&) {
         world.write(marker, "");
         if (++started == 2) {
-            faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
+            faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PathFileAccess));
         }
     };
     execute();
@@ -54,7 +54,7 @@ TEST_F(FailingRuns, A_virus_scanner_that_looks_at_a_temporary_file_for_a_moment_
     window.given.records = {"a.met"};
     definition().iProcessCNS = 0;
     for (const ErrorNumber lock : {ErrorNumber::PermissionDenied, ErrorNumber::PathFileAccess}) {
-        for (const FileOperation operation : {FileOperation::Create, FileOperation::Remove}) {
+        for (const FileOperation operation : {FileOperation::CreateNew, FileOperation::Remove}) {
             SCOPED_TRACE(operation);
             world.write(batch, "old");
             world.write(marker, "old");
@@ -74,7 +74,7 @@ TEST_F(FailingRuns, A_virus_scanner_that_looks_at_a_temporary_file_for_a_moment_
 
 TEST_F(FailingRuns, A_lock_that_stays_is_told_after_five_seconds) {
     const double begin = clock.steady;
-    faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PermissionDenied));
+    faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PermissionDenied));
     execute();
     EXPECT_EQ(clock.steady, begin + 5);
     EXPECT_THAT(desktop.messages,
@@ -83,7 +83,7 @@ TEST_F(FailingRuns, A_lock_that_stays_is_told_after_five_seconds) {
 }
 
 TEST_F(FailingRuns, A_lock_is_not_waited_for_when_the_user_cancels) {
-    faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PermissionDenied));
+    faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PermissionDenied));
     whileEventsRun = [this, end = clock.steady + 1] {
         if (clock.steady >= end) {
             run->cancel();
@@ -96,7 +96,7 @@ TEST_F(FailingRuns, A_lock_is_not_waited_for_when_the_user_cancels) {
 }
 
 TEST_F(FailingRuns, What_is_no_lock_is_told_at_once) {
-    faulty.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::DiskFull));
+    faulty.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::DiskFull));
     execute();
     EXPECT_EQ(events.secondsWaited, 0);
     EXPECT_THAT(desktop.messages,
@@ -114,6 +114,16 @@ TEST_F(FailingRuns, What_cannot_be_deleted_at_the_end_is_left_without_a_word) {
     EXPECT_THAT(desktop.messages, IsEmpty());
     EXPECT_EQ(window.status, "Done!");
     EXPECT_EQ(journal.back(), "progress 0.000");
+}
+
+TEST_F(FailingRuns, A_batch_that_did_not_run_ends_the_run) {
+    interpreter.run = nullptr; // scripts may be forbidden: the interpreter ends at once
+    execute();
+    ASSERT_THAT(desktop.messages, SizeIs(1));
+    EXPECT_THAT(desktop.messages.front().text, testing::HasSubstr("\"C:\\temp\\MPtmp.bat\""));
+    EXPECT_THAT(interpreter.started, SizeIs(1));
+    EXPECT_EQ(window.status, "CNS - Processing a.met...");
+    expectCleanedUp();
 }
 
 TEST_F(FailingRuns, A_tool_that_failed_goes_unnoticed) {

@@ -346,7 +346,7 @@ TEST_F(Execute, A_close_that_fails_ends_the_run_all_the_same) {
 
 TEST_F(Execute, What_fails_in_the_run_is_reported_once_and_the_window_is_idle_again) {
     whileRunning([&] {
-        files.failAlways(FileOperation::Create, RunTimeError(ErrorNumber::PathFileAccess));
+        files.failAlways(FileOperation::CreateNew, RunTimeError(ErrorNumber::PathFileAccess));
     });
     form.userClicked(form.cmdOK);
     EXPECT_THAT(desktop.messages, ElementsAre(report("Private Sub ProcessAndWait()", 75,

@@ -187,9 +187,8 @@ TEST_F(InteractiveRuns, A_batch_whose_wait_breaks_off_is_waited_for_by_the_next_
         }
     };
     execute();
-    EXPECT_THAT(desktop.messages,
-                ElementsAre(errorReport("frmMain", "Private Sub ProcessAndWait()",
-                                        ErrorNumber::OutOfMemory)));
+    EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub ProcessAndWait()",
+                                                          ErrorNumber::OutOfMemory)));
     EXPECT_NE(left, nullptr);
 }
 

@@ -42,14 +42,13 @@ void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind
 void tellRefused(Desktop& desktop, const LeftOut& records, const LeftOut& products) {
     std::string text;
     if (records.count > 0) {
-        text =
-            sentence(records, "record", "", "its name holds a character that no command may hold",
-                     "their names hold characters that no command may hold");
+        text = sentence(records, "record", "", "its name cannot stand in a command",
+                        "their names cannot stand in a command");
     }
     if (products.count > 0) {
         text.append(text.empty() ? "" : lineEnd);
-        text.append(sentence(products, "product", "", R"(its path holds a "%")",
-                             R"(their paths hold a "%")"));
+        text.append(sentence(products, "product", "", R"(its path holds a "%" or a "^")",
+                             R"(their paths hold a "%" or a "^")"));
     }
     if (!text.empty()) {
         showWarning(desktop, text);

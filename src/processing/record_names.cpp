@@ -25,10 +25,27 @@ std::string shownName(std::string_view record) {
     return shown;
 }
 
+template <typename Condition>
+void refuseWhere(std::vector<std::string>& records, LeftOut& refused, const Condition& isUnsafe) {
+    std::erase_if(records, [&](const std::string& record) {
+        if (!isUnsafe(record)) {
+            return false;
+        }
+        leaveOut(shownName(record), refused);
+        return true;
+    });
+}
+
+// Without a folder before it, such a name would be an option of the tool.
+void refuseOptions(std::vector<std::string>& records, LeftOut& refused) {
+    refuseWhere(records, refused,
+                [](const std::string& record) { return record.starts_with('-'); });
+}
+
 // Whether the path is refused; it is then counted.
 bool refusePath(std::string_view folder, std::string_view extension, LeftOut& refused) {
     std::string path = joinPath(folder, "*", extension);
-    if (!path.contains('%')) {
+    if (path.find_first_of("%^") == std::string::npos) {
         return false;
     }
     leaveOut(std::move(path), refused);
@@ -46,7 +63,7 @@ void refuseRows(std::span<OutputDefinition> rows, LeftOut& refused) {
 } // namespace
 
 bool staysName(std::string_view record) noexcept {
-    constexpr std::string_view unsafe = R"("%<>|*?:/\)";
+    constexpr std::string_view unsafe = R"("%^<>|*?:/\)";
     return !record.empty() &&
            std::ranges::none_of(record, [&](char c) { return isControl(c) || unsafe.contains(c); });
 }
@@ -71,20 +88,17 @@ bool leadsElsewhere(std::string_view record) noexcept {
 
 LeftOut refuseUnsafeNames(std::vector<std::string>& records) {
     LeftOut refused;
-    std::erase_if(records, [&refused](const std::string& record) {
-        if (staysName(record) && !leadsElsewhere(record)) {
-            return false;
-        }
-        leaveOut(shownName(record), refused);
-        return true;
+    refuseWhere(records, refused, [](const std::string& record) {
+        return !staysName(record) || leadsElsewhere(record);
     });
     return refused;
 }
 
 Refused refuseUnsafe(BatchDefinition& definition, std::vector<std::string>& records) {
     Refused refused{.records = refuseUnsafeNames(records), .products = {}};
-    if (definition.bCfgNamesOutput) {
-        return refused; // the tools choose the paths
+    if (definition.bCfgNamesOutput) { // the tools choose the paths, and get the bare names
+        refuseOptions(records, refused.records);
+        return refused;
     }
     if (definition.iProcessMP == checked) {
         refuseRows(definition.MPOutputs, refused.products);

@@ -13,7 +13,8 @@ namespace tarnwick {
 // quotation marks. Whether it stays a name there: no quotation mark, no control character and none
 // of <>|*?:/\ . Windows has no such names; whatever a file system or a conversion brings, none of
 // them becomes a command or a path. Nor a "%", which Windows does allow: in a batch it begins a
-// variable, even between quotation marks, and "%~z" ends the whole batch.
+// variable, even between quotation marks, and "%~z" ends the whole batch; nor a "^", which "call"
+// doubles: the tool would get the name of another record.
 [[nodiscard]] bool staysName(std::string_view record) noexcept;
 
 // Whether the system opens something else under that name: it cuts off a dot or blank at the end,
@@ -32,9 +33,10 @@ struct Refused {
     bool operator==(const Refused&) const = default;
 };
 
-// As refuseUnsafeNames, and takes the marks from the rows whose products would have a "%" in their
-// paths. `definition` has resolved paths. Where it is CNS's output that would have one, no record
-// is left: neither tool could do anything.
+// As refuseUnsafeNames, also of names that the tools would take for options where they get them
+// without a folder; and takes the marks from the rows whose products would have a "%" or a "^" in
+// their paths. `definition` has resolved paths. Where it is CNS's output that would have one, no
+// record is left: neither tool could do anything.
 [[nodiscard]] Refused refuseUnsafe(BatchDefinition& definition, std::vector<std::string>& records);
 
 } // namespace tarnwick

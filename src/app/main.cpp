@@ -1,5 +1,6 @@
 // Builds the real platform and the forms, and runs the start-up.
 
+#include "common/left_out_report.hpp"
 #include "common/trap.hpp"
 #include "definition/start_up.hpp"
 #include "platform/win32/win32_clock.hpp"
@@ -58,10 +59,10 @@ class Application {
             .events = events_,
             .showHelp = [this] { show(frmDisplayCommandLineHelp()); },
             .showOptions = [&] { showOptions(definition); }};
-        return RunCommandLine(definition, records, services, commandLine) ==
-                       CommandLineResult::BatchStarted
-                   ? done
-                   : notDone;
+        const CommandLineResult result = RunCommandLine(definition, records, services, commandLine);
+        // Not before the tools are under way: nobody may be there to answer.
+        tellNamelessPaths(desktop_, namelessAtStartUp(process_, settings_));
+        return result == CommandLineResult::BatchStarted ? done : notDone;
     }
 
     ExitStatus showMainWindow() {

@@ -8,6 +8,9 @@
 namespace tarnwick {
 namespace {
 
+constexpr std::string_view noPlace = "its name has no place in the system's code page";
+constexpr std::string_view noPlaces = "their names have no place in the system's code page";
+
 // "The file "a" in the folder "f" is left out: its name is odd." or "3 files in the folder "f" are
 // left out: their names are odd." and the first of them.
 std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_view where,
@@ -33,9 +36,14 @@ std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_
 void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind,
                  std::string_view folder) {
     if (leftOut.count > 0) {
-        showWarning(desktop, sentence(leftOut, kind, " in the folder " + quoted(folder),
-                                      "its name has no place in the system's code page",
-                                      "their names have no place in the system's code page"));
+        showWarning(desktop,
+                    sentence(leftOut, kind, " in the folder " + quoted(folder), noPlace, noPlaces));
+    }
+}
+
+void tellNamelessPaths(Desktop& desktop, const LeftOut& leftOut) {
+    if (leftOut.count > 0) {
+        showWarning(desktop, sentence(leftOut, "path", "", noPlace, noPlaces));
     }
 }
 

@@ -40,4 +40,17 @@ BatchDefinition definitionAtStartUp(const Process& process, const Files& files,
     return definition;
 }
 
+LeftOut namelessAtStartUp(const Process& process, const SettingsStore& store) {
+    LeftOut nameless;
+    for (const std::string& path : {process.programFolder(), process.environmentVariable("TEMP"),
+                                    readStored(store, StoredSetting::INIFileName, ""),
+                                    readStored(store, StoredSetting::MPExecutable, ""),
+                                    readStored(store, StoredSetting::CNSExecutable, "")}) {
+        if (holdsShownNumber(path)) {
+            leaveOut(path, nameless);
+        }
+    }
+    return nameless;
+}
+
 } // namespace tarnwick

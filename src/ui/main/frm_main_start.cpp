@@ -1,5 +1,6 @@
 // How the main window's life begins and ends.
 
+#include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/trap.hpp"
 #include "definition/start_up.hpp"
@@ -13,6 +14,7 @@ void frmMain::Form_Load() {
     resizeTo(mainWindow);
     centreOnScreen();
     showDefinition(definitionAtStartUp(services_.process, services_.files, services_.settings));
+    tellNamelessPaths(services_.desktop, namelessAtStartUp(services_.process, services_.settings));
     MyDefaultSettings();
     cmdOK.setEnabled(false);
     if (FileExists(services_.files, definition_.sINIFile) && !ReadINIFile()) {

@@ -55,6 +55,20 @@ TEST_F(StartUp, An_empty_temp_or_one_that_names_a_missing_folder_gives_the_progr
     EXPECT_EQ(start().sTempFolder, "C:\\app\\");
 }
 
+TEST_F(StartUp, Paths_that_the_system_can_name_only_by_numbers_are_counted) {
+    EXPECT_EQ(namelessAtStartUp(process, settings), LeftOut{});
+    process.variables["TEMP"] = R"(C:\<U+0416>\Temp)";
+    EXPECT_EQ(namelessAtStartUp(process, settings),
+              (LeftOut{.count = 1, .first = R"(C:\<U+0416>\Temp)"}));
+    EXPECT_EQ(start().sTempFolder, "C:\\app\\");
+    process.givenProgramFolder = R"(D:\<U+0416>)";
+    store(settings, StoredSetting::INIFileName, R"(B:\<U+0416>.ini)");
+    store(settings, StoredSetting::MPExecutable, R"(E:\<U+0416>.exe)");
+    store(settings, StoredSetting::CNSExecutable, R"(F:\<U+0416>.exe)");
+    EXPECT_EQ(namelessAtStartUp(process, settings),
+              (LeftOut{.count = 5, .first = R"(B:\<U+0416>.ini)"}));
+}
+
 TEST_F(StartUp, A_tool_beside_the_program_wins_over_a_stored_location) {
     store(settings, StoredSetting::MPExecutable, "D:\\mp.exe");
     store(settings, StoredSetting::CNSExecutable, "D:\\cns.exe");

@@ -472,5 +472,13 @@ TEST_F(StartUpWindow, A_failing_start_up_is_reported_and_the_window_comes_up) {
                                                      describe(ErrorNumber::DiskFull))));
 }
 
+TEST_F(StartUpWindow, A_temporary_folder_that_has_no_name_is_told_once) {
+    process.variables["TEMP"] = R"(C:\<U+0416>)";
+    form.show();
+    EXPECT_THAT(desktop.messages, testing::ElementsAre(warning(
+                                      "The path \"C:\\<U+0416>\" is left out: its name has no "
+                                      "place in the system's code page.")));
+}
+
 } // namespace
 } // namespace tarnwick

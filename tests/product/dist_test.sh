@@ -26,7 +26,7 @@ eventually() {
         sleep 0.1
     done
 }
-rm -rf "$work"
+rm -rf "$work" "$drive/Program Files/Map Room" # of an earlier run that failed
 mkdir -p "$work"
 
 The_sums_are_those_of_the_files() {
@@ -98,13 +98,6 @@ uninstalls() { # HIVE SWITCH
     files >"$work/after"
     diff "$work/before" "$work/after" || fail "that is left"
 }
-# Its copy goes on when it has ended itself.
-uninstaller_is_done() {
-    local pid
-    for pid in $(pgrep '^(Uninstall|Au_|Un_[A-Z])\.exe'); do
-        ! grep -qzxF "WINEPREFIX=$TARNWICK_WINE_BUILD/wine" "/proc/$pid/environ" 2>/dev/null || return 1
-    done
-}
 gone() { [ ! -e "$folder/Uninstall.exe" ] && ! registered "$1" >/dev/null 2>&1; }
 
 Installed_for_the_user_it_runs_and_goes_without_a_trace() {
@@ -133,10 +126,13 @@ the_window_opens() {
     "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?
     rm "$drive/setup.exe" "$drive/again.bat"
     [ $status -eq 2 ] || fail "installing over a running program ended with $status"
-    printf '"%s\\Uninstall.exe" /CurrentUser /S\r\n' "$place" >"$drive/remove.bat"
-    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
+    # Told its folder, the uninstaller does not go on from a copy of itself: it has ended when we go on.
+    printf '"%s\\Uninstall.exe" /CurrentUser /S _?=%s\r\nexit %%errorlevel%%\r\n' "$place" "$place" \
+        >"$drive/remove.bat"
+    status=0
+    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1 || status=$?
     rm "$drive/remove.bat"
-    eventually uninstaller_is_done || fail "the uninstaller does not end"
+    [ $status -eq 2 ] || fail "removing a running program ended with $status"
     [ -e "$folder/Uninstall.exe" ] && [ -e "$folder/Tarnwick.exe" ] || fail "a running program was removed"
     xdotool windowactivate --sync "$window"
     eventually has_keyboard "$window" || fail "the window does not get the keyboard"

@@ -83,22 +83,34 @@ installs() { # HIVE SWITCH
     grep -q 'DisplayVersion    REG_SZ    2\.0\.0\.7' "$work/registered" || fail "$(cat "$work/registered")"
 }
 
+# Who has a file of the program's folder open, for the report.
+holders() { ls -l /proc/[0-9]*/fd 2>/dev/null | grep -F "Map Room" || echo "nobody has a file of it open"; }
+
+# uninstall SWITCH: as the uninstaller does it, which goes on from a copy of itself and tells the copy
+# where to work. Begun by us, the copy can be waited for, and says how it ended.
+uninstall() {
+    local status=0
+    cp "$folder/Uninstall.exe" "$drive/uninstall.exe"
+    printf 'C:\\uninstall.exe %s /S _?=%s\r\nexit %%errorlevel%%\r\n' "$1" "$place" >"$drive/remove.bat"
+    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1 || status=$?
+    rm "$drive/remove.bat" "$drive/uninstall.exe"
+    return $status
+}
+
 uninstalls() { # HIVE SWITCH
     mkdir -p "$folder/mine"
     echo 'Process MP=1' >"$folder/TARNWICK.ini"
     echo 'Process MP=1' >"$folder/mine/other.ini"
-    printf '"%s\\Uninstall.exe" %s /S\r\n' "$place" "$2" >"$drive/remove.bat"
-    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1
-    rm "$drive/remove.bat"
-    # It goes on from a copy of itself, which it deletes last.
-    eventually gone "$1" || fail "still there: $(ls "$folder")"
+    grep -qF "QuietUninstallString    REG_SZ    \"$place\\Uninstall.exe\" $2 /S" "$work/registered" ||
+        fail "$(cat "$work/registered")"
+    uninstall "$2" || fail "the uninstaller ended with $?: $(cat "$work/remove.log"; holders)"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = "./TARNWICK.ini ./mine/other.ini" ] ||
         fail "the user's own files are not what is left: $(ls -R "$folder")"
+    ! registered "$1" >/dev/null 2>&1 || fail "it is still found among the programs"
     rm -r "$drive/Program Files/Map Room"
     files >"$work/after"
     diff "$work/before" "$work/after" || fail "that is left"
 }
-gone() { [ ! -e "$folder/Uninstall.exe" ] && ! registered "$1" >/dev/null 2>&1; }
 
 Installed_for_the_user_it_runs_and_goes_without_a_trace() {
     installs HKCU /CurrentUser
@@ -126,12 +138,8 @@ the_window_opens() {
     "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?
     rm "$drive/setup.exe" "$drive/again.bat"
     [ $status -eq 2 ] || fail "installing over a running program ended with $status"
-    # Told its folder, the uninstaller does not go on from a copy of itself: it has ended when we go on.
-    printf '"%s\\Uninstall.exe" /CurrentUser /S _?=%s\r\nexit %%errorlevel%%\r\n' "$place" "$place" \
-        >"$drive/remove.bat"
     status=0
-    "$wine" cmd /c 'C:\remove.bat' >"$work/remove.log" 2>&1 || status=$?
-    rm "$drive/remove.bat"
+    uninstall /CurrentUser || status=$?
     [ $status -eq 2 ] || fail "removing a running program ended with $status"
     [ -e "$folder/Uninstall.exe" ] && [ -e "$folder/Tarnwick.exe" ] || fail "a running program was removed"
     xdotool windowactivate --sync "$window"

@@ -51,8 +51,9 @@ class Completing final : private WindowFilter {
         const LRESULT result = pass(message, wParam, lParam);
         if (message == WM_SIZE) {
             ++times_;
-            SendMessageW(window(), CB_SELECTSTRING, static_cast<WPARAM>(-1),
-                         reinterpret_cast<LPARAM>(toWide(*windowText(window())).c_str()));
+            SendMessageW(
+                window(), CB_SELECTSTRING, static_cast<WPARAM>(-1),
+                reinterpret_cast<LPARAM>(toWide(windowText(window()).value_or("")).c_str()));
             SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
         }
         return result;

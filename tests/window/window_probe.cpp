@@ -261,7 +261,7 @@ void print(bool yes) {
 
 // What the probe has besides its eyes, while it serves.
 struct Senses {
-    const InputMarks marks;
+    InputMarks marks;
     std::optional<HeardEvents> events; // once it was told to listen
 };
 

@@ -235,6 +235,26 @@ TEST(Win32Desktop, The_input_box_gives_the_line_typed) {
     EXPECT_EQ(texts, (std::vector<std::string>{"Name & folder:", "", "OK", "Cancel"}));
 }
 
+// Those of the program's resources: the form is written in it.
+TEST(Win32Desktop, The_input_box_has_the_font_of_the_other_dialogs) {
+    Win32Desktop desktop;
+    LOGFONTW font{};
+    int dpi = 0;
+    {
+        const User user("Find a file", [&](HWND dialog) {
+            auto* const used = reinterpret_cast<HFONT>( // NOLINT(performance-no-int-to-ptr)
+                SendMessageW(dialog, WM_GETFONT, 0, 0));
+            GetObjectW(used, sizeof font, &font);
+            dpi = static_cast<int>(GetDpiForWindow(dialog));
+            press(dialog, IDCANCEL);
+        });
+        desktop.askForText("Name:", "Find a file");
+    }
+    EXPECT_STREQ(font.lfFaceName, L"Segoe UI");
+    EXPECT_EQ(font.lfHeight, -MulDiv(9, dpi, 72));
+    EXPECT_EQ(font.lfWeight, FW_NORMAL);
+}
+
 TEST(Win32Desktop, A_cancelled_or_closed_input_box_gives_nothing) {
     Win32Desktop desktop;
     for (const bool close : {false, true}) {
@@ -283,14 +303,34 @@ class FileDialogs : public testing::Test {
     FileDialog dialog;
 };
 
-TEST_F(FileDialogs, The_full_path_of_the_chosen_file_comes_back_and_no_folder_is_changed) {
-    const auto before = files.currentFolder();
+TEST_F(FileDialogs, The_full_path_of_the_chosen_file_comes_back) {
     const User user("Save As", [&](HWND shown) {
         type(nameField(shown), "caf\xE9.ini");
         press(shown, IDOK);
     });
     EXPECT_EQ(desktop.chooseFile(dialog), folder + "\\caf\xE9.ini");
-    EXPECT_EQ(files.currentFolder(), before);
+}
+
+// A dialog may take the program along to the folders that its user looks into.
+TEST_F(FileDialogs, The_current_folder_stays_wherever_the_user_goes) {
+    const auto before = files.currentFolder();
+    for (const auto kind : {FileDialog::Kind::Open, FileDialog::Kind::Save}) {
+        for (const bool cancelled : {false, true}) {
+            dialog.kind = kind;
+            const User user("Save As", [&](HWND shown) {
+                EXPECT_NE(SetCurrentDirectoryW(toWide(folder).c_str()), FALSE);
+                type(nameField(shown), "new.ini");
+                press(shown, cancelled ? IDCANCEL : IDOK);
+            });
+            if (cancelled) {
+                EXPECT_THROW((void)desktop.chooseFile(dialog), RunTimeError);
+            } else {
+                EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\new.ini)");
+            }
+            EXPECT_EQ(files.currentFolder(), before);
+            SetCurrentDirectoryW(toWide(before).c_str());
+        }
+    }
 }
 
 TEST_F(FileDialogs, Name_and_filters_are_shown_with_the_asked_one_first) {

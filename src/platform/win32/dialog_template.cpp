@@ -21,10 +21,10 @@ DialogTemplate::DialogTemplate(DWORD style, DialogArea area) {
     append(0); // no menu
     append(0); // the usual class
     appendText(L"");
-    append(8); // points
+    append(9); // points
     append(FW_NORMAL);
     append(static_cast<std::uint16_t>(DEFAULT_CHARSET << 8U));
-    appendText(L"MS Shell Dlg");
+    appendText(L"Segoe UI");
 }
 
 void DialogTemplate::add(ControlClass controlClass, DWORD id, DWORD style, DialogArea area,

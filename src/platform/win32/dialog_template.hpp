@@ -18,8 +18,8 @@ struct DialogArea {
 
 enum class ControlClass : WORD { Button = 0x0080, Edit = 0x0081, Static = 0x0082 };
 
-// A dialog described in memory, in the operating system's font: what a resource would be in a
-// program, for a library that has none.
+// A dialog described in memory, in the font of the program's dialog resources: what a resource
+// would be in a program, for a library that has none.
 class DialogTemplate {
   public:
     DialogTemplate(DWORD style, DialogArea area);

@@ -20,16 +20,16 @@ struct InputBox {
 
 DialogTemplate inputBoxTemplate() {
     DialogTemplate dialog(DS_MODALFRAME | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU,
-                          {.x = 0, .y = 0, .width = 270, .height = 96});
+                          {.x = 0, .y = 0, .width = 270, .height = 105});
     // A "&" in a prompt is a character like any other.
     dialog.add(ControlClass::Static, promptId, SS_LEFT | SS_NOPREFIX,
-               {.x = 7, .y = 7, .width = 195, .height = 60}, L"");
+               {.x = 7, .y = 7, .width = 256, .height = 52}, L"");
     dialog.add(ControlClass::Edit, inputBoxField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
-               {.x = 7, .y = 74, .width = 256, .height = 14}, L"");
+               {.x = 7, .y = 65, .width = 256, .height = 12}, L"");
     dialog.add(ControlClass::Button, IDOK, BS_DEFPUSHBUTTON | WS_TABSTOP,
-               {.x = 213, .y = 7, .width = 50, .height = 14}, L"OK");
+               {.x = 159, .y = 84, .width = 50, .height = 14}, L"OK");
     dialog.add(ControlClass::Button, IDCANCEL, BS_PUSHBUTTON | WS_TABSTOP,
-               {.x = 213, .y = 24, .width = 50, .height = 14}, L"Cancel");
+               {.x = 213, .y = 84, .width = 50, .height = 14}, L"Cancel");
     return dialog;
 }
 

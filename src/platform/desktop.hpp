@@ -47,7 +47,7 @@ class Desktop {
 
     // The full path that the user chose. A name that is to be saved under and has no extension gets
     // that of the first filter, as long as that filter is chosen (see default_extension.hpp).
-    // Raises 32755 when the dialog is cancelled.
+    // Raises 32755 when the dialog is cancelled. The current folder stays, wherever the user went.
     virtual std::string chooseFile(const FileDialog& dialog) = 0;
 
     // Opens a file or web address with the program associated with it, in a normal window, with

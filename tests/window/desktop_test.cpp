@@ -246,14 +246,34 @@ class FileDialogs : public testing::Test {
     FileDialog dialog;
 };
 
-TEST_F(FileDialogs, The_full_path_of_the_chosen_file_comes_back_and_no_folder_is_changed) {
-    const auto before = files.currentFolder();
+TEST_F(FileDialogs, The_full_path_of_the_chosen_file_comes_back) {
     const User user("Save As", [&](HWND shown) {
         type(nameField(shown), "caf\xE9.ini");
         press(shown, IDOK);
     });
     EXPECT_EQ(desktop.chooseFile(dialog), folder + "\\caf\xE9.ini");
-    EXPECT_EQ(files.currentFolder(), before);
+}
+
+// A dialog may take the program along to the folders that its user looks into.
+TEST_F(FileDialogs, The_current_folder_stays_wherever_the_user_goes) {
+    const auto before = files.currentFolder();
+    for (const auto kind : {FileDialog::Kind::Open, FileDialog::Kind::Save}) {
+        for (const bool cancelled : {false, true}) {
+            dialog.kind = kind;
+            const User user("Save As", [&](HWND shown) {
+                EXPECT_NE(SetCurrentDirectoryW(toWide(folder).c_str()), FALSE);
+                type(nameField(shown), "new.ini");
+                press(shown, cancelled ? IDCANCEL : IDOK);
+            });
+            if (cancelled) {
+                EXPECT_THROW((void)desktop.chooseFile(dialog), RunTimeError);
+            } else {
+                EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\new.ini)");
+            }
+            EXPECT_EQ(files.currentFolder(), before);
+            SetCurrentDirectoryW(toWide(before).c_str());
+        }
+    }
 }
 
 TEST_F(FileDialogs, Name_and_filters_are_shown_with_the_asked_one_first) {

@@ -132,3 +132,39 @@ test_escape_ends_an_edit_and_never_the_program() {
     close_unchanged
     definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
 }
+
+# The children of a grid are its cells, counted from 1, four to a row and the header first.
+test_a_screen_reader_hears_where_in_a_grid_the_keyboard_is_and_what_changes_there() {
+    launch_defined
+    press chkfixdoc
+    listen
+    key Tab Tab # over the button
+    expect_heard 'focus cmdOutputFolder 0' 'focus grdFiles 0' 'focus grdFiles 5'
+    key Down Right
+    expect_heard 'focus grdFiles 9' 'focus grdFiles 10'
+    key Left space # a tick more, and one less
+    expect_heard 'focus grdFiles 9' 'name grdFiles 9' 'state grdFiles 9'
+    key space
+    expect_heard 'name grdFiles 9' 'state grdFiles 9'
+    key alt+F4
+    expect_window Tarnwick
+    key alt+n
+    expect_end
+}
+
+# Not over the first control of the window.
+test_the_keyboard_goes_straight_from_what_is_hidden_or_switched_off_to_its_heir() {
+    launch_defined
+    press_cell grdFiles 1 1
+    listen
+    key Right F2
+    expect_heard 'focus grdFiles 7' 'focus txtEdit 0'
+    key Escape
+    expect_heard 'focus grdFiles 0' 'focus grdFiles 7'
+    press lstAvailable
+    key Home Tab
+    ask heard "$title"
+    key Return # on ">", which has nothing to do then
+    expect_heard 'focus lstAvailable 0'
+    close_unchanged
+}

@@ -95,6 +95,14 @@ expect_message() {
     expect_closed "$1"
 }
 
+# What the main window tells a screen reader, from now on.
+listen() { ask listen; }
+# expect_heard LINE...: exactly these since the last time; see window_probe.cpp.
+expect_heard() {
+    ask heard "$title"
+    [ "${answer[*]}" = "$*" ] || fail "not \"$*\" is heard but \"${answer[*]}\""
+}
+
 # press CONTROL [X Y]: a click on the middle of it, or X and Y pixels from its corner.
 press() {
     local x y width height _

@@ -177,3 +177,41 @@ test_the_window_stands_on_the_taskbar_and_not_behind_it() {
     picture_of root main-above-taskbar
     close_above
 }
+
+# What the user's text size, 225 per cent of the usual one, makes of the system's title and menu bar.
+enlarge_text() {
+    local metrics='HKCU\Control Panel\Desktop\WindowMetrics' name
+    for name in CaptionHeight MenuHeight; do
+        "$wine_run" reg add "$metrics" /v $name /t REG_SZ /d -615 /f >"$work/reg.log" 2>&1 # 41 pixels
+    done
+    for name in CaptionFont MenuFont; do # 27 pixels high, of the usual weight
+        "$wine_run" reg add "$metrics" /v $name /t REG_BINARY /d \
+            "e5ffffff$(printf '%024d' 0)90010000$(printf '%016d' 0)$(printf Tahoma | iconv -t utf-16le |
+                od -An -v -tx1 | tr -d ' \n')$(printf '%0104d' 0)" /f >"$work/reg.log" 2>&1
+    done
+    stop_wine # it looks once
+}
+# A run that has failed may have left it.
+forget_text_size() {
+    grep -q '"MenuHeight"="-615"' "$TARNWICK_WINE_BUILD/wine/user.reg" 2>/dev/null || return 0
+    "$wine_run" reg delete 'HKCU\Control Panel\Desktop\WindowMetrics' /f >"$work/reg.log" 2>&1
+    stop_wine
+}
+
+test_with_large_letters_in_title_and_menu_everything_has_its_place() {
+    local top height list_top list_height _
+    enlarge_text
+    launch_defined
+    picture_of root main-large-text
+    read -r _ list_top _ list_height _ < <(line_of lstAvailable)
+    [ "$list_height" -lt 107 ] || fail "the lists are $list_height pixels high: nothing is large"
+    for number in 1 2 3 4; do
+        read -r _ top _ height _ < <(line_of cmdSelectFiles$number)
+        [ "$top" -ge "$list_top" ] && [ $((top + height)) -le $((list_top + list_height)) ] ||
+            fail "button $number is at $top, $height high; the lists at $list_top, $list_height high"
+    done
+    read -r _ top _ < <(line_of StatusBar1)
+    [ $((list_top + list_height)) -lt "$top" ] || fail 'the status bar covers the lists'
+    close_unchanged
+    forget_text_size
+}

@@ -28,6 +28,7 @@ the_icons_are_as_fine_as_the_screen() {
 
 run_all_tests() {
     set_resolution 96
+    forget_text_size
     chosen=()
     [ "${TARNWICK_ONLY:-}" = 192 ] || choose_tests
     for test_name in "${chosen[@]}"; do

@@ -27,6 +27,13 @@
 //                      clicks, and then until the program has dealt with those. The answer is
 //                      "yes NUMBER", with the screen's own number of the window that has the
 //                      keyboard then, or "no". The programs never see these two keys.
+//   listen             hears from now on what programs tell a screen reader
+//   heard TITLE        what it has heard of that window's controls since it was asked last:
+//
+//       KIND NAME CHILD
+//
+//     KIND is focus, name or state (which have changed); CHILD is the number of a part of the
+//     control, 0 for the control as a whole
 //   idle               waits until the programs have dealt with all that they know of
 //
 // Where there is no such window, the answer to "look" and "names" is "no window".
@@ -35,6 +42,7 @@
 // The status 1 tells that there is no such window.
 
 #include "window/control_texts.hpp"
+#include "window/heard_events.hpp"
 #include "window/input_marks.hpp"
 
 #include <windows.h>
@@ -49,12 +57,14 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace {
 
+using tarnwick::probe::HeardEvents;
 using tarnwick::probe::InputMarks;
 using tarnwick::probe::kindOf;
 using tarnwick::probe::namesOfControls;
@@ -210,6 +220,29 @@ void waitUntilSettled(const InputMarks& marks, const std::string& key) {
               << '\n';
 }
 
+const char* nameOf(const HeardEvents::Event& event) {
+    switch (event.kind) {
+    case EVENT_OBJECT_FOCUS:
+        return "focus";
+    case EVENT_OBJECT_NAMECHANGE:
+        return "name";
+    default:
+        return "state";
+    }
+}
+
+void printHeard(const std::vector<HeardEvents::Event>& events, const std::string& title) {
+    const std::map<HWND, std::string> names =
+        namesOfControls(FindWindowW(nullptr, utf16(title).c_str()));
+    for (const HeardEvents::Event& event : events) {
+        const auto itself = names.find(event.window);
+        const auto control = itself != names.end() ? itself : names.find(GetParent(event.window));
+        if (control != names.end()) { // else it is of another window
+            std::cout << nameOf(event) << ' ' << control->second << ' ' << event.child << '\n';
+        }
+    }
+}
+
 std::vector<std::string> wordsOf(const std::string& line) {
     std::vector<std::string> words(1);
     for (const char character : line) {
@@ -226,7 +259,13 @@ void print(bool yes) {
     std::cout << (yes ? "yes\n" : "no\n");
 }
 
-void answer(const std::string& what, const std::string& about, const InputMarks& marks) {
+// What the probe has besides its eyes, while it serves.
+struct Senses {
+    InputMarks marks;
+    std::optional<HeardEvents> events; // once it was told to listen
+};
+
+void answer(const std::string& what, const std::string& about, Senses& senses) {
     if (what == "look") {
         HWND window = FindWindowW(nullptr, utf16(about).c_str());
         HWND focus = window == nullptr ? nullptr : focusOf(window);
@@ -251,7 +290,14 @@ void answer(const std::string& what, const std::string& about, const InputMarks&
     } else if (what == "iconic") {
         print(IsIconic(FindWindowW(nullptr, utf16(about).c_str())) != FALSE);
     } else if (what == "settled") {
-        waitUntilSettled(marks, about);
+        waitUntilSettled(senses.marks, about);
+    } else if (what == "listen") {
+        if (!senses.events) {
+            senses.events.emplace();
+        }
+        static_cast<void>(senses.events->take());
+    } else if (what == "heard") {
+        printHeard(senses.events.value().take(), about);
     } else if (what == "idle") {
         waitUntilIdle();
     } else {
@@ -263,12 +309,12 @@ int serve() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     CoInitialize(nullptr);
-    const InputMarks marks;
+    Senses senses;
     std::string line;
     while (std::getline(std::cin, line)) {
         std::vector<std::string> words = wordsOf(line);
         words.resize(2);
-        answer(words[0], words[1], marks);
+        answer(words[0], words[1], senses);
         std::cout << ".\n" << std::flush;
     }
     CoUninitialize();

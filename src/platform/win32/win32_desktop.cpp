@@ -4,6 +4,7 @@
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
+#include "platform/win32/filled_text.hpp"
 #include "platform/win32/system_text.hpp"
 #include "platform/win32/unusable_text.hpp"
 
@@ -28,7 +29,7 @@ UINT styleOf(const Message& message) noexcept {
 }
 
 DWORD flagsOf(const FileDialog& dialog) noexcept {
-    DWORD flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
+    DWORD flags = OFN_EXPLORER;
     flags |= dialog.fileMustExist ? OFN_FILEMUSTEXIST : 0U;
     flags |= dialog.overwritePrompt ? OFN_OVERWRITEPROMPT : 0U;
     flags |= dialog.hideReadOnly ? OFN_HIDEREADONLY : 0U;
@@ -41,6 +42,23 @@ std::wstring filterList(std::string_view filter) {
     std::ranges::replace(list, L'|', L'\0');
     return list + std::wstring(2, L'\0');
 }
+
+// The folder in which the program stands stays the same, wherever the user goes meanwhile. The
+// system's own option for that means nothing to a dialog that opens.
+class CurrentFolderKept {
+  public:
+    CurrentFolderKept()
+        : folder_(filledBy(
+              [](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); })) {}
+    CurrentFolderKept(const CurrentFolderKept&) = delete;
+    CurrentFolderKept(CurrentFolderKept&&) = delete;
+    CurrentFolderKept& operator=(const CurrentFolderKept&) = delete;
+    CurrentFolderKept& operator=(CurrentFolderKept&&) = delete;
+    ~CurrentFolderKept() { SetCurrentDirectoryW(folder_.c_str()); }
+
+  private:
+    std::wstring folder_;
+};
 
 // Whether a file was chosen; its name is in `name` then, and the filter that it was chosen by in
 // `filterIndex`.
@@ -99,6 +117,7 @@ MessageAnswer Win32Desktop::show(const Message& message) {
 }
 
 std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
+    const CurrentFolderKept kept;
     constexpr std::size_t longestPath = 32768;
     std::wstring name = toWide(dialog.fileName).substr(0, longestPath - 1);
     name.resize(longestPath);

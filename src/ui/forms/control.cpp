@@ -11,13 +11,21 @@ Control::Control(Form& form, std::string_view name) : form_(form), name_(name) {
 }
 
 void Control::setEnabled(bool enabled) {
-    set(enabled_, enabled, Property::Enabled);
-    form_.keepFocusUsable();
+    setUsable(enabled_, enabled, Property::Enabled);
 }
 
 void Control::setVisible(bool visible) {
-    set(visible_, visible, Property::Visible);
-    form_.keepFocusUsable();
+    setUsable(visible_, visible, Property::Visible);
+}
+
+// The focus moves on first: a window that is switched off with the keyboard in it leaves that to
+// the system, which gives it to the first control on the way, and a screen reader says so.
+void Control::setUsable(bool& member, bool value, Property property) {
+    if (member != value) {
+        member = value;
+        form_.keepFocusUsable();
+        tellView(property);
+    }
 }
 
 void Control::setBounds(const Bounds& bounds) {

@@ -95,6 +95,8 @@ class Control {
     }
 
   private:
+    void setUsable(bool& member, bool value, Property property);
+
     Form& form_;
     std::string name_;
     std::string accessibleName_;

@@ -250,7 +250,7 @@ class frmMain final : public Form, private RunWindow {
     void layOutInput(int bottom);
     void layOutLists(int bottom);
     void layOutButtons(int rightEdge, int bottom);
-    void layOutStatus(Size content);
+    void layOutStatus(Size content, int statusHeight);
 
     void connectCommands();
     void connectFields();

@@ -48,7 +48,7 @@ constexpr int topOfCFG = topOfGroups + groupsHeight + margin;
 constexpr int topOfInput = topOfCFG + fieldHeight + 90;
 constexpr int inputWidth = 9900;
 
-constexpr int statusHeight = 315;
+constexpr int leastStatusHeight = 315;
 constexpr int statusPanel2 = 3000;
 constexpr int statusPanel3 = 2400;
 
@@ -112,11 +112,13 @@ void frmMain::layOut(Size content) {
                            .height = fieldHeight});
     layOutCNS();
     layOutMP(content.width - margin);
+    // The system may make it higher than asked.
+    const int statusHeight = std::max(leastStatusHeight, StatusBar1.bounds().height);
     const int bottom = content.height - statusHeight - margin;
     layOutInput(bottom);
     layOutLists(bottom);
     layOutButtons(content.width - margin, bottom);
-    layOutStatus(content);
+    layOutStatus(content, statusHeight);
     setColumns(grdCNS);
     setColumns(grdFiles);
 }
@@ -197,6 +199,7 @@ void frmMain::layOutLists(int bottom) {
     constexpr int moveWidth = 720;
     constexpr int moveHeight = 345;
     constexpr int movePitch = 420;
+    constexpr int leastBetween = 15;
     const int listTop = topOfInput + 1350;
     const int listWidth = (inputWidth - 2 * inset - moveWidth - 2 * gap) / 2;
     const int listHeight = bottom - inset - listTop;
@@ -204,13 +207,15 @@ void frmMain::layOutLists(int bottom) {
         {.left = left, .top = listTop, .width = listWidth, .height = listHeight});
     lblAvailable.setBounds(labelAbove(lstAvailable.bounds()));
     const int moves = static_cast<int>(cmdSelectFiles.size());
-    int moveTop = listTop + std::max(0, (listHeight - (moves - 1) * movePitch - moveHeight) / 2);
+    // A large text size makes the system's title and menu higher: then the buttons move together,
+    // and at last become lower.
+    const int pitch = std::clamp((listHeight + leastBetween) / moves, leastBetween, movePitch);
+    const int height = std::min(moveHeight, pitch - leastBetween);
+    int moveTop = listTop + std::max(0, (listHeight - (moves - 1) * pitch - height) / 2);
     for (Button& button : cmdSelectFiles) {
-        button.setBounds({.left = left + listWidth + gap,
-                          .top = moveTop,
-                          .width = moveWidth,
-                          .height = moveHeight});
-        moveTop += movePitch;
+        button.setBounds(
+            {.left = left + listWidth + gap, .top = moveTop, .width = moveWidth, .height = height});
+        moveTop += pitch;
     }
     lstSelected.setBounds({.left = left + listWidth + gap + moveWidth + gap,
                            .top = listTop,
@@ -231,7 +236,7 @@ void frmMain::layOutButtons(int rightEdge, int bottom) {
     }
 }
 
-void frmMain::layOutStatus(Size content) {
+void frmMain::layOutStatus(Size content, int statusHeight) {
     StatusBar1.setBounds({.left = 0,
                           .top = content.height - statusHeight,
                           .width = content.width,

@@ -35,9 +35,38 @@ void ComboBoxWindow::changed(Property property) {
         showText();
     } else if (property == Property::Text) {
         showText();
+    } else if (property == Property::Bounds) {
+        keepingText([&] { ControlWindow::changed(property); });
     } else {
         ControlWindow::changed(property);
     }
+}
+
+void ComboBoxWindow::resolutionChanged() {
+    keepingText([this] { ControlWindow::resolutionChanged(); });
+    if (GetFocus() != field()) {
+        unmark(); // the system has laid it out before
+    }
+}
+
+// The system's own box completes its text from its list when its size changes, and marks it.
+void ComboBoxWindow::keepingText(const std::function<void()>& resize) {
+    const LRESULT marked = SendMessageW(window(), CB_GETEDITSEL, 0, 0);
+    resize();
+    if (windowText(window()) != comboBox_.text()) {
+        setWindowText(window(), comboBox_.text());
+    }
+    SendMessageW(window(), CB_SETEDITSEL, 0, marked);
+}
+
+void ComboBoxWindow::unmark() {
+    SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
+}
+
+HWND ComboBoxWindow::field() const noexcept {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    return GetComboBoxInfo(window(), &parts) != FALSE ? parts.hwndItem : nullptr;
 }
 
 void ComboBoxWindow::showText() {
@@ -53,7 +82,7 @@ void ComboBoxWindow::notified(WORD code) {
         comboBox_.userPicked(static_cast<std::size_t>(picked()));
     } else if (code == CBN_KILLFOCUS) {
         // Else its text would stay marked as if it still had the focus.
-        SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
+        unmark();
     }
 }
 
@@ -64,10 +93,8 @@ void ComboBoxWindow::edited() {
         return;
     }
     showText();
-    COMBOBOXINFO parts{};
-    parts.cbSize = sizeof parts;
-    if (GetComboBoxInfo(window(), &parts) != FALSE) {
-        tellRefused(parts.hwndItem);
+    if (field() != nullptr) {
+        tellRefused(field());
     }
 }
 

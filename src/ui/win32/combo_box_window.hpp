@@ -4,6 +4,7 @@
 #include "ui/forms/drive_list.hpp"
 #include "ui/win32/control_window.hpp"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -30,11 +31,16 @@ class ComboBoxWindow final : public DropDownWindow {
         : DropDownWindow(comboBox, window), comboBox_(comboBox) {}
 
     void changed(Property property) override;
+    void resolutionChanged() override;
     void notified(WORD code) override;
 
   private:
     void showText();
     void edited();
+    void keepingText(const std::function<void()>& resize);
+    void unmark();
+    // The window to type into; null where the system does not say.
+    [[nodiscard]] HWND field() const noexcept;
 
     ComboBox& comboBox_;
 };

@@ -6,7 +6,6 @@
 #include "ui/forms/measures.hpp"
 #include "ui/forms/window_place.hpp"
 #include "ui/win32/grid_window.hpp"
-#include "ui/win32/monitor.hpp"
 #include "ui/win32/resource_names.hpp"
 #include "ui/win32/session_hold.hpp"
 #include "ui/win32/view_messages.hpp"
@@ -234,9 +233,10 @@ void FormView::bind() {
     menuBar_.show(dialog_, form_.menu());
     setWindowText(dialog_, form_.caption());
     icons_.show(dialog_);
-    const RECT screen = screenArea();
-    form_.measured(windowSize(), {.width = toTwips(screen.right - screen.left, dpi()),
-                                  .height = toTwips(screen.bottom - screen.top, dpi())});
+    const Screen screen = formsScreen();
+    form_.measured(windowSize(),
+                   {.width = toTwips(screen.whole.right - screen.whole.left, screen.dpi),
+                    .height = toTwips(screen.whole.bottom - screen.whole.top, screen.dpi)});
     form_.attach(*this);
     resized(SIZE_RESTORED);
 }
@@ -323,9 +323,9 @@ void FormView::lookWhereTheFocusIs() {
 void FormView::moved() {
     RECT window{};
     if (IsIconic(dialog_) == FALSE && GetWindowRect(dialog_, &window) != FALSE) {
-        const RECT screen = screenArea();
-        form_.userMoved(toTwips(window.left - screen.left, dpi()),
-                        toTwips(window.top - screen.top, dpi()));
+        const Screen screen = formsScreen();
+        form_.userMoved(toTwips(window.left - screen.whole.left, screen.dpi),
+                        toTwips(window.top - screen.whole.top, screen.dpi));
     }
 }
 
@@ -388,17 +388,16 @@ bool FormView::showPointer(WORD hit) const noexcept {
 // Puts the middle of the window where the form has it (the frame that the system draws is not
 // exactly the one that the form counts), but not under a taskbar.
 void FormView::place() {
-    const MONITORINFO monitor = monitorOf(dialog_);
-    const RECT& screen = monitor.rcMonitor;
+    const Screen screen = formsScreen();
     RECT now{};
     GetWindowRect(dialog_, &now);
     const Bounds& wanted = form_.window();
-    const int middle = screen.left + toPixels(wanted.left + wanted.width / 2, dpi());
-    const int centre = screen.top + toPixels(wanted.top + wanted.height / 2, dpi());
+    const int middle = screen.whole.left + toPixels(wanted.left + wanted.width / 2, screen.dpi);
+    const int centre = screen.whole.top + toPixels(wanted.top + wanted.height / 2, screen.dpi);
     const int width = now.right - now.left;
     const int height = now.bottom - now.top;
     const Bounds place = movedInto(
-        boundsOf(monitor.rcWork),
+        boundsOf(screen.workArea),
         {.left = middle - width / 2, .top = centre - height / 2, .width = width, .height = height});
     SetWindowPos(dialog_, nullptr, place.left, place.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -422,8 +421,11 @@ int FormView::dpi() const noexcept {
     return static_cast<int>(GetDpiForWindow(dialog_));
 }
 
-RECT FormView::screenArea() const noexcept {
-    return monitorOf(dialog_).rcMonitor;
+// The one that the form counts from. A dialog shares its owner's: it may be on another one as yet,
+// and of another resolution.
+Screen FormView::formsScreen() const noexcept {
+    HWND owner = GetWindow(dialog_, GW_OWNER);
+    return screenOf(owner == nullptr ? dialog_ : owner);
 }
 
 } // namespace tarnwick

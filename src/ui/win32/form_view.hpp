@@ -4,6 +4,7 @@
 #include "ui/win32/com_pointer.hpp"
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/menu_bar.hpp"
+#include "ui/win32/monitor.hpp"
 #include "ui/win32/program_icon.hpp"
 
 #include <windows.h>
@@ -82,7 +83,7 @@ class FormView : public View {
     void answer(LRESULT result) const noexcept;
 
     [[nodiscard]] ControlWindow* find(HWND window) const noexcept;
-    [[nodiscard]] RECT screenArea() const noexcept;
+    [[nodiscard]] Screen formsScreen() const noexcept;
 
     ComUser components_; // kept for all: to start them for each control takes time
     Form& form_;

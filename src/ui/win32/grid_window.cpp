@@ -9,7 +9,7 @@
 
 #include <windowsx.h>
 
-#include <exception>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -118,6 +118,9 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         return DLGC_WANTARROWS | DLGC_WANTCHARS | dialogCodeForKey(window, lParam);
     case WM_SETFOCUS:
         tellDialog(window, gotFocus);
+        if (grid != nullptr) {
+            grid->tellCurrentCell(); // the system has told of the grid as a whole
+        }
         return 0;
     case WM_KILLFOCUS:
         tellDialog(window, lostFocus);
@@ -200,10 +203,12 @@ void GridWindow::drawInto(HDC context, const RECT& area) {
 void GridWindow::changed(Property property) {
     switch (property) {
     case Property::Cells:
+        showContents();
+        tellChangedCell();
+        break;
     case Property::Selection:
-        showScrollBar();
-        InvalidateRect(window(), nullptr, FALSE);
-        tellScreenReader(property);
+        showContents();
+        tellCurrentCell();
         break;
     case Property::AccessibleName:
         break; // it is asked for
@@ -223,6 +228,11 @@ void GridWindow::resolutionChanged() {
     changed(Property::Cells);
 }
 
+void GridWindow::showContents() {
+    showScrollBar();
+    InvalidateRect(window(), nullptr, FALSE);
+}
+
 void GridWindow::showScrollBar() {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
@@ -234,12 +244,39 @@ void GridWindow::showScrollBar() {
     SetScrollInfo(window(), SB_VERT, &info, TRUE);
 }
 
-void GridWindow::tellScreenReader(Property property) const noexcept {
+GridWindow::Spoken GridWindow::currentCell() const {
+    if (grid_.row() >= grid_.rows()) {
+        return {};
+    }
+    return {.place = {.row = grid_.row(), .column = grid_.column()},
+            .name = grid_.accessibleText(grid_.row(), grid_.column()),
+            .ticked = grid_.cell(grid_.row(), grid_.column()).showsTick()};
+}
+
+void GridWindow::tellCurrentCell() {
     if (GetFocus() == window()) {
-        NotifyWinEvent(property == Property::Selection ? EVENT_OBJECT_FOCUS
-                                                       : EVENT_OBJECT_NAMECHANGE,
-                       window(), OBJID_CLIENT,
-                       accessibleChild(grid_, {.row = grid_.row(), .column = grid_.column()}));
+        told_ = currentCell();
+        tellScreenReader(EVENT_OBJECT_FOCUS);
+    }
+}
+
+void GridWindow::tellChangedCell() {
+    Spoken now = currentCell();
+    if (GetFocus() != window() || now.place != told_.place) {
+        return; // it is about to be told of as a whole
+    }
+    const Spoken before = std::exchange(told_, std::move(now));
+    if (before.name != told_.name) {
+        tellScreenReader(EVENT_OBJECT_NAMECHANGE);
+    }
+    if (before.ticked != told_.ticked) {
+        tellScreenReader(EVENT_OBJECT_STATECHANGE);
+    }
+}
+
+void GridWindow::tellScreenReader(DWORD event) const noexcept {
+    if (told_.place.row > 0) {
+        NotifyWinEvent(event, window(), OBJID_CLIENT, accessibleChild(grid_, told_.place));
     }
 }
 

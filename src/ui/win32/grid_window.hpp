@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace tarnwick {
 
 // A grid, in a window of a class of our own: "TarnwickGrid" in a dialog resource. It has the styles
@@ -32,6 +34,13 @@ class GridWindow final : public ControlWindow {
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
   private:
+    // What a screen reader says of a cell.
+    struct Spoken {
+        Grid::Place place; // in the header when there are no rows of data
+        std::string name;
+        bool ticked = false;
+    };
+
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
     [[nodiscard]] static bool looksOtherwise(HWND window, GridWindow* grid, UINT message,
@@ -41,11 +50,17 @@ class GridWindow final : public ControlWindow {
     void typed(wchar_t character);
     void pressed(LPARAM place);
     void scrolled(WORD how);
+    void showContents();
     void showScrollBar();
-    void tellScreenReader(Property property) const noexcept;
+    [[nodiscard]] Spoken currentCell() const;
+    // A screen reader is told where the focus is, or what has changed about that cell.
+    void tellCurrentCell();
+    void tellChangedCell();
+    void tellScreenReader(DWORD event) const noexcept;
 
     Grid& grid_;
     GridPainter painter_;
+    Spoken told_; // last, with the focus here
 };
 
 } // namespace tarnwick

@@ -88,9 +88,10 @@ void ListBoxWindow::showItems() {
     }
     if (!items.empty()) {
         const int last = static_cast<int>(items.size()) - 1;
+        const auto place = static_cast<WPARAM>(std::clamp(caret, 0, last));
         showSelection();
-        SendMessageW(window(), LB_SETCARETINDEX, static_cast<WPARAM>(std::clamp(caret, 0, last)),
-                     FALSE);
+        SendMessageW(window(), LB_SETANCHORINDEX, place, 0); // from where Shift and an arrow mark
+        SendMessageW(window(), LB_SETCARETINDEX, place, FALSE);
         SendMessageW(window(), LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top, 0, last)), 0);
     }
 }

@@ -2,11 +2,13 @@
 
 namespace tarnwick {
 
-MONITORINFO monitorOf(HWND window) noexcept {
+Screen screenOf(HWND window) noexcept {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor;
+    return {.whole = monitor.rcMonitor,
+            .workArea = monitor.rcWork,
+            .dpi = static_cast<int>(GetDpiForWindow(window))};
 }
 
 Bounds boundsOf(const RECT& area) noexcept {

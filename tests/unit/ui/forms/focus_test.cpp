@@ -224,5 +224,29 @@ TEST_F(Focus, A_control_that_is_switched_off_passes_it_on_without_an_event) {
     EXPECT_THAT(events, IsEmpty());
 }
 
+// Tells of itself only that it is switched off or hidden, and where the focus is by then.
+struct SwitchedOff : View {
+    explicit SwitchedOff(Control& control) : control_(control) { control.attach(*this); }
+    void changed(Property property) override {
+        if (property == Property::Enabled || property == Property::Visible) {
+            const Control* const focused = control_.form().focused();
+            told.push_back(focused == nullptr ? "nobody" : focused->name());
+        }
+    }
+    std::vector<std::string> told;
+
+  private:
+    Control& control_;
+};
+
+TEST_F(Focus, It_has_moved_on_before_the_window_of_a_control_is_switched_off_or_hidden) {
+    SwitchedOff a(form.a);
+    SwitchedOff b(form.b);
+    form.a.setEnabled(false);
+    EXPECT_THAT(a.told, ElementsAre("b"));
+    form.b.setVisible(false);
+    EXPECT_THAT(b.told, ElementsAre("cmdOK"));
+}
+
 } // namespace
 } // namespace tarnwick

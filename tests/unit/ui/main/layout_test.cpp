@@ -77,9 +77,18 @@ TEST_F(Layout, The_columns_of_the_grids_have_their_widths) {
 }
 
 TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
-    // The whole height, and what is left of it below a menu bar; narrow frames and wide ones.
-    for (const Size taken : {Size{120, 405}, Size{90, 690}, Size{240, 720}}) {
+    struct Taken : Size {
+        int statusHeight = 0; // 0: as it was laid out
+    };
+    // The whole height, and what is left of it below a menu bar; narrow frames and wide ones; title
+    // and menu in letters of more than twice the size, where the status bar may be higher as well.
+    for (const Taken& taken : {Taken{{120, 405}}, Taken{{90, 690}}, Taken{{240, 720}},
+                               Taken{{90, 1380}}, Taken{{90, 1380}, 645}}) {
         form.measuredFrame(taken);
+        if (taken.statusHeight != 0) {
+            form.StatusBar1.setBounds(
+                {.left = 0, .top = 0, .width = 1, .height = taken.statusHeight});
+        }
         form.Resize();
         const Bounds room{.left = 0,
                           .top = 0,
@@ -113,6 +122,32 @@ TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
                 }
             }
         }
+    }
+}
+
+// By default the lists are 2085 twips high.
+TEST_F(Layout, The_four_buttons_stay_beside_the_lists_when_large_letters_make_these_low) {
+    struct Look {
+        int frame;
+        int pitch;
+        int height;
+    };
+    for (const Look& look : {Look{.frame = 405, .pitch = 420, .height = 345},
+                             Look{.frame = 885, .pitch = 405, .height = 345},
+                             Look{.frame = 1380, .pitch = 281, .height = 266}}) {
+        form.measuredFrame({.width = 90, .height = look.frame});
+        form.Resize();
+        const Bounds& list = form.lstAvailable.bounds();
+        const auto& buttons = form.cmdSelectFiles;
+        EXPECT_EQ(list.height, 2490 - look.frame);
+        for (std::size_t i = 0; i < buttons.size(); ++i) {
+            EXPECT_EQ(buttons.at(i).bounds().height, look.height);
+            EXPECT_EQ(buttons.at(i).bounds().top,
+                      buttons.at(0).bounds().top + static_cast<int>(i) * look.pitch);
+        }
+        const int below = list.top + list.height - buttons.at(3).bounds().top - look.height;
+        EXPECT_GE(buttons.at(0).bounds().top, list.top);
+        EXPECT_NEAR(buttons.at(0).bounds().top - list.top, below, 1);
     }
 }
 

@@ -109,11 +109,11 @@ screenshots: windows
 
 check-format:
 	@$(ensure) clang-format-19
-	clang-format-19 --dry-run --Werror $(sources)
+	@clang-format-19 --dry-run --Werror $(sources)
 
 format:
 	@$(ensure) clang-format-19
-	clang-format-19 -i $(sources)
+	@clang-format-19 -i $(sources)
 
 lint: check-format
 	@$(ensure) $(lint_packages)

@@ -15,12 +15,12 @@ constexpr int notRun = 99;
 
 // A desktop is made in the station of the process that asks for it.
 bool makeDesktop() {
-    const HWINSTA own = GetProcessWindowStation();
-    const HWINSTA station = CreateWindowStationW(L"night", 0, WINSTA_ALL_ACCESS, nullptr);
+    HWINSTA own = GetProcessWindowStation();
+    HWINSTA station = CreateWindowStationW(L"night", 0, WINSTA_ALL_ACCESS, nullptr);
     if (station == nullptr || SetProcessWindowStation(station) == FALSE) {
         return false;
     }
-    const HDESK desktop = CreateDesktopW(L"tasks", nullptr, nullptr, 0, GENERIC_ALL, nullptr);
+    HDESK desktop = CreateDesktopW(L"tasks", nullptr, nullptr, 0, GENERIC_ALL, nullptr);
     return SetProcessWindowStation(own) != FALSE && desktop != nullptr;
 }
 

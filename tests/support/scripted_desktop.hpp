@@ -27,6 +27,7 @@ class ScriptedDesktop : public Desktop {
         bool operator==(const Opened&) const = default;
     };
 
+    [[nodiscard]] bool isSeen() const noexcept override { return seen; }
     MessageAnswer show(const Message& message) override;
     std::string chooseFile(const FileDialog& dialog) override;
     std::string askForText(std::string_view prompt, std::string_view title) override;
@@ -37,6 +38,7 @@ class ScriptedDesktop : public Desktop {
     std::deque<std::optional<std::string>> chosenFiles; // nothing: the dialog is cancelled
     std::deque<std::string> typedTexts;                 // empty: cancelled
     std::int32_t openResult = 42;
+    bool seen = true;
     // Called while a message is shown, before it is answered.
     std::function<void(const Message&)> whileShown;
 

@@ -8,6 +8,7 @@ namespace tarnwick {
 // asks (see asking_window.hpp).
 class Win32Desktop : public Desktop {
   public:
+    [[nodiscard]] bool isSeen() const noexcept override;
     MessageAnswer show(const Message& message) override;
     std::string chooseFile(const FileDialog& dialog) override;
     std::string askForText(std::string_view prompt, std::string_view title) override;

@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test fuzz test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
+.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
@@ -21,7 +21,7 @@ help:
 	@echo 'make test-native  the quick loop: the tests that need no Windows'
 	@echo 'make windows      leaves build/windows/Tarnwick.exe'
 	@echo 'make dist          leaves the installer and the portable zip in build/dist/'
-	@echo 'make bench | fuzz | coverage | screenshots | lint | format | clean'
+	@echo 'make bench | fuzz | torture | coverage | screenshots | lint | format | clean'
 
 demo: windows
 	@$(ensure) $(wine_packages)
@@ -84,6 +84,12 @@ fuzz:
 	cmake --preset fuzz -D TARNWICK_FUZZ_SECONDS=$(SECONDS)
 	cmake --build --preset fuzz --target fuzz
 
+# Ends the real program in the middle of its work that many times: make torture ENDINGS=1000
+ENDINGS ?= 200
+torture: windows
+	@$(ensure) $(wine_packages)
+	TARNWICK_TORTURE=$(ENDINGS) cmake/on-virtual-screen ctest --preset windows -R torture_tests --verbose
+
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:
 	@$(ensure) $(cover_packages)
@@ -109,11 +115,11 @@ screenshots: windows
 
 check-format:
 	@$(ensure) clang-format-19
-	clang-format-19 --dry-run --Werror $(sources)
+	@clang-format-19 --dry-run --Werror $(sources)
 
 format:
 	@$(ensure) clang-format-19
-	clang-format-19 -i $(sources)
+	@clang-format-19 -i $(sources)
 
 lint: check-format
 	@$(ensure) $(lint_packages)

@@ -11,6 +11,9 @@ BrandingText "Tarnwick ${VERSION}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tarnwick"
 
+; Where the event log finds what its entries of Tarnwick say.
+!define EVENT_SOURCE_KEY "SYSTEM\CurrentControlSet\Services\EventLog\Application\Tarnwick"
+
 !define MULTIUSER_EXECUTIONLEVEL Highest
 ; Who installs for everybody says so: then Tarnwick's own folder, where its INI file would lie, cannot be
 ; written by the program.
@@ -26,6 +29,8 @@ BrandingText "Tarnwick ${VERSION}"
 !include MultiUser.nsh
 !include MUI2.nsh
 !include FileFunc.nsh
+!addincludedir "${__FILEDIR__}"
+!include safe-folder.nsh
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
@@ -126,10 +131,33 @@ FunctionEnd
   !insertmacro REQUIRE_FREE "Tarnwick.chm" "The manual of Tarnwick is open. Please close it and start this again."
 !macroend
 
-; From the folder of the new version to its place.
+; From the folder of the new version to its place. The old one is kept until all are there.
 !macro PUT_IN_PLACE NAME
-  Delete "$INSTDIR\${NAME}"
+  Delete "$INSTDIR\old version\${NAME}"
+  ${If} ${FileExists} "$INSTDIR\${NAME}"
+    Rename "$INSTDIR\${NAME}" "$INSTDIR\old version\${NAME}"
+  ${EndIf}
   Rename "$INSTDIR\new version\${NAME}" "$INSTDIR\${NAME}"
+!macroend
+
+!macro TAKE_BACK NAME
+  ${Unless} ${FileExists} "$INSTDIR\new version\${NAME}" ; the new one has its place already
+    Delete "$INSTDIR\${NAME}"
+  ${EndUnless}
+  ${Unless} ${FileExists} "$INSTDIR\${NAME}"
+    Rename "$INSTDIR\old version\${NAME}" "$INSTDIR\${NAME}"
+  ${EndUnless}
+!macroend
+
+!macro FOR_EVERY_FILE DO
+  !insertmacro ${DO} "Tarnwick.exe"
+  !insertmacro ${DO} "Tarnwick.chm"
+  !insertmacro ${DO} "Tarnwick.txt"
+  !insertmacro ${DO} "Uninstall.exe"
+!macroend
+
+!macro FORGET_OLD NAME
+  Delete "$INSTDIR\old version\${NAME}"
 !macroend
 
 Function un.onInit
@@ -141,6 +169,9 @@ FunctionEnd
 Section
   !insertmacro REQUIRE_PROGRAM_AT_REST
   !insertmacro REQUIRE_FREE "Tarnwick.txt" "Tarnwick.txt is in use. Please close it and start this again."
+  ${If} $MultiUser.InstallMode == "AllUsers"
+    Call requireSafeFolder
+  ${EndIf}
   ; First beside the old version, which stays whole when the disk is full, say.
   SetOverwrite try
   SetOutPath "$INSTDIR\new version"
@@ -154,14 +185,17 @@ Section
     RMDir /r "$INSTDIR\new version"
     !insertmacro GIVE_UP "The files of Tarnwick cannot be written into $INSTDIR."
   ${EndIf}
-  !insertmacro PUT_IN_PLACE "Tarnwick.exe"
-  !insertmacro PUT_IN_PLACE "Tarnwick.chm"
-  !insertmacro PUT_IN_PLACE "Tarnwick.txt"
-  !insertmacro PUT_IN_PLACE "Uninstall.exe"
-  RMDir "$INSTDIR\new version"
+  CreateDirectory "$INSTDIR\old version"
+  !insertmacro FOR_EVERY_FILE PUT_IN_PLACE
   ${If} ${Errors}
-    !insertmacro GIVE_UP "Some files of Tarnwick cannot be replaced in $INSTDIR. Please start this again."
+    !insertmacro FOR_EVERY_FILE TAKE_BACK
+    RMDir "$INSTDIR\old version"
+    RMDir /r "$INSTDIR\new version"
+    !insertmacro GIVE_UP "Some files of Tarnwick cannot be replaced in $INSTDIR. The old ones are in their place."
   ${EndIf}
+  RMDir "$INSTDIR\new version"
+  !insertmacro FOR_EVERY_FILE FORGET_OLD
+  RMDir "$INSTDIR\old version"
 
   CreateDirectory "$SMPROGRAMS\Tarnwick"
   CreateShortcut "$SMPROGRAMS\Tarnwick\Tarnwick.lnk" "$INSTDIR\Tarnwick.exe"
@@ -178,6 +212,11 @@ Section
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $0
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
+
+  ${If} $MultiUser.InstallMode == "AllUsers"
+    WriteRegExpandStr HKLM "${EVENT_SOURCE_KEY}" "EventMessageFile" "$INSTDIR\Tarnwick.exe"
+    WriteRegDWORD HKLM "${EVENT_SOURCE_KEY}" "TypesSupported" 7 ; errors, warnings, information
+  ${EndIf}
 SectionEnd
 
 ; File by file: the folder may hold the user's INI files, tools and records, and they stay.
@@ -191,5 +230,8 @@ Section "Uninstall"
   Delete "$SMPROGRAMS\Tarnwick\Tarnwick.lnk"
   Delete "$SMPROGRAMS\Tarnwick\Tarnwick Help.lnk"
   RMDir "$SMPROGRAMS\Tarnwick"
+  ${If} $MultiUser.InstallMode == "AllUsers"
+    DeleteRegKey HKLM "${EVENT_SOURCE_KEY}"
+  ${EndIf}
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
 SectionEnd

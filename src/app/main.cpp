@@ -2,10 +2,12 @@
 
 #include "common/left_out_report.hpp"
 #include "common/trap.hpp"
+#include "common/unseen_desktop.hpp"
 #include "definition/start_up.hpp"
 #include "platform/win32/win32_clock.hpp"
 #include "platform/win32/win32_command_interpreter.hpp"
 #include "platform/win32/win32_desktop.hpp"
+#include "platform/win32/win32_event_log.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "platform/win32/win32_pending_events.hpp"
 #include "platform/win32/win32_process.hpp"
@@ -15,6 +17,7 @@
 #include "ui/dialogs/frm_display_command_line_help.hpp"
 #include "ui/dialogs/frm_options.hpp"
 #include "ui/dialogs/pick_folder.hpp"
+#include "ui/forms/unseen_presenter.hpp"
 #include "ui/main/documentation.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/win32/win32_form_presenter.hpp"
@@ -66,6 +69,11 @@ class Application {
     }
 
     ExitStatus showMainWindow() {
+        if (!desktop_.isSeen()) { // not even loaded: it would ask, and store its settings
+            showWarning(desktop_, "Tarnwick has ended: nobody can see its window. A run without a "
+                                  "window takes the option -I.");
+            return notDone;
+        }
         frmMain main(
             {.files = files_,
              .desktop = desktop_,
@@ -85,12 +93,18 @@ class Application {
     }
 
     Win32Files files_;
-    Win32Desktop desktop_;
+    Win32Desktop screen_;
+    Win32EventLog eventLog_;
+    UnseenDesktop noScreen_{eventLog_};
+    Desktop& desktop_ = screen_.isSeen() ? static_cast<Desktop&>(screen_) : noScreen_;
     Win32CommandInterpreter interpreter_;
     Win32Clock clock_;
     Win32Process process_;
     Win32SettingsStore settings_;
-    Win32FormPresenter presenter_;
+    Win32FormPresenter shownForms_;
+    UnseenPresenter unseenForms_{desktop_};
+    FormPresenter& presenter_ =
+        desktop_.isSeen() ? static_cast<FormPresenter&>(shownForms_) : unseenForms_;
     Win32MainWindow mainWindow_;
     Win32PendingEvents events_{&mainWindow_};
 };

@@ -41,6 +41,11 @@ class Desktop {
   public:
     virtual ~Desktop() = default;
 
+    // Whether anybody can see what is shown. Where nobody can, every call returns at once, as its
+    // box would when it is answered by its default button, or cancelled (see
+    // common/unseen_desktop.hpp).
+    [[nodiscard]] virtual bool isSeen() const noexcept = 0;
+
     // Shows the message. Ok for an Ok box, however it is closed; Yes or No for the other, which is
     // shown again where it was closed otherwise. Raises 51 where a question cannot be shown.
     virtual MessageAnswer show(const Message& message) = 0;

@@ -11,13 +11,18 @@ bool isForbidden(char character) noexcept {
            std::string_view("\"<>|*?:").find(character) != std::string_view::npos;
 }
 
+bool beginsWithDrive(std::string_view path) noexcept {
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    return path.size() >= 2 && path[1] == ':' && letters.contains(path[0]);
+}
+
 } // namespace
 
 bool isPossiblePath(std::string_view path) noexcept {
     if (path.starts_with(R"(\\?\)")) { // the prefix that lifts the limit of a path's length
         path.remove_prefix(4);
     }
-    if (path.size() >= 2 && path[1] == ':') {
+    if (beginsWithDrive(path)) {
         path.remove_prefix(2);
     }
     return std::ranges::none_of(path, isForbidden);
@@ -32,7 +37,7 @@ bool isPossiblePattern(std::string_view path) noexcept {
 
 std::string_view lastPart(std::string_view path) noexcept {
     auto separator = path.find_last_of(R"(\/)");
-    if (separator == std::string_view::npos && path.size() >= 2 && path[1] == ':') {
+    if (separator == std::string_view::npos && beginsWithDrive(path)) {
         separator = 1;
     }
     return separator == std::string_view::npos ? path : path.substr(separator + 1);

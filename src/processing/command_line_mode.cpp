@@ -159,7 +159,9 @@ class CommandLineRun {
         if (!batch) {
             return;
         }
-        writeCommandLineBatch(*batch, notify, job_, names_,
+        // A note that nobody can see nobody can close: the batch would wait for that for ever.
+        const bool noteIsSeen = notify && services_.desktop.isSeen();
+        writeCommandLineBatch(*batch, noteIsSeen, job_, names_,
                               {.files = services_.files,
                                .desktop = services_.desktop,
                                .interpreter = services_.interpreter});
@@ -173,6 +175,10 @@ class CommandLineRun {
         result_ = CommandLineResult::BatchStarted;
         services_.events.letRun();
         tellSkipped(); // not before the others are under way: nobody may be there to answer
+        if (notify && !noteIsSeen) {
+            showWarning(services_.desktop,
+                        "The note that -n asks for is left out: nobody can see it.");
+        }
     }
 
     BatchDefinition& definition_;

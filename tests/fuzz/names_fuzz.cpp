@@ -4,23 +4,15 @@
 #include "platform/wildcard.hpp"
 #include "processing/record_names.hpp"
 #include "processing/tool_command.hpp"
+#include "require.hpp"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <vector>
 
 namespace tarnwick {
 namespace {
-
-void require(bool holds, const char* rule) {
-    if (!holds) {
-        std::cerr << "broken: " << rule << '\n';
-        std::abort();
-    }
-}
 
 // The words of a command line between quotation marks, and what lies outside them.
 struct Read {
@@ -67,29 +59,11 @@ void tryName(const std::string& name) {
     }
 }
 
-// The front of the bytes is a pattern, the rest a name: what the matcher says must not depend on
-// case, and it must come to an end.
-void tryPattern(const std::string& bytes) {
-    const auto half = bytes.size() / 2;
-    const std::string pattern = bytes.substr(0, half);
-    const std::string name = bytes.substr(half);
-    const bool matches = matchesWildcard(name, pattern);
-    std::string lower = pattern;
-    for (char& character : lower) {
-        if (character >= 'A' && character <= 'Z') {
-            character = static_cast<char>(character + ('a' - 'A'));
-        }
-    }
-    require(matchesWildcard(name, lower) == matches, "case does not matter");
-    require(matchesAnyWildcard(name, "*"), "a star stands for every name");
-}
-
 } // namespace
 } // namespace tarnwick
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(data, data + size);
     tarnwick::tryName(bytes);
-    tarnwick::tryPattern(bytes);
     return 0;
 }

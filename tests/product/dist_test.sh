@@ -3,6 +3,7 @@
 # silently into a folder with blanks, runs there, and leaves nothing behind but what is the user's.
 # Under Wine, in a prefix of its own; needs a screen.
 set -euo pipefail
+umask 022 # the installer looks who may write
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd)
 dist=$build/dist
@@ -150,24 +151,64 @@ the_window_opens() {
 }
 
 a_file_that_cannot_be_replaced_leaves_the_old_version_whole() {
-    local status=0
     mv "$folder/Tarnwick.chm" "$work/kept.chm"
     mkdir "$folder/Tarnwick.chm"
+    gives_up_and_changes_nothing "a file that is in use"
+    rmdir "$folder/Tarnwick.chm"
+    mv "$work/kept.chm" "$folder/Tarnwick.chm"
+    # The last one cannot be written beside the old ones.
+    mkdir -p "$folder/new version/Uninstall.exe"
+    gives_up_and_changes_nothing "a file that cannot be written" "new version"
+    # The last one cannot be moved aside: the others have been replaced by then.
+    mkdir -p "$folder/old version/Uninstall.exe"
+    gives_up_and_changes_nothing "a file that stays"
+    rm -r "$folder/old version"
+}
+# gives_up_and_changes_nothing WHY [FOLDER]: that folder may go.
+gives_up_and_changes_nothing() {
+    local status=0
     echo old >"$folder/Tarnwick.txt"
+    (cd "$folder" && find . -path "./${2:-none}" -prune -o -type f -exec sha256sum {} + -o -print | LC_ALL=C sort) \
+        >"$work/old"
     cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
     printf 'C:\\setup.exe /S /CurrentUser\r\nexit %%errorlevel%%\r\n' >"$drive/again.bat"
     "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?
     rm "$drive/setup.exe" "$drive/again.bat"
-    [ $status -eq 2 ] || fail "installing over a file that stays ended with $status"
-    [ "$(cat "$folder/Tarnwick.txt")" = old ] || fail "a part of the new version was installed"
-    [ ! -e "$folder/new version" ] || fail "left: $(ls "$folder/new version")"
-    rmdir "$folder/Tarnwick.chm"
-    mv "$work/kept.chm" "$folder/Tarnwick.chm"
+    [ $status -eq 2 ] || fail "installing over $1 ended with $status"
+    (cd "$folder" && find . -type f -exec sha256sum {} + -o -print | LC_ALL=C sort) >"$work/now"
+    diff "$work/old" "$work/now" || fail "the old version is not whole behind $1"
 }
 
 Installed_for_everybody_it_goes_without_a_trace() {
     installs HKLM /AllUsers
+    event_source >"$work/source" || fail "the event log does not know it"
+    grep -qF "EventMessageFile    REG_EXPAND_SZ    $place\\Tarnwick.exe" "$work/source" || fail "$(cat "$work/source")"
     uninstalls HKLM /AllUsers
+    ! event_source >/dev/null 2>&1 || fail "the event log knows it still"
+}
+event_source() { "$wine" reg query 'HKLM\System\CurrentControlSet\Services\EventLog\Application\Tarnwick' /s; }
+
+# Where others may write, nothing is installed for everybody unless somebody says so.
+Ordinary_users_cannot_have_written_what_is_installed_for_everybody() {
+    local room="$drive/Program Files/Map Room"
+    mkdir -p "$folder"
+    chmod 777 "$folder"
+    is_refused "$place" "a folder that anybody may write into"
+    [ -z "$(ls -A "$folder")" ] || fail "written: $(ls -A "$folder")"
+    rmdir "$folder"
+    chmod 777 "$room"
+    is_refused "$place\\new" "a folder that anybody may replace"
+    [ -z "$(ls -A "$room")" ] || fail "left: $(ls -AR "$room")"
+    rmdir "$room"
+    ! registered HKLM >/dev/null 2>&1 || fail "registered all the same"
+}
+is_refused() { # FOLDER WHAT
+    local status=0
+    cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
+    printf 'C:\\setup.exe /S /AllUsers /D=%s\r\nexit %%errorlevel%%\r\n' "$1" >"$drive/install.bat"
+    "$wine" cmd /c 'C:\install.bat' >"$work/install.log" 2>&1 || status=$?
+    rm "$drive/setup.exe" "$drive/install.bat"
+    [ $status -eq 2 ] || fail "installing for everybody into $2 ended with $status"
 }
 
 "$wine" cmd /c exit # makes the prefix when there is none yet
@@ -178,7 +219,8 @@ for test in \
     The_help_holds_every_page_with_contents_and_index \
     Packed_again_the_zip_has_the_same_bytes \
     Installed_for_the_user_it_runs_and_goes_without_a_trace \
-    Installed_for_everybody_it_goes_without_a_trace; do
+    Installed_for_everybody_it_goes_without_a_trace \
+    Ordinary_users_cannot_have_written_what_is_installed_for_everybody; do
     "$test" || fail "$test"
     say "passed: $test"
 done

@@ -54,6 +54,11 @@ std::string Installation::read(std::string_view below) const {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+void Installation::replaceMP(std::string_view program) const {
+    fs::copy_file(buildFolder() / program, folder_ / "mp.exe",
+                  fs::copy_options::overwrite_existing);
+}
+
 void Installation::makeFolder(std::string_view below) const {
     CreateDirectoryA(path(below).c_str(), nullptr);
 }

@@ -22,6 +22,9 @@ class Installation {
 
     void write(std::string_view below, std::string_view content) const;
     [[nodiscard]] std::string read(std::string_view below) const;
+    // Puts another program of the build folder, such as "tests/window/trying_tool.exe", in the
+    // place of MP.
+    void replaceMP(std::string_view program) const;
     void makeFolder(std::string_view below) const;
     [[nodiscard]] bool exists(std::string_view below) const;
     // The names in the temporary folder, sorted, one behind the other with blanks.

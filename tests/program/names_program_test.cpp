@@ -127,5 +127,38 @@ TEST_F(NamesProgram, An_input_folder_that_cannot_be_named_is_not_replaced_by_the
     EXPECT_EQ(place.temporaryFiles(), "");
 }
 
+// A place of MP, as the window stores it at its end.
+class StoredPlace {
+  public:
+    explicit StoredPlace(const std::wstring& path) {
+        const LSTATUS stored =
+            RegSetKeyValueW(HKEY_CURRENT_USER, key, value, REG_SZ, path.c_str(),
+                            static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
+        EXPECT_EQ(stored, ERROR_SUCCESS);
+    }
+    StoredPlace(const StoredPlace&) = delete;
+    StoredPlace& operator=(const StoredPlace&) = delete;
+    StoredPlace(StoredPlace&&) = delete;
+    StoredPlace& operator=(StoredPlace&&) = delete;
+    ~StoredPlace() { RegDeleteKeyValueW(HKEY_CURRENT_USER, key, value); }
+
+  private:
+    static constexpr const wchar_t* key = L"Software\\Corvane\\TARNWICK";
+    static constexpr const wchar_t* value = L"MP Executable";
+};
+
+TEST_F(NamesProgram, A_stored_path_that_cannot_be_named_is_told_when_the_tools_are_under_way) {
+    putRecord(L"a.met", "Plain");
+    const StoredPlace stored(L"C:\\\x0416\x0443\x043A\\mp.exe");
+    RunningProgram program(place.program(), L"-I batch.ini");
+    const HWND message = program.window("Warning");
+    EXPECT_EQ(messageOf(message), "The path \"C:\\<U+0416><U+0443><U+043A>\\mp.exe\" is left out: "
+                                  "its name has no place in the system's code page.");
+    EXPECT_TRUE(batchEnds()) << place.temporaryFiles(); // while nobody has answered yet
+    EXPECT_EQ(titlesOfOutputs()["Plain"], 1);
+    press(message, "OK");
+    EXPECT_EQ(program.exitCode(), 0U);
+}
+
 } // namespace
 } // namespace tarnwick::test

@@ -1,4 +1,5 @@
-// What the system reads in Tarnwick.exe without running it: the version, the icon, the manifest.
+// What the system reads in Tarnwick.exe without running it: the version, the icon, the manifest,
+// the message of the event log.
 
 #include "program/installation.hpp"
 
@@ -111,6 +112,16 @@ TEST_F(ProgramResources, The_icon_has_every_size_from_16_to_256_pixels) {
         widths.push_back(width == 0 ? 256 : width);
     }
     EXPECT_THAT(widths, ElementsAre(256, 128, 96, 64, 48, 32, 24, 16));
+}
+
+TEST_F(ProgramResources, The_message_of_the_event_log_is_the_text_that_it_is_given) {
+    const wchar_t* const given = L"The INI file \"100%.ini\" does not exist.";
+    auto* arguments = reinterpret_cast<va_list*>(const_cast<wchar_t**>(&given)); // NOLINT: an array
+    std::vector<wchar_t> shown(200);
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_HMODULE | FORMAT_MESSAGE_ARGUMENT_ARRAY, module.get(), 1,
+                       0, shown.data(), static_cast<DWORD>(shown.size()), arguments);
+    EXPECT_THAT(std::wstring(shown.data(), length), testing::StartsWith(given));
 }
 
 TEST_F(ProgramResources, The_manifest_asks_for_new_controls_sharp_pixels_and_long_paths) {

@@ -22,6 +22,7 @@ class ScriptedDesktop : public Desktop {
         bool operator==(const Opened&) const = default;
     };
 
+    [[nodiscard]] bool isSeen() const noexcept override { return seen; }
     MessageAnswer show(const Message& message) override;
     std::string chooseFile(const FileDialog& dialog) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
@@ -30,6 +31,7 @@ class ScriptedDesktop : public Desktop {
     std::deque<MessageAnswer> answers;                  // to Yes/No questions
     std::deque<std::optional<std::string>> chosenFiles; // nothing: the dialog is cancelled
     std::int32_t openResult = 42;
+    bool seen = true;
     // Called while a message is shown, before it is answered.
     std::function<void(const Message&)> whileShown;
 

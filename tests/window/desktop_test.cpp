@@ -99,6 +99,10 @@ Message question() {
     return {.text = "Save caf\xE9?", .title = "Tarnwick", .buttons = MessageButtons::YesNo};
 }
 
+TEST(Win32Desktop, On_a_screen_it_is_seen) {
+    EXPECT_TRUE(Win32Desktop().isSeen());
+}
+
 TEST(Win32Desktop, A_message_is_shown_until_its_user_says_OK_or_closes_it) {
     Win32Desktop desktop;
     const Message message{

@@ -66,6 +66,24 @@ test_a_vanished_and_a_read_only_file() {
     definition 1 0 "${plain_products[@]}" | expect_file "$folder/TARNWICK.ini"
 }
 
+# Its tool lies beside it: the stored place is not even used, and told all the same.
+test_a_stored_path_that_has_no_name_is_told_once_at_the_start() {
+    lay_out_work
+    definition 1 0 "${plain_products[@]}" >"$folder/TARNWICK.ini"
+    printf '%s\r\n' 'Windows Registry Editor Version 5.00' '' '[HKEY_CURRENT_USER\Software\Corvane\TARNWICK]' \
+        '"MP Executable"="C:\\Жук\\mp.exe"' | iconv -f UTF-8 -t UTF-16 >"$folder/stored.reg"
+    "$wine_run" regedit /S 'C:\work\stored.reg' >"$work/reg.log" 2>&1
+    launch Warning
+    expect_message Warning \
+        'The path "C:\<U+0416><U+0443><U+043A>\mp.exe" is left out: its name has no place in the system'"'s code page."
+    title='Tarnwick - TARNWICK.ini'
+    expect_window "$title"
+    dialog=$found
+    expect_no_window Warning
+    close_unchanged
+    expect_stored 'MP Executable' 'C:\work\mp.exe'
+}
+
 # Nothing wakes it then but the message itself, which does not come through the queue.
 test_another_program_closes_it_while_it_is_in_the_background() {
     for way in '0x10 0 0' '0x16 1 0'; do # WM_CLOSE and WM_ENDSESSION

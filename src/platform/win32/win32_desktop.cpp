@@ -100,6 +100,15 @@ bool programIsToEnd() {
 
 } // namespace
 
+bool Win32Desktop::isSeen() const noexcept {
+    // A task that runs whether anybody is logged on or not, and a service, have a window station
+    // without a screen.
+    USEROBJECTFLAGS station{};
+    const BOOL known = GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &station,
+                                                 sizeof station, nullptr);
+    return known == FALSE || (station.dwFlags & WSF_VISIBLE) != 0;
+}
+
 MessageAnswer Win32Desktop::show(const Message& message) {
     int answer = showBox(message);
     if (message.buttons == MessageButtons::Ok) {

@@ -8,6 +8,7 @@ namespace tarnwick {
 // asks (see asking_window.hpp).
 class Win32Desktop : public Desktop {
   public:
+    [[nodiscard]] bool isSeen() const noexcept override;
     MessageAnswer show(const Message& message) override;
     std::string chooseFile(const FileDialog& dialog) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;

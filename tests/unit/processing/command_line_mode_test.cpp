@@ -188,5 +188,21 @@ TEST_F(CommandLineMode, An_accent_reaches_the_tool_through_the_interpreters_code
                 testing::HasSubstr("-e \"D:\\out\\caf\x82 1.err\" \"D:\\other\\caf\x82 1.met\""));
 }
 
+TEST_F(CommandLineMode, Where_nobody_sees_the_screen_the_note_is_left_out_and_that_is_said) {
+    desktop.seen = false;
+    EXPECT_EQ(run("-I C:\\batch.ini -n"), CommandLineResult::BatchStarted);
+    ASSERT_EQ(interpreter.started.size(), 1U);
+    EXPECT_THAT(interpreter.started.front().content, testing::Not(HasSubstr("notepad")));
+    EXPECT_THAT(world.files().listFiles("C:\\temp", "").names,
+                ElementsAre("MPDELETE.bat", "MP_CL.bat"));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(warning("The note that -n asks for is left out: nobody can see it.")));
+}
+
+TEST_F(CommandLineMode, Where_nobody_sees_the_screen_nothing_is_said_of_a_note_that_nobody_wants) {
+    desktop.seen = false;
+    EXPECT_THAT(batchOf("-I C:\\batch.ini"), HasSubstr("a.met"));
+}
+
 } // namespace
 } // namespace tarnwick

@@ -1,0 +1,79 @@
+// Two paths and a folder, a line each: relative links and base names are what plain second versions
+// give, and every path can be taken apart, put together and made full without losing anything.
+
+#include "common/full_path.hpp"
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "counting_desktop.hpp"
+#include "fields.hpp"
+#include "platform/default_extension.hpp"
+#include "platform/windows_path.hpp"
+#include "postprocess/relative_links.hpp"
+#include "reference/plain_paths.hpp"
+#include "require.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+namespace {
+
+void tryLink(const std::string& from, const std::string& to) {
+    CountingDesktop desktop;
+    const std::string link = ChangeMySlashes(desktop, GetRelativePath(desktop, from, to));
+    require(desktop.shown == 0, "no message is shown");
+    std::string expected = reference::relativeLink(from, to);
+    require(link == expected, "the link is what the plain version gives");
+}
+
+void tryParts(const std::string& path) {
+    require(GetBaseName(path) == reference::baseName(path),
+            "the base name is what the plain version gives");
+    const std::string name = GetFileName(path);
+    const std::string whole = path.contains('\\') ? GetFolderPath(path) + '\\' + name : name;
+    require(whole == path, "folder and name are the whole path");
+    require(path.ends_with(lastPart(path)), "the last part is the path's end");
+    require(lastPart(path).find_first_of("\\/") == std::string_view::npos,
+            "the last part has no separator");
+    require(!isPossiblePath(path) || isPossiblePattern(path), "a path is a pattern too");
+    require(!isPossiblePattern(path) || isPossiblePath(path) || hasWildcard(path),
+            "a pattern that is no path has a wildcard");
+    const std::string named = withDefaultExtension(path, "Any (*.ini)|*.ini");
+    require(named == path || named == path + ".ini", "a name gets one extension or none");
+}
+
+void tryFull(const std::string& path, const std::string& folder) {
+    const std::string base = fullPath(folder, "C:\\");
+    const std::string full = fullPath(path, base);
+    require(!full.contains('/'), "a full path has no slashes");
+    require(fullPath(full, "D:\\other") == full || !isFullPath(full) || trim(full) != full,
+            "a full path is full already");
+    if (isFullPath(full) && !trim(full).starts_with("\\\\")) {
+        std::string together;
+        for (const std::string& name : foldersOnTheWay(full)) {
+            together = together.empty() ? name : withBackslash(together) + name;
+        }
+        require(together == full, "the folders on the way lead there");
+        require(driveOf(full) == upperCase(full.substr(0, 2)), "the drive is where it begins");
+    }
+}
+
+void tryBytes(std::string_view bytes) {
+    Fields fields(bytes);
+    const std::string one = fields.next();
+    const std::string other = fields.next();
+    const std::string folder = fields.next();
+    tryLink(one, other);
+    tryParts(one);
+    tryFull(one, folder);
+}
+
+} // namespace
+} // namespace tarnwick
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tarnwick::tryBytes({reinterpret_cast<const char*>(data), size});
+    return 0;
+}

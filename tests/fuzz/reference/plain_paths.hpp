@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace tarnwick::reference {
+
+// As GetRelativePath with ChangeMySlashes behind it.
+[[nodiscard]] std::string relativeLink(const std::string& from, const std::string& to);
+
+[[nodiscard]] std::string baseName(const std::string& path);
+
+} // namespace tarnwick::reference

@@ -16,9 +16,6 @@ class NoDesktop : public Desktop {
         std::abort();
     }
     std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
-    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
-        std::abort();
-    }
     std::int32_t openDocument(std::string_view /*document*/,
                               std::string_view /*workingFolder*/) override {
         std::abort();

@@ -33,11 +33,6 @@ std::string UnseenDesktop::chooseFile(const FileDialog& dialog) {
     throw RunTimeError(ErrorNumber::Cancelled);
 }
 
-std::string UnseenDesktop::askForText(std::string_view /*prompt*/, std::string_view title) {
-    log_.warn(cancelled(title));
-    return {};
-}
-
 std::int32_t UnseenDesktop::openDocument(std::string_view document,
                                          std::string_view /*workingFolder*/) {
     log_.warn(quoted(document) + " is not opened: nobody can see it.");

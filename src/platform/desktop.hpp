@@ -55,9 +55,6 @@ class Desktop {
     // Raises 32755 when the dialog is cancelled. The current folder stays, wherever the user went.
     virtual std::string chooseFile(const FileDialog& dialog) = 0;
 
-    // The line that the user typed; empty when cancelled.
-    virtual std::string askForText(std::string_view prompt, std::string_view title) = 0;
-
     // Opens a file or web address with the program associated with it, in a normal window, with
     // `workingFolder` as that program's folder. The system's own result: more than 32 is success.
     virtual std::int32_t openDocument(std::string_view document,

@@ -13,10 +13,8 @@ class CountingDesktop : public Desktop {
         ++shown;
         return MessageAnswer::Ok;
     }
+    [[nodiscard]] bool isSeen() const noexcept override { return true; }
     std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
-    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
-        std::abort();
-    }
     std::int32_t openDocument(std::string_view /*document*/,
                               std::string_view /*workingFolder*/) override {
         std::abort();

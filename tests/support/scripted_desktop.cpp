@@ -44,11 +44,6 @@ std::string ScriptedDesktop::chooseFile(const FileDialog& dialog) {
     return *std::move(chosen);
 }
 
-std::string ScriptedDesktop::askForText(std::string_view prompt, std::string_view title) {
-    questions.push_back({std::string(prompt), std::string(title)});
-    return next(typedTexts, prompt).value_or(std::string());
-}
-
 std::int32_t ScriptedDesktop::openDocument(std::string_view document,
                                            std::string_view workingFolder) {
     opened.push_back({std::string(document), std::string(workingFolder)});

@@ -12,15 +12,10 @@
 namespace tarnwick {
 
 // A desktop whose user answers from a script, and which remembers everything that it showed. What
-// the script does not foresee fails the test: a question without an answer, a file dialog or input
-// box without a line for it. A box with OK alone needs no script.
+// the script does not foresee fails the test: a question without an answer, a file dialog without a
+// line for it. A box with OK alone needs no script.
 class ScriptedDesktop : public Desktop {
   public:
-    struct Question {
-        std::string prompt;
-        std::string title;
-        bool operator==(const Question&) const = default;
-    };
     struct Opened {
         std::string document;
         std::string workingFolder;
@@ -30,13 +25,11 @@ class ScriptedDesktop : public Desktop {
     [[nodiscard]] bool isSeen() const noexcept override { return seen; }
     MessageAnswer show(const Message& message) override;
     std::string chooseFile(const FileDialog& dialog) override;
-    std::string askForText(std::string_view prompt, std::string_view title) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
 
     // The script, used from the front.
     std::deque<MessageAnswer> answers;                  // to Yes/No questions
     std::deque<std::optional<std::string>> chosenFiles; // nothing: the dialog is cancelled
-    std::deque<std::string> typedTexts;                 // empty: cancelled
     std::int32_t openResult = 42;
     bool seen = true;
     // Called while a message is shown, before it is answered.
@@ -45,7 +38,6 @@ class ScriptedDesktop : public Desktop {
     // What was shown, in this order.
     std::vector<Message> messages;
     std::vector<FileDialog> fileDialogs;
-    std::vector<Question> questions;
     std::vector<Opened> opened;
 };
 

@@ -3,7 +3,6 @@
 #include "platform/run_time_error.hpp"
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/handle.hpp"
-#include "platform/win32/input_box.hpp"
 #include "platform/win32/system_text.hpp"
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
@@ -207,15 +206,6 @@ TEST(Win32Desktop,
     EXPECT_EQ(owner, asking.get());
     owner = nullptr;
     {
-        const User user("Find a file", [&](HWND dialog) {
-            owner = GetWindow(dialog, GW_OWNER);
-            press(dialog, IDCANCEL);
-        });
-        desktop.askForText("Name:", "Find a file");
-    }
-    EXPECT_EQ(owner, asking.get());
-    owner = nullptr;
-    {
         const User user("Open one", [&](HWND dialog) {
             owner = GetWindow(dialog, GW_OWNER);
             press(dialog, IDCANCEL);
@@ -225,53 +215,6 @@ TEST(Win32Desktop,
         EXPECT_THROW((void)desktop.chooseFile(dialog), RunTimeError);
     }
     EXPECT_EQ(owner, asking.get());
-}
-
-TEST(Win32Desktop, The_input_box_gives_the_line_typed) {
-    Win32Desktop desktop;
-    std::vector<std::string> texts;
-    const User user("Find a file", [&](HWND dialog) {
-        texts = textsIn(dialog);
-        type(GetDlgItem(dialog, inputBoxField), "caf\xE9 & more");
-        press(dialog, IDOK);
-    });
-    EXPECT_EQ(desktop.askForText("Name & folder:", "Find a file"), "caf\xE9 & more");
-    EXPECT_EQ(texts, (std::vector<std::string>{"Name & folder:", "", "OK", "Cancel"}));
-}
-
-// Those of the program's resources: the form is written in it.
-TEST(Win32Desktop, The_input_box_has_the_font_of_the_other_dialogs) {
-    Win32Desktop desktop;
-    LOGFONTW font{};
-    int dpi = 0;
-    {
-        const User user("Find a file", [&](HWND dialog) {
-            auto* const used = reinterpret_cast<HFONT>( // NOLINT(performance-no-int-to-ptr)
-                SendMessageW(dialog, WM_GETFONT, 0, 0));
-            GetObjectW(used, sizeof font, &font);
-            dpi = static_cast<int>(GetDpiForWindow(dialog));
-            press(dialog, IDCANCEL);
-        });
-        desktop.askForText("Name:", "Find a file");
-    }
-    EXPECT_STREQ(font.lfFaceName, L"Segoe UI");
-    EXPECT_EQ(font.lfHeight, -MulDiv(9, dpi, 72));
-    EXPECT_EQ(font.lfWeight, FW_NORMAL);
-}
-
-TEST(Win32Desktop, A_cancelled_or_closed_input_box_gives_nothing) {
-    Win32Desktop desktop;
-    for (const bool close : {false, true}) {
-        const User user("Find a file", [&](HWND dialog) {
-            type(GetDlgItem(dialog, inputBoxField), "typed in vain");
-            if (close) {
-                PostMessageA(dialog, WM_CLOSE, 0, 0);
-            } else {
-                press(dialog, IDCANCEL);
-            }
-        });
-        EXPECT_EQ(desktop.askForText("Name:", "Find a file"), "");
-    }
 }
 
 class FileDialogs : public testing::Test {
@@ -470,29 +413,6 @@ TEST_F(FileDialogs, A_file_to_be_made_that_would_have_no_name_is_told_and_not_ta
                                             "\\<U+0416><U+0443><U+043A>.ini\" holds characters "
                                             "that the system's code page does not have.\r\n"
                                             "Please use another name."),
-              1);
-}
-
-TEST(Win32Desktop, A_line_that_has_no_place_in_the_code_page_is_told_and_stays) {
-    Win32Desktop desktop;
-    std::vector<std::string> texts;
-    HWND box = nullptr;
-    const User user("Find a file", [&](HWND shown) {
-        box = shown;
-        SendMessageW(GetDlgItem(shown, inputBoxField), WM_SETTEXT, 0,
-                     reinterpret_cast<LPARAM>(L"\xFF02&md pwned"));
-        press(shown, IDOK);
-    });
-    const User reader("Warning", [&](HWND shown) {
-        texts = textsIn(shown);
-        press(shown, IDOK);
-        EXPECT_TRUE(eventually([shown] { return IsWindow(shown) == 0; }));
-        type(GetDlgItem(box, inputBoxField), "plain");
-        press(box, IDOK);
-    });
-    EXPECT_EQ(desktop.askForText("Name:", "Find a file"), "plain");
-    EXPECT_EQ(std::ranges::count(texts, "\"<U+FF02>&md pwned\" holds characters that the system's "
-                                        "code page does not have.\r\nPlease use another name."),
               1);
 }
 

@@ -74,11 +74,12 @@ class TellingDesktop final : public Win32Desktop {
 void showFolderPicker(std::ostream& out, const std::string& layoutFile) {
     Win32Files files;
     Win32Desktop desktop;
-    frmOpenFolder form(files, desktop);
+    Win32FormPresenter presenter;
+    frmOpenFolder form(files, desktop, askingIn(presenter));
     form.setStartFolder("C:\\gallery");
     form.setCaption("Open HTML Folder");
     writeLayoutWhenShown(form, layoutFile);
-    Win32FormPresenter().showModal(form);
+    presenter.showModal(form);
     out << "folder=" << form.result() << '\n' << "drive=" << form.drvPath.drive() << '\n';
 }
 

@@ -5,7 +5,6 @@
 #include "platform/win32/asking_window.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/filled_text.hpp"
-#include "platform/win32/input_box.hpp"
 #include "platform/win32/system_text.hpp"
 #include "platform/win32/unusable_text.hpp"
 
@@ -159,10 +158,6 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
         return chooseFile(again);
     }
     return extended;
-}
-
-std::string Win32Desktop::askForText(std::string_view prompt, std::string_view title) {
-    return runInputBox(askingWindow(), std::string(prompt), std::string(title));
 }
 
 std::int32_t Win32Desktop::openDocument(std::string_view document, std::string_view workingFolder) {

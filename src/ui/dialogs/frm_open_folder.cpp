@@ -9,6 +9,8 @@
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 
+#include <utility>
+
 namespace tarnwick {
 namespace {
 
@@ -17,12 +19,13 @@ constexpr std::string_view warningTitle = "Warning!";
 
 } // namespace
 
-frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop)
+frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop, AskForText askForText)
     : Form(formName, "Open Folder"),
       drvPath(*this, "drvPath", files),
       DirPath(*this, "DirPath", files),
       files_(files),
-      desktop_(desktop) {
+      desktop_(desktop),
+      askForText_(std::move(askForText)) {
     txtPath.setAccessibleName("Path");
     connectEvents();
 }
@@ -111,7 +114,7 @@ void frmOpenFolder::cmdNew_Click() {
     }
     const std::string path = txtPath.text();
     const std::string answer =
-        desktop_.askForText("Current Path:  " + path + "\r\n\r\nNew Folder Name:", "New Folder");
+        askForText_("Current Path:  " + path + "\r\n\r\nNew Folder Name:", "New Folder");
     const std::string_view name = trim(answer);
     if (name.empty()) {
         return;

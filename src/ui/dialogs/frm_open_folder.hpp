@@ -2,6 +2,7 @@
 
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
+#include "ui/dialogs/frm_input_box.hpp"
 #include "ui/forms/button.hpp"
 #include "ui/forms/drive_list.hpp"
 #include "ui/forms/folder_list.hpp"
@@ -18,7 +19,7 @@ namespace tarnwick {
 // its arguments, which must outlive it.
 class frmOpenFolder final : public Form {
   public:
-    frmOpenFolder(Files& files, Desktop& desktop);
+    frmOpenFolder(Files& files, Desktop& desktop, AskForText askForText);
 
     // Where to start; the current folder when this is empty or no folder.
     void setStartFolder(std::string_view folder) { startFolder_ = folder; }
@@ -52,6 +53,7 @@ class frmOpenFolder final : public Form {
 
     Files& files_;
     Desktop& desktop_;
+    AskForText askForText_;
     std::string startFolder_;
     std::string result_;
     bool bPathChanged_ = false;

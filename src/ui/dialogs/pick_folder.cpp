@@ -6,7 +6,7 @@ namespace tarnwick {
 
 std::string pickFolder(FormPresenter& presenter, Files& files, Desktop& desktop,
                        std::string_view title, std::string_view startFolder) {
-    frmOpenFolder form(files, desktop);
+    frmOpenFolder form(files, desktop, askingIn(presenter));
     form.setStartFolder(startFolder);
     if (!title.empty()) {
         form.setCaption(title);

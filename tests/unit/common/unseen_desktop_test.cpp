@@ -58,12 +58,6 @@ TEST_F(UnseenDesktopTest, A_file_dialog_is_cancelled) {
         ElementsAre("The dialog \"Save INI File As\" counts as cancelled: nobody can see it."));
 }
 
-TEST_F(UnseenDesktopTest, An_input_box_is_cancelled) {
-    EXPECT_EQ(desktop.askForText("Name:", "New Folder"), "");
-    EXPECT_THAT(log.texts,
-                ElementsAre("The dialog \"New Folder\" counts as cancelled: nobody can see it."));
-}
-
 TEST_F(UnseenDesktopTest, A_document_is_not_opened) {
     EXPECT_EQ(desktop.openDocument("C:\\a.chm", "C:\\"), 5); // access denied
     EXPECT_THAT(log.texts, ElementsAre("\"C:\\a.chm\" is not opened: nobody can see it."));

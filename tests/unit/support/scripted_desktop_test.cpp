@@ -42,13 +42,10 @@ TEST(ScriptedDesktop, A_file_dialog_gives_the_scripted_file_or_is_cancelled) {
     EXPECT_EQ(desktop.fileDialogs, (std::vector<FileDialog>{dialog, dialog}));
 }
 
-TEST(ScriptedDesktop, Questions_and_opened_documents_are_remembered) {
+TEST(ScriptedDesktop, Opened_documents_are_remembered) {
     ScriptedDesktop desktop;
-    desktop.typedTexts = {"x"};
     desktop.openResult = 2;
-    EXPECT_EQ(desktop.askForText("Name?", "T"), "x");
     EXPECT_EQ(desktop.openDocument("a.htm", R"(C:\)"), 2);
-    EXPECT_EQ(desktop.questions, (std::vector<ScriptedDesktop::Question>{{"Name?", "T"}}));
     EXPECT_EQ(desktop.opened, (std::vector<ScriptedDesktop::Opened>{{"a.htm", R"(C:\)"}}));
 }
 

@@ -11,7 +11,7 @@ struct NewFolder : OpenFolderWorld {
     NewFolder() { show(); }
 
     void make(std::string_view name) {
-        desktop.typedTexts.emplace_back(name);
+        typedText = name;
         form.userClicked(form.cmdNew);
     }
 
@@ -22,9 +22,8 @@ struct NewFolder : OpenFolderWorld {
 
 TEST_F(NewFolder, It_is_asked_for_created_and_shown) {
     make(" new one  ");
-    EXPECT_THAT(desktop.questions,
-                ElementsAre(ScriptedDesktop::Question{
-                    "Current Path:  C:\\Work\r\n\r\nNew Folder Name:", "New Folder"}));
+    EXPECT_THAT(questions, ElementsAre(Question{"Current Path:  C:\\Work\r\n\r\nNew Folder Name:",
+                                                "New Folder"}));
     EXPECT_TRUE(world.exists(R"(C:\Work\new one)"));
     expectShown("C:", R"(C:\Work\new one)");
     expectPathSelected();
@@ -34,7 +33,7 @@ TEST_F(NewFolder, It_is_asked_for_created_and_shown) {
 TEST_F(NewFolder, On_a_drives_root_no_backslash_is_doubled) {
     pickDrive("D:");
     make("x");
-    EXPECT_EQ(desktop.questions.front().prompt, "Current Path:  D:\\\r\n\r\nNew Folder Name:");
+    EXPECT_EQ(questions.front().prompt, "Current Path:  D:\\\r\n\r\nNew Folder Name:");
     EXPECT_TRUE(world.exists(R"(D:\x)"));
     expectShown("D:", R"(D:\x)");
 }
@@ -82,7 +81,7 @@ TEST_F(NewFolder, On_a_full_drive_or_a_drives_root_the_message_names_the_whole_p
 TEST_F(NewFolder, In_a_folder_that_was_just_removed_it_is_refused_before_the_question) {
     files.failAlways(FileOperation::CanListFolder, RunTimeError(ErrorNumber::DiskNotReady));
     form.userClicked(form.cmdNew);
-    EXPECT_THAT(desktop.questions, IsEmpty());
+    EXPECT_THAT(questions, IsEmpty());
     expectRefusal();
 }
 

@@ -70,7 +70,7 @@ TEST_F(OpenFolderPath, A_wrong_path_lets_the_user_use_no_list_and_no_new_folder)
     openFolder(R"(C:\Work\b)");
     form.userClicked(form.cmdNew);
     EXPECT_THAT(desktop.messages, ElementsAre(invalidFolder(), invalidFolder(), invalidFolder()));
-    EXPECT_THAT(desktop.questions, IsEmpty());
+    EXPECT_THAT(questions, IsEmpty());
     EXPECT_EQ(form.drvPath.drive(), "C:");
     EXPECT_EQ(form.DirPath.path(), R"(C:\Work)");
 }
@@ -154,7 +154,7 @@ TEST_F(OpenFolderPath, What_is_checked_is_what_OK_gives) {
 TEST_F(OpenFolderPath, What_is_checked_is_where_the_lists_go_and_a_new_folder_comes) {
     world.makeFolder(R"(C:\elsewhere)");
     type("C:elsewhere");
-    desktop.typedTexts = {"new"};
+    typedText = "new";
     form.userClicked(form.cmdNew);
     EXPECT_THAT(desktop.messages, IsEmpty());
     expectShown("C:", R"(C:\elsewhere\new)");

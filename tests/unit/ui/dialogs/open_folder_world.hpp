@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarnwick {
 
@@ -23,7 +24,19 @@ struct OpenFolderWorld : testing::Test {
     RecordingFiles recorded{furnished(world).files()};
     FaultyFiles files{recorded};
     ScriptedDesktop desktop;
-    frmOpenFolder form{files, desktop};
+    frmOpenFolder form{files, desktop, [this](std::string_view prompt, std::string_view title) {
+                           questions.push_back(
+                               {.prompt = std::string(prompt), .title = std::string(title)});
+                           return typedText;
+                       }};
+
+    struct Question {
+        std::string prompt;
+        std::string title;
+        bool operator==(const Question&) const = default;
+    };
+    std::vector<Question> questions; // that the form asked
+    std::string typedText;           // the user's answer to each
 
     static HostedWorld& furnished(HostedWorld& world) {
         world.makeDrive('D');

@@ -3,7 +3,6 @@
 // a process of its own.
 
 #include "child_run.hpp"
-#include "no_desktop.hpp"
 #include "page_set.hpp"
 #include "platform/hosted/hosted_files.hpp"
 #include "postprocess/relative_links.hpp"
@@ -24,10 +23,9 @@ namespace fs = std::filesystem;
 
 void rewriteAll(const PageSet& pages) {
     HostedFiles files(pages.drivesRoot());
-    NoDesktop desktop;
     const BatchDefinition definition = pages.definition();
     for (const std::string& record : pages.records()) {
-        FixRelativePaths(definition, {.files = files, .desktop = desktop}, "C:\\in", record);
+        static_cast<void>(rewriteRecordLinks(definition, files, record, "tarnwick"));
     }
 }
 

@@ -10,7 +10,7 @@
 #include "platform/win32/win32_pending_events.hpp"
 #include "platform/win32/win32_process.hpp"
 #include "platform/win32/win32_settings_store.hpp"
-#include "processing/command_line_mode.hpp"
+#include "processing/unattended_mode.hpp"
 #include "ui/dialogs/frm_about.hpp"
 #include "ui/dialogs/frm_display_command_line_help.hpp"
 #include "ui/dialogs/frm_options.hpp"
@@ -51,18 +51,16 @@ class Application {
         // Inherited by the tools: the fault of one must not hold all records behind it.
         SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
         BatchDefinition definition = definitionAtStartUp(process_, files_, settings_);
-        RecordSelection records;
-        const CommandLineServices services{
-            .files = files_,
-            .desktop = desktop_,
-            .interpreter = interpreter_,
-            .events = events_,
-            .showHelp = [this] { show(frmDisplayCommandLineHelp()); },
-            .showOptions = [&] { showOptions(definition); }};
-        const CommandLineResult result = RunCommandLine(definition, records, services, commandLine);
+        const UnattendedServices services{.files = files_,
+                                          .desktop = desktop_,
+                                          .interpreter = interpreter_,
+                                          .events = events_,
+                                          .showHelp = [this] { show(frmDisplayCommandLineHelp()); },
+                                          .showOptions = [&] { showOptions(definition); }};
+        const UnattendedResult result = RunCommandLine(definition, services, commandLine);
         // Not before the tools are under way: nobody may be there to answer.
         tellNamelessPaths(desktop_, namelessAtStartUp(process_, settings_));
-        return result == CommandLineResult::BatchStarted ? done : notDone;
+        return result == UnattendedResult::BatchStarted ? done : notDone;
     }
 
     ExitStatus showMainWindow() {

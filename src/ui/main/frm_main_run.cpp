@@ -68,23 +68,22 @@ void frmMain::cmdCancel_Click() {
 // The checks of both ways to use the batch.
 bool frmMain::validate() {
     takeFromControls();
-    const BatchFault fault = validateBatch(
+    const auto fault = validateBatch(
         definition_,
         {.files = services_.files,
          .desktop = services_.desktop,
          .showOptions = [this] { raise(services_.showOptions, definition_); },
-         .editOutputFolder = [this](OutputGrid grid,
-                                    std::size_t row) { editOutputFolder(grid, row); }});
-    if (fault == BatchFault::ConfigurationFile) {
+         .editOutputFolder = [this](Tool grid, std::size_t row) { editOutputFolder(grid, row); }});
+    if (fault == BatchFault::Kind::ConfigurationFile) {
         txtCFG.selectAll();
         txtCFG.setFocus();
     }
-    return fault == BatchFault::None;
+    return !fault;
 }
 
-void frmMain::editOutputFolder(OutputGrid grid, std::size_t row) {
+void frmMain::editOutputFolder(Tool grid, std::size_t row) {
     const Grid::Place folder{.row = static_cast<int>(row), .column = folderColumn};
-    if (grid == OutputGrid::CNS) {
+    if (grid == Tool::CNS) {
         grdCNS.setCurrent(folder);
         cnsOutputs_.pEditGrid(Key::blank);
     } else {

@@ -1,4 +1,4 @@
-#include "processing/command_line_mode.hpp"
+#include "processing/unattended_mode.hpp"
 
 #include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
@@ -8,9 +8,10 @@
 #include "definition/resolved_paths.hpp"
 #include "platform/left_out.hpp"
 #include "postprocess/configuration_file.hpp"
+#include "processing/build_statements.hpp"
 #include "processing/command_line.hpp"
-#include "processing/command_line_batch.hpp"
-#include "processing/record_names.hpp"
+#include "processing/commands/record_names.hpp"
+#include "processing/unattended_batch.hpp"
 #include "processing/validation.hpp"
 
 #include <optional>
@@ -21,11 +22,10 @@
 namespace tarnwick {
 namespace {
 
-class CommandLineRun {
+class UnattendedRun {
   public:
-    CommandLineRun(BatchDefinition& definition, RecordSelection& records,
-                   const CommandLineServices& services)
-        : definition_(definition), records_(records), services_(services) {}
+    UnattendedRun(BatchDefinition& definition, const UnattendedServices& services)
+        : definition_(definition), services_(services) {}
 
     void run(std::string_view text) {
         const std::optional<CommandLine> commandLine = parseCommandLine(text);
@@ -37,7 +37,7 @@ class CommandLineRun {
         }
     }
 
-    [[nodiscard]] CommandLineResult result() const noexcept { return result_; }
+    [[nodiscard]] UnattendedResult result() const noexcept { return result_; }
 
   private:
     bool findINIFile(const std::string& name) {
@@ -81,8 +81,8 @@ class CommandLineRun {
         const ValidationServices validation{.files = services_.files,
                                             .desktop = services_.desktop,
                                             .showOptions = services_.showOptions,
-                                            .editOutputFolder = [](OutputGrid, std::size_t) {}};
-        return validateBatch(definition_, validation) == BatchFault::None;
+                                            .editOutputFolder = [](Tool, std::size_t) {}};
+        return !validateBatch(definition_, validation);
     }
 
     bool selectRecords(const CommandLine& commandLine) {
@@ -102,20 +102,18 @@ class CommandLineRun {
             return false;
         }
         applyOverrides(commandLine);
-        if (records_.available().empty()) {
+        if (records_.empty()) {
             tellSkipped();
             showWarning(services_.desktop,
                         "No files found in folder " + quoted(definition_.sInputFolder) + ".");
             return false;
         }
-        records_.selectAll();
-        names_ = records_.selected();
         job_ = withResolvedPaths(definition_, services_.files);
-        refused_ = refuseUnsafe(job_, names_);
-        if (names_.empty()) {
+        refused_ = refuseUnsafe(job_, records_);
+        if (records_.empty()) {
             tellSkipped();
         }
-        return !names_.empty();
+        return !records_.empty();
     }
 
     void tellSkipped() const {
@@ -150,47 +148,50 @@ class CommandLineRun {
                 services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
         });
         leftOut_ = std::move(listing.leftOut);
-        records_.load(std::move(listing.names));
+        records_ = std::move(listing.names);
     }
 
     void startBatch(bool notify) {
-        std::optional<CommandLineBatch> batch =
-            createCommandLineBatch(definition_, services_.files, services_.desktop);
+        std::optional<UnattendedBatch> batch = createUnattendedBatch(definition_, services_.files);
         if (!batch) {
+            services_.desktop.show(
+                {.text = "Need to clean user " + quoted(definition_.sTempFolder) + " folder.",
+                 .title = std::string(applicationTitle)});
             return;
         }
-        writeCommandLineBatch(*batch, notify, job_, names_,
-                              {.files = services_.files,
-                               .desktop = services_.desktop,
-                               .interpreter = services_.interpreter});
+        KnownFolders folders(services_.files);
+        const auto lineOf = [&](const ToolStep& step) {
+            return buildStatement(services_.desktop, job_, folders, step);
+        };
+        writeUnattendedBatch(
+            *batch, {.definition = job_, .records = records_, .notify = notify, .lineOf = lineOf},
+            services_.files, services_.interpreter);
         try {
             services_.events.letRun();
             services_.interpreter.startHidden(batch->commandBatch);
         } catch (...) {
-            removeCommandLineBatch(*batch, services_.files);
+            removeUnattendedBatch(*batch, services_.files);
             throw;
         }
-        result_ = CommandLineResult::BatchStarted;
+        result_ = UnattendedResult::BatchStarted;
         services_.events.letRun();
         tellSkipped(); // not before the others are under way: nobody may be there to answer
     }
 
     BatchDefinition& definition_;
-    RecordSelection& records_;
-    const CommandLineServices& services_;
-    BatchDefinition job_;            // what commands are made by: all its paths are full
-    std::vector<std::string> names_; // of the records that get a command
-    LeftOut leftOut_;                // by the last listing
+    const UnattendedServices& services_;
+    BatchDefinition job_;              // what commands are made by: all its paths are full
+    std::vector<std::string> records_; // of the last listing; then those that get a command
+    LeftOut leftOut_;                  // by the last listing
     Refused refused_;
-    CommandLineResult result_ = CommandLineResult::NothingStarted;
+    UnattendedResult result_ = UnattendedResult::NothingStarted;
 };
 
 } // namespace
 
-CommandLineResult RunCommandLine(BatchDefinition& definition, RecordSelection& records,
-                                 const CommandLineServices& services,
-                                 std::string_view sTarnwickCommandLine) {
-    CommandLineRun run(definition, records, services);
+UnattendedResult RunCommandLine(BatchDefinition& definition, const UnattendedServices& services,
+                                std::string_view sTarnwickCommandLine) {
+    UnattendedRun run(definition, services);
     trap(services.desktop, "frmMain",
          "Public Sub RunCommandLine(ByVal sTarnwickCommandLine As String)",
          [&] { run.run(sTarnwickCommandLine); });

@@ -17,10 +17,10 @@ namespace tarnwick {
 
 // The tools' command lines of one run, as they were built. Each can be read by others as soon as it
 // is written.
-class CommandLineLog {
+class ToolLog {
   public:
     // Replaces what is there. Raises what Files::create raises.
-    CommandLineLog(Files& files, std::string_view path) : file_(files.create(path)) {}
+    ToolLog(Files& files, std::string_view path) : file_(files.create(path)) {}
 
     // Raise what OutputFile raises.
     void write(std::string_view statement);

@@ -1,14 +1,9 @@
-#include "processing/record_selection.hpp"
+#include "processing/listing_match.hpp"
 
-#include "common/keep_only.hpp"
 #include "common/text.hpp"
-#include "platform/wildcard.hpp"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <unordered_map>
-#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -48,27 +43,6 @@ ListingMatch matchListing(const std::vector<std::string>& listing,
         }
     }
     return match;
-}
-
-void RecordSelection::load(std::vector<std::string> listing) {
-    const ListingMatch match = matchListing(listing, selected_);
-    keepOnly(match.kept, selected_);
-    keepOnly(match.available, listing);
-    available_ = std::move(listing);
-}
-
-void RecordSelection::selectAll() {
-    if (selected_.empty()) {
-        selected_.swap(available_);
-        return;
-    }
-    std::vector<std::string> all;
-    all.reserve(selected_.size() + available_.size());
-    std::merge(std::make_move_iterator(selected_.begin()), std::make_move_iterator(selected_.end()),
-               std::make_move_iterator(available_.begin()),
-               std::make_move_iterator(available_.end()), std::back_inserter(all), nameLess);
-    selected_ = std::move(all);
-    available_.clear();
 }
 
 } // namespace tarnwick

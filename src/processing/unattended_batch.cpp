@@ -1,12 +1,10 @@
-#include "processing/command_line_batch.hpp"
+#include "processing/unattended_batch.hpp"
 
-#include "common/known_folders.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "platform/run_time_error.hpp"
 #include "processing/batch_writer.hpp"
-#include "processing/tool_statements.hpp"
 
 #include <utility>
 
@@ -20,36 +18,21 @@ void writeLine(OutputFile& file, std::string_view line) {
     file.close();
 }
 
-// The tools' lines of one record, CNS first: its output is then MP's input.
-void writeRecord(BatchWriter& batch, const BatchDefinition& definition,
-                 const StatementServices& services, const std::string& record) {
-    std::string cnsOutput;
-    if (definition.iProcessCNS == checked) {
-        batch.line(
-            sBuildCNSstatement(definition, services, definition.sInputFolder, record, cnsOutput));
-    }
-    if (definition.iProcessMP == checked) {
-        const auto [folder, file] = mpInput(definition, record, cnsOutput);
-        batch.line(sBuildMPstatement(definition, services, folder, file));
-    }
-}
-
 std::string callLine(std::string_view program, std::string_view file) {
     return "Call " + quoted(program) + " " + quoted(file);
 }
 
-void writeCommandBatch(CommandLineBatch& names, bool notify, const BatchDefinition& definition,
-                       std::span<const std::string> records,
-                       const CommandLineBatchServices& services) {
-    KnownFolders folders(services.files);
-    const StatementServices statements{.folders = folders, .desktop = services.desktop};
-    BatchWriter batch(std::move(names.file), services.interpreter);
-    changeToFolder(batch, definition.sInputFolder);
+void writeCommandBatch(UnattendedBatch& names, const UnattendedWork& work,
+                       const CommandInterpreter& interpreter) {
+    BatchWriter batch(std::move(names.file), interpreter);
+    changeToFolder(batch, work.definition.sInputFolder);
     batch.line("");
-    for (const std::string& record : records) {
-        writeRecord(batch, definition, statements, record);
+    for (const std::string& record : work.records) {
+        for (const ToolStep& step : toolSteps(work.definition, record)) {
+            batch.line(work.lineOf(step));
+        }
     }
-    if (notify) {
+    if (work.notify) {
         batch.line(callLine("notepad.exe", names.notificationText));
         batch.line(callLine(names.deleteBatch, names.notificationText));
     }
@@ -111,41 +94,39 @@ bool renewDeleteBatch(Files& files, const std::string& folder, const std::string
 
 } // namespace
 
-std::optional<CommandLineBatch> createCommandLineBatch(const BatchDefinition& definition,
-                                                       Files& files, Desktop& desktop) {
+std::optional<UnattendedBatch> createUnattendedBatch(const BatchDefinition& definition,
+                                                     Files& files) {
     const std::string& folder = definition.sTempFolder;
     const std::string deleteBatch = folder + "MPDELETE.bat";
-    if (renewDeleteBatch(files, folder, deleteBatch)) {
-        if (auto batch = createNumbered(files, folder + "MP_CL", ".bat")) {
-            return CommandLineBatch{.commandBatch = std::move(batch->path),
-                                    .deleteBatch = deleteBatch,
-                                    .notificationText =
-                                        folder + "MP_Notify" + batch->number + ".txt",
-                                    .file = std::move(batch->file)};
-        }
+    if (!renewDeleteBatch(files, folder, deleteBatch)) {
+        return std::nullopt;
     }
-    desktop.show({.text = "Need to clean user " + quoted(folder) + " folder.",
-                  .title = std::string(applicationTitle)});
-    return std::nullopt;
+    auto batch = createNumbered(files, folder + "MP_CL", ".bat");
+    if (!batch) {
+        return std::nullopt;
+    }
+    return UnattendedBatch{.commandBatch = std::move(batch->path),
+                           .deleteBatch = deleteBatch,
+                           .notificationText = folder + "MP_Notify" + batch->number + ".txt",
+                           .file = std::move(batch->file)};
 }
 
-void writeCommandLineBatch(CommandLineBatch& batch, bool notify, const BatchDefinition& definition,
-                           std::span<const std::string> records,
-                           const CommandLineBatchServices& services) {
+void writeUnattendedBatch(UnattendedBatch& batch, const UnattendedWork& work, Files& files,
+                          const CommandInterpreter& interpreter) {
     try {
-        if (notify) {
-            writeLine(*createAnew(services.files, batch.notificationText),
+        if (work.notify) {
+            writeLine(*createAnew(files, batch.notificationText),
                       "The Tarnwick script " + quoted(batch.commandBatch) + " is done running.");
         }
-        writeCommandBatch(batch, notify, definition, records, services);
+        writeCommandBatch(batch, work, interpreter);
     } catch (...) {
         batch.file.reset();
-        removeCommandLineBatch(batch, services.files);
+        removeUnattendedBatch(batch, files);
         throw;
     }
 }
 
-void removeCommandLineBatch(const CommandLineBatch& batch, Files& files) {
+void removeUnattendedBatch(const UnattendedBatch& batch, Files& files) {
     removeQuietly(files, batch.commandBatch);
     removeQuietly(files, batch.notificationText);
 }

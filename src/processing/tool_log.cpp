@@ -1,4 +1,4 @@
-#include "processing/command_line_log.hpp"
+#include "processing/tool_log.hpp"
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
@@ -13,7 +13,7 @@ std::optional<std::string> logFilePath(const BatchDefinition& definition, const 
     return FolderExists(files, GetFolderPath(name)) ? std::optional(name) : std::nullopt;
 }
 
-void CommandLineLog::write(std::string_view statement) {
+void ToolLog::write(std::string_view statement) {
     file_->write(std::string(statement).append(lineEnd));
     file_->drain();
 }

@@ -5,14 +5,13 @@
 #include "platform/command_interpreter.hpp"
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
-#include "processing/record_selection.hpp"
 
 #include <functional>
 #include <string_view>
 
 namespace tarnwick {
 
-struct CommandLineServices {
+struct UnattendedServices {
     Files& files;
     Desktop& desktop;
     CommandInterpreter& interpreter;
@@ -21,7 +20,7 @@ struct CommandLineServices {
     std::function<void()> showOptions; // lets the user correct the tool locations in `definition`
 };
 
-enum class CommandLineResult {
+enum class UnattendedResult {
     BatchStarted,
     NothingStarted, // the user has been told why, or asked for help
 };
@@ -29,10 +28,9 @@ enum class CommandLineResult {
 // Runs a stored definition unattended: reads the INI file that the command line names into
 // `definition`, checks it, selects all records, writes one batch file that runs the tools over them
 // and then deletes itself, and starts it hidden. Does not wait for it, writes no log and converts
-// no links. `records` is what was available and selected before, normally nothing.
+// no links.
 // Whatever happens, the program ends afterwards: the caller returns from its main function.
-CommandLineResult RunCommandLine(BatchDefinition& definition, RecordSelection& records,
-                                 const CommandLineServices& services,
-                                 std::string_view sTarnwickCommandLine);
+UnattendedResult RunCommandLine(BatchDefinition& definition, const UnattendedServices& services,
+                                std::string_view sTarnwickCommandLine);
 
 } // namespace tarnwick

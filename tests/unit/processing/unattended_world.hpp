@@ -1,6 +1,6 @@
 #pragma once
 
-#include "processing/command_line_mode.hpp"
+#include "processing/unattended_mode.hpp"
 #include "support/fake_clock.hpp"
 #include "support/fake_command_interpreter.hpp"
 #include "support/hosted_world.hpp"
@@ -16,9 +16,9 @@
 namespace tarnwick {
 
 // A machine with the tools, two records and a stored definition that runs both tools over them.
-class CommandLineWorld : public testing::Test {
+class UnattendedWorld : public testing::Test {
   protected:
-    CommandLineWorld() {
+    UnattendedWorld() {
         MyDefaultSettings(definition);
         definition.sAppFolder = "C:\\app\\";
         definition.sTempFolder = "C:\\temp\\";
@@ -44,8 +44,8 @@ class CommandLineWorld : public testing::Test {
                                          std::string(changes));
     }
 
-    CommandLineResult run(std::string_view text) {
-        return RunCommandLine(definition, records,
+    UnattendedResult run(std::string_view text) {
+        return RunCommandLine(definition,
                               {.files = *files,
                                .desktop = desktop,
                                .interpreter = interpreter,
@@ -57,7 +57,7 @@ class CommandLineWorld : public testing::Test {
 
     // Nothing was started, and nothing was written into the temporary folder.
     void expectNothingDone(std::string_view text) {
-        EXPECT_EQ(run(text), CommandLineResult::NothingStarted);
+        EXPECT_EQ(run(text), UnattendedResult::NothingStarted);
         EXPECT_THAT(interpreter.started, testing::IsEmpty());
         EXPECT_THAT(world.files().listFiles("C:\\temp", "").names, testing::IsEmpty());
     }
@@ -72,7 +72,7 @@ class CommandLineWorld : public testing::Test {
         EXPECT_EQ(helpShown, 0);
     }
     std::string batchOf(std::string_view text) {
-        EXPECT_EQ(run(text), CommandLineResult::BatchStarted);
+        EXPECT_EQ(run(text), UnattendedResult::BatchStarted);
         EXPECT_THAT(desktop.messages, testing::IsEmpty());
         EXPECT_EQ(interpreter.started.size(), 1U);
         return interpreter.started.empty() ? "" : interpreter.started.front().content;
@@ -85,7 +85,6 @@ class CommandLineWorld : public testing::Test {
     FakeClock clock;
     FakePendingEvents events{clock};
     BatchDefinition definition;
-    RecordSelection records;
     int helpShown = 0;
     int optionsShown = 0;
 };

@@ -1,8 +1,7 @@
 // Measures the engine (list the folder, select, build both tools' lines, write the batch) against a
 // plain program that lists the same folder, sorts the names and writes the same bytes, in one run.
 
-#include "platform/hosted/hosted_command_interpreter.hpp"
-#include "platform/hosted/hosted_files.hpp"
+#include "platform/posix/posix_files.hpp"
 #include "platform/wildcard.hpp"
 #include "processing/unattended_batch.hpp"
 
@@ -75,9 +74,21 @@ BatchDefinition definition() {
     return result;
 }
 
+// Reads batch files in the code page that they are written in.
+class PlainInterpreter : public CommandInterpreter {
+  public:
+    std::unique_ptr<StartedBatch> startHidden(std::string_view /*batchFile*/) override {
+        return nullptr;
+    }
+    [[nodiscard]] std::string batchText(std::string_view text) const override {
+        return std::string(text);
+    }
+    [[nodiscard]] std::string systemCodePageLine() const override { return {}; }
+};
+
 void runEngine(const World& place) {
-    HostedFiles files(place.root().string());
-    const HostedCommandInterpreter interpreter(files, {"true"});
+    PosixFiles files(place.root().string());
+    const PlainInterpreter interpreter;
     const BatchDefinition batch = definition();
     const auto records = files.listFiles(batch.sInputFolder, batch.sInputExtensions).names;
     fs::remove(place.batch());

@@ -4,7 +4,7 @@
 
 #include "child_run.hpp"
 #include "page_set.hpp"
-#include "platform/hosted/hosted_files.hpp"
+#include "platform/posix/posix_files.hpp"
 #include "postprocess/relative_links.hpp"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void rewriteAll(const PageSet& pages) {
-    HostedFiles files(pages.drivesRoot());
+    PosixFiles files(pages.drivesRoot());
     const BatchDefinition definition = pages.definition();
     for (const std::string& record : pages.records()) {
         static_cast<void>(rewriteRecordLinks(definition, files, record, "tarnwick"));

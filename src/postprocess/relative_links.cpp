@@ -179,25 +179,32 @@ void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& 
          [&] { static_cast<void>(rewriteRecordLinks(definition, files, sFile, "tarnwick")); });
 }
 
-std::string GetRelativePath(std::string_view sFrom, std::string_view sTo) {
-    for (auto p = sFrom.find('\\'); p != std::string_view::npos; p = sFrom.find('\\')) {
-        if (!equalIgnoringCase(sFrom.substr(0, p + 1), sTo.substr(0, p + 1))) {
+std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
+                            const CodePage& codePage) {
+    const auto nextBackslash = [&] { return codePage.findFirstOf(sFrom, "\\"); };
+    for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
+        if (!equalIgnoringCase(sFrom.substr(0, p + 1), sTo.substr(0, p + 1), codePage)) {
             break;
         }
         sFrom.remove_prefix(p + 1);
         sTo.remove_prefix(p + 1);
     }
     std::string path;
-    for (auto levels = std::ranges::count(sFrom, '\\'); levels > 0; --levels) {
+    for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
         path += "..\\";
+        sFrom.remove_prefix(p + 1);
     }
     return path.append(sTo);
 }
 
-std::string ChangeMySlashes(std::string_view sPath) {
-    std::string result(sPath);
-    std::ranges::replace(result, '\\', '/');
-    return result;
+std::string ChangeMySlashes(std::string_view sPath, const CodePage& codePage) {
+    std::string result;
+    for (auto p = codePage.findFirstOf(sPath, "\\"); p != std::string_view::npos;
+         p = codePage.findFirstOf(sPath, "\\")) {
+        result.append(sPath.substr(0, p)).append("/");
+        sPath.remove_prefix(p + 1);
+    }
+    return result.append(sPath);
 }
 
 } // namespace tarnwick

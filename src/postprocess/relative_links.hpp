@@ -1,6 +1,7 @@
 #pragma once
 
 #include "definition/batch_definition.hpp"
+#include "platform/code_page.hpp"
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
 
@@ -38,9 +39,11 @@ void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& 
 // The way from the folder of the file `sFrom` to the file `sTo`, with "\". The folders that both
 // begin with fall away, whatever their case; each other one of `sFrom` is a "..\". Between drives
 // that leaves `sTo` whole, with its drive.
-[[nodiscard]] std::string GetRelativePath(std::string_view sFrom, std::string_view sTo);
+[[nodiscard]] std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
+                                          const CodePage& codePage = systemCodePage());
 
 // `sPath` with "/" for every "\".
-[[nodiscard]] std::string ChangeMySlashes(std::string_view sPath);
+[[nodiscard]] std::string ChangeMySlashes(std::string_view sPath,
+                                          const CodePage& codePage = systemCodePage());
 
 } // namespace tarnwick

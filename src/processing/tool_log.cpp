@@ -7,7 +7,7 @@ namespace tarnwick {
 
 std::optional<std::string> logFilePath(const BatchDefinition& definition, const Files& files) {
     const std::string& name = definition.sCommandLineLogFile;
-    if (name.find('\\') == std::string::npos) {
+    if (!hasBackslash(name)) {
         return joinPath(definition.sInputFolder, name);
     }
     return FolderExists(files, GetFolderPath(name)) ? std::optional(name) : std::nullopt;

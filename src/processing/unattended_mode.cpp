@@ -45,7 +45,7 @@ class UnattendedRun {
         if (FileExists(services_.files, name)) {
             return true;
         }
-        if (name.find('\\') == std::string::npos) {
+        if (!hasBackslash(name)) {
             definition_.sINIFile = definition_.sAppFolder + name;
             if (FileExists(services_.files, definition_.sINIFile)) {
                 return true;

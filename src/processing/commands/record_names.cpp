@@ -25,6 +25,15 @@ std::string shownName(std::string_view record) {
     return shown;
 }
 
+// The small raised digits count too.
+bool isPortDigit(std::string_view digit, const CodePage& codePage) noexcept {
+    if (codePage.isUtf8() && digit.starts_with('\xC2')) {
+        digit.remove_prefix(1);
+    }
+    constexpr std::string_view digits = "123456789\xB9\xB2\xB3";
+    return digit.size() == 1 && digits.contains(digit.front());
+}
+
 template <typename Condition>
 void refuseWhere(std::vector<std::string>& records, LeftOut& refused, const Condition& isUnsafe) {
     std::erase_if(records, [&](const std::string& record) {
@@ -45,7 +54,7 @@ void refuseOptions(std::vector<std::string>& records, LeftOut& refused) {
 // Whether the path is refused; it is then counted.
 bool refusePath(std::string_view folder, std::string_view extension, LeftOut& refused) {
     std::string path = joinPath(folder, "*", extension);
-    if (path.find_first_of("%^") == std::string::npos) {
+    if (systemCodePage().findFirstOf(path, "%^") == std::string::npos) {
         return false;
     }
     leaveOut(std::move(path), refused);
@@ -62,13 +71,13 @@ void refuseRows(std::span<OutputDefinition> rows, LeftOut& refused) {
 
 } // namespace
 
-bool staysName(std::string_view record) noexcept {
+bool staysName(std::string_view record, const CodePage& codePage) noexcept {
     constexpr std::string_view unsafe = R"("%^<>|*?:/\)";
-    return !record.empty() &&
-           std::ranges::none_of(record, [&](char c) { return isControl(c) || unsafe.contains(c); });
+    return !record.empty() && std::ranges::none_of(record, isControl) &&
+           codePage.findFirstOf(record, unsafe) == std::string_view::npos;
 }
 
-bool leadsElsewhere(std::string_view record) noexcept {
+bool leadsElsewhere(std::string_view record, const CodePage& codePage) noexcept {
     if (record.ends_with('.') || record.ends_with(' ')) {
         return true;
     }
@@ -79,11 +88,9 @@ bool leadsElsewhere(std::string_view record) noexcept {
             return true;
         }
     }
-    // The small raised digits of code page 1252 count as digits here.
-    constexpr std::string_view digits = "123456789\xB9\xB2\xB3";
     const std::string_view port = stem.substr(0, 3);
-    return stem.size() == 4 && digits.contains(stem.back()) &&
-           (equalIgnoringCase(port, "COM") || equalIgnoringCase(port, "LPT"));
+    return (equalIgnoringCase(port, "COM") || equalIgnoringCase(port, "LPT")) &&
+           isPortDigit(stem.substr(3), codePage);
 }
 
 LeftOut refuseUnsafeNames(std::vector<std::string>& records) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "definition/batch_definition.hpp"
+#include "platform/code_page.hpp"
 #include "platform/left_out.hpp"
 
 #include <string>
@@ -15,12 +16,14 @@ namespace tarnwick {
 // them becomes a command or a path. Nor a "%", which Windows does allow: in a batch it begins a
 // variable, even between quotation marks, and "%~z" ends the whole batch; nor a "^", which "call"
 // doubles: the tool would get the name of another record.
-[[nodiscard]] bool staysName(std::string_view record) noexcept;
+[[nodiscard]] bool staysName(std::string_view record,
+                             const CodePage& codePage = systemCodePage()) noexcept;
 
 // Whether the system opens something else under that name: it cuts off a dot or blank at the end,
 // which may leave another record's name, and "CON.met" is the console, in which a tool waits for
 // ever. Other systems and network drives let such files be made.
-[[nodiscard]] bool leadsElsewhere(std::string_view record) noexcept;
+[[nodiscard]] bool leadsElsewhere(std::string_view record,
+                                  const CodePage& codePage = systemCodePage()) noexcept;
 
 // Takes the records out whose names do not stay names or lead elsewhere, and tells which.
 [[nodiscard]] LeftOut refuseUnsafeNames(std::vector<std::string>& records);

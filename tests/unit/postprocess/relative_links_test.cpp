@@ -64,6 +64,20 @@ TEST(RelativePath, Every_backslash_becomes_a_slash) {
     EXPECT_EQ(ChangeMySlashes(""), "");
 }
 
+TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
+    for (const auto& [number, letter] :
+         {std::pair(932U, "\x95\x5C"), std::pair(936U, "\x81\x5C"), std::pair(950U, "\xA5\x5C")}) {
+        const CodePage page(number);
+        const std::string folder = std::string("C:\\") + letter;
+        EXPECT_EQ(GetRelativePath(folder + "\\html\\r.html", folder + "\\r.txt", page),
+                  "..\\r.txt");
+        EXPECT_EQ(GetRelativePath("C:\\a\\r.html", folder + "\\r.txt", page),
+                  std::string("..\\") + letter + "\\r.txt");
+        EXPECT_EQ(ChangeMySlashes(folder + "\\r.txt", page),
+                  std::string("C:/") + letter + "/r.txt");
+    }
+}
+
 class RelativeLinks : public LinksWorld, public testing::Test {
   protected:
     void putHtml(std::string_view bytes) { world.write(out + "Html\\rec.html", bytes); }

@@ -1,8 +1,9 @@
-#include "platform/hosted/hosted_files.hpp"
+#include "platform/posix/posix_files.hpp"
 
-#include "platform/hosted/errors.hpp"
-#include "platform/hosted/folder_listing.hpp"
-#include "platform/hosted/hosted_open_files.hpp"
+#include "platform/characters.hpp"
+#include "platform/posix/errors.hpp"
+#include "platform/posix/folder_listing.hpp"
+#include "platform/posix/posix_open_files.hpp"
 #include "platform/wildcard.hpp"
 #include "platform/windows_path.hpp"
 
@@ -31,20 +32,22 @@ std::string asFolder(std::string_view folder) {
     return folder.empty() ? std::string() : std::string(folder) + '\\';
 }
 
-// The bytes that are no character in code page 1252. A name that holds one is left out of
-// listings, as one is that Windows cannot tell in its code page.
-constexpr std::string_view noCharacters = "\x81\x8D\x8F\x90\x9D";
-
-std::string shownName(std::string_view name) {
+// What a name looks like that has bytes which are no characters; nothing where it has none. Such a
+// file is left out of listings.
+std::optional<std::string> shownWhereOdd(std::string_view name) {
     std::string shown;
-    for (const char character : name) {
-        if (noCharacters.contains(character)) {
-            shown += shownByNumber(static_cast<unsigned char>(character));
+    bool odd = false;
+    while (!name.empty()) {
+        const auto bytes = name.substr(0, systemCodePage().lengthOfFirst(name));
+        name.remove_prefix(bytes.size());
+        if (systemCodePage().isCharacter(bytes)) {
+            shown += bytes;
         } else {
-            shown += character;
+            shown += shownByNumber(static_cast<unsigned char>(bytes.front()));
+            odd = true;
         }
     }
-    return shown;
+    return odd ? std::optional(shown) : std::nullopt;
 }
 
 // The names in the folder's own order.
@@ -55,21 +58,23 @@ Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const M
         if (kind != wanted || !matches(name)) {
             return;
         }
-        if (name.find_first_of(noCharacters) == std::string_view::npos) {
+        if (isAscii(name)) {
             listing.names.emplace_back(name);
-            return;
+        } else if (auto shown = shownWhereOdd(name)) {
+            leaveOut(*std::move(shown), listing.leftOut);
+        } else {
+            listing.names.emplace_back(name);
         }
-        leaveOut(shownName(name), listing.leftOut);
     });
     return listing;
 }
 
 } // namespace
 
-HostedFiles::HostedFiles(std::string drivesRoot, std::string_view currentFolder)
+PosixFiles::PosixFiles(std::string drivesRoot, std::string_view currentFolder)
     : root_(std::move(drivesRoot), asFolder(currentFolder)) {}
 
-bool HostedFiles::canListFolder(std::string_view folder) const {
+bool PosixFiles::canListFolder(std::string_view folder) const {
     try {
         const auto [host, status] = root_.find(asFolder(folder));
         return status && isListable(host, *status);
@@ -78,7 +83,7 @@ bool HostedFiles::canListFolder(std::string_view folder) const {
     }
 }
 
-std::string HostedFiles::firstNormalFile(std::string_view path) const {
+std::string PosixFiles::firstNormalFile(std::string_view path) const {
     if (!isPossiblePattern(path)) {
         throw RunTimeError(ErrorNumber::BadFileName);
     }
@@ -99,12 +104,10 @@ std::string HostedFiles::firstNormalFile(std::string_view path) const {
     if (!isFile(status)) {
         return {};
     }
-    const auto slash = host.rfind('/');
-    auto name = host.substr(slash + 1);
-    return isHiddenOrSystem(host.substr(0, slash), name) ? std::string() : std::move(name);
+    return host.substr(host.rfind('/') + 1);
 }
 
-Listing HostedFiles::listFiles(std::string_view folder, std::string_view patterns) const {
+Listing PosixFiles::listFiles(std::string_view folder, std::string_view patterns) const {
     auto listing =
         unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::File,
                         [&](std::string_view name) { return matchesAnyWildcard(name, patterns); });
@@ -112,14 +115,14 @@ Listing HostedFiles::listFiles(std::string_view folder, std::string_view pattern
     return listing;
 }
 
-Listing HostedFiles::listFolders(std::string_view folder) const {
+Listing PosixFiles::listFolders(std::string_view folder) const {
     auto listing = unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::Folder,
                                    [](std::string_view) { return true; });
     sortNames(listing.names);
     return listing;
 }
 
-std::vector<std::string> HostedFiles::drives() const {
+std::vector<std::string> PosixFiles::drives() const {
     std::vector<std::string> drives;
     for (char letter = 'A'; letter <= 'Z'; ++letter) {
         const auto drive = std::string(1, letter) + ':';
@@ -130,18 +133,18 @@ std::vector<std::string> HostedFiles::drives() const {
     return drives;
 }
 
-std::string HostedFiles::currentFolder() const {
+std::string PosixFiles::currentFolder() const {
     return root_.currentFolder();
 }
 
-std::string HostedFiles::shortPath(std::string_view path) const {
+std::string PosixFiles::shortPath(std::string_view path) const {
     if (!root_.find(path).status) {
         raiseSystemError(ENOENT);
     }
     return std::string(path);
 }
 
-HostedFiles::HostFile HostedFiles::look(std::string_view path) const {
+PosixFiles::HostFile PosixFiles::look(std::string_view path) const {
     // Mostly every name is spelled as it is on the disk, and needs no search.
     auto host = root_.spelled(path);
     auto file = openIfThere(host);
@@ -152,7 +155,7 @@ HostedFiles::HostFile HostedFiles::look(std::string_view path) const {
     return {.path = std::move(host), .file = std::move(file)};
 }
 
-std::unique_ptr<InputFile> HostedFiles::openForReading(std::string_view path) const {
+std::unique_ptr<InputFile> PosixFiles::openForReading(std::string_view path) const {
     auto [host, file] = look(path);
     if (!file.isOpen()) {
         raiseSystemError(ENOENT);
@@ -160,19 +163,19 @@ std::unique_ptr<InputFile> HostedFiles::openForReading(std::string_view path) co
     return readFrom(std::move(file));
 }
 
-std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
+std::unique_ptr<OutputFile> PosixFiles::create(std::string_view path) {
     return createHostFile(root_.hostPath(path), Existing::Emptied);
 }
 
-std::unique_ptr<OutputFile> HostedFiles::createNew(std::string_view path) {
+std::unique_ptr<OutputFile> PosixFiles::createNew(std::string_view path) {
     return createHostFile(root_.placeFor(path), Existing::Refused);
 }
 
-std::unique_ptr<OutputFile> HostedFiles::append(std::string_view path) {
+std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
     return createHostFile(root_.hostPath(path), Existing::Kept);
 }
 
-void HostedFiles::remove(std::string_view path) {
+void PosixFiles::remove(std::string_view path) {
     const auto [host, file] = look(path);
     requireFile(file);
     requireReplaceable(file);
@@ -181,25 +184,24 @@ void HostedFiles::remove(std::string_view path) {
     }
 }
 
-void HostedFiles::createFolder(std::string_view path) {
+void PosixFiles::createFolder(std::string_view path) {
     constexpr mode_t everybody = 0777; // less what the user's mask takes away
     if (::mkdir(root_.hostPath(path).c_str(), everybody) != 0) {
         raiseSystemError(errno);
     }
 }
 
-void HostedFiles::moveOver(std::string_view from, std::string_view to) {
+void PosixFiles::moveOver(std::string_view from, std::string_view to) {
     move(from, to, Access::OfTarget);
 }
 
-void HostedFiles::replace(std::string_view from, std::string_view to) {
+void PosixFiles::replace(std::string_view from, std::string_view to) {
     move(from, to, Access::OfSource);
 }
 
-void HostedFiles::move(std::string_view from, std::string_view to, Access access) {
+void PosixFiles::move(std::string_view from, std::string_view to, Access access) {
     const auto [hostFrom, source] = look(from);
     requireFile(source);
-    requireNotInUse(source);
     const auto [hostTo, target] = look(to);
     if (access == Access::OfTarget && isLink(hostTo)) {
         raiseSystemError(EACCES);

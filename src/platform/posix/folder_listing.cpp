@@ -1,26 +1,20 @@
-#include "platform/hosted/folder_listing.hpp"
+#include "platform/posix/folder_listing.hpp"
 
-#include "platform/case_folding.hpp"
-#include "platform/hosted/errors.hpp"
-#include "platform/hosted/file_descriptor.hpp"
+#include "platform/posix/errors.hpp"
+#include "platform/posix/file_descriptor.hpp"
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <unordered_set>
 
 namespace tarnwick {
 namespace {
-
-constexpr std::string_view unseenList = ".hidden";
 
 struct FolderCloser {
     void operator()(DIR* folder) const noexcept { ::closedir(folder); }
@@ -46,43 +40,6 @@ Folder openFolder(const std::string& hostFolder) {
     static_cast<void>(descriptor.release()); // the folder closes it now
     return folder;
 }
-
-// Empty where there is no such file.
-std::string contentOf(const std::string& hostPath) {
-    const FileDescriptor file(::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen()) {
-        return {};
-    }
-    std::string content;
-    std::array<char, 4096> block{};
-    ssize_t count = 0;
-    while ((count = ::read(file.get(), block.data(), block.size())) > 0) {
-        content.append(block.data(), static_cast<std::size_t>(count));
-    }
-    return content;
-}
-
-// The names that a folder does not show. Most folders name none, and then no name is looked up.
-class UnseenNames {
-  public:
-    explicit UnseenNames(const std::string& hostFolder) {
-        const auto content = contentOf(std::string(hostFolder).append("/").append(unseenList));
-        std::string_view rest = content;
-        while (!rest.empty()) {
-            const auto end = std::min(rest.find('\n'), rest.size());
-            names_.insert(upperCase(rest.substr(0, end)));
-            rest.remove_prefix(std::min(end + 1, rest.size()));
-        }
-    }
-
-    [[nodiscard]] bool contain(std::string_view name) const {
-        return equalIgnoringCase(name, unseenList) ||
-               (!names_.empty() && names_.contains(upperCase(name)));
-    }
-
-  private:
-    std::unordered_set<std::string> names_; // upper-cased
-};
 
 std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
     switch (entry.d_type) {
@@ -115,11 +72,10 @@ bool isSpecialName(std::string_view name) {
 void listHostFolder(const std::string& hostFolder,
                     const std::function<void(std::string_view name, EntryKind kind)>& take) {
     const auto folder = openFolder(hostFolder);
-    const UnseenNames unseen(hostFolder);
     errno = 0;
     while (const dirent* entry = ::readdir(folder.get())) {
         const std::string_view name = entry->d_name;
-        if (!isSpecialName(name) && !unseen.contain(name)) {
+        if (!isSpecialName(name)) {
             if (const auto kind = kindOf(folder.get(), *entry)) {
                 take(name, *kind);
             }
@@ -129,10 +85,6 @@ void listHostFolder(const std::string& hostFolder,
     if (errno != 0) {
         raiseSystemError(errno);
     }
-}
-
-bool isHiddenOrSystem(const std::string& hostFolder, const std::string& name) {
-    return UnseenNames(hostFolder).contain(name);
 }
 
 bool isListable(const std::string& hostFolder, const struct stat& status) {

@@ -1,4 +1,4 @@
-#include "platform/hosted/errors.hpp"
+#include "platform/posix/errors.hpp"
 
 #include <cerrno>
 

@@ -1,7 +1,7 @@
-#include "platform/hosted/drives_root.hpp"
+#include "platform/posix/drives_root.hpp"
 
 #include "platform/case_folding.hpp"
-#include "platform/hosted/file_descriptor.hpp"
+#include "platform/posix/file_descriptor.hpp"
 #include "platform/run_time_error.hpp"
 #include "platform/wildcard.hpp"
 #include "platform/windows_path.hpp"

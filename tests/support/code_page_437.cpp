@@ -1,4 +1,4 @@
-#include "platform/hosted/code_page_437.hpp"
+#include "support/code_page_437.hpp"
 
 #include <array>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The contracts for what stands in the place of the platform in most tests. Its file system is the
-// hosted one, which has the contracts in a program of its own.
+// The contracts for what stands in the place of the platform in most tests: files of the build
+// machine, and fakes for the rest.
 
 #include "contract/contract_fixture.hpp"
 #include "support/fake_clock.hpp"
@@ -9,12 +9,16 @@
 #include "support/hosted_world.hpp"
 #include "support/memory_settings_store.hpp"
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <utility>
 
 namespace tarnwick {
 namespace {
+
+namespace fs = std::filesystem;
 
 // The fake interpreter runs nothing: before anybody looks at a file, the batch goes on here.
 class FilesBesideABatch : public ForwardingFiles {
@@ -30,9 +34,9 @@ class FilesBesideABatch : public ForwardingFiles {
     std::function<void()> batch_;
 };
 
-class FakePlatform final : public PlatformUnderTest {
+class NativePlatform final : public PlatformUnderTest {
   public:
-    FakePlatform() {
+    NativePlatform() {
         world_.makeFolder(scratch());
         interpreter_.run = [this](const FakeCommandInterpreter::Started&) { running_ = true; };
         interpreter_.hasEnded = [this] { return !running_; };
@@ -40,23 +44,34 @@ class FakePlatform final : public PlatformUnderTest {
 
     Files& files() override { return files_; }
     [[nodiscard]] std::string scratch() const override { return R"(C:\scratch)"; }
-    [[nodiscard]] std::string currentFolder() const override { return R"(C:\)"; }
-    std::string emptyDrive() override { return "E:"; }
-    std::string otherVolume() override { return "O:"; }
+    [[nodiscard]] std::string currentFolder() const override { return R"(C:\Work Folder)"; }
+    std::string emptyDrive() override {
+        world_.makeDrive('E');
+        return "E:";
+    }
+    std::string otherVolume() override {
+        world_.makeDrive('O');
+        world_.makeFolder(R"(O:\scratch)");
+        return R"(O:\scratch)";
+    }
     [[nodiscard]] std::string missingDrive() const override { return "Q:"; }
     void hide(const std::string& path) override { world_.hide(path); }
     void makeSystem(const std::string& path) override { world_.hide(path); }
     void makeReadOnly(const std::string& path) override { world_.makeReadOnly(path); }
-    // What only the contracts of a file system ask for.
-    void keepFromOthers(const std::string& /*path*/) override { askedInVain(); }
-    [[nodiscard]] std::string rightsTo(const std::string& /*path*/) const override {
-        return askedInVain();
+    void keepFromOthers(const std::string& path) override {
+        fs::permissions(libraryPath(path), fs::perms::owner_read | fs::perms::owner_write);
+    }
+    [[nodiscard]] std::string rightsTo(const std::string& path) const override {
+        return std::to_string(static_cast<unsigned>(fs::status(libraryPath(path)).permissions()));
     }
     Files& filesWithoutShortNames() override { return files_; }
-    std::string makeNameless(const std::string& /*folder*/, const std::string& /*end*/) override {
-        return askedInVain();
+    std::string makeNameless(const std::string& folder, const std::string& end) override {
+        std::ofstream(libraryPath(folder) + "/\x81" + end);
+        return "<U+0081>" + end;
     }
-    std::shared_ptr<void> keep(const std::string& /*path*/) override { return nullptr; }
+    std::shared_ptr<void> keep(const std::string& path) override {
+        return std::make_shared<FileDescriptor>(world_.files().openExclusively(path));
+    }
     [[nodiscard]] std::string libraryPath(const std::string& path) const override {
         return world_.files().hostPath(path);
     }
@@ -83,10 +98,6 @@ class FakePlatform final : public PlatformUnderTest {
     }
 
   private:
-    static std::string askedInVain() {
-        ADD_FAILURE() << "the fakes have no file system of their own";
-        return {};
-    }
     void goOn() {
         if (running_ && world_.exists(signal_)) {
             world_.write(marker_, "");
@@ -94,7 +105,7 @@ class FakePlatform final : public PlatformUnderTest {
         }
     }
 
-    HostedWorld world_;
+    HostedWorld world_{R"(C:\Work Folder)"};
     bool running_ = false;
     mutable std::string signal_;
     mutable std::string marker_;
@@ -109,7 +120,7 @@ class FakePlatform final : public PlatformUnderTest {
 } // namespace
 
 std::unique_ptr<PlatformUnderTest> makePlatformUnderTest() {
-    return std::make_unique<FakePlatform>();
+    return std::make_unique<NativePlatform>();
 }
 
 } // namespace tarnwick

@@ -1,18 +1,17 @@
 #pragma once
 
 #include "platform/files.hpp"
-#include "platform/hosted/drives_root.hpp"
-#include "platform/hosted/file_descriptor.hpp"
+#include "platform/posix/drives_root.hpp"
+#include "platform/posix/file_descriptor.hpp"
 
 namespace tarnwick {
 
 // The file system of a POSIX machine, shown as drives and shares below one folder (see
-// DrivesRoot). A folder's hidden and system files are those named, one a line, in its file
-// ".hidden", which is never shown itself; read-only is what its owner may not write. The bytes of a
-// name are characters of code page 1252. No file has a short name.
-class HostedFiles : public Files {
+// DrivesRoot). Read-only is what its owner may not write. No file is hidden or has a short name,
+// and none is ever in use: the system lets everybody open, replace and remove an open file.
+class PosixFiles : public Files {
   public:
-    explicit HostedFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
+    explicit PosixFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
 
     [[nodiscard]] bool canListFolder(std::string_view folder) const override;
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
@@ -39,7 +38,7 @@ class HostedFiles : public Files {
         std::string path;
         FileDescriptor file; // not open: nothing is there
     };
-    // What lies at `path`, open but not held. Raises as DrivesRoot::find, and 75 (not allowed).
+    // What lies at `path`, open. Raises as DrivesRoot::find, and 75 (not allowed).
     [[nodiscard]] HostFile look(std::string_view path) const;
     enum class Access { OfTarget, OfSource };
     void move(std::string_view from, std::string_view to, Access access);

@@ -1,36 +1,16 @@
-#include "platform/hosted/hosted_open_files.hpp"
+#include "platform/posix/posix_open_files.hpp"
 
-#include "platform/hosted/errors.hpp"
+#include "platform/posix/errors.hpp"
 #include "platform/write_buffer.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <limits>
 #include <utility>
 
 namespace tarnwick {
 namespace {
-
-constexpr off_t writerByte = std::numeric_limits<off_t>::max() - 2;
-constexpr off_t anyoneByte = writerByte + 1;
-
-struct flock lockRequest(short type, off_t start, off_t length) {
-    struct flock request{};
-    request.l_type = type;
-    request.l_whence = SEEK_SET;
-    request.l_start = start;
-    request.l_len = length;
-    return request;
-}
-
-void lockByte(const FileDescriptor& file, short type, off_t byte) {
-    auto request = lockRequest(type, byte, 1);
-    if (::fcntl(file.get(), F_OFD_SETLK, &request) != 0 && (errno == EAGAIN || errno == EACCES)) {
-        raiseSystemError(EAGAIN);
-    } // A file system that keeps no locks has nothing to say against it.
-}
 
 // Not open where it cannot be opened; errno tells why.
 FileDescriptor tryToOpen(const std::string& hostPath, int flags) {
@@ -67,9 +47,9 @@ void requirePermission(const struct stat& status, mode_t bit) {
     }
 }
 
-class HostedInputFile : public InputFile {
+class PosixInputFile : public InputFile {
   public:
-    explicit HostedInputFile(FileDescriptor file) : file_(std::move(file)) {}
+    explicit PosixInputFile(FileDescriptor file) : file_(std::move(file)) {}
 
     std::size_t read(std::span<char> buffer) override {
         ssize_t count = -1;
@@ -98,16 +78,16 @@ std::size_t writeSome(const FileDescriptor& file, std::string_view bytes) {
     return static_cast<std::size_t>(count);
 }
 
-class HostedOutputFile : public OutputFile {
+class PosixOutputFile : public OutputFile {
   public:
-    explicit HostedOutputFile(FileDescriptor file) : file_(std::move(file)) {}
-    HostedOutputFile(const HostedOutputFile&) = delete;
-    HostedOutputFile& operator=(const HostedOutputFile&) = delete;
-    HostedOutputFile(HostedOutputFile&&) = delete;
-    HostedOutputFile& operator=(HostedOutputFile&&) = delete;
-    ~HostedOutputFile() override {
+    explicit PosixOutputFile(FileDescriptor file) : file_(std::move(file)) {}
+    PosixOutputFile(const PosixOutputFile&) = delete;
+    PosixOutputFile& operator=(const PosixOutputFile&) = delete;
+    PosixOutputFile(PosixOutputFile&&) = delete;
+    PosixOutputFile& operator=(PosixOutputFile&&) = delete;
+    ~PosixOutputFile() override {
         try {
-            HostedOutputFile::close();
+            PosixOutputFile::close();
         } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch): nobody is left to tell
         }
     }
@@ -158,8 +138,7 @@ FileDescriptor openIfThere(const std::string& hostPath) {
 
 std::unique_ptr<InputFile> readFrom(FileDescriptor file) {
     requirePermission(statusOf(file), S_IRUSR);
-    lockByte(file, F_RDLCK, anyoneByte);
-    return std::make_unique<HostedInputFile>(std::move(file));
+    return std::make_unique<PosixInputFile>(std::move(file));
 }
 
 void requireFile(const FileDescriptor& file) {
@@ -168,30 +147,20 @@ void requireFile(const FileDescriptor& file) {
     }
 }
 
-void requireNotInUse(const FileDescriptor& file) {
-    auto request = lockRequest(F_WRLCK, writerByte, 2);
-    if (::fcntl(file.get(), F_OFD_GETLK, &request) == 0 && request.l_type != F_UNLCK) {
-        raiseSystemError(EAGAIN);
-    }
-}
-
 void requireReplaceable(const FileDescriptor& file) {
     requirePermission(statusOf(file), S_IWUSR);
-    requireNotInUse(file);
 }
 
-void takeOverMode(const FileDescriptor& heir, const FileDescriptor& file) {
+void takeOverMode(const FileDescriptor& newFile, const FileDescriptor& file) {
     const mode_t mode = statusOf(file).st_mode;
-    if (statusOf(heir).st_mode != mode) {
-        (void)::fchmod(heir.get(), mode & 07777U);
+    if (statusOf(newFile).st_mode != mode) {
+        (void)::fchmod(newFile.get(), mode & 07777U);
     }
 }
 
 namespace {
 
 void makeReady(const FileDescriptor& file, Existing existing) {
-    lockByte(file, F_WRLCK,
-             writerByte); // Before its size is asked for: nobody else changes it now.
     const auto status = statusOf(file);
     requirePermission(status, S_IWUSR);
     const bool ready =
@@ -215,14 +184,7 @@ std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath, Existing
         }
         throw;
     }
-    return std::make_unique<HostedOutputFile>(std::move(file));
-}
-
-FileDescriptor openExclusively(const std::string& hostPath) {
-    auto file = openDescriptor(hostPath, O_RDWR);
-    lockByte(file, F_WRLCK, writerByte);
-    lockByte(file, F_WRLCK, anyoneByte);
-    return file;
+    return std::make_unique<PosixOutputFile>(std::move(file));
 }
 
 } // namespace tarnwick

@@ -177,7 +177,7 @@ class NoDesktop : public Desktop {
         std::cerr << message.text << '\n';
         std::abort();
     }
-    std::string chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
+    std::optional<std::string> chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
     std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
         std::abort();
     }

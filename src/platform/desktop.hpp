@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,8 +48,8 @@ class Desktop {
 
     // The full path that the user chose. A name that is to be saved under and has no extension gets
     // that of the first filter, as long as that filter is chosen (see default_extension.hpp).
-    // Raises 32755 when the dialog is cancelled.
-    virtual std::string chooseFile(const FileDialog& dialog) = 0;
+    // Nothing when the dialog is cancelled. Raises 51 where it cannot be shown.
+    virtual std::optional<std::string> chooseFile(const FileDialog& dialog) = 0;
 
     // The line that the user typed; empty when cancelled.
     virtual std::string askForText(std::string_view prompt, std::string_view title) = 0;

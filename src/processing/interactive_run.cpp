@@ -88,8 +88,8 @@ void InteractiveRun::requireNoRecord(const std::string& path) const {
     }
 }
 
-// Whoever cancels finds the last record's status where it was: on purpose, "Stopped!" is said only
-// where there was no record that could be stopped at.
+// On purpose, a run that is cancelled leaves the status of the record that it was at; "Stopped!" is
+// shown only where there was no record to be at.
 void InteractiveRun::processAll() {
     const auto count = static_cast<double>(job_.records.size());
     double done = 0;

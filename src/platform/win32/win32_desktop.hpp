@@ -9,7 +9,7 @@ namespace tarnwick {
 class Win32Desktop : public Desktop {
   public:
     MessageAnswer show(const Message& message) override;
-    std::string chooseFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFile(const FileDialog& dialog) override;
     std::string askForText(std::string_view prompt, std::string_view title) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
 };

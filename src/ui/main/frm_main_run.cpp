@@ -1,7 +1,6 @@
 // What the three buttons below right do: run the batch, write it into a file, cancel or close.
 
 #include "common/text.hpp"
-#include "ui/dialogs/choose_file.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/output_rows.hpp"
@@ -43,12 +42,12 @@ void frmMain::cmdCreateBatFile_Click() {
     if (!validate()) {
         return;
     }
-    const auto chosen = chooseFile(services_.desktop, {.kind = FileDialog::Kind::Save,
-                                                       .title = "Save Batch File",
-                                                       .filter = std::string(batchFiles),
-                                                       .filterIndex = 1,
-                                                       .fileName = {},
-                                                       .initialFolder = {}});
+    const auto chosen = services_.desktop.chooseFile({.kind = FileDialog::Kind::Save,
+                                                      .title = "Save Batch File",
+                                                      .filter = std::string(batchFiles),
+                                                      .filterIndex = 1,
+                                                      .fileName = {},
+                                                      .initialFolder = {}});
     if (chosen && !chosen->empty()) {
         const RunJob batch = job();
         batchExport_.write(batch.definition, batch.records, *chosen);

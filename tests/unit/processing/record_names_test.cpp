@@ -2,6 +2,7 @@
 #include "processing/batch_export.hpp"
 #include "processing/commands/record_names.hpp"
 #include "support/odd_files.hpp"
+#include "support/outputs.hpp"
 #include "unit/processing/run_world.hpp"
 #include "unit/processing/unattended_world.hpp"
 
@@ -188,7 +189,7 @@ TEST_F(UnattendedRecordNames, Records_and_products_are_told_in_one_message) {
 struct RunRecordNames : RunWorld {};
 
 TEST_F(RunRecordNames, A_product_with_a_percent_sign_in_its_path_is_left_out_and_told) {
-    definition().MPOutputs.at(0).sExtension = ".%b";
+    output(definition(), "Error").sExtension = ".%b";
     execute();
     EXPECT_EQ(interpreter.started.size(), 4U);
     for (const auto& started : interpreter.started) {
@@ -199,10 +200,10 @@ TEST_F(RunRecordNames, A_product_with_a_percent_sign_in_its_path_is_left_out_and
 }
 
 TEST_F(RunRecordNames, Rows_that_are_not_built_and_tools_that_do_not_run_are_not_told_of) {
-    definition().MPOutputs.at(0).sExtension = ".%b";
-    definition().MPOutputs.at(0).bBuild = false;
-    definition().CNSOutputs.at(0).sOutputFolder = "D:\\100%";
-    definition().CNSOutputs.at(0).bBuild = true;
+    output(definition(), "Error").sExtension = ".%b";
+    output(definition(), "Error").bBuild = false;
+    output(definition(), "Info_file").sOutputFolder = "D:\\100%";
+    output(definition(), "Info_file").bBuild = true;
     definition().sCNSOutputExtension = ".%~z";
     definition().iProcessCNS = 0;
     execute();
@@ -254,12 +255,32 @@ TEST_F(ExportRecordNames, No_command_is_kept_that_names_a_product_with_a_percent
     run("-I C:\\batch.ini");
     BatchExport exporter(
         {.files = world.files(), .desktop = desktop, .interpreter = interpreter, .clock = clock});
-    definition.MPOutputs.at(0).sOutputFolder = "D:\\100%";
+    output(definition, "Error").sOutputFolder = "D:\\100%";
     const std::vector<std::string> one{"a.met"};
     exporter.write(definition, one, "C:\\kept.bat");
     EXPECT_THAT(world.read("C:\\kept.bat"), Not(HasSubstr("%")));
     EXPECT_EQ(desktop.messages.back(), warning("The product \"D:\\100%\\*.err\" is left out: its "
                                                "path holds a \"%\" or a \"^\"."));
+}
+
+TEST(RecordNames, The_second_byte_of_a_character_is_no_sign_that_a_command_would_read) {
+    for (const unsigned number : {932U, 936U, 950U}) {
+        const CodePage page(number);
+        for (const char* name : {"\x95\x5C.met", "\x83^.met", "\x83|.met"}) {
+            EXPECT_TRUE(staysName(name, page)) << number << name;
+            EXPECT_FALSE(staysName(name, CodePage(CodePage::utf8))) << name;
+        }
+        EXPECT_FALSE(staysName("\x95\x5C\x5C.met", page)) << number;
+        EXPECT_FALSE(staysName("\x83^^.met", page)) << number;
+    }
+}
+
+TEST(RecordNames, A_raised_digit_makes_a_port_in_UTF_8_too) {
+    const CodePage utf8(CodePage::utf8);
+    EXPECT_TRUE(leadsElsewhere("COM\xC2\xB9.met", utf8));
+    EXPECT_TRUE(leadsElsewhere("lpt1", utf8));
+    EXPECT_FALSE(leadsElsewhere("COM\xC3\xA9.met", utf8));
+    EXPECT_FALSE(leadsElsewhere("COM\xC2\xB9.met", CodePage(CodePage::western)));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
@@ -100,8 +101,8 @@ TEST_F(ToolStatements, A_plain_mp_line_has_language_and_input) {
 TEST_F(ToolStatements, An_mp_line_with_everything_has_its_parts_in_order) {
     definition.bUseConfigFile = 1;
     definition.sConfigFile = "C:\\Cfg\\a.cfg";
-    build(definition.MPOutputs[0], "D:\\Out");
-    build(definition.MPOutputs[2], "D:\\Out\\");
+    build(output(definition, "Error"), "D:\\Out");
+    build(output(definition, "Html"), "D:\\Out\\");
     definition.iFixDoc = 1;
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -c "C:\Cfg\a.cfg" -l en -e "D:\Out\rec1.err")"
                     R"( -h "D:\Out\rec1.html" -fixdoc "D:\In\rec1.xml")");
@@ -128,8 +129,8 @@ TEST_F(ToolStatements, A_cns_line_with_everything_has_its_parts_in_order) {
     definition.bUseAliases = 1;
     definition.sAliasesFile = "C:\\Cfg\\alias.txt ";
     definition.iFixDoc = 1; // of MP only
-    build(definition.CNSOutputs[0], "D:\\Out");
-    build(definition.CNSOutputs[1], "D:\\Cns");
+    build(output(definition, "Info_file"), "D:\\Out");
+    build(output(definition, "Leftovers"), "D:\\Cns");
     EXPECT_EQ(cns(), R"(call "C:\Tools\cns.exe" -c " C:\a.cfg" -l fr -a "C:\Cfg\alias.txt ")"
                      R"( -v -i "D:\Out\rec1.info" -e "D:\Cns\rec1.lft")"
                      R"( -o "D:\Cns\rec1.cns" "D:\In\rec1.xml")");
@@ -150,19 +151,19 @@ TEST_F(ToolStatements, A_language_outside_the_table_is_written_as_it_stands) {
 }
 
 TEST_F(ToolStatements, A_row_of_leftovers_gives_e_and_one_of_an_unknown_type_its_name) {
-    definition.MPOutputs[0] = {
+    output(definition, "Error") = {
         .bBuild = true, .sFileType = "Foo", .sExtension = ".foo", .sOutputFolder = "D:\\Out"};
-    definition.MPOutputs[1] = {
+    output(definition, "Text") = {
         .bBuild = true, .sFileType = "LEFTOVERS", .sExtension = ".l", .sOutputFolder = "D:\\Out"};
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -l en Foo "D:\Out\rec1.foo" -e "D:\Out\rec1.l")"
                     R"( "D:\In\rec1.xml")");
 }
 
 TEST_F(ToolStatements, Only_cns_is_made_verbose_for_its_info_file) {
-    definition.MPOutputs[0] = {
+    output(definition, "Error") = {
         .bBuild = true, .sFileType = "Info_file", .sExtension = ".i", .sOutputFolder = "D:\\Out"};
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -l en -i "D:\Out\rec1.i" "D:\In\rec1.xml")");
-    definition.CNSOutputs[0] = {
+    definition.CNSOutputs.front() = {
         .bBuild = true, .sFileType = "-I", .sExtension = ".i", .sOutputFolder = "D:\\Out"};
     EXPECT_EQ(cns(), R"(call "C:\Tools\cns.exe" -l en -v -I "D:\Out\rec1.i")"
                      R"( -o "D:\Cns\rec1.cns" "D:\In\rec1.xml")");
@@ -176,17 +177,17 @@ TEST_F(ToolStatements, Folders_join_with_one_backslash_and_the_input_folder_is_t
 }
 
 TEST_F(ToolStatements, A_row_whose_folder_is_missing_or_empty_is_left_out_without_a_word) {
-    build(definition.MPOutputs[0], "D:\\NoSuchFolder");
-    build(definition.MPOutputs[1], "");
-    build(definition.MPOutputs[5], "D:\\Out");
+    build(output(definition, "Error"), "D:\\NoSuchFolder");
+    build(output(definition, "Text"), "");
+    build(output(definition, "Xml"), "D:\\Out");
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -l en -x "D:\Out\rec1.xml" "D:\In\rec1.xml")");
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
 TEST_F(ToolStatements, With_a_configuration_file_that_names_the_outputs_no_row_is_read) {
     definition.bCfgNamesOutput = true;
-    build(definition.MPOutputs[0], "D:\\Out");
-    build(definition.CNSOutputs[0], "D:\\Out");
+    build(output(definition, "Error"), "D:\\Out");
+    build(output(definition, "Info_file"), "D:\\Out");
     EXPECT_EQ(mp(), R"(call "C:\Tools\mp.exe" -l en "rec1.xml")");
     EXPECT_EQ(cns("D:\\elsewhere"),
               R"(call "C:\Tools\cns.exe" -l en -o "D:\In\rec1.xml" "rec1.xml")");
@@ -217,7 +218,7 @@ TEST_F(ToolStatements, The_fix_doc_flag_counts_only_when_exactly_1) {
 TEST_F(ToolStatements, A_command_tells_its_inputs_from_its_outputs) {
     definition.bUseAliases = 1;
     definition.sAliasesFile = "C:\\al.txt";
-    build(definition.CNSOutputs[1], "D:\\Out");
+    build(output(definition, "Leftovers"), "D:\\Out");
     KnownFolders folders(world.files());
     using Kind = ToolArgument::Kind;
     ToolCommand command;
@@ -246,8 +247,8 @@ class BrokenFiles : public ForwardingFiles {
 TEST_F(ToolStatements, An_error_is_reported_and_the_line_is_as_far_as_it_was_built) {
     BrokenFiles broken(world.files());
     KnownFolders folders(broken);
-    build(definition.MPOutputs[0], "D:\\Out");
-    build(definition.CNSOutputs[0], "D:\\Out");
+    build(output(definition, "Error"), "D:\\Out");
+    build(output(definition, "Info_file"), "D:\\Out");
     EXPECT_EQ(sBuildMPstatement(desktop, definition, folders, "D:\\In", "r.met"),
               R"(call "C:\Tools\mp.exe" -l en)");
     EXPECT_EQ(sBuildCNSstatement(desktop, definition, folders, "D:\\In", "r.met"),
@@ -264,7 +265,7 @@ TEST_F(ToolStatements, Over_many_records_each_output_folder_is_asked_for_once) {
     for (OutputDefinition& output : definition.MPOutputs) {
         build(output, "D:\\Out");
     }
-    build(definition.CNSOutputs[0], "D:\\Cns");
+    build(output(definition, "Info_file"), "D:\\Cns");
     RecordingFiles recording(world.files());
     KnownFolders folders(recording);
     for (int i = 0; i < 100; ++i) {

@@ -2,6 +2,7 @@
 #include "processing/validation.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -21,8 +22,8 @@ class Validation : public testing::Test {
         MyDefaultSettings(definition);
         definition.sMPExecutable = "C:\\mp.exe";
         definition.sCNSExecutable = "C:\\cns.exe";
-        definition.MPOutputs[0].sOutputFolder = "C:\\out";
-        definition.MPOutputs[5].sOutputFolder = "C:\\out";
+        output(definition, "Error").sOutputFolder = "C:\\out";
+        output(definition, "Xml").sOutputFolder = "C:\\out";
         world.makeFolder("C:\\out");
         world.write("C:\\mp.exe", "");
         world.write("C:\\cns.exe", "");
@@ -96,7 +97,7 @@ TEST_F(Validation, A_tool_that_is_a_folder_is_missing) {
 TEST_F(Validation, An_error_in_a_check_is_reported_under_its_own_name_and_makes_it_fail) {
     definition.sMPExecutable = "C:\\no.exe";
     definition.sCNSExecutable = "C:\\no.exe";
-    definition.MPOutputs[0].sOutputFolder = "";
+    output(definition, "Error").sOutputFolder = "";
     const ValidationServices broken{
         .files = world.files(),
         .desktop = desktop,
@@ -123,7 +124,7 @@ TEST_F(Validation, Folders_that_exist_are_valid_without_a_word) {
 }
 
 TEST_F(Validation, A_product_without_a_folder_is_named_and_its_row_edited) {
-    definition.MPOutputs[5].sOutputFolder = "  ";
+    output(definition, "Xml").sOutputFolder = "  ";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("Please specify a folder for the output \"Xml\" file.")));
@@ -131,7 +132,7 @@ TEST_F(Validation, A_product_without_a_folder_is_named_and_its_row_edited) {
 }
 
 TEST_F(Validation, A_missing_folder_is_named_with_its_product) {
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The \"C:\\missing\" folder does not exist.\r\n"
@@ -141,15 +142,15 @@ TEST_F(Validation, A_missing_folder_is_named_with_its_product) {
 }
 
 TEST_F(Validation, Rows_that_are_not_built_are_not_looked_at) {
-    definition.MPOutputs[1].sOutputFolder = "C:\\missing";
+    output(definition, "Text").sOutputFolder = "C:\\missing";
     EXPECT_TRUE(folders());
 }
 
 TEST_F(Validation, Cns_comes_before_mp_and_needs_no_row) {
     definition.iProcessCNS = 1;
     EXPECT_TRUE(folders());
-    definition.CNSOutputs[1].bBuild = true;
-    definition.MPOutputs[0].sOutputFolder = "";
+    output(definition, "Leftovers").bBuild = true;
+    output(definition, "Error").sOutputFolder = "";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("Please specify a folder for the output \"Leftovers\" file.")));
@@ -170,7 +171,7 @@ TEST_F(Validation, Mp_needs_at_least_one_row) {
 TEST_F(Validation, Cns_alone_looks_at_its_own_rows_only) {
     definition.iProcessMP = 0;
     definition.iProcessCNS = 1;
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_TRUE(folders());
 }
 
@@ -226,14 +227,14 @@ TEST_F(BatchValidation, Tools_that_are_not_to_run_may_be_missing) {
 TEST_F(BatchValidation, A_missing_configuration_file_is_named) {
     definition.bUseConfigFile = 1;
     definition.sConfigFile = "C:\\no.cfg";
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_EQ(validate(), BatchFault::Kind::ConfigurationFile);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The configuration file \"C:\\no.cfg\" does not exist.")));
 }
 
 TEST_F(BatchValidation, Output_folders_are_not_looked_at_when_the_configuration_names_them) {
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_EQ(validate(), BatchFault::Kind::OutputFolder);
     definition.bCfgNamesOutput = true;
     EXPECT_EQ(validate(), std::nullopt);

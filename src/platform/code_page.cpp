@@ -74,7 +74,7 @@ std::size_t CodePage::lengthOfFirst(std::string_view text) const noexcept {
     }
     const unsigned lead = byteAt(text, 0);
     const bool isLead = kind_ == Kind::DoubleByte && lead >= firstLead_ && lead <= lastLead_ &&
-                        !(hasKatakana_ && lead >= 0xA0 && lead <= 0xDF);
+                        (!hasKatakana_ || lead < 0xA0 || lead > 0xDF);
     return isLead && text.size() > 1 ? 2 : 1;
 }
 

@@ -66,7 +66,7 @@ class NativePlatform final : public PlatformUnderTest {
     }
     Files& filesWithoutShortNames() override { return files_; }
     std::string makeNameless(const std::string& folder, const std::string& end) override {
-        std::ofstream(libraryPath(folder) + "/\x81" + end);
+        const std::ofstream made(libraryPath(folder) + "/\x81" + end);
         return "<U+0081>" + end;
     }
     std::shared_ptr<void> keep(const std::string& path) override {

@@ -35,6 +35,9 @@ std::string asFolder(std::string_view folder) {
 // What a name looks like that has bytes which are no characters; nothing where it has none. Such a
 // file is left out of listings.
 std::optional<std::string> shownWhereOdd(std::string_view name) {
+    if (isAscii(name)) {
+        return std::nullopt;
+    }
     std::string shown;
     bool odd = false;
     while (!name.empty()) {
@@ -58,9 +61,7 @@ Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const M
         if (kind != wanted || !matches(name)) {
             return;
         }
-        if (isAscii(name)) {
-            listing.names.emplace_back(name);
-        } else if (auto shown = shownWhereOdd(name)) {
+        if (auto shown = shownWhereOdd(name)) {
             leaveOut(*std::move(shown), listing.leftOut);
         } else {
             listing.names.emplace_back(name);

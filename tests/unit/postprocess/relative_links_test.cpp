@@ -73,6 +73,7 @@ TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
                   "..\\r.txt");
         EXPECT_EQ(GetRelativePath("C:\\a\\r.html", folder + "\\r.txt", page),
                   std::string("..\\") + letter + "\\r.txt");
+        EXPECT_EQ(GetRelativePath(folder + "\\r.html", "C:\\b\\r.txt", page), "..\\b\\r.txt");
         EXPECT_EQ(ChangeMySlashes(folder + "\\r.txt", page),
                   std::string("C:/") + letter + "/r.txt");
     }

@@ -1,12 +1,9 @@
 // Measures the engine (list the folder, select, build both tools' lines, write the batch) against a
 // plain program that lists the same folder, sorts the names and writes the same bytes, in one run.
 
-#include "no_desktop.hpp"
-#include "platform/hosted/hosted_command_interpreter.hpp"
-#include "platform/hosted/hosted_files.hpp"
+#include "platform/posix/posix_files.hpp"
 #include "platform/wildcard.hpp"
-#include "processing/command_line_batch.hpp"
-#include "processing/record_selection.hpp"
+#include "processing/unattended_batch.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -77,21 +74,37 @@ BatchDefinition definition() {
     return result;
 }
 
+// Reads batch files in the code page that they are written in.
+class PlainInterpreter : public CommandInterpreter {
+  public:
+    std::unique_ptr<StartedBatch> startHidden(std::string_view /*batchFile*/) override {
+        return nullptr;
+    }
+    [[nodiscard]] std::string batchText(std::string_view text) const override {
+        return std::string(text);
+    }
+    [[nodiscard]] std::string systemCodePageLine() const override { return {}; }
+};
+
 void runEngine(const World& place) {
-    HostedFiles files(place.root().string());
-    const HostedCommandInterpreter interpreter(files, {"true"});
-    NoDesktop desktop;
+    PosixFiles files(place.root().string());
+    const PlainInterpreter interpreter;
     const BatchDefinition batch = definition();
-    RecordSelection records;
-    records.load(files.listFiles(batch.sInputFolder, batch.sInputExtensions).names);
-    records.selectAll();
+    const auto records = files.listFiles(batch.sInputFolder, batch.sInputExtensions).names;
     fs::remove(place.batch());
-    auto commandBatch = createCommandLineBatch(batch, files, desktop);
+    auto commandBatch = createUnattendedBatch(batch, files);
     if (!commandBatch) {
         std::abort(); // not even its name is free: nothing would be measured
     }
-    writeCommandLineBatch(*commandBatch, false, batch, records.selected(),
-                          {.files = files, .desktop = desktop, .interpreter = interpreter});
+    KnownFolders folders(files);
+    const auto lineOf = [&](const ToolStep& step) {
+        ToolCommand command;
+        buildCommand(command, batch, folders, step);
+        return batchLine(command);
+    };
+    writeUnattendedBatch(
+        *commandBatch, {.definition = batch, .records = records, .notify = false, .lineOf = lineOf},
+        files, interpreter);
 }
 
 // What anybody would write who needed just this one batch file.

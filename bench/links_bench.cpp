@@ -3,9 +3,8 @@
 // a process of its own.
 
 #include "child_run.hpp"
-#include "no_desktop.hpp"
 #include "page_set.hpp"
-#include "platform/hosted/hosted_files.hpp"
+#include "platform/posix/posix_files.hpp"
 #include "postprocess/relative_links.hpp"
 
 #include <algorithm>
@@ -23,11 +22,10 @@ namespace {
 namespace fs = std::filesystem;
 
 void rewriteAll(const PageSet& pages) {
-    HostedFiles files(pages.drivesRoot());
-    NoDesktop desktop;
+    PosixFiles files(pages.drivesRoot());
     const BatchDefinition definition = pages.definition();
     for (const std::string& record : pages.records()) {
-        FixRelativePaths(definition, {.files = files, .desktop = desktop}, "C:\\in", record);
+        static_cast<void>(rewriteRecordLinks(definition, files, record, "tarnwick"));
     }
 }
 

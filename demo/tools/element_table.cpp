@@ -92,7 +92,9 @@ const ElementRule* findElementLoosely(std::string_view name) {
 
 bool sameNameLoosely(std::string_view left, std::string_view right) {
     const auto fold = [](char character) {
-        return character == ' ' || character == '-' ? '_' : tarnwick::upperCase(character);
+        return character == ' ' || character == '-'
+                   ? '_'
+                   : tarnwick::systemCodePage().upperCase(character);
     };
     return std::ranges::equal(left, right, {}, fold, fold);
 }

@@ -23,23 +23,26 @@ bool isShare(std::string_view path) {
     return path.starts_with(R"(\\)");
 }
 
+std::string_view upToBackslash(std::string_view text, const CodePage& codePage) {
+    return text.substr(0, codePage.findFirstOf(text, "\\"));
+}
+
 // "C:\", "\\server\share", or nothing at all.
-std::string_view rootOf(std::string_view path) {
+std::string_view rootOf(std::string_view path, const CodePage& codePage) {
     if (isShare(path)) {
-        const auto server = path.find('\\', 2);
-        return path.substr(0,
-                           server == std::string_view::npos ? server : path.find('\\', server + 1));
+        const auto server = upToBackslash(path.substr(2), codePage).size() + 2;
+        const auto share = path.substr(std::min(server + 1, path.size()));
+        return path.substr(0, server + 1 + upToBackslash(share, codePage).size());
     }
     constexpr std::size_t driveRoot = 3;
     return hasDrive(path) ? path.substr(0, driveRoot) : std::string_view();
 }
 
-std::vector<std::string> namesIn(std::string_view path) {
+std::vector<std::string> namesIn(std::string_view path, const CodePage& codePage) {
     std::vector<std::string> names;
     while (!path.empty()) {
-        const auto end = std::min(path.find('\\'), path.size());
-        const auto name = path.substr(0, end);
-        path.remove_prefix(std::min(end + 1, path.size()));
+        const auto name = upToBackslash(path, codePage);
+        path.remove_prefix(std::min(name.size() + 1, path.size()));
         if (name == ".." && !names.empty()) {
             names.pop_back();
         } else if (!name.empty() && name != "." && name != "..") {
@@ -49,7 +52,7 @@ std::vector<std::string> namesIn(std::string_view path) {
     return names;
 }
 
-std::string seenFrom(std::string_view folder, std::string path) {
+std::string seenFrom(std::string_view folder, std::string path, const CodePage& codePage) {
     if (isShare(path)) {
         return path;
     }
@@ -57,18 +60,19 @@ std::string seenFrom(std::string_view folder, std::string path) {
         return path.substr(0, 2) + '\\' + path.substr(2);
     }
     if (path.starts_with('\\')) {
-        return withBackslash(rootOf(folder)) + path;
+        return withBackslash(rootOf(folder, codePage), codePage) + path;
     }
-    return withBackslash(folder) + path;
+    return withBackslash(folder, codePage) + path;
 }
 
 } // namespace
 
-std::string fullPath(std::string_view path, std::string_view folder) {
-    const std::string whole = seenFrom(folder, withBackslashes(trim(path)));
-    std::string result(rootOf(whole));
-    for (const std::string& name : namesIn(std::string_view(whole).substr(result.size()))) {
-        result = withBackslash(result).append(name);
+std::string fullPath(std::string_view path, std::string_view folder, const CodePage& codePage) {
+    const std::string whole = seenFrom(folder, withBackslashes(trim(path)), codePage);
+    std::string result(rootOf(whole, codePage));
+    const auto names = namesIn(std::string_view(whole).substr(result.size()), codePage);
+    for (const std::string& name : names) {
+        result = withBackslash(result, codePage).append(name);
     }
     return result;
 }
@@ -82,9 +86,9 @@ std::string driveOf(std::string_view fullPath) {
     return hasDrive(fullPath) ? upperCase(fullPath.substr(0, 2)) : std::string();
 }
 
-std::vector<std::string> foldersOnTheWay(std::string_view fullPath) {
-    const auto root = rootOf(fullPath);
-    std::vector<std::string> folders = namesIn(fullPath.substr(root.size()));
+std::vector<std::string> foldersOnTheWay(std::string_view fullPath, const CodePage& codePage) {
+    const auto root = rootOf(fullPath, codePage);
+    std::vector<std::string> folders = namesIn(fullPath.substr(root.size()), codePage);
     folders.emplace(folders.begin(), root);
     return folders;
 }

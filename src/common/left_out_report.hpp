@@ -16,7 +16,7 @@ void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind
 void tellNamelessPaths(Desktop& desktop, const LeftOut& leftOut);
 
 // Tells the user in one message which records and which products no command was written for (see
-// processing/record_names.hpp).
+// processing/commands/record_names.hpp).
 void tellRefused(Desktop& desktop, const LeftOut& records, const LeftOut& products);
 
 } // namespace tarnwick

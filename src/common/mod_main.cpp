@@ -48,25 +48,4 @@ bool FileExists(const Files& files, std::string_view path) {
     }
 }
 
-std::string GetBaseName(std::string_view path) {
-    std::string_view name = trim(path);
-    for (const char separator : {'\\', '/'}) {
-        const auto last = name.rfind(separator);
-        if (last != std::string_view::npos) {
-            name = trim(name.substr(last + 1));
-        }
-    }
-    return std::string(name.substr(0, name.rfind('.')));
-}
-
-std::string GetFileName(std::string_view path) {
-    const auto last = path.rfind('\\');
-    return std::string(last == std::string_view::npos ? path : path.substr(last + 1));
-}
-
-std::string GetFolderPath(std::string_view path) {
-    const auto last = path.rfind('\\');
-    return std::string(last == std::string_view::npos ? std::string_view{} : path.substr(0, last));
-}
-
 } // namespace tarnwick

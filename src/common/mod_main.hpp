@@ -3,6 +3,7 @@
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
 #include "platform/run_time_error.hpp"
+#include "platform/windows_path.hpp"
 
 #include <cstdint>
 #include <string>
@@ -32,15 +33,5 @@ std::int32_t StartDoc(Desktop& desktop, std::string_view DocName);
 // Whether a normal file (no folder, not hidden, not system) matches the untrimmed path. As the path
 // is a pattern, one with "*" or "?" exists when any file matches it. Blank is false. Never raises.
 [[nodiscard]] bool FileExists(const Files& files, std::string_view path);
-
-// The file name without folders and without its last extension. Here, and only here, "/" separates
-// folders too; the blanks around every part are dropped.
-[[nodiscard]] std::string GetBaseName(std::string_view path);
-
-// What follows the last "\"; the whole path when there is none.
-[[nodiscard]] std::string GetFileName(std::string_view path);
-
-// What stands before the last "\"; empty when there is none.
-[[nodiscard]] std::string GetFolderPath(std::string_view path);
 
 } // namespace tarnwick

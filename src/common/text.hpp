@@ -2,6 +2,7 @@
 
 #include "platform/case_folding.hpp"
 #include "platform/characters.hpp"
+#include "platform/windows_path.hpp"
 
 #include <string>
 #include <string_view>
@@ -15,12 +16,5 @@ inline constexpr std::string_view lineEnd = "\r\n";
 
 // `text` without any `character`.
 [[nodiscard]] std::string without(std::string_view text, char character);
-
-// `folder` with a final "\": appended only when it does not already end in one.
-[[nodiscard]] std::string withBackslash(std::string_view folder);
-
-// The file of that name and extension (dot included) in that folder.
-[[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name,
-                                   std::string_view extension = {});
 
 } // namespace tarnwick

@@ -28,9 +28,9 @@ MessageAnswer UnseenDesktop::show(const Message& message) {
     return answer;
 }
 
-std::string UnseenDesktop::chooseFile(const FileDialog& dialog) {
+std::optional<std::string> UnseenDesktop::chooseFile(const FileDialog& dialog) {
     log_.warn(cancelled(dialog.title));
-    throw RunTimeError(ErrorNumber::Cancelled);
+    return std::nullopt;
 }
 
 std::int32_t UnseenDesktop::openDocument(std::string_view document,

@@ -18,7 +18,7 @@ class UnseenDesktop final : public Desktop {
 
     [[nodiscard]] bool isSeen() const noexcept override { return false; }
     MessageAnswer show(const Message& message) override;
-    std::string chooseFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFile(const FileDialog& dialog) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
 
   private:

@@ -17,18 +17,25 @@ namespace tarnwick {
 [[nodiscard]] std::string iniFileText(const BatchDefinition& definition, const Files& files);
 
 // Replaces the file `sINIFile` by one that stores the definition, in one step, and clears
-// `bSettingsChanged`. True when all went well. An error is reported; the old file and
-// `bSettingsChanged` are then as they were.
+// `bSettingsChanged`. Raises what writeInOneStep raises; the old file and `bSettingsChanged` are
+// then as they were.
+void writeDefinition(BatchDefinition& definition, Files& files);
+
+// Reads the file `sINIFile` into the definition. Raises what Files::openForReading and
+// InputFile::read raise; the definition then holds what was read so far. A file that holds
+// something, but not one entry that is known, is none of ours: that raises 321, and the definition
+// stays as it was.
+void readDefinition(BatchDefinition& definition, const Files& files);
+
+// As writeDefinition. True when all went well; an error is reported.
 bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);
 
-// Reads the file `sINIFile` into the definition and clears `bSettingsChanged`. Where that file does
-// not exist, `sINIFile` becomes the default file in the program's folder; where that does not exist
-// either, nothing is read, and that is no error.
-// `whenRead` is called between the last line and the end, with the file still open, exactly when a
-// file was read: the place to bring a window up to date.
-// True when all went well. An error, also one of `whenRead`, is reported: the definition then holds
-// what was read so far, and `bSettingsChanged` is as it was. A file that holds something, but not
-// one entry that is known, is none of ours: that is error 321, and the definition stays as it was.
+// As readDefinition, and clears `bSettingsChanged`. Where the file does not exist, `sINIFile`
+// becomes the default file in the program's folder; where that does not exist either, nothing is
+// read, and that is no error.
+// `whenRead` is called at the end, exactly when a file was read: the place to bring a window up to
+// date. True when all went well; an error, also one of `whenRead`, is reported, and
+// `bSettingsChanged` is then as it was.
 bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
                  const std::function<void()>& whenRead);
 

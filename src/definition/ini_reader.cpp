@@ -2,7 +2,6 @@
 #include "common/line_reader.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
-#include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/output_types.hpp"
 #include "definition/resolved_paths.hpp"
@@ -195,44 +194,25 @@ class IniReader {
     bool holdsText_ = false;
 };
 
-// False when neither the file nor the default file in the program's folder exists.
-bool findINIFile(BatchDefinition& definition, const Files& files) {
-    if (FileExists(files, definition.sINIFile)) {
-        return true;
-    }
-    definition.sINIFile = definition.sAppFolder + std::string(defaultINIFileName);
-    return FileExists(files, definition.sINIFile);
-}
-
 } // namespace
 
-bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
-                 const std::function<void()>& whenRead) {
-    bool completed = false;
-    trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
-        if (findINIFile(definition, files)) {
-            // Opened first: a file that cannot be read must not cost the products in memory.
-            const auto file = files.openForReading(definition.sINIFile);
-            const BatchDefinition before = definition;
-            switchOffAllOutputs(definition);
-            // The file is ours and ends its lines with CR LF, but people edit it with what they
-            // have: a bare LF ends a line too.
-            LineReader lines(*file, LineEnds::Any);
-            IniReader reader(definition, files);
-            while (const auto line = lines.next()) {
-                reader.readLine(*line);
-            }
-            if (reader.isNoDefinition()) {
-                definition = before;
-                throw RunTimeError(ErrorNumber::InvalidFileFormat);
-            }
-            reader.finish();
-            whenRead();
-        }
-        definition.bSettingsChanged = false;
-        completed = true;
-    });
-    return completed;
+void readDefinition(BatchDefinition& definition, const Files& files) {
+    // Opened first: a file that cannot be read must not cost the products in memory.
+    const auto file = files.openForReading(definition.sINIFile);
+    const BatchDefinition before = definition;
+    switchOffAllOutputs(definition);
+    // The file is ours and ends its lines with CR LF, but people edit it with what they have: a
+    // bare LF ends a line too.
+    LineReader lines(*file, LineEnds::Any);
+    IniReader reader(definition, files);
+    while (const auto line = lines.next()) {
+        reader.readLine(*line);
+    }
+    if (reader.isNoDefinition()) {
+        definition = before;
+        throw RunTimeError(ErrorNumber::InvalidFileFormat);
+    }
+    reader.finish();
 }
 
 } // namespace tarnwick

@@ -1,7 +1,6 @@
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
-#include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/output_types.hpp"
 #include "definition/resolved_paths.hpp"
@@ -74,14 +73,9 @@ std::string iniFileText(const BatchDefinition& definition, const Files& files) {
     return text;
 }
 
-bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop) {
-    bool written = false;
-    trap(desktop, "frmMain", "Public Sub SaveINIFile()", [&] {
-        writeInOneStep(files, definition.sINIFile, iniFileText(definition, files));
-        definition.bSettingsChanged = false;
-        written = true;
-    });
-    return written;
+void writeDefinition(BatchDefinition& definition, Files& files) {
+    writeInOneStep(files, definition.sINIFile, iniFileText(definition, files));
+    definition.bSettingsChanged = false;
 }
 
 } // namespace tarnwick

@@ -1,5 +1,7 @@
 #include "platform/default_extension.hpp"
 
+#include "platform/windows_path.hpp"
+
 #include <cstddef>
 
 namespace tarnwick {
@@ -27,9 +29,7 @@ std::string_view firstPattern(std::string_view filter) {
 } // namespace
 
 std::string withDefaultExtension(std::string_view path, std::string_view filter) {
-    const std::size_t separator = path.find_last_of(R"(\/:)");
-    const std::string_view name =
-        separator == std::string_view::npos ? path : path.substr(separator + 1);
+    const std::string_view name = lastPart(path);
     std::string result(path);
     if (!name.empty() && !name.contains('.')) {
         result += extensionIn(firstPattern(filter));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,8 +53,9 @@ class Desktop {
 
     // The full path that the user chose. A name that is to be saved under and has no extension gets
     // that of the first filter, as long as that filter is chosen (see default_extension.hpp).
-    // Raises 32755 when the dialog is cancelled. The current folder stays, wherever the user went.
-    virtual std::string chooseFile(const FileDialog& dialog) = 0;
+    // Nothing when the dialog is cancelled. Raises 51 where it cannot be shown. The current folder
+    // stays, wherever the user went.
+    virtual std::optional<std::string> chooseFile(const FileDialog& dialog) = 0;
 
     // Opens a file or web address with the program associated with it, in a normal window, with
     // `workingFolder` as that program's folder. The system's own result: more than 32 is success.

@@ -40,8 +40,6 @@ std::string_view describe(ErrorNumber number) {
         return "Path not found";
     case ErrorNumber::InvalidFileFormat:
         return "Invalid file format";
-    case ErrorNumber::Cancelled:
-        return "Cancel was selected";
     }
     return "Application-defined or object-defined error";
 }

@@ -34,7 +34,6 @@ enum class ErrorNumber : std::int32_t {
     PathFileAccess = 75,
     PathNotFound = 76,
     InvalidFileFormat = 321,
-    Cancelled = 32755,
 };
 
 // The one exception type of this program.

@@ -8,7 +8,6 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <utility>
 
 namespace tarnwick {
@@ -25,12 +24,14 @@ enum class Element : std::uint8_t {
 
 struct Part {
     Element element = Element::Character;
-    char character = '\0'; // upper-cased
+    std::uint32_t character = 0; // as CodePage::takeUpperCased gives it
 };
 
-Part partAt(std::string_view pattern, std::size_t i) {
-    const char next = i + 1 < pattern.size() ? pattern[i + 1] : '\0';
-    switch (pattern[i]) {
+// Takes it from the front of `pattern`.
+Part takePart(std::string_view& pattern, const CodePage& codePage) {
+    const std::uint32_t character = codePage.takeUpperCased(pattern);
+    const char next = pattern.empty() ? '\0' : pattern.front();
+    switch (character) {
     case '?':
         return {Element::OneCharacter};
     case '*':
@@ -38,11 +39,11 @@ Part partAt(std::string_view pattern, std::size_t i) {
     case '.':
         return next == '?' || next == '*' ? Part{Element::DotOrEnd} : Part{Element::Character, '.'};
     default:
-        return {Element::Character, upperCase(pattern[i])};
+        return {Element::Character, character};
     }
 }
 
-std::vector<Part> partsOf(std::string_view pattern) {
+std::vector<Part> partsOf(std::string_view pattern, const CodePage& codePage) {
     if (pattern == "*.*") {
         return {{Element::AnyCharacters}};
     }
@@ -50,8 +51,8 @@ std::vector<Part> partsOf(std::string_view pattern) {
     pattern = pattern.substr(0, pattern.find_last_not_of(". ") + 1);
     std::vector<Part> parts;
     parts.reserve(pattern.size());
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        parts.push_back(partAt(pattern, i));
+    while (!pattern.empty()) {
+        parts.push_back(takePart(pattern, codePage));
     }
     if (endsInDot && !parts.empty() && parts.back().element == Element::AnyCharacters) {
         parts.back().element = Element::UpToLastDot;
@@ -68,8 +69,8 @@ class Places {
         reached_[0] = 1;
     }
 
-    // Reads the character of that index.
-    void read(std::size_t index, char character) {
+    // Reads the character that begins at that index.
+    void read(std::size_t index, std::uint32_t character) {
         std::ranges::fill(next_, 0);
         for (std::size_t place = 0; place < parts_.size(); ++place) {
             if (reached_[place] == 0) {
@@ -102,7 +103,7 @@ class Places {
     }
 
   private:
-    static bool mayBeNothing(const Part& part, char before) {
+    static bool mayBeNothing(const Part& part, std::uint32_t before) {
         return part.element == Element::AnyCharacters || part.element == Element::UpToLastDot ||
                (part.element == Element::OneCharacter && before == '.');
     }
@@ -110,10 +111,10 @@ class Places {
         return part.element == Element::AnyCharacters ||
                (part.element == Element::UpToLastDot && index != lastDot_);
     }
-    static bool takes(const Part& part, char character) {
+    static bool takes(const Part& part, std::uint32_t character) {
         switch (part.element) {
         case Element::Character:
-            return part.character == upperCase(character);
+            return part.character == character;
         case Element::OneCharacter:
             return character != '.';
         case Element::DotOrEnd:
@@ -131,11 +132,12 @@ class Places {
 
 } // namespace
 
-bool matchesWildcard(std::string_view name, std::string_view pattern) {
-    const auto parts = partsOf(pattern);
+bool matchesWildcard(std::string_view name, std::string_view pattern, const CodePage& codePage) {
+    const auto parts = partsOf(pattern, codePage);
     Places places(parts, name.rfind('.'));
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        places.read(i, name[i]);
+    for (std::string_view rest = name; !rest.empty();) {
+        const std::size_t index = name.size() - rest.size();
+        places.read(index, codePage.takeUpperCased(rest));
     }
     return places.reachEnd();
 }
@@ -157,11 +159,16 @@ bool matchesAnyWildcard(std::string_view name, std::string_view patterns) {
     return !anyPattern;
 }
 
-bool nameLess(std::string_view left, std::string_view right) {
+bool NameLess::operator()(std::string_view left, std::string_view right,
+                          const CodePage& codePage) const {
+    if (codePage.hasTrailBytes()) {
+        const auto order = upperCase(left, codePage).compare(upperCase(right, codePage));
+        return order != 0 ? order < 0 : left < right;
+    }
     const auto length = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < length; ++i) {
-        const auto l = static_cast<unsigned char>(upperCase(left[i]));
-        const auto r = static_cast<unsigned char>(upperCase(right[i]));
+        const auto l = static_cast<unsigned char>(codePage.upperCase(left[i]));
+        const auto r = static_cast<unsigned char>(codePage.upperCase(right[i]));
         if (l != r) {
             return l < r;
         }
@@ -193,7 +200,7 @@ SortPrefix sortPrefix(std::string_view upper) {
 
 } // namespace
 
-void sortNames(std::vector<std::string>& names) {
+void sortNames(std::vector<std::string>& names, const CodePage& codePage) {
     // Every name is upper-cased once instead of at each comparison, all of them in one block; and
     // most comparisons are settled by the first characters, which stand in the key itself: a
     // hundred thousand names would not fit into the processor's cache.
@@ -213,8 +220,7 @@ void sortNames(std::vector<std::string>& names) {
     keys.reserve(names.size());
     for (const auto& name : names) {
         const auto start = block.size();
-        std::ranges::transform(name, std::back_inserter(block),
-                               [](char c) { return upperCase(c); });
+        block.append(upperCase(name, codePage));
         upper.emplace_back(block.data() + start, name.size());
         keys.push_back({sortPrefix(upper.back()), keys.size()});
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/code_page.hpp"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,8 @@ namespace tarnwick {
 // name; a dot before a wildcard also stands for the end of a name without one ("README.*"), and one
 // at the end of the pattern for a name without an extension ("*."). Blanks and dots at the end are
 // no part of a pattern else. Short (8.3) names never match.
-[[nodiscard]] bool matchesWildcard(std::string_view name, std::string_view pattern);
+[[nodiscard]] bool matchesWildcard(std::string_view name, std::string_view pattern,
+                                   const CodePage& codePage = systemCodePage());
 
 // Whether `name` matches any of the ";"-separated patterns; blanks around each are no part of it.
 // No pattern at all (nothing but blanks and ";") is every name.
@@ -19,9 +22,13 @@ namespace tarnwick {
 
 // The order of names in every list of this program: by upper-cased characters, then, so that the
 // order is always the same, by the characters themselves.
-[[nodiscard]] bool nameLess(std::string_view left, std::string_view right);
+struct NameLess {
+    [[nodiscard]] bool operator()(std::string_view left, std::string_view right,
+                                  const CodePage& codePage = systemCodePage()) const;
+};
+inline constexpr NameLess nameLess{};
 
 // Puts the names into that order; several times faster than sorting with nameLess itself.
-void sortNames(std::vector<std::string>& names);
+void sortNames(std::vector<std::string>& names, const CodePage& codePage = systemCodePage());
 
 } // namespace tarnwick

@@ -39,22 +39,26 @@ ConfigurationEntries inspectConfigurationLine(std::string_view line) {
             .namesOutput = equalIgnoringCase(text, "output") || contains(text, "\noutput\n")};
 }
 
+void inspectConfigurationFile(BatchDefinition& definition, const Files& files) {
+    forgetConfigurationEntries(definition);
+    const auto file =
+        files.openForReading(resolvedFile(definition.sAppFolder, definition.sConfigFile));
+    LineReader lines(*file, LineEnds::CarriageReturn);
+    while (const auto line = lines.next()) {
+        const ConfigurationEntries entries = inspectConfigurationLine(*line);
+        definition.bCfgNamesInput = definition.bCfgNamesInput || entries.namesInput;
+        definition.bCfgNamesOutput = definition.bCfgNamesOutput || entries.namesOutput;
+    }
+    if (definition.bCfgNamesOutput) {
+        leaveOutputsToConfigurationFile(definition);
+    }
+}
+
 bool GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
                   const std::function<void()>& whenInspected) {
     bool completed = false;
     trap(desktop, "frmMain", "Private Sub GetCFGValues()", [&] {
-        forgetConfigurationEntries(definition);
-        const auto file =
-            files.openForReading(resolvedFile(definition.sAppFolder, definition.sConfigFile));
-        LineReader lines(*file, LineEnds::CarriageReturn);
-        while (const auto line = lines.next()) {
-            const ConfigurationEntries entries = inspectConfigurationLine(*line);
-            definition.bCfgNamesInput = definition.bCfgNamesInput || entries.namesInput;
-            definition.bCfgNamesOutput = definition.bCfgNamesOutput || entries.namesOutput;
-        }
-        if (definition.bCfgNamesOutput) {
-            leaveOutputsToConfigurationFile(definition);
-        }
+        inspectConfigurationFile(definition, files);
         whenInspected();
         completed = true;
     });

@@ -25,8 +25,12 @@ struct ConfigurationEntries {
 // When it names the outputs, all output definitions are switched off and emptied, and with CNS
 // checked so are CNS's output folder and extension: the configuration file decides then. Outputs
 // that were switched off once are not switched on again by another file.
-// `whenInspected` is called last, with the file still open: the place to bring a window up to date.
-// True when all went well. An error is reported; the flags are then as far as they were set.
+// Raises what Files::openForReading and InputFile::read raise; the flags are then as far as they
+// were set.
+void inspectConfigurationFile(BatchDefinition& definition, const Files& files);
+
+// The same; `whenInspected` is called last: the place to bring a window up to date. True when all
+// went well; an error, also one of `whenInspected`, is reported.
 bool GetCFGValues(BatchDefinition& definition, const Files& files, Desktop& desktop,
                   const std::function<void()>& whenInspected);
 

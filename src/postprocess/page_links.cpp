@@ -43,24 +43,38 @@ class LineBlocks {
 
     // The next piece; empty at the end of the file. It holds until the next call.
     std::string_view next() {
-        filled_ -= given_;
-        std::ranges::copy(block_.all().subspan(std::exchange(given_, 0), filled_),
-                          block_.all().begin());
-        for (bool atEnd = false; given_ == 0 && !atEnd;) {
-            if (filled_ == block_.all().size()) {
-                grow();
-            }
-            const auto room = block_.all().subspan(filled_);
-            const auto count = file_.read(room);
-            atEnd = count == 0;
-            const auto lines = atEnd ? 0 : wholeLines({room.data(), count});
-            given_ = atEnd || lines > 0 ? filled_ + lines : 0;
-            filled_ += count;
+        forgetGiven();
+        bool more = true;
+        while (given_ == 0 && more) {
+            more = readOn();
         }
         return {block_.all().data(), given_};
     }
 
   private:
+    // What is kept is the beginning of a line; it moves to the front.
+    void forgetGiven() {
+        filled_ -= given_;
+        std::ranges::copy(block_.all().subspan(std::exchange(given_, 0), filled_),
+                          block_.all().begin());
+    }
+
+    // Up to the end of the last whole line that was read can be given, or all at the end of the
+    // file. False there.
+    bool readOn() {
+        if (filled_ == block_.all().size()) {
+            grow();
+        }
+        const auto room = block_.all().subspan(filled_);
+        const auto count = file_.read(room);
+        const auto lines = wholeLines({room.data(), count});
+        if (lines > 0 || count == 0) {
+            given_ = filled_ + lines;
+        }
+        filled_ += count;
+        return count > 0;
+    }
+
     // For a line that is longer than the block.
     void grow() {
         Block larger(2 * filled_);

@@ -12,14 +12,10 @@
 #include <array>
 #include <memory>
 #include <ranges>
+#include <utility>
 
 namespace tarnwick {
 namespace {
-
-constexpr std::string_view temporaryName = "tarnwick.tmp";
-// For a page on another volume than the input folder. Not the same name: the two folders may be
-// one, reached in two ways.
-constexpr std::string_view besideName = "tarnwick-new.tmp";
 
 // An output of a record; empty where there is none of that type.
 struct Output {
@@ -64,10 +60,6 @@ Outputs findOutputs(const BatchDefinition& definition, const Files& files,
             .dif = output("dif")};
 }
 
-std::string besidePath(std::string_view page) {
-    return joinPath(GetFolderPath(page), besideName);
-}
-
 std::string link(std::string_view target) {
     return std::string(linkMarker).append(target).append("\"");
 }
@@ -75,13 +67,13 @@ std::string link(std::string_view target) {
 // The outputs that a page can link to, in the order in which its lines are searched for them.
 using Targets = std::array<const Output*, 5>;
 
-PageRule pageRule(Desktop& desktop, const Output& page, const Targets& targets) {
+PageRule pageRule(const Output& page, const Targets& targets) {
     PageRule rule{.links = {}, .ownPath = page.path, .ownName = page.name};
     for (const Output* target : targets) {
         if (!target->path.empty()) {
-            const std::string relative = GetRelativePath(desktop, page.path, target->path);
             rule.links.push_back(
-                {.from = link(target->path), .to = link(ChangeMySlashes(desktop, relative))});
+                {.from = link(target->path),
+                 .to = link(ChangeMySlashes(GetRelativePath(page.path, target->path)))});
         }
     }
     return rule;
@@ -93,100 +85,126 @@ void removeLeftover(Files& files, const std::string& path) {
     }
 }
 
-// What an earlier call could not clear away. A file beside a page is there only while the temporary
-// file is too, which therefore goes last.
-void removeLeftovers(Files& files, const Outputs& outputs, const std::string& temporary) {
-    for (const std::string& page : {outputs.html.path, outputs.faq.path}) {
-        if (!page.empty()) {
-            removeLeftover(files, besidePath(page));
-        }
-    }
-    files.remove(temporary);
-}
+// The pages of one record, and the files that they are rewritten by way of.
+class RecordPages {
+  public:
+    RecordPages(Files& files, Outputs outputs, std::string_view inputFolder, std::string_view name)
+        : files_(files),
+          outputs_(std::move(outputs)),
+          temporary_(joinPath(inputFolder, name, ".tmp")),
+          // Not the same name: the page's folder may be the input folder, reached in another way.
+          besideName_(std::string(name) + "-new.tmp") {}
 
-// Leftovers are looked for where one is in the way: to ask for them before every page takes longer
-// than to rewrite a short one's lines. A hidden one goes too: the page would become hidden by it.
-std::unique_ptr<OutputFile> createTemporary(Files& files, const Outputs& outputs,
-                                            const std::string& temporary) {
-    try {
-        return files.createNew(temporary);
-    } catch (const RunTimeError& error) {
-        if (!error.is(ErrorNumber::FileAlreadyExists)) {
+    RewrittenPages rewrite() {
+        const auto& [html, faq, text, sgml, xml, dif] = outputs_;
+        RewrittenPages rewritten;
+        rewritten.html = rewritePage(html, {&faq, &text, &sgml, &xml, &dif});
+        rewritten.faq = rewritePage(faq, {&html, &text, &sgml, &xml, &dif});
+        if (rewritten == RewrittenPages() && FileExists(files_, temporary_)) {
+            removeLeftovers();
+        }
+        return rewritten;
+    }
+
+  private:
+    // Whether there is such a page.
+    bool rewritePage(const Output& page, const Targets& targets) {
+        if (page.path.empty() || !FileExists(files_, page.path)) {
+            return false;
+        }
+        try {
+            copyRewritten(page.path, pageRule(page, targets), createTemporary());
+            moveInOneStep(files_, temporary_, page.path, besidePath(page.path));
+        } catch (...) {
+            removeQuietly(files_, temporary_);
             throw;
         }
+        return true;
     }
-    removeLeftovers(files, outputs, temporary);
-    return files.createNew(temporary);
-}
 
-void copyRewritten(Files& files, std::string_view page, const PageRule& rule,
-                   std::unique_ptr<OutputFile> copy) {
-    const auto original = files.openForReading(page);
-    rewriteLinks(*original, *copy, rule);
-    copy->close();
-}
+    void copyRewritten(std::string_view page, const PageRule& rule,
+                       std::unique_ptr<OutputFile> copy) const {
+        const auto original = files_.openForReading(page);
+        rewriteLinks(*original, *copy, rule);
+        copy->close();
+    }
 
-// Whether there is such a page.
-bool rewritePage(const LinkServices& services, const Outputs& outputs, const std::string& temporary,
-                 const Output& page, const Targets& targets) {
-    const auto& [files, desktop] = services;
-    if (page.path.empty() || !FileExists(files, page.path)) {
-        return false;
+    // We look for leftovers only when creation fails: checking before every page would cost more
+    // than rewriting a short one. A hidden leftover goes too: the page would become hidden by it.
+    [[nodiscard]] std::unique_ptr<OutputFile> createTemporary() {
+        try {
+            return files_.createNew(temporary_);
+        } catch (const RunTimeError& error) {
+            if (!error.is(ErrorNumber::FileAlreadyExists)) {
+                throw;
+            }
+        }
+        removeLeftovers();
+        return files_.createNew(temporary_);
     }
-    try {
-        copyRewritten(files, page.path, pageRule(desktop, page, targets),
-                      createTemporary(files, outputs, temporary));
-        moveInOneStep(files, temporary, page.path, besidePath(page.path));
-    } catch (...) {
-        removeQuietly(files, temporary);
-        throw;
+
+    // What an earlier call could not clear away. A file beside a page is there only while the
+    // temporary file is too, which therefore goes last.
+    void removeLeftovers() {
+        for (const std::string& page : {outputs_.html.path, outputs_.faq.path}) {
+            if (!page.empty()) {
+                removeLeftover(files_, besidePath(page));
+            }
+        }
+        files_.remove(temporary_);
     }
-    return true;
-}
+
+    [[nodiscard]] std::string besidePath(std::string_view page) const {
+        return joinPath(GetFolderPath(page), besideName_);
+    }
+
+    Files& files_;
+    Outputs outputs_;
+    std::string temporary_;
+    std::string besideName_;
+};
 
 } // namespace
 
-void FixRelativePaths(const BatchDefinition& definition, const LinkServices& services,
+RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
+                                  std::string_view sFile, std::string_view temporaryName) {
+    return RecordPages(files, findOutputs(definition, files, GetBaseName(sFile)),
+                       definition.sInputFolder, temporaryName)
+        .rewrite();
+}
+
+void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& desktop,
                       std::string_view /*sFolder*/, std::string_view sFile) {
-    trap(services.desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
-        const std::string temporary = joinPath(definition.sInputFolder, temporaryName);
-        const auto outputs = findOutputs(definition, services.files, GetBaseName(sFile));
-        const auto& [html, faq, text, sgml, xml, dif] = outputs;
-        const auto rewrite = [&](const Output& page, const Targets& targets) {
-            return rewritePage(services, outputs, temporary, page, targets);
-        };
-        const bool htmlRewritten = rewrite(html, {&faq, &text, &sgml, &xml, &dif});
-        const bool faqRewritten = rewrite(faq, {&html, &text, &sgml, &xml, &dif});
-        if (!htmlRewritten && !faqRewritten && FileExists(services.files, temporary)) {
-            removeLeftovers(services.files, outputs, temporary);
-        }
-    });
+    trap(desktop, "frmMain", "Private Sub FixRelativePaths()",
+         [&] { static_cast<void>(rewriteRecordLinks(definition, files, sFile, "tarnwick")); });
 }
 
-std::string GetRelativePath(Desktop& desktop, std::string_view sFrom, std::string_view sTo) {
+std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
+                            const CodePage& codePage) {
+    const auto nextBackslash = [&] { return codePage.findFirstOf(sFrom, "\\"); };
+    for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
+        if (!equalIgnoringCase(sFrom.substr(0, p + 1), sTo.substr(0, p + 1), codePage)) {
+            break;
+        }
+        sFrom.remove_prefix(p + 1);
+        sTo.remove_prefix(p + 1);
+    }
+    std::string path;
+    for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
+        path += "..\\";
+        sFrom.remove_prefix(p + 1);
+    }
+    return path.append(sTo);
+}
+
+std::string ChangeMySlashes(std::string_view sPath, const CodePage& codePage) {
     std::string result;
-    trap(desktop, "frmMain", "Private Function GetRelativePath", [&] {
-        for (auto p = sFrom.find('\\'); p != std::string_view::npos; p = sFrom.find('\\')) {
-            if (!equalIgnoringCase(sFrom.substr(0, p + 1), sTo.substr(0, p + 1))) {
-                break;
-            }
-            sFrom.remove_prefix(p + 1);
-            sTo.remove_prefix(p + 1);
-        }
-        std::string path;
-        for (auto levels = std::ranges::count(sFrom, '\\'); levels > 0; --levels) {
-            path += "..\\";
-        }
-        result = path.append(sTo);
-    });
-    return result;
-}
-
-std::string ChangeMySlashes(Desktop& desktop, std::string_view sPath) {
-    std::string result(sPath);
-    trap(desktop, "frmMain", "Private Function ChangeMySlashes",
-         [&] { std::ranges::replace(result, '\\', '/'); });
-    return result;
+    for (auto p = codePage.findFirstOf(sPath, "\\"); p != std::string_view::npos;
+         p = codePage.findFirstOf(sPath, "\\")) {
+        result.append(sPath.substr(0, p)).append("/");
+        sPath.remove_prefix(p + 1);
+    }
+    return result.append(sPath);
 }
 
 } // namespace tarnwick

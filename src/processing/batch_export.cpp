@@ -1,12 +1,11 @@
 #include "processing/batch_export.hpp"
 
-#include "common/known_folders.hpp"
 #include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "definition/resolved_paths.hpp"
-#include "processing/record_names.hpp"
-#include "processing/tool_statements.hpp"
+#include "processing/build_statements.hpp"
+#include "processing/commands/record_names.hpp"
 
 namespace tarnwick {
 namespace {
@@ -25,34 +24,14 @@ void writeHead(BatchWriter& script, const Clock& clock) {
     script.line("");
 }
 
-// The comment names folder and file as they are, with one "\" between them even where the folder
-// ends in one.
-void writeCommand(BatchWriter& script, std::string_view tool, const std::string& folder,
-                  const std::string& file, const std::string& statement) {
-    script.line("REM " + std::string(tool) + " - Processing " + folder + "\\" + file);
-    script.line("@echo off");
-    script.line(statement);
-    script.line("@echo on");
-}
-
-// The comments name the folders as the user gave them, the commands in full.
-void writeRecord(BatchWriter& script, const BatchDefinition& definition,
-                 const BatchDefinition& resolved, const StatementServices& services,
-                 const std::string& record) {
-    const bool cns = definition.iProcessCNS == checked;
-    std::string cnsOutput;
-    if (cns) {
-        const std::string statement =
-            sBuildCNSstatement(resolved, services, resolved.sInputFolder, record, cnsOutput);
-        writeCommand(script, "CNS", definition.sInputFolder, record, statement);
-    }
-    if (definition.iProcessMP == checked) {
-        const auto [folder, file] = mpInput(resolved, record, cnsOutput);
-        // On purpose, the comment names the folder of CNS's output even where the command reads
-        // from another.
-        writeCommand(script, "MP", cns ? definition.sCNSOutputFolder : definition.sInputFolder,
-                     file, sBuildMPstatement(resolved, services, folder, file));
-    }
+// What the comment before a command names: the folder as the user gave it, the command has it in
+// full. On purpose it is the one of CNS's output even where MP reads from another, and one "\"
+// follows it even where it ends in one.
+std::string commentOn(const ToolStep& step, const BatchDefinition& definition) {
+    const bool readsOutput = step.tool == Tool::MP && definition.iProcessCNS == checked;
+    return "REM " + std::string(nameOf(step.tool)) + " - Processing " +
+           (readsOutput ? definition.sCNSOutputFolder : definition.sInputFolder) + "\\" +
+           step.sFile;
 }
 
 } // namespace
@@ -80,12 +59,16 @@ void BatchExport::writeScript(BatchWriter& script, const BatchDefinition& defini
                               const BatchDefinition& resolved,
                               std::span<const std::string> records) const {
     KnownFolders folders(services_.files);
-    const StatementServices statements{.folders = folders, .desktop = services_.desktop};
     writeHead(script, services_.clock);
     changeToFolder(script, definition.sInputFolder);
     script.line("");
     for (const std::string& record : records) {
-        writeRecord(script, definition, resolved, statements, record);
+        for (const ToolStep& step : toolSteps(resolved, record)) {
+            script.line(commentOn(step, definition));
+            script.line("@echo off");
+            script.line(buildStatement(services_.desktop, resolved, folders, step));
+            script.line("@echo on");
+        }
     }
     script.end();
 }

@@ -13,7 +13,7 @@ bool takeOption(std::string_view piece, CommandLine& commandLine) {
         return true;
     }
     const std::string_view argument = trim(piece.substr(1));
-    switch (upperCase(piece.front())) {
+    switch (systemCodePage().upperCase(piece.front())) {
     case 'I':
         commandLine.sINIFile = without(argument, '"');
         return true;

@@ -7,6 +7,7 @@
 #include "common/trap.hpp"
 #include "definition/resolved_paths.hpp"
 #include "postprocess/relative_links.hpp"
+#include "processing/build_statements.hpp"
 #include "processing/passing_lock.hpp"
 
 #include <utility>
@@ -87,8 +88,8 @@ void InteractiveRun::requireNoRecord(const std::string& path) const {
     }
 }
 
-// Whoever cancels finds the last record's status where it was: on purpose, "Stopped!" is said only
-// where there was no record that could be stopped at.
+// On purpose, a run that is cancelled leaves the status of the record that it was at; "Stopped!" is
+// shown only where there was no record to be at.
 void InteractiveRun::processAll() {
     const auto count = static_cast<double>(job_.records.size());
     double done = 0;
@@ -107,44 +108,44 @@ void InteractiveRun::processAll() {
 
 bool InteractiveRun::process(const std::string& record) {
     window_.showStatus("Processing " + record + "...");
-    std::string cnsOutput;
-    if (job_.definition.iProcessCNS == checked && !runCNS(record, cnsOutput)) {
-        return false;
-    }
-    if (job_.definition.iProcessMP == checked) {
-        if (!runMP(record, cnsOutput)) {
+    const BatchDefinition& definition = job_.definition;
+    for (const ToolStep& step : toolSteps(definition, record)) {
+        if (!runTool(step)) {
             return false;
         }
-        fixLinks(record, cnsOutput);
+        if (step.tool == Tool::MP && rewritesLinks(definition)) {
+            // A page that cannot be rewritten is reported there, and the run goes on.
+            FixRelativePaths(definition, services_.files, services_.desktop, step.sFolder,
+                             step.sFile);
+        }
     }
     return true;
 }
 
-bool InteractiveRun::runCNS(const std::string& record, std::string& cnsOutput) {
+// A batch that could not be written, started or run ends the run: the next one would meet the same
+// folder and the same interpreter, and a report for each of a thousand tools helps nobody.
+bool InteractiveRun::runTool(const ToolStep& step) {
     if (!clearBatch()) {
         return false;
     }
     // Asked anew for every tool: the run takes long, and folders come and go.
     KnownFolders folders(services_.files);
-    const std::string statement =
-        sBuildCNSstatement(job_.definition, {.folders = folders, .desktop = services_.desktop},
-                           job_.definition.sInputFolder, record, cnsOutput);
-    log(statement);
-    window_.showStatus("CNS - Processing " + record + "...");
-    return runTool(statement);
-}
-
-bool InteractiveRun::runMP(const std::string& record, const std::string& cnsOutput) {
-    if (!clearBatch()) {
-        return false;
+    const std::string statement = buildStatement(services_.desktop, job_.definition, folders, step);
+    const auto showTool = [&] {
+        window_.showStatus(std::string(nameOf(step.tool)) + " - Processing " + step.sFile + "...");
+    };
+    // On purpose not alike: CNS is shown when its line stands in the log, MP before.
+    if (step.tool == Tool::MP) {
+        showTool();
     }
-    KnownFolders folders(services_.files);
-    const auto [folder, file] = mpInput(job_.definition, record, cnsOutput);
-    const std::string statement = sBuildMPstatement(
-        job_.definition, {.folders = folders, .desktop = services_.desktop}, folder, file);
-    window_.showStatus("MP - Processing " + file + "...");
     log(statement);
-    return runTool(statement);
+    if (step.tool == Tool::CNS) {
+        showTool();
+    }
+    return !stop_.cancelled &&
+           ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_,
+                          left_) == Waited::Done &&
+           !stop_.cancelled;
 }
 
 bool InteractiveRun::clearBatch() {
@@ -158,29 +159,6 @@ bool InteractiveRun::clearBatch() {
     }
     letEventsRun();
     return true;
-}
-
-// A batch that could not be written, started or run ends the run: the next one would meet the same
-// folder and the same interpreter, and a report for each of a thousand tools helps nobody.
-bool InteractiveRun::runTool(std::string_view statement) {
-    return !stop_.cancelled &&
-           ProcessAndWait(services_, temporary_, job_.definition.sInputFolder, statement, stop_,
-                          left_) == Waited::Done &&
-           !stop_.cancelled;
-}
-
-// A page that cannot be rewritten has been reported, and the run goes on.
-void InteractiveRun::fixLinks(const std::string& record, const std::string& cnsOutput) {
-    const BatchDefinition& definition = job_.definition;
-    if (!definition.bConvertHyperlinks || definition.bCfgNamesOutput) {
-        return;
-    }
-    const LinkServices services{.files = services_.files, .desktop = services_.desktop};
-    if (definition.iProcessCNS == checked) {
-        FixRelativePaths(definition, services, definition.sCNSOutputFolder, cnsOutput);
-    } else {
-        FixRelativePaths(definition, services, definition.sInputFolder, record);
-    }
 }
 
 void InteractiveRun::log(std::string_view statement) {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "processing/command_line_log.hpp"
+#include "processing/commands/record_names.hpp"
+#include "processing/commands/tool_steps.hpp"
 #include "processing/process_and_wait.hpp"
-#include "processing/record_names.hpp"
 #include "processing/run_window.hpp"
-#include "processing/tool_statements.hpp"
+#include "processing/tool_log.hpp"
 
 #include <optional>
 #include <string>
@@ -45,12 +45,9 @@ class InteractiveRun {
     void processAll();
     // Whether the run goes on.
     [[nodiscard]] bool process(const std::string& record);
-    [[nodiscard]] bool runCNS(const std::string& record, std::string& cnsOutput);
-    [[nodiscard]] bool runMP(const std::string& record, const std::string& cnsOutput);
-    [[nodiscard]] bool runTool(std::string_view statement);
+    [[nodiscard]] bool runTool(const ToolStep& step);
     // False where a stop is asked for before the batch could be deleted.
     [[nodiscard]] bool clearBatch();
-    void fixLinks(const std::string& record, const std::string& cnsOutput);
     void log(std::string_view statement);
     void cleanUp();
     void closeLog();
@@ -64,7 +61,7 @@ class InteractiveRun {
     StopRequest stop_;
     RunJob job_;
     Refused refused_; // of the job
-    std::optional<CommandLineLog> log_;
+    std::optional<ToolLog> log_;
 };
 
 } // namespace tarnwick

@@ -6,9 +6,9 @@ namespace tarnwick {
 
 // What a run has been asked to do before its end.
 struct StopRequest {
-    bool cancelled = false; // the user wants no more; looked at between the pauses, but
-                            // not between a batch and its start
-    bool closed = false;    // the window is gone: nobody waits any longer
+    bool cancelled = false; // start no further tool; a batch that is already written is still
+                            // started, and the pauses last their time
+    bool closed = false;    // the window is closed: end every pause at once as well
 
     void close() noexcept { cancelled = closed = true; }
 };

@@ -25,7 +25,7 @@ class RunWindow {
     virtual void commitEdits() = 0;
     // As the window has it now.
     [[nodiscard]] virtual RunJob job() = 0;
-    // There is nowhere to write the log to: it is not wished any more.
+    // The log's folder does not exist: the window switches its logging setting off.
     virtual void switchLoggingOff() = 0;
 
     virtual void showStatus(std::string_view text) = 0;

@@ -3,89 +3,37 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
-#include "definition/resolved_paths.hpp"
-
-#include <span>
-#include <string>
 
 namespace tarnwick {
 namespace {
 
-// `executable` is the definition's own field: the options dialog may change it meanwhile.
-bool toolExists(std::string_view tool, const BatchDefinition& definition,
-                const std::string& executable, const ValidationServices& services) {
-    const auto exists = [&] {
-        return FileExists(services.files, resolvedFile(definition.sAppFolder, executable));
-    };
-    if (exists()) {
+bool toolExists(const BatchDefinition& definition, Tool tool, const ValidationServices& services) {
+    auto fault = toolFault(definition, services.files, tool);
+    if (!fault) {
         return true;
     }
-    const auto missing = [&] {
-        return "The " + std::string(tool) + " executable file " + quoted(executable) +
-               " does not exist.";
-    };
-    showWarning(services.desktop, missing() + std::string(lineEnd) + "Please specify the " +
-                                      std::string(tool) + " executable location.");
+    const std::string name(nameOf(tool));
+    showWarning(services.desktop, fault->text + std::string(lineEnd) + "Please specify the " +
+                                      name + " executable location.");
     services.showOptions();
-    if (exists()) {
-        return true;
+    fault = toolFault(definition, services.files, tool);
+    if (fault) {
+        showWarning(services.desktop, fault->text);
     }
-    showWarning(services.desktop, missing());
-    return false;
-}
-
-std::string badFolderText(const OutputDefinition& output) {
-    if (trim(output.sOutputFolder).empty()) {
-        return "Please specify a folder for the output " + quoted(output.sFileType) + " file.";
-    }
-    return "The " + quoted(output.sOutputFolder) + " folder does not exist." +
-           std::string(lineEnd) + "Please specify a valid folder for the output " +
-           quoted(output.sFileType) + " file.";
-}
-
-// Whether every product to be built has its folder; the first that has not is shown.
-bool foldersExist(const BatchDefinition& definition, OutputGrid grid,
-                  std::span<const OutputDefinition> outputs, const ValidationServices& services) {
-    std::size_t row = 0;
-    for (const OutputDefinition& output : outputs) {
-        ++row;
-        if (output.bBuild &&
-            !FolderExists(services.files, resolvedFolder(definition.sInputFolder, services.files,
-                                                         output.sOutputFolder))) {
-            showWarning(services.desktop, badFolderText(output));
-            services.editOutputFolder(grid, row);
-            return false;
-        }
-    }
-    return true;
-}
-
-bool buildsAny(std::span<const OutputDefinition> outputs) {
-    for (const OutputDefinition& output : outputs) {
-        if (output.bBuild) {
-            return true;
-        }
-    }
-    return false;
+    return !fault;
 }
 
 bool outputsAreUsable(const BatchDefinition& definition, const ValidationServices& services) {
-    // CNS needs no product beside its main output; MP without one would do nothing.
-    if (definition.iProcessCNS == checked &&
-        !foldersExist(definition, OutputGrid::CNS, definition.CNSOutputs, services)) {
-        return false;
+    const auto faults = outputFaults(definition, services.files);
+    if (faults.empty()) {
+        return definition.iProcessCNS == checked || definition.iProcessMP == checked;
     }
-    if (definition.iProcessMP != checked) {
-        return definition.iProcessCNS == checked;
+    const BatchFault& first = faults.front();
+    showWarning(services.desktop, first.text);
+    if (first.kind == BatchFault::Kind::OutputFolder) {
+        services.editOutputFolder(first.tool, first.row);
     }
-    if (!foldersExist(definition, OutputGrid::MP, definition.MPOutputs, services)) {
-        return false;
-    }
-    if (!buildsAny(definition.MPOutputs)) {
-        showWarning(services.desktop, "Under MP, please define the output definition.");
-        return false;
-    }
-    return true;
+    return false;
 }
 
 } // namespace
@@ -93,14 +41,14 @@ bool outputsAreUsable(const BatchDefinition& definition, const ValidationService
 bool bValidateMP(const BatchDefinition& definition, const ValidationServices& services) {
     bool result = false;
     trap(services.desktop, "frmMain", "Private Function bValidateMP() As Boolean",
-         [&] { result = toolExists("MP", definition, definition.sMPExecutable, services); });
+         [&] { result = toolExists(definition, Tool::MP, services); });
     return result;
 }
 
 bool bValidateCNS(const BatchDefinition& definition, const ValidationServices& services) {
     bool result = false;
     trap(services.desktop, "frmMain", "Private Function bValidateCNS() As Boolean",
-         [&] { result = toolExists("CNS", definition, definition.sCNSExecutable, services); });
+         [&] { result = toolExists(definition, Tool::CNS, services); });
     return result;
 }
 
@@ -111,23 +59,20 @@ bool bValidOutputFolders(const BatchDefinition& definition, const ValidationServ
     return result;
 }
 
-BatchFault validateBatch(const BatchDefinition& definition, const ValidationServices& services) {
-    if (definition.iProcessMP == checked && !bValidateMP(definition, services)) {
-        return BatchFault::Tool;
+std::optional<BatchFault::Kind> validateBatch(const BatchDefinition& definition,
+                                              const ValidationServices& services) {
+    if ((definition.iProcessMP == checked && !bValidateMP(definition, services)) ||
+        (definition.iProcessCNS == checked && !bValidateCNS(definition, services))) {
+        return BatchFault::Kind::Tool;
     }
-    if (definition.iProcessCNS == checked && !bValidateCNS(definition, services)) {
-        return BatchFault::Tool;
-    }
-    if (definition.bUseConfigFile == checked &&
-        !FileExists(services.files, resolvedFile(definition.sAppFolder, definition.sConfigFile))) {
-        showWarning(services.desktop, "The configuration file " + quoted(definition.sConfigFile) +
-                                          " does not exist.");
-        return BatchFault::ConfigurationFile;
+    if (const auto fault = configurationFault(definition, services.files)) {
+        showWarning(services.desktop, fault->text);
+        return fault->kind;
     }
     if (!definition.bCfgNamesOutput && !bValidOutputFolders(definition, services)) {
-        return BatchFault::OutputFolders;
+        return BatchFault::Kind::OutputFolder;
     }
-    return BatchFault::None;
+    return std::nullopt;
 }
 
 } // namespace tarnwick

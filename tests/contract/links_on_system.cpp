@@ -30,10 +30,7 @@ class LinksOnSystem : public ContractTest {
         page = folder + "\\caf\xE9 1.html";
         before = "<base href=\"" + page + "\">\nHREF=\"" + folder + "\\caf\xE9 1.txt\"\r\n";
     }
-    void fix() {
-        FixRelativePaths(definition, {.files = files, .desktop = desktop}, in("records"),
-                         "caf\xE9 1.met");
-    }
+    void fix() { FixRelativePaths(definition, files, desktop, in("records"), "caf\xE9 1.met"); }
     // The page as it was, one report of that error, and nothing left behind.
     void expectReported(ErrorNumber number) {
         EXPECT_EQ(bytesOf(files, page), before);

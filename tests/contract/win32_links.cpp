@@ -36,9 +36,7 @@ TEST_F(Win32Links, A_page_that_another_process_has_open_stays_whole_until_it_is_
     ASSERT_TRUE(eventually([&] { return exists("begun"); }));
     EXPECT_EQ(raisedBy([&] { return files.append(in("rec.html")); }), 70);
     ScriptedDesktop desktop;
-    const auto fix = [&] {
-        FixRelativePaths(definition, {.files = files, .desktop = desktop}, "", "rec.met");
-    };
+    const auto fix = [&] { FixRelativePaths(definition, files, desktop, "", "rec.met"); };
     fix();
     ASSERT_THAT(desktop.messages, SizeIs(1));
     EXPECT_THAT(desktop.messages[0].text, HasSubstr("Number:            70\r\n"));

@@ -1,6 +1,7 @@
 // Names in the system's own, wide text: what the program takes of them, and how.
 
 #include "contract/contract_fixture.hpp"
+#include "platform/code_page.hpp"
 #include "platform/win32/command_line.hpp"
 #include "platform/win32/handle.hpp"
 #include "platform/win32/system_text.hpp"
@@ -174,6 +175,17 @@ TEST_F(Win32Names, A_path_of_the_program_is_opened_as_the_very_same_characters) 
     put("caf\xE9 \x80.met", "euro");
     const auto attributes = GetFileAttributesW(wideIn(L"caf\xE9 \x20AC.met").c_str());
     EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(Win32CodePage, Characters_of_two_bytes_begin_where_the_system_has_them_begin) {
+    for (const unsigned number : {932U, 936U, 949U, 950U, 1252U}) {
+        const CodePage page(number);
+        for (unsigned code = 1; code < 256; ++code) {
+            const std::string text{static_cast<char>(code), 'A'};
+            const bool isLead = IsDBCSLeadByteEx(number, static_cast<BYTE>(code)) != FALSE;
+            EXPECT_EQ(page.lengthOfFirst(text), isLead ? 2U : 1U) << number << ' ' << code;
+        }
+    }
 }
 
 } // namespace

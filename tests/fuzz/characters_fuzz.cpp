@@ -2,9 +2,9 @@
 // those of this machine's own tables.
 
 #include "platform/case_folding.hpp"
-#include "platform/hosted/code_page_437.hpp"
 #include "reference/system_characters.hpp"
 #include "require.hpp"
+#include "support/code_page_437.hpp"
 
 #include <cstddef>
 #include <cstdint>

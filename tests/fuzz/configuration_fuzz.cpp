@@ -1,7 +1,6 @@
 // The text of MP's configuration file, of any bytes: what it names is what a plain second reader
 // finds, and the outputs are switched off exactly where it names them.
 
-#include "counting_desktop.hpp"
 #include "memory_files.hpp"
 #include "postprocess/configuration_file.hpp"
 #include "reference/plain_configuration.hpp"
@@ -49,9 +48,7 @@ void tryText(std::string_view text) {
     const bool cns = text.size() % 2 == 1;
     BatchDefinition read = definitionBefore();
     read.iProcessCNS = cns ? checked : 0;
-    CountingDesktop desktop;
-    require(GetCFGValues(read, files, desktop, [] {}), "every text can be inspected");
-    require(desktop.shown == 0, "without a message");
+    inspectConfigurationFile(read, files);
     require(read == expectedAfter(reference::configurationEntries(text), cns),
             "the definition is what the plain reader gives");
 }

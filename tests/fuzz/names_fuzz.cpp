@@ -2,8 +2,8 @@
 // where it would become more than a name.
 
 #include "platform/wildcard.hpp"
-#include "processing/record_names.hpp"
-#include "processing/tool_command.hpp"
+#include "processing/commands/record_names.hpp"
+#include "processing/commands/tool_command.hpp"
 #include "require.hpp"
 
 #include <cstddef>

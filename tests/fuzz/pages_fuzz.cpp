@@ -2,9 +2,9 @@
 // becomes of it is what a plain second version makes, however the bytes arrive. A byte 1 in the
 // page stands for twenty thousand letters, so that lines cross the blocks in which pages are read.
 
-#include "common/mod_main.hpp"
 #include "fields.hpp"
 #include "memory_files.hpp"
+#include "platform/windows_path.hpp"
 #include "postprocess/page_links.hpp"
 #include "reference/plain_page.hpp"
 #include "require.hpp"

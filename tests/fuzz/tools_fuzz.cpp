@@ -3,11 +3,10 @@
 // line at all, a program started by that line gets the command's arguments.
 
 #include "common/known_folders.hpp"
-#include "counting_desktop.hpp"
 #include "fields.hpp"
 #include "memory_files.hpp"
-#include "processing/tool_command.hpp"
-#include "processing/tool_statements.hpp"
+#include "processing/commands/tool_command.hpp"
+#include "processing/commands/tool_steps.hpp"
 #include "reference/plain_tool_lines.hpp"
 #include "require.hpp"
 
@@ -78,6 +77,13 @@ void checkStart(const ToolCommand& command) {
             "a program gets the arguments of its command");
 }
 
+ToolCommand commandOf(const BatchDefinition& definition, KnownFolders& folders,
+                      const ToolStep& step) {
+    ToolCommand command;
+    buildCommand(command, definition, folders, step);
+    return command;
+}
+
 void tryBytes(std::string_view bytes) {
     Fields fields(bytes);
     const BatchDefinition definition = definitionOf(fields);
@@ -85,22 +91,19 @@ void tryBytes(std::string_view bytes) {
     const std::string file = fields.next();
     const MemoryFiles files("");
     KnownFolders folders(files);
-    CountingDesktop desktop;
-    const StatementServices services{folders, desktop};
 
-    const ToolCommand mp = mpCommand(definition, services, folder, file);
+    const ToolCommand mp = commandOf(definition, folders, {Tool::MP, folder, file});
     require(batchLine(mp) == reference::mpLine(definition, files, folder, file),
             "MP's line is what the plain version puts together");
     checkStart(mp);
 
-    std::string output;
     std::string expectedOutput;
-    const ToolCommand cns = cnsCommand(definition, services, folder, file, output);
+    const ToolCommand cns = commandOf(definition, folders, {Tool::CNS, folder, file});
     require(batchLine(cns) == reference::cnsLine(definition, files, folder, file, expectedOutput),
             "CNS's line is what the plain version puts together");
-    require(output == expectedOutput, "and so is the name of what it makes");
+    require(cnsOutputName(definition, file) == expectedOutput,
+            "and so is the name of what it makes");
     checkStart(cns);
-    require(desktop.shown == 0, "no message is shown");
 }
 
 } // namespace

@@ -21,7 +21,7 @@ set(conversion "WideCharToMultiByte|MultiByteToWideChar|wcstombs|wcsrtombs|mbsto
 set(converter "^src/platform/win32/system_text\\.cpp$")
 set(found "")
 foreach(file IN LISTS files)
-  if(file MATCHES "^src/platform/hosted/")
+  if(file MATCHES "^src/platform/posix/")
     continue() # no Windows
   endif()
   set(forbidden "${functions}|${types}|${narrow}")

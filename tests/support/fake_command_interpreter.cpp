@@ -1,6 +1,6 @@
 #include "support/fake_command_interpreter.hpp"
 
-#include "platform/hosted/code_page_437.hpp"
+#include "support/code_page_437.hpp"
 #include "support/file_bytes.hpp"
 
 namespace tarnwick {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/hosted/hosted_files.hpp"
+#include "support/hosted_files.hpp"
 
 #include <string>
 #include <string_view>

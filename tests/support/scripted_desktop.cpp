@@ -35,13 +35,9 @@ MessageAnswer ScriptedDesktop::show(const Message& message) {
     return next(answers, message.text).value_or(MessageAnswer::No);
 }
 
-std::string ScriptedDesktop::chooseFile(const FileDialog& dialog) {
+std::optional<std::string> ScriptedDesktop::chooseFile(const FileDialog& dialog) {
     fileDialogs.push_back(dialog);
-    auto chosen = next(chosenFiles, dialog.title).value_or(std::nullopt);
-    if (!chosen) {
-        throw RunTimeError(ErrorNumber::Cancelled);
-    }
-    return *std::move(chosen);
+    return next(chosenFiles, dialog.title).value_or(std::nullopt);
 }
 
 std::int32_t ScriptedDesktop::openDocument(std::string_view document,

@@ -24,7 +24,7 @@ class ScriptedDesktop : public Desktop {
 
     [[nodiscard]] bool isSeen() const noexcept override { return seen; }
     MessageAnswer show(const Message& message) override;
-    std::string chooseFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFile(const FileDialog& dialog) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
 
     // The script, used from the front.

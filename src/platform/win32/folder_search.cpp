@@ -2,6 +2,7 @@
 
 #include "platform/win32/errors.hpp"
 #include "platform/win32/system_text.hpp"
+#include "platform/windows_path.hpp"
 
 #include <string_view>
 
@@ -22,10 +23,6 @@ FindHandle startSearch(const std::string& pattern, WIN32_FIND_DATAW& entry) {
         raiseSystemError(ErrorNumber::PathNotFound, systemError);
     }
     raiseSystemError(systemError, path);
-}
-
-std::string withBackslash(const std::string& folder) {
-    return folder.ends_with('\\') ? folder : folder + '\\';
 }
 
 // An empty root has not even "." in it: nothing is found, though the folder is there.

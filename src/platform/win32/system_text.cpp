@@ -4,6 +4,7 @@
 #include "platform/left_out.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/filled_text.hpp"
+#include "platform/windows_path.hpp"
 
 #include <algorithm>
 #include <array>
@@ -134,7 +135,7 @@ std::optional<std::string> toSystemPath(const std::wstring& path) {
     if (!folder || folder->empty() || !file) {
         return std::nullopt;
     }
-    return *folder + (folder->ends_with('\\') ? "" : "\\") + *file;
+    return joinPath(*folder, *file);
 }
 
 std::string pathText(const std::wstring& path) {

@@ -125,7 +125,7 @@ MessageAnswer Win32Desktop::show(const Message& message) {
     return answer == IDYES ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
-std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
+std::optional<std::string> Win32Desktop::chooseFile(const FileDialog& dialog) {
     const CurrentFolderKept kept;
     constexpr std::size_t longestPath = 32768;
     std::wstring name = toWide(dialog.fileName).substr(0, longestPath - 1);
@@ -137,15 +137,16 @@ std::string Win32Desktop::chooseFile(const FileDialog& dialog) {
         chosen = runDialog(dialog, name, filterIndex);
     }
     if (!chosen) {
-        const auto systemError = CommDlgExtendedError();
-        raiseSystemError(systemError == 0 ? ErrorNumber::Cancelled : ErrorNumber::InternalError,
-                         systemError);
+        if (const auto systemError = CommDlgExtendedError(); systemError != 0) {
+            raiseSystemError(ErrorNumber::InternalError, systemError);
+        }
+        return std::nullopt;
     }
     name.resize(name.find(L'\0'));
     const std::optional<std::string> path = toSystemPath(name);
     if (!path) {
         tellUnusable(askingWindow(), name);
-        raiseSystemError(ErrorNumber::Cancelled, ERROR_NO_UNICODE_TRANSLATION);
+        return std::nullopt;
     }
     // The system's own default extension would be appended whichever filter is chosen.
     if (dialog.kind == FileDialog::Kind::Open || filterIndex != 1) {

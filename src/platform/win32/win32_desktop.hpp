@@ -10,7 +10,7 @@ class Win32Desktop : public Desktop {
   public:
     [[nodiscard]] bool isSeen() const noexcept override;
     MessageAnswer show(const Message& message) override;
-    std::string chooseFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFile(const FileDialog& dialog) override;
     std::int32_t openDocument(std::string_view document, std::string_view workingFolder) override;
 };
 

@@ -3,7 +3,6 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "definition/resolved_paths.hpp"
-#include "ui/dialogs/choose_file.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 
@@ -110,7 +109,7 @@ void frmOptions::browse(TextBox& field, FileDialog dialog) {
         dialog.initialFolder =
             withBackslash(folder); // "C:" alone would be that drive's current one
     }
-    if (const auto chosen = chooseFile(desktop_, dialog)) {
+    if (const auto chosen = desktop_.chooseFile(dialog)) {
         field.setText(*chosen);
     }
 }
@@ -159,7 +158,7 @@ bool frmOptions::mayBeNowhere(const TextBox& field, int process) {
 }
 
 void frmOptions::takeBareNameFromAppFolder(TextBox& field) {
-    if (!field.text().contains('\\')) {
+    if (!hasBackslash(field.text())) {
         field.setText(definition_.sAppFolder + field.text());
     }
 }
@@ -169,7 +168,7 @@ void frmOptions::txtCmdFile_LostFocus() {
         return;
     }
     writeBackTrimmed(txtCmdFile);
-    if (txtCmdFile.text().contains('\\') &&
+    if (hasBackslash(txtCmdFile.text()) &&
         !FolderExists(files_, GetFolderPath(txtCmdFile.text()))) {
         sendBack(desktop_, txtCmdFile, hasInvalidFolder(txtCmdFile.text()));
     }

@@ -164,7 +164,7 @@ class frmMain final : public Form, private RunWindow {
     void cmdCreateBatFile_Click();
     void cmdCancel_Click();
     [[nodiscard]] bool validate();
-    void editOutputFolder(OutputGrid grid, std::size_t row);
+    void editOutputFolder(Tool grid, std::size_t row);
     [[nodiscard]] bool isReadyToRun() override { return validate(); }
     void commitEdits() override;
     [[nodiscard]] RunJob job() override;

@@ -5,7 +5,6 @@
 #include "common/trap.hpp"
 #include "definition/ini_file.hpp"
 #include "definition/stored_settings.hpp"
-#include "ui/dialogs/choose_file.hpp"
 #include "ui/main/frm_main.hpp"
 
 #include <utility>
@@ -105,7 +104,7 @@ void frmMain::mnuNewINI_Click() {
     }
     FileDialog dialog = iniDialog(FileDialog::Kind::Save, "New INI File");
     dialog.overwritePrompt = true;
-    const auto chosen = chooseFile(services_.desktop, dialog);
+    const auto chosen = services_.desktop.chooseFile(dialog);
     if (!chosen || chosen->empty()) {
         return;
     }
@@ -136,7 +135,7 @@ void frmMain::mnuOpenINI_Click() {
     FileDialog dialog =
         startingAtINIFile(iniDialog(FileDialog::Kind::Open, "Open INI File"), definition_);
     dialog.fileMustExist = true;
-    const auto chosen = chooseFile(services_.desktop, dialog);
+    const auto chosen = services_.desktop.chooseFile(dialog);
     if (!chosen || chosen->empty()) {
         return;
     }
@@ -170,8 +169,7 @@ void frmMain::mnuSaveAsINI_Click() {
 
 // Another file has the name of the definition only when it holds it.
 frmMain::SavedAs frmMain::saveAs() {
-    const auto chosen = chooseFile(
-        services_.desktop,
+    const auto chosen = services_.desktop.chooseFile(
         startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));
     if (!chosen || chosen->empty()) {
         return SavedAs::Cancelled;

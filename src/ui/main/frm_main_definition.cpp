@@ -27,8 +27,7 @@ void frmMain::showRecord() {
     chkfixdoc.setValue(definition_.iFixDoc);
     cboLanguage.setText(definition_.sLanguage);
     if (!chkCFG.ticked()) { // a file that is not used names nothing
-        definition_.bCfgNamesInput = false;
-        definition_.bCfgNamesOutput = false;
+        forgetConfigurationEntries(definition_);
     }
     showOutputRows();
     bFieldEdited_ = false;

@@ -3,7 +3,6 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
-#include "ui/dialogs/choose_file.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
@@ -88,8 +87,7 @@ void frmMain::chkCFG_Click() {
     markChanged();
     enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
     if (!chkCFG.ticked()) {
-        definition_.bCfgNamesInput = false;
-        definition_.bCfgNamesOutput = false;
+        forgetConfigurationEntries(definition_);
     } else if (fileExists(txtCFG.text())) {
         GetCFGValues();
     }
@@ -129,13 +127,13 @@ void frmMain::cmdCFG_Click() {
 // Starts at the field's file. Nothing when the dialog was cancelled.
 std::optional<std::string> frmMain::browse(const TextBox& field, std::string_view title,
                                            std::string_view filter) {
-    return chooseFile(services_.desktop, {.kind = FileDialog::Kind::Open,
-                                          .title = std::string(title),
-                                          .filter = std::string(filter),
-                                          .filterIndex = 1,
-                                          .fileName = field.text(),
-                                          .initialFolder = {},
-                                          .hideReadOnly = true});
+    return services_.desktop.chooseFile({.kind = FileDialog::Kind::Open,
+                                         .title = std::string(title),
+                                         .filter = std::string(filter),
+                                         .filterIndex = 1,
+                                         .fileName = field.text(),
+                                         .initialFolder = {},
+                                         .hideReadOnly = true});
 }
 
 // Whether it is a name, which is then in the field.
@@ -244,7 +242,7 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
     if (leaveBlank(field)) {
         return false;
     }
-    if (!field.text().contains('\\')) {
+    if (!hasBackslash(field.text())) {
         field.setText(definition_.sAppFolder + field.text());
     }
     if (fileExists(field.text())) {

@@ -1,7 +1,6 @@
 // What the three buttons below right do: run the batch, write it into a file, cancel or close.
 
 #include "common/text.hpp"
-#include "ui/dialogs/choose_file.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/output_rows.hpp"
@@ -43,12 +42,12 @@ void frmMain::cmdCreateBatFile_Click() {
     if (!validate()) {
         return;
     }
-    const auto chosen = chooseFile(services_.desktop, {.kind = FileDialog::Kind::Save,
-                                                       .title = "Save Batch File",
-                                                       .filter = std::string(batchFiles),
-                                                       .filterIndex = 1,
-                                                       .fileName = {},
-                                                       .initialFolder = {}});
+    const auto chosen = services_.desktop.chooseFile({.kind = FileDialog::Kind::Save,
+                                                      .title = "Save Batch File",
+                                                      .filter = std::string(batchFiles),
+                                                      .filterIndex = 1,
+                                                      .fileName = {},
+                                                      .initialFolder = {}});
     if (chosen && !chosen->empty()) {
         const RunJob batch = job();
         batchExport_.write(batch.definition, batch.records, *chosen);
@@ -68,23 +67,22 @@ void frmMain::cmdCancel_Click() {
 // The checks of both ways to use the batch.
 bool frmMain::validate() {
     takeFromControls();
-    const BatchFault fault = validateBatch(
+    const auto fault = validateBatch(
         definition_,
         {.files = services_.files,
          .desktop = services_.desktop,
          .showOptions = [this] { raise(services_.showOptions, definition_); },
-         .editOutputFolder = [this](OutputGrid grid,
-                                    std::size_t row) { editOutputFolder(grid, row); }});
-    if (fault == BatchFault::ConfigurationFile) {
+         .editOutputFolder = [this](Tool grid, std::size_t row) { editOutputFolder(grid, row); }});
+    if (fault == BatchFault::Kind::ConfigurationFile) {
         txtCFG.selectAll();
         txtCFG.setFocus();
     }
-    return fault == BatchFault::None;
+    return !fault;
 }
 
-void frmMain::editOutputFolder(OutputGrid grid, std::size_t row) {
+void frmMain::editOutputFolder(Tool grid, std::size_t row) {
     const Grid::Place folder{.row = static_cast<int>(row), .column = folderColumn};
-    if (grid == OutputGrid::CNS) {
+    if (grid == Tool::CNS) {
         grdCNS.setCurrent(folder);
         cnsOutputs_.pEditGrid(Key::blank);
     } else {

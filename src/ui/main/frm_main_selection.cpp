@@ -7,7 +7,7 @@
 #include "common/raised.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
-#include "processing/record_selection.hpp"
+#include "processing/listing_match.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
 

@@ -164,7 +164,6 @@ bool readDefinition(BatchDefinition& definition, const Files& files, std::string
     for (const auto& [type, extension] : extensions) {
         rowOf(read, type)->sExtension = extension;
     }
-    read.bSettingsChanged = false;
     definition = read;
     return true;
 }

@@ -1,7 +1,7 @@
 #include "reference/plain_tool_lines.hpp"
 
-#include "common/mod_main.hpp"
 #include "platform/case_folding.hpp"
+#include "platform/windows_path.hpp"
 #include "reference/plain_text.hpp"
 
 #include <cstddef>

@@ -1,6 +1,7 @@
 // Files that are no INI file, or not quite.
 #include "definition/ini_file.hpp"
 #include "support/hosted_world.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -32,12 +33,7 @@ struct DamagedINIFile : testing::Test {
     }
 
     static Message notOurs() {
-        return {.text = "Caller:            frmMain - Public Sub ReadINIFile()\r\n"
-                        "Source:            Tarnwick\r\n"
-                        "Number:            321\r\n"
-                        "Description:       Invalid file format\r\n"
-                        "LastDllErrorError: 0",
-                .title = "Tarnwick"};
+        return errorReport("frmMain", "Public Sub ReadINIFile()", ErrorNumber::InvalidFileFormat);
     }
 
     bool read(std::string_view content) {

@@ -3,6 +3,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
@@ -167,14 +168,14 @@ TEST_F(INIReader, Fields_without_a_key_keep_their_values_but_all_products_are_re
     definition.bUseAliases = 1;
     definition.sAliasesFile = "D:\\old.txt";
     definition.sInputExtensions = "*.old";
-    definition.MPOutputs[0].sExtension = ".mine";
-    definition.MPOutputs[0].sOutputFolder = "D:\\out";
+    output(definition, "Error").sExtension = ".mine";
+    output(definition, "Error").sOutputFolder = "D:\\out";
     read("a line without the sign\r\nUnknown Key=1\r\n=2\r\n\r\nFIX DOC=0\r\n");
     EXPECT_EQ(definition.bUseAliases, 1);
     EXPECT_EQ(definition.sAliasesFile, "D:\\old.txt");
     EXPECT_EQ(definition.sInputExtensions, "*.old");
     EXPECT_EQ(
-        definition.MPOutputs[0],
+        output(definition, "Error"),
         (OutputDefinition{
             .bBuild = false, .sFileType = "Error", .sExtension = ".err", .sOutputFolder = ""}));
     EXPECT_FALSE(row("Xml").bBuild);
@@ -307,7 +308,7 @@ TEST_F(INIReader, A_folder_of_the_files_name_gives_way_to_the_default_file) {
 
 TEST_F(INIReader, A_locked_file_is_reported_and_nothing_changes) {
     world.write("C:\\batch.ini", "Language=French\r\n");
-    definition.MPOutputs[1] = {
+    output(definition, "Text") = {
         .bBuild = true, .sFileType = "Text", .sExtension = ".t", .sOutputFolder = "D:\\out"};
     const BatchDefinition before = definition;
     FaultyFiles faulty(world.files());

@@ -4,92 +4,62 @@
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
 #include "definition/ini_file.hpp"
+#include "support/definition_generator.hpp"
 #include "support/hosted_world.hpp"
+#include "support/outputs.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <random>
-#include <span>
-
 namespace tarnwick {
 namespace {
 
-// Makes definitions, the same ones for the same seed.
-class Generator {
+// Definitions whose files and folders are some that the test's machine has, and some that it has
+// not.
+class Generator : public DefinitionGenerator {
   public:
-    explicit Generator(unsigned seed) : random_(seed) {}
+    using DefinitionGenerator::DefinitionGenerator;
 
     BatchDefinition definition() {
-        BatchDefinition result;
-        MyDefaultSettings(result);
+        BatchDefinition result = DefinitionGenerator::definition();
         result.sAppFolder = "C:\\app\\";
+        result.sTempFolder = "";
         result.sINIFile = "C:\\batch.ini";
+        result.bSettingsChanged = false;
+        forgetConfigurationEntries(result);
         result.sMPExecutable = path();
         result.sCNSExecutable = path();
-        result.iProcessMP = below(2);
-        result.iProcessCNS = below(2);
-        result.bCommandLineLogging = coin();
-        result.sCommandLineLogFile = text();
+        result.sCommandLineLogFile = oddText();
         result.sInputFolder = folder();
-        result.sInputExtensions = text();
+        result.sInputExtensions = oddText();
         result.sCNSOutputFolder = path();
-        result.sCNSOutputExtension = text();
-        result.bUseAliases = below(2);
+        result.sCNSOutputExtension = oddText();
         result.sAliasesFile = file();
-        result.bConvertHyperlinks = coin();
-        result.sLanguage = coin() ? "French" : text();
-        result.iFixDoc = static_cast<std::int16_t>(below(2));
-        result.bUseConfigFile = below(2);
+        result.sLanguage = coin() ? "French" : oddText();
         result.sConfigFile = file();
-        generateRows(result.MPOutputs);
-        generateRows(result.CNSOutputs);
+        for (OutputDefinition& row : result.MPOutputs) {
+            row.sOutputFolder = folder();
+        }
+        for (OutputDefinition& row : result.CNSOutputs) {
+            row.sOutputFolder = folder();
+        }
         return result;
     }
 
   private:
-    int below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
-    bool coin() { return below(2) == 1; }
-
-    // Anything that a field can hold: no line ends, but blanks, "=" and bytes above 127.
-    std::string text() {
-        constexpr std::string_view characters = "abcXYZ019 .=*;_-\\:\"'%\t\x80\xA0\xE9\xFE\xFF";
-        std::string result;
-        for (int length = below(12); length > 0; --length) {
-            result += characters[static_cast<std::size_t>(below(int{characters.size()}))];
-        }
-        return result;
-    }
-    std::string blanks() {
-        std::string result;
-        result.resize(static_cast<std::size_t>(below(3)), ' ');
-        return result;
-    }
-    std::string path() { return blanks() + "C:\\" + text(); }
-    std::string oneOf(std::span<const std::string_view> choices) {
-        return std::string(choices[static_cast<std::size_t>(below(int(choices.size())))]);
-    }
+    // What the file might take for something else: blanks, "=", bytes above 127.
+    std::string oddText() { return textOf("abcXYZ019 .=*;_-\\:\"'%\t\x80\xA0\xE9\xFE\xFF"); }
+    std::string path() { return std::string(below(3), ' ') + "C:\\" + oddText(); }
     std::string folder() {
-        return oneOf(std::array<std::string_view, 7>{"D:\\in", "D:\\in\\",
-                                                     "D:\\donn\xE9"
-                                                     "es",
-                                                     "D:\\missing", "", "  ", "D:\\out "});
+        return oneOf({"D:\\in", "D:\\in\\",
+                      "D:\\donn\xE9"
+                      "es",
+                      "D:\\missing", "", "  ", "D:\\out "});
     }
     std::string file() {
-        return oneOf(std::array<std::string_view, 5>{"D:\\a.txt", " D:\\a.txt ", "D:\\no.txt", "",
-                                                     "D:\\\xE9.cfg"});
+        return oneOf({"D:\\a.txt", " D:\\a.txt ", "D:\\no.txt", "", "D:\\\xE9.cfg"});
     }
-    void generateRows(std::span<OutputDefinition> rows) {
-        for (OutputDefinition& row : rows) {
-            row.bBuild = coin();
-            row.sExtension = coin() ? row.sExtension : text();
-            row.sOutputFolder = folder();
-        }
-    }
-
-    std::mt19937 random_;
 };
 
 class INIRoundTrip : public testing::TestWithParam<int> {
@@ -206,14 +176,14 @@ TEST_F(INIRoundTrip, A_product_with_a_missing_folder_comes_back_off) {
     BatchDefinition saved;
     MyDefaultSettings(saved);
     saved.sINIFile = "C:\\batch.ini";
-    saved.MPOutputs[5].sOutputFolder = "D:\\missing";
-    saved.MPOutputs[5].sExtension = ".mine";
+    output(saved, "Xml").sOutputFolder = "D:\\missing";
+    output(saved, "Xml").sExtension = ".mine";
     SaveINIFile(saved, world.files(), desktop);
     BatchDefinition readBack;
     readBack.sINIFile = saved.sINIFile;
     ASSERT_TRUE(ReadINIFile(readBack, world.files(), desktop, [] {}));
     EXPECT_EQ(
-        readBack.MPOutputs[5],
+        output(readBack, "Xml"),
         (OutputDefinition{
             .bBuild = false, .sFileType = "Xml", .sExtension = ".mine", .sOutputFolder = ""}));
 }

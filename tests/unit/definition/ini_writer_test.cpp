@@ -3,6 +3,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -41,8 +42,8 @@ TEST_F(INIWriter, A_usual_definition_is_written_to_the_byte) {
     definition.sInputExtensions = "*.met";
     definition.sCNSOutputFolder = "D:\\out";
     definition.bConvertHyperlinks = true;
-    definition.MPOutputs[0].sOutputFolder = "D:\\out\\err";
-    definition.MPOutputs[5].sOutputFolder = "D:\\out\\xml";
+    output(definition, "Error").sOutputFolder = "D:\\out\\err";
+    output(definition, "Xml").sOutputFolder = "D:\\out\\xml";
     SaveINIFile(definition, world.files(), desktop);
     EXPECT_EQ(world.read("C:\\batch.ini"), "MP EXECUTABLE=C:\\Tools\\mp.exe\r\n"
                                            "CNS EXECUTABLE=C:\\Tools\\cns.exe\r\n"
@@ -135,14 +136,14 @@ TEST_F(INIWriter, Aliases_and_configuration_file_are_written_only_when_exactly_c
 }
 
 TEST_F(INIWriter, A_product_without_an_existing_folder_keeps_its_extension_line_only) {
-    definition.MPOutputs[0].sOutputFolder = "C:\\NoSuchFolder";
+    output(definition, "Error").sOutputFolder = "C:\\NoSuchFolder";
     const std::string text = iniFileText(definition, world.files());
     EXPECT_THAT(text, HasSubstr("Error Extension=.err\r\nXml Extension=.xml\r\n"));
     EXPECT_EQ(text.find("GRID_"), std::string::npos);
 }
 
 TEST_F(INIWriter, A_row_of_an_unknown_type_has_no_extension_line) {
-    definition.MPOutputs[0] = {
+    output(definition, "Error") = {
         .bBuild = true, .sFileType = "Foo", .sExtension = ".f", .sOutputFolder = "D:\\out\\err"};
     const std::string text = iniFileText(definition, world.files());
     EXPECT_THAT(text, HasSubstr("FIX DOC=0\r\nGRID_Foo=D:\\out\\err\r\n"));

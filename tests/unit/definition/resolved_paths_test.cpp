@@ -1,5 +1,6 @@
 #include "definition/resolved_paths.hpp"
 #include "support/hosted_world.hpp"
+#include "support/outputs.hpp"
 
 #include <gtest/gtest.h>
 
@@ -50,16 +51,16 @@ TEST(ResolvedPaths, Everything_that_a_tool_is_given_is_resolved_and_nothing_else
     definition.sAliasesFile = "a.txt";
     definition.sCNSOutputFolder = "cns";
     definition.sCommandLineLogFile = "run.log";
-    definition.MPOutputs.at(0).sOutputFolder = "out";
-    definition.CNSOutputs.at(1).sOutputFolder = "left";
+    output(definition, "Error").sOutputFolder = "out";
+    output(definition, "Leftovers").sOutputFolder = "left";
     BatchDefinition expected = definition;
     expected.sMPExecutable = R"(C:\app\mp.exe)";
     expected.sCNSExecutable = R"(C:\app\t\cns.exe)";
     expected.sConfigFile = R"(C:\app\a.cfg)";
     expected.sAliasesFile = R"(C:\app\a.txt)";
     expected.sCNSOutputFolder = R"(D:\in\cns)";
-    expected.MPOutputs.at(0).sOutputFolder = R"(D:\in\out)";
-    expected.CNSOutputs.at(1).sOutputFolder = R"(D:\in\left)";
+    output(expected, "Error").sOutputFolder = R"(D:\in\out)";
+    output(expected, "Leftovers").sOutputFolder = R"(D:\in\left)";
     EXPECT_EQ(withResolvedPaths(definition, world.files()), expected);
 }
 

@@ -15,8 +15,8 @@ TEST(CaseFolding, Accented_letters_have_a_capital_too) {
 }
 
 TEST(CaseFolding, Signs_in_the_range_of_the_letters_have_none) {
-    EXPECT_EQ(upperCase('\xF7'), '\xF7');
-    EXPECT_EQ(upperCase('\xDF'), '\xDF');
+    EXPECT_EQ(upperCase("\xF7"), "\xF7");
+    EXPECT_EQ(upperCase("\xDF"), "\xDF");
 }
 
 TEST(CaseFolding, Texts_are_equal_without_regard_to_case_only_at_the_same_length) {

@@ -23,7 +23,7 @@ struct PlainOutput {
 std::string plainRelative(const std::string& from, const std::string& to) {
     std::size_t common = 0; // behind the last "\" up to which both are alike
     for (std::size_t i = 0; i < from.size() && i < to.size(); ++i) {
-        if (upperCase(from[i]) != upperCase(to[i])) {
+        if (systemCodePage().upperCase(from[i]) != systemCodePage().upperCase(to[i])) {
             break;
         }
         if (from[i] == '\\') {

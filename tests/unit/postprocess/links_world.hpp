@@ -26,7 +26,7 @@ class LinksWorld {
     }
 
     void fix(Files& files, std::string_view record = "rec.met") {
-        FixRelativePaths(definition, {.files = files, .desktop = desktop}, "C:\\in", record);
+        FixRelativePaths(definition, files, desktop, "C:\\in", record);
     }
     void fix() { fix(world.files()); }
 

@@ -16,60 +16,67 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class RelativePath : public testing::Test {
-  protected:
-    void TearDown() override { EXPECT_THAT(desktop.messages, IsEmpty()); }
-    std::string relative(std::string_view from, std::string_view to) {
-        return GetRelativePath(desktop, from, to);
-    }
-
-    ScriptedDesktop desktop;
-};
-
-TEST_F(RelativePath, Common_folders_fall_away_and_each_other_one_is_a_step_up) {
-    EXPECT_EQ(relative("C:\\out\\html\\rec.html", "C:\\out\\faq\\rec.faq"), "..\\faq\\rec.faq");
-    EXPECT_EQ(relative("C:\\out\\faq\\rec.faq", "C:\\out\\text\\rec.txt"), "..\\text\\rec.txt");
-    EXPECT_EQ(relative("C:\\a\\b\\c\\rec.html", "C:\\a\\rec.txt"), "..\\..\\rec.txt");
-    EXPECT_EQ(relative("C:\\a\\rec.html", "C:\\a\\b\\c\\rec.txt"), "b\\c\\rec.txt");
+TEST(RelativePath, Common_folders_fall_away_and_each_other_one_is_a_step_up) {
+    EXPECT_EQ(GetRelativePath("C:\\out\\html\\rec.html", "C:\\out\\faq\\rec.faq"),
+              "..\\faq\\rec.faq");
+    EXPECT_EQ(GetRelativePath("C:\\out\\faq\\rec.faq", "C:\\out\\text\\rec.txt"),
+              "..\\text\\rec.txt");
+    EXPECT_EQ(GetRelativePath("C:\\a\\b\\c\\rec.html", "C:\\a\\rec.txt"), "..\\..\\rec.txt");
+    EXPECT_EQ(GetRelativePath("C:\\a\\rec.html", "C:\\a\\b\\c\\rec.txt"), "b\\c\\rec.txt");
 }
 
-TEST_F(RelativePath, In_the_same_folder_the_name_is_left) {
-    EXPECT_EQ(relative("C:\\out\\rec.html", "C:\\out\\rec.faq"), "rec.faq");
+TEST(RelativePath, In_the_same_folder_the_name_is_left) {
+    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "C:\\out\\rec.faq"), "rec.faq");
 }
 
-TEST_F(RelativePath, Paths_that_differ_only_in_letter_case_are_treated_as_common) {
-    EXPECT_EQ(relative("c:\\Out\\DONN\xC9"
-                       "ES\\rec.html",
-                       "C:\\OUT\\donn\xE9"
-                       "es\\rec.txt"),
+TEST(RelativePath, Paths_that_differ_only_in_letter_case_are_treated_as_common) {
+    EXPECT_EQ(GetRelativePath("c:\\Out\\DONN\xC9"
+                              "ES\\rec.html",
+                              "C:\\OUT\\donn\xE9"
+                              "es\\rec.txt"),
               "rec.txt");
 }
 
-TEST_F(RelativePath, Between_drives_the_target_stays_whole) {
-    EXPECT_EQ(relative("C:\\out\\rec.html", "D:\\out\\rec.txt"), "..\\..\\D:\\out\\rec.txt");
+TEST(RelativePath, Between_drives_the_target_stays_whole) {
+    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "D:\\out\\rec.txt"), "..\\..\\D:\\out\\rec.txt");
 }
 
-TEST_F(RelativePath, A_folder_that_only_begins_alike_is_another) {
-    EXPECT_EQ(relative("C:\\out\\rec.html", "C:\\output\\rec.txt"), "..\\output\\rec.txt");
-    EXPECT_EQ(relative("C:\\output\\rec.html", "C:\\out\\rec.txt"), "..\\out\\rec.txt");
+TEST(RelativePath, A_folder_that_only_begins_alike_is_another) {
+    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "C:\\output\\rec.txt"), "..\\output\\rec.txt");
+    EXPECT_EQ(GetRelativePath("C:\\output\\rec.html", "C:\\out\\rec.txt"), "..\\out\\rec.txt");
 }
 
-TEST_F(RelativePath, A_target_that_is_shorter_than_the_next_folder_stops_it) {
-    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:\\a"), "..\\a");
-    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:\\folder"), "..\\folder");
-    EXPECT_EQ(relative("C:\\folder\\rec.html", "C:"), "..\\..\\C:");
-    EXPECT_EQ(relative("C:\\folder\\rec.html", ""), "..\\..\\");
-    EXPECT_EQ(relative("rec.html", "C:\\a"), "C:\\a");
+TEST(RelativePath, A_target_that_is_shorter_than_the_next_folder_stops_it) {
+    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:\\a"), "..\\a");
+    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:\\folder"), "..\\folder");
+    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:"), "..\\..\\C:");
+    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", ""), "..\\..\\");
+    EXPECT_EQ(GetRelativePath("rec.html", "C:\\a"), "C:\\a");
 }
 
-TEST_F(RelativePath, On_a_network_share_too) {
-    EXPECT_EQ(relative("\\\\srv\\share\\a\\rec.html", "\\\\SRV\\share\\b\\rec.txt"),
+TEST(RelativePath, On_a_network_share_too) {
+    EXPECT_EQ(GetRelativePath("\\\\srv\\share\\a\\rec.html", "\\\\SRV\\share\\b\\rec.txt"),
               "..\\b\\rec.txt");
 }
 
-TEST_F(RelativePath, Every_backslash_becomes_a_slash) {
-    EXPECT_EQ(ChangeMySlashes(desktop, "..\\a b\\\\c/d\\"), "../a b//c/d/");
-    EXPECT_EQ(ChangeMySlashes(desktop, ""), "");
+TEST(RelativePath, Every_backslash_becomes_a_slash) {
+    EXPECT_EQ(ChangeMySlashes("..\\a b\\\\c/d\\"), "../a b//c/d/");
+    EXPECT_EQ(ChangeMySlashes(""), "");
+}
+
+TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
+    for (const auto& [number, letter] :
+         {std::pair(932U, "\x95\x5C"), std::pair(936U, "\x81\x5C"), std::pair(950U, "\xA5\x5C")}) {
+        const CodePage page(number);
+        const std::string folder = std::string("C:\\") + letter;
+        EXPECT_EQ(GetRelativePath(folder + "\\html\\r.html", folder + "\\r.txt", page),
+                  "..\\r.txt");
+        EXPECT_EQ(GetRelativePath("C:\\a\\r.html", folder + "\\r.txt", page),
+                  std::string("..\\") + letter + "\\r.txt");
+        EXPECT_EQ(GetRelativePath(folder + "\\r.html", "C:\\b\\r.txt", page), "..\\b\\r.txt");
+        EXPECT_EQ(ChangeMySlashes(folder + "\\r.txt", page),
+                  std::string("C:/") + letter + "/r.txt");
+    }
 }
 
 class RelativeLinks : public LinksWorld, public testing::Test {
@@ -112,8 +119,7 @@ TEST_F(RelativeLinks, The_faq_page_links_to_the_html_page_and_not_to_itself) {
 
 TEST_F(RelativeLinks, Only_the_base_name_of_the_record_counts) {
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
-    FixRelativePaths(definition, {.files = world.files(), .desktop = desktop}, "Q:\\nowhere",
-                     " D:\\other\\rec.old ");
+    FixRelativePaths(definition, world.files(), desktop, "Q:\\nowhere", " D:\\other\\rec.old ");
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
 }
 
@@ -306,6 +312,35 @@ TEST_F(RelativeLinks, From_a_network_share_and_with_accents_and_blanks_in_names)
     fix(world.files(), "r\xE9 c.met");
     EXPECT_EQ(world.read("\\\\srv\\pub\\caf\xE9 1\\r\xE9 c.html"),
               "caf\xE9" + hrefLine("../../../../../C:/out/Text/r\xE9 c.txt"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(RelativeLinks, What_became_of_the_pages_is_told_and_nothing_is_left_of_the_way_there) {
+    putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"),
+              (RewrittenPages{.html = false, .faq = true}));
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"),
+              (RewrittenPages{.html = true, .faq = true}));
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
+}
+
+TEST_F(RelativeLinks, The_file_of_another_name_is_left_alone_and_one_of_this_name_is_cleared_away) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    world.write("C:\\in\\slot 1.tmp", "of another slot");
+    world.write("C:\\in\\slot 2.tmp", "of an earlier call");
+    static_cast<void>(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"));
+    EXPECT_THAT(world.files().listFiles("C:\\in", "").names, ElementsAre("slot 1.tmp"));
+    EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
+}
+
+TEST_F(RelativeLinks, An_error_is_raised_to_whoever_rewrites_without_a_desktop) {
+    putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
+    FaultyFiles faulty(world.files());
+    faulty.failAt(FileOperation::Read, 1, RunTimeError(ErrorNumber::DeviceIO));
+    EXPECT_THROW(static_cast<void>(rewriteRecordLinks(definition, faulty, "rec.met", "x")),
+                 RunTimeError);
+    EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 

@@ -3,6 +3,7 @@
 #include "support/fake_command_interpreter.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
+#include "support/outputs.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
@@ -26,8 +27,8 @@ class Export : public testing::Test {
         definition.iProcessCNS = 1;
         definition.sInputFolder = R"(C:\meta\in)";
         definition.sCNSOutputFolder = R"(C:\meta\cns)";
-        definition.MPOutputs.at(0).sOutputFolder = R"(C:\meta\out)";
-        definition.MPOutputs.at(5).bBuild = false;
+        output(definition, "Error").sOutputFolder = R"(C:\meta\out)";
+        output(definition, "Xml").bBuild = false;
         world.makeFolder(R"(C:\meta\out)");
         clock.date = "Thursday, March 06, 2003";
         clock.time = "10:15:02 AM";
@@ -73,7 +74,7 @@ TEST_F(Export, Commands_have_full_paths_where_comments_say_what_was_typed) {
     definition.sMPExecutable = "mp.exe";
     definition.sCNSExecutable = "cns.exe";
     definition.sCNSOutputFolder = R"(..\cns)";
-    definition.MPOutputs.at(0).sOutputFolder = R"(..\out)";
+    output(definition, "Error").sOutputFolder = R"(..\out)";
     records = {"a.txt"};
     const std::string text = script();
     EXPECT_THAT(text, HasSubstr("REM MP - Processing ..\\cns\\a.cns\r\n"));

@@ -1,9 +1,10 @@
 // A record's name is data: in none of the three ways to run a batch does it become anything else.
 #include "processing/batch_export.hpp"
-#include "processing/record_names.hpp"
+#include "processing/commands/record_names.hpp"
 #include "support/odd_files.hpp"
-#include "unit/processing/command_line_world.hpp"
+#include "support/outputs.hpp"
 #include "unit/processing/run_world.hpp"
+#include "unit/processing/unattended_world.hpp"
 
 namespace tarnwick {
 namespace {
@@ -87,7 +88,7 @@ TEST(RecordNames, Where_the_tools_get_bare_names_none_may_look_like_an_option) {
     EXPECT_EQ(records, std::vector<std::string>{"a.met"});
 }
 
-struct UnattendedRecordNames : CommandLineWorld {
+struct UnattendedRecordNames : UnattendedWorld {
     void putOddRecords() {
         for (const std::string& name : oddNames) {
             if (name.find('/') == std::string::npos) {
@@ -101,11 +102,10 @@ TEST_F(UnattendedRecordNames, No_command_is_written_for_a_name_that_would_be_mor
     const std::string before = batchOf("-I C:\\batch.ini");
     interpreter.started.clear();
     world.files().remove("C:\\temp\\MP_CL.bat");
-    records = {};
     putOddRecords();
     std::size_t startedBeforeMessage = 0;
     desktop.whileShown = [&](const Message&) { startedBeforeMessage = interpreter.started.size(); };
-    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini"), UnattendedResult::BatchStarted);
     ASSERT_EQ(interpreter.started.size(), 1U);
     EXPECT_EQ(interpreter.started.front().content, before);
     EXPECT_THAT(desktop.messages, ElementsAre(warning(leftOutOfThem)));
@@ -115,7 +115,7 @@ TEST_F(UnattendedRecordNames, No_command_is_written_for_a_name_that_would_be_mor
 TEST_F(UnattendedRecordNames, Where_no_other_record_is_left_nothing_is_started) {
     world.makeFolder("D:\\odd");
     putOddFile(world, 'd', "odd", oddNames.front());
-    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\odd"), CommandLineResult::NothingStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\odd"), UnattendedResult::NothingStarted);
     EXPECT_THAT(interpreter.started, IsEmpty());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The record \"\"&md pwned&\".met\" is left out: its name "
@@ -126,7 +126,7 @@ TEST_F(UnattendedRecordNames, Files_without_a_name_are_told_once_and_after_the_s
     putOddFile(world, 'd', "other", "\x81.met");
     std::size_t startedBeforeMessage = 0;
     desktop.whileShown = [&](const Message&) { startedBeforeMessage = interpreter.started.size(); };
-    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\other"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\other"), UnattendedResult::BatchStarted);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The file \"<U+0081>.met\" in the folder \"D:\\other\" is left "
                                     "out: its name has no place in the system's code page.")));
@@ -137,7 +137,7 @@ TEST_F(UnattendedRecordNames, Where_no_file_has_a_name_both_is_told) {
     world.makeFolder("D:\\odd");
     putOddFile(world, 'd', "odd", "\x81.met");
     putOddFile(world, 'd', "odd", "a\x8D.met");
-    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\odd"), CommandLineResult::NothingStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini -F D:\\odd"), UnattendedResult::NothingStarted);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("2 files in the folder \"D:\\odd\" are left out: their names "
                                     "have no place in the system's code page.\r\n"
@@ -154,7 +154,7 @@ TEST_F(UnattendedRecordNames, No_command_names_a_product_with_a_percent_sign_in_
     world.makeFolder("D:\\100%");
     storeDefinition("Xml Extension=.%b\r\nGRID_Xml=D:\\out\r\nGRID_Text=D:\\100%\r\n"
                     "GRID_Leftovers=D:\\100%\r\n");
-    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini"), UnattendedResult::BatchStarted);
     ASSERT_EQ(interpreter.started.size(), 1U);
     EXPECT_THAT(interpreter.started.front().content, Not(HasSubstr("%")));
     EXPECT_THAT(interpreter.started.front().content,
@@ -167,7 +167,7 @@ TEST_F(UnattendedRecordNames, No_command_names_a_product_with_a_percent_sign_in_
 
 TEST_F(UnattendedRecordNames, Where_CNS_would_write_to_such_a_path_nothing_is_started) {
     storeDefinition("CNS Output File Extension=.%~z\r\n");
-    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::NothingStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini"), UnattendedResult::NothingStarted);
     EXPECT_THAT(interpreter.started, IsEmpty());
     EXPECT_THAT(
         desktop.messages,
@@ -178,7 +178,7 @@ TEST_F(UnattendedRecordNames, Where_CNS_would_write_to_such_a_path_nothing_is_st
 TEST_F(UnattendedRecordNames, Records_and_products_are_told_in_one_message) {
     world.write("D:\\meta\\in\\100%.met", "");
     storeDefinition("GRID_Xml=D:\\out\r\nXml Extension=.%b\r\n");
-    EXPECT_EQ(run("-I C:\\batch.ini"), CommandLineResult::BatchStarted);
+    EXPECT_EQ(run("-I C:\\batch.ini"), UnattendedResult::BatchStarted);
     EXPECT_THAT(
         desktop.messages,
         ElementsAre(warning("The record \"100%.met\" is left out: its name cannot "
@@ -189,7 +189,7 @@ TEST_F(UnattendedRecordNames, Records_and_products_are_told_in_one_message) {
 struct RunRecordNames : RunWorld {};
 
 TEST_F(RunRecordNames, A_product_with_a_percent_sign_in_its_path_is_left_out_and_told) {
-    definition().MPOutputs.at(0).sExtension = ".%b";
+    output(definition(), "Error").sExtension = ".%b";
     execute();
     EXPECT_EQ(interpreter.started.size(), 4U);
     for (const auto& started : interpreter.started) {
@@ -200,10 +200,10 @@ TEST_F(RunRecordNames, A_product_with_a_percent_sign_in_its_path_is_left_out_and
 }
 
 TEST_F(RunRecordNames, Rows_that_are_not_built_and_tools_that_do_not_run_are_not_told_of) {
-    definition().MPOutputs.at(0).sExtension = ".%b";
-    definition().MPOutputs.at(0).bBuild = false;
-    definition().CNSOutputs.at(0).sOutputFolder = "D:\\100%";
-    definition().CNSOutputs.at(0).bBuild = true;
+    output(definition(), "Error").sExtension = ".%b";
+    output(definition(), "Error").bBuild = false;
+    output(definition(), "Info_file").sOutputFolder = "D:\\100%";
+    output(definition(), "Info_file").bBuild = true;
     definition().sCNSOutputExtension = ".%~z";
     definition().iProcessCNS = 0;
     execute();
@@ -235,7 +235,7 @@ TEST_F(RunRecordNames, The_user_is_told_when_the_other_records_are_done) {
     EXPECT_EQ(journal.back(), "told");
 }
 
-struct ExportRecordNames : CommandLineWorld {};
+struct ExportRecordNames : UnattendedWorld {};
 
 TEST_F(ExportRecordNames, No_command_is_kept_for_a_name_that_would_be_more_than_one) {
     run("-I C:\\batch.ini");
@@ -255,12 +255,32 @@ TEST_F(ExportRecordNames, No_command_is_kept_that_names_a_product_with_a_percent
     run("-I C:\\batch.ini");
     BatchExport exporter(
         {.files = world.files(), .desktop = desktop, .interpreter = interpreter, .clock = clock});
-    definition.MPOutputs.at(0).sOutputFolder = "D:\\100%";
+    output(definition, "Error").sOutputFolder = "D:\\100%";
     const std::vector<std::string> one{"a.met"};
     exporter.write(definition, one, "C:\\kept.bat");
     EXPECT_THAT(world.read("C:\\kept.bat"), Not(HasSubstr("%")));
     EXPECT_EQ(desktop.messages.back(), warning("The product \"D:\\100%\\*.err\" is left out: its "
                                                "path holds a \"%\" or a \"^\"."));
+}
+
+TEST(RecordNames, The_second_byte_of_a_character_is_no_sign_that_a_command_would_read) {
+    for (const unsigned number : {932U, 936U, 950U}) {
+        const CodePage page(number);
+        for (const char* name : {"\x95\x5C.met", "\x83^.met", "\x83|.met"}) {
+            EXPECT_TRUE(staysName(name, page)) << number << name;
+            EXPECT_FALSE(staysName(name, CodePage(CodePage::utf8))) << name;
+        }
+        EXPECT_FALSE(staysName("\x95\x5C\x5C.met", page)) << number;
+        EXPECT_FALSE(staysName("\x83^^.met", page)) << number;
+    }
+}
+
+TEST(RecordNames, A_raised_digit_makes_a_port_in_UTF_8_too) {
+    const CodePage utf8(CodePage::utf8);
+    EXPECT_TRUE(leadsElsewhere("COM\xC2\xB9.met", utf8));
+    EXPECT_TRUE(leadsElsewhere("lpt1", utf8));
+    EXPECT_FALSE(leadsElsewhere("COM\xC3\xA9.met", utf8));
+    EXPECT_FALSE(leadsElsewhere("COM\xC2\xB9.met", CodePage(CodePage::western)));
 }
 
 } // namespace

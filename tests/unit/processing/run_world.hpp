@@ -6,6 +6,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/recording_files.hpp"
 #include "support/scripted_desktop.hpp"
 
@@ -100,8 +101,8 @@ struct RunWorld : testing::Test {
         definition.iProcessCNS = 1;
         definition.sInputFolder = R"(D:\in)";
         definition.sCNSOutputFolder = R"(D:\cns)";
-        definition.MPOutputs.at(0).sOutputFolder = R"(D:\out)";
-        definition.MPOutputs.at(5).bBuild = false;
+        output(definition, "Error").sOutputFolder = R"(D:\out)";
+        output(definition, "Xml").bBuild = false;
         window.given.records = {"a.met", "b.met"};
         world.makeDrive('D');
         for (const char* const folder : {R"(C:\temp)", R"(D:\in)", R"(D:\cns)", R"(D:\out)"}) {
@@ -135,8 +136,8 @@ struct RunWorld : testing::Test {
     // MP has built a page with a full link of each record, and is to go on building it.
     void givePages() {
         definition().bConvertHyperlinks = true;
-        definition().MPOutputs.at(2).sOutputFolder = R"(D:\out)";
-        definition().MPOutputs.at(6).sOutputFolder = R"(D:\out)";
+        output(definition(), "Html").sOutputFolder = R"(D:\out)";
+        output(definition(), "Dif").sOutputFolder = R"(D:\out)";
         world.write(R"(D:\out\a.html)", R"(<A HREF="D:\out\a.dif">)");
         world.write(R"(D:\out\b.html)", R"(<A HREF="D:\out\b.dif">)");
     }

@@ -1,4 +1,4 @@
-#include "processing/tool_command.hpp"
+#include "processing/commands/tool_command.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 #include "processing/validation.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/scripted_desktop.hpp"
 
 #include <gmock/gmock.h>
@@ -21,8 +22,8 @@ class Validation : public testing::Test {
         MyDefaultSettings(definition);
         definition.sMPExecutable = "C:\\mp.exe";
         definition.sCNSExecutable = "C:\\cns.exe";
-        definition.MPOutputs[0].sOutputFolder = "C:\\out";
-        definition.MPOutputs[5].sOutputFolder = "C:\\out";
+        output(definition, "Error").sOutputFolder = "C:\\out";
+        output(definition, "Xml").sOutputFolder = "C:\\out";
         world.makeFolder("C:\\out");
         world.write("C:\\mp.exe", "");
         world.write("C:\\cns.exe", "");
@@ -36,7 +37,7 @@ class Validation : public testing::Test {
                         ++optionsShown;
                         whenOptionsShown();
                     },
-                .editOutputFolder = [this](OutputGrid grid,
+                .editOutputFolder = [this](Tool grid,
                                            std::size_t row) { edited.emplace_back(grid, row); }};
     }
     bool folders() { return bValidOutputFolders(definition, services()); }
@@ -46,7 +47,7 @@ class Validation : public testing::Test {
     BatchDefinition definition;
     std::function<void()> whenOptionsShown = [] {};
     int optionsShown = 0;
-    std::vector<std::pair<OutputGrid, std::size_t>> edited;
+    std::vector<std::pair<Tool, std::size_t>> edited;
 };
 
 TEST_F(Validation, A_tool_that_exists_is_valid_without_a_word) {
@@ -96,12 +97,12 @@ TEST_F(Validation, A_tool_that_is_a_folder_is_missing) {
 TEST_F(Validation, An_error_in_a_check_is_reported_under_its_own_name_and_makes_it_fail) {
     definition.sMPExecutable = "C:\\no.exe";
     definition.sCNSExecutable = "C:\\no.exe";
-    definition.MPOutputs[0].sOutputFolder = "";
+    output(definition, "Error").sOutputFolder = "";
     const ValidationServices broken{
         .files = world.files(),
         .desktop = desktop,
         .showOptions = [] { throw RunTimeError(ErrorNumber::InternalError); },
-        .editOutputFolder = [](OutputGrid,
+        .editOutputFolder = [](Tool,
                                std::size_t) { throw RunTimeError(ErrorNumber::InternalError); }};
     EXPECT_FALSE(bValidateMP(definition, broken));
     EXPECT_EQ(desktop.messages.back(),
@@ -123,37 +124,37 @@ TEST_F(Validation, Folders_that_exist_are_valid_without_a_word) {
 }
 
 TEST_F(Validation, A_product_without_a_folder_is_named_and_its_row_edited) {
-    definition.MPOutputs[5].sOutputFolder = "  ";
+    output(definition, "Xml").sOutputFolder = "  ";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("Please specify a folder for the output \"Xml\" file.")));
-    EXPECT_THAT(edited, ElementsAre(std::pair(OutputGrid::MP, 6U)));
+    EXPECT_THAT(edited, ElementsAre(std::pair(Tool::MP, 6U)));
 }
 
 TEST_F(Validation, A_missing_folder_is_named_with_its_product) {
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The \"C:\\missing\" folder does not exist.\r\n"
                                     "Please specify a valid folder for the output \"Error\" "
                                     "file.")));
-    EXPECT_THAT(edited, ElementsAre(std::pair(OutputGrid::MP, 1U)));
+    EXPECT_THAT(edited, ElementsAre(std::pair(Tool::MP, 1U)));
 }
 
 TEST_F(Validation, Rows_that_are_not_built_are_not_looked_at) {
-    definition.MPOutputs[1].sOutputFolder = "C:\\missing";
+    output(definition, "Text").sOutputFolder = "C:\\missing";
     EXPECT_TRUE(folders());
 }
 
 TEST_F(Validation, Cns_comes_before_mp_and_needs_no_row) {
     definition.iProcessCNS = 1;
     EXPECT_TRUE(folders());
-    definition.CNSOutputs[1].bBuild = true;
-    definition.MPOutputs[0].sOutputFolder = "";
+    output(definition, "Leftovers").bBuild = true;
+    output(definition, "Error").sOutputFolder = "";
     EXPECT_FALSE(folders());
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("Please specify a folder for the output \"Leftovers\" file.")));
-    EXPECT_THAT(edited, ElementsAre(std::pair(OutputGrid::CNS, 2U)));
+    EXPECT_THAT(edited, ElementsAre(std::pair(Tool::CNS, 2U)));
 }
 
 TEST_F(Validation, Mp_needs_at_least_one_row) {
@@ -170,7 +171,7 @@ TEST_F(Validation, Mp_needs_at_least_one_row) {
 TEST_F(Validation, Cns_alone_looks_at_its_own_rows_only) {
     definition.iProcessMP = 0;
     definition.iProcessCNS = 1;
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
+    output(definition, "Error").sOutputFolder = "C:\\missing";
     EXPECT_TRUE(folders());
 }
 
@@ -180,7 +181,7 @@ TEST_F(Validation, A_tool_runs_only_when_its_box_is_exactly_1) {
     definition.sMPExecutable = "C:\\no.exe";
     definition.sCNSExecutable = "C:\\no.exe";
     EXPECT_FALSE(folders());
-    EXPECT_EQ(validateBatch(definition, services()), BatchFault::OutputFolders);
+    EXPECT_EQ(validateBatch(definition, services()), BatchFault::Kind::OutputFolder);
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
@@ -192,12 +193,12 @@ TEST_F(Validation, With_neither_tool_folders_are_not_valid_and_nothing_is_said) 
 
 class BatchValidation : public Validation {
   protected:
-    BatchFault validate() { return validateBatch(definition, services()); }
+    std::optional<BatchFault::Kind> validate() { return validateBatch(definition, services()); }
 };
 
 TEST_F(BatchValidation, A_usable_definition_has_no_fault) {
     definition.iProcessCNS = 1;
-    EXPECT_EQ(validate(), BatchFault::None);
+    EXPECT_EQ(validate(), std::nullopt);
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
@@ -205,7 +206,7 @@ TEST_F(BatchValidation, The_first_fault_ends_the_checks_mp_before_cns) {
     definition.iProcessCNS = 1;
     definition.sMPExecutable = "C:\\no mp.exe";
     definition.sCNSExecutable = "C:\\no cns.exe";
-    EXPECT_EQ(validate(), BatchFault::Tool);
+    EXPECT_EQ(validate(), BatchFault::Kind::Tool);
     EXPECT_EQ(desktop.messages.back(),
               warning("The MP executable file \"C:\\no mp.exe\" does not exist."));
 }
@@ -213,30 +214,30 @@ TEST_F(BatchValidation, The_first_fault_ends_the_checks_mp_before_cns) {
 TEST_F(BatchValidation, A_missing_cns_is_a_fault_of_a_tool_too) {
     definition.iProcessCNS = 1;
     definition.sCNSExecutable = "C:\\no cns.exe";
-    EXPECT_EQ(validate(), BatchFault::Tool);
+    EXPECT_EQ(validate(), BatchFault::Kind::Tool);
 }
 
 TEST_F(BatchValidation, Tools_that_are_not_to_run_may_be_missing) {
     definition.iProcessMP = 0;
     definition.iProcessCNS = 1;
     definition.sMPExecutable = "";
-    EXPECT_EQ(validate(), BatchFault::None);
+    EXPECT_EQ(validate(), std::nullopt);
 }
 
 TEST_F(BatchValidation, A_missing_configuration_file_is_named) {
     definition.bUseConfigFile = 1;
     definition.sConfigFile = "C:\\no.cfg";
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
-    EXPECT_EQ(validate(), BatchFault::ConfigurationFile);
+    output(definition, "Error").sOutputFolder = "C:\\missing";
+    EXPECT_EQ(validate(), BatchFault::Kind::ConfigurationFile);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(warning("The configuration file \"C:\\no.cfg\" does not exist.")));
 }
 
 TEST_F(BatchValidation, Output_folders_are_not_looked_at_when_the_configuration_names_them) {
-    definition.MPOutputs[0].sOutputFolder = "C:\\missing";
-    EXPECT_EQ(validate(), BatchFault::OutputFolders);
+    output(definition, "Error").sOutputFolder = "C:\\missing";
+    EXPECT_EQ(validate(), BatchFault::Kind::OutputFolder);
     definition.bCfgNamesOutput = true;
-    EXPECT_EQ(validate(), BatchFault::None);
+    EXPECT_EQ(validate(), std::nullopt);
 }
 
 } // namespace

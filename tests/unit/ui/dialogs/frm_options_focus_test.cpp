@@ -164,7 +164,7 @@ TEST_F(OptionsFields, Errors_while_checking_a_field_are_reported_and_the_check_i
         files.outOfMemory = true;
         type(field, "C:\\Logs\\x");
         form.userMovedFocus(form.cmdOK);
-        EXPECT_THAT(desktop.messages, ElementsAre(report(procedure, "7", "Out of memory")));
+        EXPECT_THAT(desktop.messages, ElementsAre(report(procedure, ErrorNumber::OutOfMemory)));
         files.outOfMemory = false;
         desktop.messages.clear();
         form.userMovedFocus(field);

@@ -188,7 +188,7 @@ TEST_F(OptionsOk, An_error_is_reported_and_leaves_dialog_and_settings_as_they_we
     files.outOfMemory = true;
     ok();
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub cmdOK_Click()", "7", "Out of memory")));
+                ElementsAre(report("Private Sub cmdOK_Click()", ErrorNumber::OutOfMemory)));
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(definition, before);
 }

@@ -201,7 +201,7 @@ TEST_F(Options, An_error_while_loading_is_reported) {
     form.txtMPEXE.attach(view);
     form.show();
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub Form_Load()", "57", "Device I/O error")));
+                ElementsAre(report("Private Sub Form_Load()", ErrorNumber::DeviceIO)));
     form.txtMPEXE.detach();
 }
 
@@ -211,13 +211,13 @@ TEST_F(Options, An_error_while_enabling_the_log_file_is_reported) {
     form.txtCmdFile.attach(view);
     form.chkCmdLogging.userClicked();
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub chkCmdLogging_Click()", "57", "Device I/O error")));
+                ElementsAre(report("Private Sub chkCmdLogging_Click()", ErrorNumber::DeviceIO)));
     form.txtCmdFile.detach();
 }
 
 TEST_F(Options, An_error_of_a_file_dialog_other_than_its_cancelling_is_reported) {
     struct BrokenDialogs : ScriptedDesktop {
-        std::string chooseFile(const FileDialog&) override {
+        std::optional<std::string> chooseFile(const FileDialog&) override {
             throw RunTimeError(ErrorNumber::PathNotFound);
         }
     } broken;
@@ -228,9 +228,9 @@ TEST_F(Options, An_error_of_a_file_dialog_other_than_its_cancelling_is_reported)
     options.userClicked(options.cmdCNS);
     options.userClicked(options.cmdCmdFile);
     EXPECT_THAT(broken.messages,
-                ElementsAre(report("Private Sub cmdMPEXE_Click()", "76", "Path not found"),
-                            report("Private Sub cmdCNS_Click()", "76", "Path not found"),
-                            report("Private Sub cmdCmdFile_Click()", "76", "Path not found")));
+                ElementsAre(report("Private Sub cmdMPEXE_Click()", ErrorNumber::PathNotFound),
+                            report("Private Sub cmdCNS_Click()", ErrorNumber::PathNotFound),
+                            report("Private Sub cmdCmdFile_Click()", ErrorNumber::PathNotFound)));
     EXPECT_EQ(options.txtMPEXE.text(), "C:\\App\\mp.exe");
 }
 
@@ -240,7 +240,7 @@ TEST_F(Options, An_error_while_cancelling_is_reported) {
     form.attach(view);
     form.userClicked(form.cmdCancel);
     EXPECT_THAT(desktop.messages,
-                ElementsAre(report("Private Sub cmdCancel_Click()", "57", "Device I/O error")));
+                ElementsAre(report("Private Sub cmdCancel_Click()", ErrorNumber::DeviceIO)));
     form.detach();
 }
 

@@ -41,13 +41,8 @@ class ExhaustibleFiles : public ForwardingFiles {
     }
 };
 
-inline Message report(std::string_view procedure, std::string_view number,
-                      std::string_view description) {
-    std::string text = "Caller:            frmOptions - ";
-    text.append(procedure).append("\r\nSource:            Tarnwick\r\nNumber:            ");
-    text.append(number).append("\r\nDescription:       ").append(description);
-    text.append("\r\nLastDllErrorError: 0");
-    return {.text = std::move(text), .title = "Tarnwick"};
+inline Message report(std::string_view procedure, ErrorNumber number) {
+    return errorReport("frmOptions", procedure, number);
 }
 
 // The dialog over a definition whose tools exist.

@@ -1,67 +1,17 @@
 // The window holds the definition: what is shown is what is given back.
+#include "support/definition_generator.hpp"
+#include "support/outputs.hpp"
 #include "unit/ui/main/main_world.hpp"
-
-#include <random>
-#include <span>
 
 namespace tarnwick {
 namespace {
-
-class Generator {
-  public:
-    explicit Generator(unsigned seed) : random_(seed) {}
-
-    BatchDefinition definition() {
-        BatchDefinition result;
-        MyDefaultSettings(result);
-        for (std::string* const text :
-             {&result.sAppFolder, &result.sTempFolder, &result.sMPExecutable,
-              &result.sCNSExecutable, &result.sINIFile, &result.sCommandLineLogFile,
-              &result.sLanguage, &result.sInputFolder, &result.sInputExtensions,
-              &result.sCNSOutputFolder, &result.sCNSOutputExtension, &result.sAliasesFile,
-              &result.sConfigFile}) {
-            *text = this->text();
-        }
-        for (bool* const flag :
-             {&result.bSettingsChanged, &result.bCommandLineLogging, &result.bConvertHyperlinks,
-              &result.bCfgNamesInput, &result.bCfgNamesOutput}) {
-            *flag = coin();
-        }
-        result.iFixDoc = coin() ? 1 : 0;
-        for (int* const box : {&result.iProcessMP, &result.iProcessCNS, &result.bUseAliases,
-                               &result.bUseConfigFile}) {
-            *box = coin() ? 1 : 0;
-        }
-        generateRows(result.MPOutputs);
-        generateRows(result.CNSOutputs);
-        return result;
-    }
-
-  private:
-    bool coin() { return random_() % 2 == 1; }
-    std::string text() {
-        std::string result;
-        for (auto length = random_() % 12; length > 0; --length) {
-            result += static_cast<char>(' ' + random_() % 224);
-        }
-        return result;
-    }
-    void generateRows(std::span<OutputDefinition> rows) {
-        for (OutputDefinition& row : rows) {
-            row.bBuild = coin();
-            row.sExtension = text();
-            row.sOutputFolder = text();
-        }
-    }
-    std::mt19937 random_;
-};
 
 struct Definition : MainWorld {};
 struct ShownDefinition : MainWorld, testing::WithParamInterface<unsigned> {};
 
 TEST_P(ShownDefinition, Comes_back_as_it_was) {
     form.show();
-    Generator generator(GetParam());
+    DefinitionGenerator generator(GetParam());
     for (int i = 0; i < 100; ++i) {
         const BatchDefinition given = generator.definition();
         form.showDefinition(given);
@@ -123,8 +73,8 @@ TEST_F(Definition, What_the_user_does_shows_in_the_definition) {
     expected.sAliasesFile = R"(D:\aliases.txt)";
     expected.bUseConfigFile = 1;
     expected.sConfigFile = R"(D:\plain.cfg)";
-    expected.CNSOutputs[1].bBuild = true;
-    expected.CNSOutputs[1].sOutputFolder = R"(D:\out)";
+    output(expected, "Leftovers").bBuild = true;
+    output(expected, "Leftovers").sOutputFolder = R"(D:\out)";
     EXPECT_EQ(form.definition(), expected);
 }
 

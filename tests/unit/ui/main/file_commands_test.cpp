@@ -1,4 +1,5 @@
 // New, Open, Save and Save As, and the question about unsaved changes.
+#include "support/outputs.hpp"
 #include "unit/ui/main/main_world.hpp"
 
 namespace tarnwick {
@@ -150,8 +151,8 @@ TEST_F(FileCommands, A_saved_definition_opens_as_it_was) {
     form.mnuOpenINI.userClicked();
     // A product without a folder comes back off.
     BatchDefinition expected = saved;
-    expected.MPOutputs[0].bBuild = false;
-    expected.CNSOutputs[0].bBuild = false;
+    output(expected, "Error").bBuild = false;
+    output(expected, "Info_file").bBuild = false;
     EXPECT_EQ(form.definition(), expected);
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
@@ -185,7 +186,7 @@ TEST_F(FileCommands, Open_keeps_what_the_file_does_not_say) {
     EXPECT_EQ(form.txtInput.text(), R"(D:\in)");
     EXPECT_EQ(form.txtAliases.text(), R"(D:\aliases.txt)");
     EXPECT_TRUE(form.chkAliases.ticked());
-    EXPECT_FALSE(form.definition().MPOutputs[0].bBuild); // all products are off, though
+    EXPECT_FALSE(output(form.definition(), "Error").bBuild); // all products are off, though
 }
 
 TEST_F(FileCommands, A_missing_aliases_file_comes_back_switched_off_with_its_old_text) {
@@ -217,7 +218,7 @@ TEST_F(FileCommands, A_configuration_file_in_the_INI_file_is_inspected) {
     EXPECT_EQ(form.txtCNS.text(), "");
     EXPECT_FALSE(form.grdCNS.enabled());
     EXPECT_FALSE(form.grdFiles.enabled());
-    EXPECT_FALSE(form.definition().MPOutputs[5].bBuild);
+    EXPECT_FALSE(output(form.definition(), "Xml").bBuild);
     EXPECT_EQ(form.grdFiles.text(6, 3), "");
     EXPECT_FALSE(changed());
 }
@@ -436,7 +437,7 @@ TEST_F(FileCommands, An_edit_that_is_going_on_is_kept_by_Options_and_About_and_t
     };
     typeExtension(".one");
     inOptions = [](BatchDefinition& definition) {
-        EXPECT_EQ(definition.MPOutputs.at(0).sExtension, ".one");
+        EXPECT_EQ(output(definition, "Error").sExtension, ".one");
     };
     form.mnuOptions.userClicked();
     EXPECT_EQ(form.grdFiles.text(1, 2), ".one");

@@ -9,6 +9,7 @@
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/memory_settings_store.hpp"
+#include "support/messages.hpp"
 #include "support/scripted_desktop.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
@@ -26,10 +27,6 @@
 
 namespace tarnwick {
 
-inline Message warning(std::string_view text) {
-    return {.text = std::string(text), .title = "Warning", .icon = MessageIcon::Exclamation};
-}
-
 inline Message plain(std::string_view text) {
     return {.text = std::string(text), .title = "Tarnwick"};
 }
@@ -44,10 +41,7 @@ inline Message saveQuestion(std::string_view iniFile) {
 
 inline Message report(std::string_view procedure, int number, std::string_view description,
                       int lastDllError = 0) {
-    return plain("Caller:            frmMain - " + std::string(procedure) +
-                 "\r\nSource:            Tarnwick\r\nNumber:            " + std::to_string(number) +
-                 "\r\nDescription:       " + std::string(description) +
-                 "\r\nLastDllErrorError: " + std::to_string(lastDllError));
+    return errorReport("frmMain", procedure, number, description, lastDllError);
 }
 
 // A view that cannot show anything: the way to break a procedure that touches nothing but controls.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/outputs.hpp"
 #include "unit/ui/main/main_world.hpp"
 
 namespace tarnwick {
@@ -15,8 +16,8 @@ struct RunReadyWorld : MainWorld {
         definition.iProcessCNS = 1;
         definition.sInputFolder = R"(D:\in)";
         definition.sCNSOutputFolder = R"(D:\cns)";
-        definition.MPOutputs.at(0).sOutputFolder = R"(D:\out)";
-        definition.MPOutputs.at(5).bBuild = false;
+        output(definition, "Error").sOutputFolder = R"(D:\out)";
+        output(definition, "Xml").bBuild = false;
         definition.bSettingsChanged = false;
         form.lstSelected.setItems({"a.met", "b.met"});
         form.showDefinition(definition);

@@ -1,0 +1,44 @@
+// What the user's commands do with the INI file.
+
+#include "common/mod_main.hpp"
+#include "common/trap.hpp"
+#include "definition/ini_file.hpp"
+
+namespace tarnwick {
+namespace {
+
+// False when neither the file nor the default file in the program's folder exists.
+bool findINIFile(BatchDefinition& definition, const Files& files) {
+    if (FileExists(files, definition.sINIFile)) {
+        return true;
+    }
+    definition.sINIFile = definition.sAppFolder + std::string(defaultINIFileName);
+    return FileExists(files, definition.sINIFile);
+}
+
+} // namespace
+
+bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop) {
+    bool written = false;
+    trap(desktop, "frmMain", "Public Sub SaveINIFile()", [&] {
+        writeDefinition(definition, files);
+        written = true;
+    });
+    return written;
+}
+
+bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
+                 const std::function<void()>& whenRead) {
+    bool completed = false;
+    trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
+        if (findINIFile(definition, files)) {
+            readDefinition(definition, files);
+            whenRead();
+        }
+        definition.bSettingsChanged = false;
+        completed = true;
+    });
+    return completed;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,98 @@
+#include "platform/posix/folder_listing.hpp"
+
+#include "platform/posix/errors.hpp"
+#include "platform/posix/file_descriptor.hpp"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace tarnwick {
+namespace {
+
+struct FolderCloser {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+using Folder = std::unique_ptr<DIR, FolderCloser>;
+
+Folder openFolder(const std::string& hostFolder) {
+    FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor.isOpen()) {
+        raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
+    }
+    struct stat status{};
+    if (::fstat(descriptor.get(), &status) != 0) {
+        raiseSystemError(errno);
+    }
+    if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
+        raiseSystemError(EACCES);
+    }
+    Folder folder(::fdopendir(descriptor.get()));
+    if (!folder) {
+        raiseSystemError(errno);
+    }
+    static_cast<void>(descriptor.release()); // the folder closes it now
+    return folder;
+}
+
+std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
+    switch (entry.d_type) {
+    case DT_REG:
+        return EntryKind::File;
+    case DT_DIR:
+        return EntryKind::Folder;
+    case DT_LNK:
+    case DT_UNKNOWN: { // only now is a second look needed
+        struct stat status{};
+        if (::fstatat(::dirfd(folder), entry.d_name, &status, 0) != 0) {
+            return std::nullopt;
+        }
+        if (S_ISREG(status.st_mode)) {
+            return EntryKind::File;
+        }
+        return S_ISDIR(status.st_mode) ? std::optional(EntryKind::Folder) : std::nullopt;
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+bool isSpecialName(std::string_view name) {
+    return name == "." || name == "..";
+}
+
+} // namespace
+
+void listHostFolder(const std::string& hostFolder,
+                    const std::function<void(std::string_view name, EntryKind kind)>& take) {
+    const auto folder = openFolder(hostFolder);
+    errno = 0;
+    while (const dirent* entry = ::readdir(folder.get())) {
+        const std::string_view name = entry->d_name;
+        if (!isSpecialName(name)) {
+            if (const auto kind = kindOf(folder.get(), *entry)) {
+                take(name, *kind);
+            }
+        }
+        errno = 0;
+    }
+    if (errno != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+bool isListable(const std::string& hostFolder, const struct stat& status) {
+    constexpr mode_t everybody = S_IRUSR | S_IRGRP | S_IROTH;
+    if (!S_ISDIR(status.st_mode) || (status.st_mode & S_IRUSR) == 0) {
+        return false;
+    }
+    return (status.st_mode & everybody) == everybody || ::access(hostFolder.c_str(), R_OK) == 0;
+}
+
+} // namespace tarnwick

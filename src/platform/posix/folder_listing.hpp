@@ -1,0 +1,22 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+enum class EntryKind { File, Folder };
+
+// Calls `take` with the name and kind of each file and folder in a folder of this machine, in the
+// folder's own order, without "." and "..". One pass over the folder. The name holds during the
+// call. Raises 76 (no such folder), 75 (may not be listed).
+void listHostFolder(const std::string& hostFolder,
+                    const std::function<void(std::string_view name, EntryKind kind)>& take);
+
+// Whether what lies there, with that status, is a folder that may be listed.
+[[nodiscard]] bool isListable(const std::string& hostFolder, const struct stat& status);
+
+} // namespace tarnwick

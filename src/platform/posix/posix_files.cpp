@@ -1,0 +1,226 @@
+#include "platform/posix/posix_files.hpp"
+
+#include "platform/characters.hpp"
+#include "platform/posix/errors.hpp"
+#include "platform/posix/folder_listing.hpp"
+#include "platform/posix/posix_open_files.hpp"
+#include "platform/wildcard.hpp"
+#include "platform/windows_path.hpp"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+bool isFile(const std::optional<struct stat>& status) {
+    return status && S_ISREG(status->st_mode);
+}
+
+bool isLink(const std::string& hostPath) {
+    struct stat status{};
+    return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
+// A folder as it is given to be listed: "C:" is the drive's root.
+std::string asFolder(std::string_view folder) {
+    return folder.empty() ? std::string() : std::string(folder) + '\\';
+}
+
+// What a name looks like that has bytes which are no characters; nothing where it has none. Such a
+// file is left out of listings.
+std::optional<std::string> shownWhereOdd(std::string_view name) {
+    if (isAscii(name)) {
+        return std::nullopt;
+    }
+    std::string shown;
+    bool odd = false;
+    while (!name.empty()) {
+        const auto bytes = name.substr(0, systemCodePage().lengthOfFirst(name));
+        name.remove_prefix(bytes.size());
+        if (systemCodePage().isCharacter(bytes)) {
+            shown += bytes;
+        } else {
+            shown += shownByNumber(static_cast<unsigned char>(bytes.front()));
+            odd = true;
+        }
+    }
+    return odd ? std::optional(shown) : std::nullopt;
+}
+
+// The names in the folder's own order.
+template <typename Matches>
+Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const Matches& matches) {
+    Listing listing;
+    listHostFolder(hostFolder, [&](std::string_view name, EntryKind kind) {
+        if (kind != wanted || !matches(name)) {
+            return;
+        }
+        if (auto shown = shownWhereOdd(name)) {
+            leaveOut(*std::move(shown), listing.leftOut);
+        } else {
+            listing.names.emplace_back(name);
+        }
+    });
+    return listing;
+}
+
+} // namespace
+
+PosixFiles::PosixFiles(std::string drivesRoot, std::string_view currentFolder)
+    : root_(std::move(drivesRoot), asFolder(currentFolder)) {}
+
+bool PosixFiles::canListFolder(std::string_view folder) const {
+    try {
+        const auto [host, status] = root_.find(asFolder(folder));
+        return status && isListable(host, *status);
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+std::string PosixFiles::firstNormalFile(std::string_view path) const {
+    if (!isPossiblePattern(path)) {
+        throw RunTimeError(ErrorNumber::BadFileName);
+    }
+    const auto pattern = lastPart(path);
+    if (pattern.empty()) {
+        return {};
+    }
+    if (hasWildcard(pattern)) {
+        const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
+        const auto names =
+            unsortedListing(root_.hostPath(folder), EntryKind::File, [&](std::string_view name) {
+                return matchesWildcard(name, pattern);
+            }).names;
+        const auto first = std::ranges::min_element(names, nameLess);
+        return first == names.end() ? std::string() : *first;
+    }
+    const auto [host, status] = root_.find(path);
+    if (!isFile(status)) {
+        return {};
+    }
+    return host.substr(host.rfind('/') + 1);
+}
+
+Listing PosixFiles::listFiles(std::string_view folder, std::string_view patterns) const {
+    auto listing =
+        unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::File,
+                        [&](std::string_view name) { return matchesAnyWildcard(name, patterns); });
+    sortNames(listing.names);
+    return listing;
+}
+
+Listing PosixFiles::listFolders(std::string_view folder) const {
+    auto listing = unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::Folder,
+                                   [](std::string_view) { return true; });
+    sortNames(listing.names);
+    return listing;
+}
+
+std::vector<std::string> PosixFiles::drives() const {
+    std::vector<std::string> drives;
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        const auto drive = std::string(1, letter) + ':';
+        if (canListFolder(drive)) {
+            drives.push_back(drive);
+        }
+    }
+    return drives;
+}
+
+std::string PosixFiles::currentFolder() const {
+    return root_.currentFolder();
+}
+
+std::string PosixFiles::shortPath(std::string_view path) const {
+    if (!root_.find(path).status) {
+        raiseSystemError(ENOENT);
+    }
+    return std::string(path);
+}
+
+PosixFiles::HostFile PosixFiles::look(std::string_view path) const {
+    // Mostly every name is spelled as it is on the disk, and needs no search.
+    auto host = root_.spelled(path);
+    auto file = openIfThere(host);
+    if (!file.isOpen()) {
+        host = root_.hostPath(path);
+        file = openIfThere(host);
+    }
+    return {.path = std::move(host), .file = std::move(file)};
+}
+
+std::unique_ptr<InputFile> PosixFiles::openForReading(std::string_view path) const {
+    auto [host, file] = look(path);
+    if (!file.isOpen()) {
+        raiseSystemError(ENOENT);
+    }
+    return readFrom(std::move(file));
+}
+
+std::unique_ptr<OutputFile> PosixFiles::create(std::string_view path) {
+    return createHostFile(root_.hostPath(path), Existing::Emptied);
+}
+
+std::unique_ptr<OutputFile> PosixFiles::createNew(std::string_view path) {
+    return createHostFile(root_.placeFor(path), Existing::Refused);
+}
+
+std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
+    return createHostFile(root_.hostPath(path), Existing::Kept);
+}
+
+void PosixFiles::remove(std::string_view path) {
+    const auto [host, file] = look(path);
+    requireFile(file);
+    requireReplaceable(file);
+    if (::unlink(host.c_str()) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void PosixFiles::createFolder(std::string_view path) {
+    constexpr mode_t everybody = 0777; // less what the user's mask takes away
+    if (::mkdir(root_.hostPath(path).c_str(), everybody) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void PosixFiles::moveOver(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfTarget);
+}
+
+void PosixFiles::replace(std::string_view from, std::string_view to) {
+    move(from, to, Access::OfSource);
+}
+
+void PosixFiles::move(std::string_view from, std::string_view to, Access access) {
+    const auto [hostFrom, source] = look(from);
+    requireFile(source);
+    const auto [hostTo, target] = look(to);
+    if (access == Access::OfTarget && isLink(hostTo)) {
+        raiseSystemError(EACCES);
+    }
+    if (target.isOpen()) {
+        requireReplaceable(target);
+    }
+    if (root_.volume(from) != root_.volume(to)) {
+        raiseSystemError(EXDEV);
+    }
+    // The file systems of today write the content of a file before its rename over another: to wait
+    // for the medium here would cost many times what rewriting a page does.
+    if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
+        raiseSystemError(errno);
+    }
+    if (access == Access::OfTarget && target.isOpen()) {
+        takeOverMode(source, target);
+    }
+}
+
+} // namespace tarnwick

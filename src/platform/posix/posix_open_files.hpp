@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "platform/posix/file_descriptor.hpp"
+
+#include <memory>
+#include <string>
+
+namespace tarnwick {
+
+// Opens what is there, a file or a folder; not open where nothing is.
+// Raises 75 (not allowed).
+[[nodiscard]] FileDescriptor openIfThere(const std::string& hostPath);
+
+// Reads an open file. Raises 75 (a folder, or not allowed).
+[[nodiscard]] std::unique_ptr<InputFile> readFrom(FileDescriptor file);
+
+// Raises 53 when nothing is there, or a folder.
+void requireFile(const FileDescriptor& file);
+
+// Raises 75 when it is a folder or read-only.
+void requireReplaceable(const FileDescriptor& file);
+
+// Gives `newFile` the permissions of `file`, as far as the system lets this user.
+void takeOverMode(const FileDescriptor& newFile, const FileDescriptor& file);
+
+enum class Existing { Emptied, Kept, Refused };
+[[nodiscard]] std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath,
+                                                         Existing existing);
+
+} // namespace tarnwick

@@ -102,6 +102,9 @@ class UnattendedRun {
             return false;
         }
         applyOverrides(commandLine);
+        if (unlisted_) { // which has been reported
+            return false;
+        }
         if (records_.empty()) {
             tellSkipped();
             showWarning(services_.desktop,
@@ -143,9 +146,11 @@ class UnattendedRun {
             return;
         }
         Listing listing;
+        unlisted_ = true;
         trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
             listing =
                 services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
+            unlisted_ = false;
         });
         leftOut_ = std::move(listing.leftOut);
         records_ = std::move(listing.names);
@@ -190,6 +195,7 @@ class UnattendedRun {
     BatchDefinition job_;              // what commands are made by: all its paths are full
     std::vector<std::string> records_; // of the last listing; then those that get a command
     LeftOut leftOut_;                  // by the last listing
+    bool unlisted_ = false;            // the last listing failed
     Refused refused_;
     UnattendedResult result_ = UnattendedResult::NothingStarted;
 };

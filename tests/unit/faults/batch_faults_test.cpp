@@ -1,8 +1,15 @@
 // Running the tools and writing batches, with everything breaking that can.
 
+#include "postprocess/relative_links.hpp"
+#include "processing/unattended_mode.hpp"
+#include "ui/dialogs/frm_options.hpp"
 #include "unit/faults/window_use_case.hpp"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -43,6 +50,129 @@ struct ARun : WindowUseCase {
         return "<A HREF=\"D:\\out\\" + target + "\">\r\n";
     }
 };
+
+// A stored definition that is run unattended. The stand-in of the interpreter does what the batch
+// does in the end: it deletes it, and the note.
+struct Unattended : UseCase {
+    explicit Unattended(std::string givenOptions) : options(std::move(givenOptions)) {
+        world.makeDrive('D');
+        for (const char* const folder : {R"(C:\Temp)", R"(D:\out)", R"(D:\cns)"}) {
+            world.makeFolder(folder);
+        }
+        for (const char* const file : {R"(C:\App\mp.exe)", R"(C:\App\cns.exe)", R"(D:\in\a.met)",
+                                       R"(D:\in\b.met)", R"(D:\plain.cfg)"}) {
+            world.write(file, "");
+        }
+        world.write(R"(C:\App\night.ini)", storedDefinition());
+        world.write(R"(C:\Temp\MPDELETE.bat)", "del %1\r\n");
+        interpreter.run = [this](const FakeCommandInterpreter::Started& batch) {
+            world.files().remove(batch.path);
+            if (world.exists(R"(C:\Temp\MP_Notify.txt)")) {
+                world.files().remove(R"(C:\Temp\MP_Notify.txt)");
+            }
+        };
+    }
+    void act() override {
+        interpreter.started.clear();
+        definition = BatchDefinition();
+        MyDefaultSettings(definition);
+        definition.sAppFolder = "C:\\App\\";
+        definition.sTempFolder = "C:\\Temp\\";
+        RunCommandLine(definition,
+                       {.files = files,
+                        .desktop = desktop,
+                        .interpreter = interpreter,
+                        .events = events,
+                        .showHelp = [] {},
+                        .showOptions = [] {}},
+                       R"(-I C:\App\night.ini)" + options);
+    }
+    std::string state() override {
+        return interpreter.started.empty() ? "nothing started"
+                                           : interpreter.started.front().content;
+    }
+
+    std::string options;
+    BatchDefinition definition;
+    FakeClock clock;
+    FakePendingEvents events{clock};
+    FakeCommandInterpreter interpreter{world.files()};
+};
+
+// The pages of one record lie on that drive, the record on D:.
+struct Links : UseCase {
+    explicit Links(char drive) {
+        MyDefaultSettings(definition);
+        definition.sInputFolder = R"(D:\in)";
+        const std::string out = std::string(1, drive) + ":\\out";
+        world.makeDrive('D');
+        world.makeFolder(R"(D:\in)");
+        world.makeFolder(out);
+        for (OutputDefinition& row : definition.MPOutputs) {
+            row.sOutputFolder = out;
+        }
+        world.write(out + "\\a.html", "<A HREF=\"" + out + "\\a_faq.htm\">\r\n");
+        world.write(out + "\\a_faq.htm", "<A HREF=\"" + out + "\\a.html\">\r\n");
+    }
+    void act() override { FixRelativePaths(definition, files, desktop, R"(D:\in)", "a.met"); }
+
+    BatchDefinition definition;
+};
+
+// The tools' places, accepted in the options dialog.
+struct Options : UseCase {
+    Options() {
+        world.write(R"(C:\App\mp.exe)", "");
+        world.write(R"(C:\App\cns.exe)", "");
+        definition.iProcessCNS = checked;
+    }
+    void act() override {
+        frmOptions form(definition, files, desktop);
+        form.show();
+        form.txtMPEXE.setText(R"(C:\App\mp.exe)");
+        form.txtCNS.setText(R"(C:\App\cns.exe)");
+        form.userPressedEnter();
+    }
+    std::string state() override { return definition.sMPExecutable + definition.sCNSExecutable; }
+
+    BatchDefinition definition;
+};
+
+MakeUseCase unattended(const std::string& options) {
+    return [options] { return std::make_unique<Unattended>(options); };
+}
+
+MakeUseCase links(char drive) {
+    return [drive] { return std::make_unique<Links>(drive); };
+}
+
+TEST(EveryStep, Unattended_run) {
+    breakEveryStep(unattended(""));
+}
+
+TEST(EveryStep, Unattended_run_with_a_note) {
+    breakEveryStep(unattended(" -n"));
+}
+
+TEST(EveryStep, Links_on_the_volume_of_the_records) {
+    breakEveryStep(links('D'));
+}
+
+TEST(EveryStep, Links_on_another_volume) {
+    breakEveryStep(links('C'));
+}
+
+TEST(EveryStep, Options) {
+    breakEveryStep(std::make_unique<Options>);
+}
+
+TEST(FullDisk, Unattended_run_with_a_note) {
+    fillDiskAtEveryByte(unattended(" -n"));
+}
+
+TEST(FullDisk, Links_on_another_volume) {
+    fillDiskAtEveryByte(links('C'));
+}
 
 TEST(EveryStep, Export) {
     breakEveryStep(std::make_unique<Export>);

@@ -133,19 +133,19 @@ FunctionEnd
 
 ; From the folder of the new version to its place. The old one is kept until all are there.
 !macro PUT_IN_PLACE NAME
-  Delete "$INSTDIR\old version\${NAME}"
   ${If} ${FileExists} "$INSTDIR\${NAME}"
-    Rename "$INSTDIR\${NAME}" "$INSTDIR\old version\${NAME}"
+    Delete "$INSTDIR\Tarnwick.old\${NAME}"
+    Rename "$INSTDIR\${NAME}" "$INSTDIR\Tarnwick.old\${NAME}"
   ${EndIf}
-  Rename "$INSTDIR\new version\${NAME}" "$INSTDIR\${NAME}"
+  Rename "$INSTDIR\Tarnwick.new\${NAME}" "$INSTDIR\${NAME}"
 !macroend
 
 !macro TAKE_BACK NAME
-  ${Unless} ${FileExists} "$INSTDIR\new version\${NAME}" ; the new one has its place already
+  ${Unless} ${FileExists} "$INSTDIR\Tarnwick.new\${NAME}" ; the new one has its place already
     Delete "$INSTDIR\${NAME}"
   ${EndUnless}
   ${Unless} ${FileExists} "$INSTDIR\${NAME}"
-    Rename "$INSTDIR\old version\${NAME}" "$INSTDIR\${NAME}"
+    Rename "$INSTDIR\Tarnwick.old\${NAME}" "$INSTDIR\${NAME}"
   ${EndUnless}
 !macroend
 
@@ -156,8 +156,12 @@ FunctionEnd
   !insertmacro ${DO} "Uninstall.exe"
 !macroend
 
+!macro FORGET_NEW NAME
+  Delete "$INSTDIR\Tarnwick.new\${NAME}"
+!macroend
+
 !macro FORGET_OLD NAME
-  Delete "$INSTDIR\old version\${NAME}"
+  Delete "$INSTDIR\Tarnwick.old\${NAME}"
 !macroend
 
 Function un.onInit
@@ -174,28 +178,30 @@ Section
   ${EndIf}
   ; First beside the old version, which stays whole when the disk is full, say.
   SetOverwrite try
-  SetOutPath "$INSTDIR\new version"
+  SetOutPath "$INSTDIR\Tarnwick.new"
   ClearErrors
   File "${FILES}\Tarnwick.exe"
   File "${FILES}\Tarnwick.chm"
   File "${FILES}\Tarnwick.txt"
-  WriteUninstaller "$INSTDIR\new version\Uninstall.exe"
+  WriteUninstaller "$INSTDIR\Tarnwick.new\Uninstall.exe"
   SetOutPath "$INSTDIR"
   ${If} ${Errors}
-    RMDir /r "$INSTDIR\new version"
+    !insertmacro FOR_EVERY_FILE FORGET_NEW
+    RMDir "$INSTDIR\Tarnwick.new"
     !insertmacro GIVE_UP "The files of Tarnwick cannot be written into $INSTDIR."
   ${EndIf}
-  CreateDirectory "$INSTDIR\old version"
+  CreateDirectory "$INSTDIR\Tarnwick.old"
   !insertmacro FOR_EVERY_FILE PUT_IN_PLACE
   ${If} ${Errors}
     !insertmacro FOR_EVERY_FILE TAKE_BACK
-    RMDir "$INSTDIR\old version"
-    RMDir /r "$INSTDIR\new version"
+    RMDir "$INSTDIR\Tarnwick.old"
+    !insertmacro FOR_EVERY_FILE FORGET_NEW
+    RMDir "$INSTDIR\Tarnwick.new"
     !insertmacro GIVE_UP "Some files of Tarnwick cannot be replaced in $INSTDIR. The old ones are in their place."
   ${EndIf}
-  RMDir "$INSTDIR\new version"
+  RMDir "$INSTDIR\Tarnwick.new"
   !insertmacro FOR_EVERY_FILE FORGET_OLD
-  RMDir "$INSTDIR\old version"
+  RMDir "$INSTDIR\Tarnwick.old"
 
   CreateDirectory "$SMPROGRAMS\Tarnwick"
   CreateShortcut "$SMPROGRAMS\Tarnwick\Tarnwick.lnk" "$INSTDIR\Tarnwick.exe"

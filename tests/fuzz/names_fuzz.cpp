@@ -4,6 +4,7 @@
 #include "platform/wildcard.hpp"
 #include "processing/commands/record_names.hpp"
 #include "processing/commands/tool_command.hpp"
+#include "reference/plain_text.hpp"
 #include "require.hpp"
 
 #include <cstddef>
@@ -38,6 +39,23 @@ Read asTheInterpreterReads(const std::string& line) {
     return read;
 }
 
+// Whatever the case, and whatever comes behind the first dot.
+bool isDevice(const std::string& record) {
+    std::string stem = reference::trimmed(record.substr(0, record.find('.')));
+    for (char& character : stem) {
+        if (character >= 'a' && character <= 'z') {
+            character = static_cast<char>(character - 0x20);
+        }
+    }
+    for (const char* const device : {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"}) {
+        if (stem == device) {
+            return true;
+        }
+    }
+    return stem.size() == 4 && (stem.starts_with("COM") || stem.starts_with("LPT")) &&
+           stem.back() >= '1' && stem.back() <= '9';
+}
+
 void tryName(const std::string& name) {
     std::vector<std::string> records{"a.met", name, "b.met"};
     const LeftOut refused = refuseUnsafeNames(records);
@@ -53,6 +71,9 @@ void tryName(const std::string& name) {
         require(read.quoted == std::vector<std::string>{"C:\\mp.exe", "C:\\in\\" + record},
                 "the record is one word");
         require(record.find('\\') == std::string::npos, "no record leads to another folder");
+        require(record.find_first_of("%^") == std::string::npos, "nothing is put in its place");
+        require(!isDevice(record) && !record.ends_with('.') && !record.ends_with(' '),
+                "the system opens that file and no other");
     }
     if (staysName(name)) {
         require(matchesWildcard(name, "*"), "a star stands for every name");

@@ -157,19 +157,18 @@ a_file_that_cannot_be_replaced_leaves_the_old_version_whole() {
     rmdir "$folder/Tarnwick.chm"
     mv "$work/kept.chm" "$folder/Tarnwick.chm"
     # The last one cannot be written beside the old ones.
-    mkdir -p "$folder/new version/Uninstall.exe"
-    gives_up_and_changes_nothing "a file that cannot be written" "new version"
+    mkdir -p "$folder/Tarnwick.new/Uninstall.exe"
+    gives_up_and_changes_nothing "a file that cannot be written"
+    rm -r "$folder/Tarnwick.new"
     # The last one cannot be moved aside: the others have been replaced by then.
-    mkdir -p "$folder/old version/Uninstall.exe"
+    mkdir -p "$folder/Tarnwick.old/Uninstall.exe"
     gives_up_and_changes_nothing "a file that stays"
-    rm -r "$folder/old version"
+    rm -r "$folder/Tarnwick.old"
 }
-# gives_up_and_changes_nothing WHY [FOLDER]: that folder may go.
-gives_up_and_changes_nothing() {
+gives_up_and_changes_nothing() { # WHY
     local status=0
     echo old >"$folder/Tarnwick.txt"
-    (cd "$folder" && find . -path "./${2:-none}" -prune -o -type f -exec sha256sum {} + -o -print | LC_ALL=C sort) \
-        >"$work/old"
+    (cd "$folder" && find . -type f -exec sha256sum {} + -o -print | LC_ALL=C sort) >"$work/old"
     cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
     printf 'C:\\setup.exe /S /CurrentUser\r\nexit %%errorlevel%%\r\n' >"$drive/again.bat"
     "$wine" cmd /c 'C:\again.bat' >"$work/again.log" 2>&1 || status=$?

@@ -14,9 +14,15 @@ class CodePage {
     static constexpr unsigned utf8 = 65001;
     static constexpr unsigned western = 1252;
 
+    // The capital of each byte that is a letter, else the byte itself.
+    using Capitals = std::array<char, 256>;
+
     // By its number. In UTF-8 and in those of two-byte characters (932, 936, 949, 950) only the
     // letters of ASCII have another case; every other one has single bytes and the letters of 1252.
     explicit CodePage(unsigned number) noexcept;
+
+    // One of single bytes, with letters of its own.
+    explicit CodePage(const Capitals& capitals) noexcept : upper_(capitals) {}
 
     // How many bytes the first character of `text`, which is not empty, has. A byte that begins
     // none is taken for one by itself.
@@ -50,7 +56,7 @@ class CodePage {
     unsigned char firstLead_ = 0x81; // of DoubleByte; 932 has single bytes between its leads
     unsigned char lastLead_ = 0xFE;
     bool hasKatakana_ = false;
-    std::array<char, 256> upper_{};
+    Capitals upper_{};
 };
 
 // The one of the system that the program runs on: each platform defines it.

@@ -188,5 +188,15 @@ TEST(Win32CodePage, Characters_of_two_bytes_begin_where_the_system_has_them_begi
     }
 }
 
+TEST(Win32CodePage, Its_capitals_are_those_of_the_system) {
+    ASSERT_EQ(GetACP(), CodePage::western); // what Wine is told
+    for (unsigned code = 0; code < 256; ++code) {
+        const auto character = static_cast<char>(code);
+        EXPECT_EQ(systemCodePage().upperCase(character),
+                  CodePage(CodePage::western).upperCase(character))
+            << code;
+    }
+}
+
 } // namespace
 } // namespace tarnwick

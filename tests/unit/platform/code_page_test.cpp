@@ -137,5 +137,18 @@ TEST(CodePage, Names_are_ordered_by_their_upper_cased_characters) {
     EXPECT_FALSE(nameLess("\x83\x5F", "\x83\x61", western));
 }
 
+TEST(CodePage, One_of_single_bytes_may_have_letters_of_its_own) {
+    CodePage::Capitals capitals{};
+    for (unsigned code = 0; code < capitals.size(); ++code) {
+        capitals.at(code) = static_cast<char>(code);
+    }
+    capitals[0xFF] = '\xDF'; // the Cyrillic ya
+    const CodePage cyrillic(capitals);
+    EXPECT_TRUE(equalIgnoringCase("\xFF", "\xDF", cyrillic));
+    EXPECT_FALSE(equalIgnoringCase("\xE9", "\xC9", cyrillic));
+    EXPECT_FALSE(equalIgnoringCase("\xFF", "\x9F", cyrillic)); // alike in the western one
+    EXPECT_TRUE(equalIgnoringCase("\xFF", "\x9F", CodePage(CodePage::western)));
+}
+
 } // namespace
 } // namespace tarnwick

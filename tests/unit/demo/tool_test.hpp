@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/tools/tool.hpp"
+#include "support/hosted_world.hpp"
 
 #include <gtest/gtest.h>
 
@@ -14,24 +15,9 @@ namespace demo {
 
 // Runs the tools in a folder of the test's own, which is empty at first and gone at the end.
 class ToolTest : public testing::Test {
-  public:
-    ToolTest(const ToolTest&) = delete;
-    ToolTest& operator=(const ToolTest&) = delete;
-    ToolTest(ToolTest&&) = delete;
-    ToolTest& operator=(ToolTest&&) = delete;
-    ~ToolTest() override { std::filesystem::remove_all(folder_); }
-
   protected:
-    ToolTest() {
-        const auto* const info = testing::UnitTest::GetInstance()->current_test_info();
-        folder_ = std::filesystem::path(testing::TempDir()) /
-                  (std::string("demo_") + info->test_suite_name() + "_" + info->name());
-        std::filesystem::remove_all(folder_);
-        std::filesystem::create_directories(folder_);
-    }
-
     [[nodiscard]] std::string path(const std::string& name) const {
-        return (folder_ / name).string();
+        return folder_.hostPath() + "/" + name;
     }
     void write(const std::string& name, const std::string& content) const {
         std::ofstream(path(name), std::ios::binary) << content;
@@ -60,7 +46,7 @@ class ToolTest : public testing::Test {
     [[nodiscard]] std::string out() const { return out_.str(); }
 
   private:
-    std::filesystem::path folder_;
+    tarnwick::TemporaryFolder folder_;
     std::ostringstream out_;
     std::ostringstream errors_;
 };

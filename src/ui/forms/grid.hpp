@@ -53,7 +53,6 @@ class Grid final : public Control {
     [[nodiscard]] int column() const noexcept { return current_.column; }
     // Whoever changes the current cell, LeaveCell is raised first, while the old one is still
     // current; once when row and column change together.
-    void setRow(int row) { setCurrent({.row = row, .column = current_.column}); }
     void setColumn(int column) { setCurrent({.row = current_.row, .column = column}); }
     void setCurrent(Place place);
 

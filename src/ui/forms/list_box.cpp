@@ -25,15 +25,12 @@ bool isPlaceIn(const std::vector<std::string>& items, int index) {
 
 } // namespace
 
-ListBox::ListBox(Form& form, std::string_view name, Order order)
-    : Control(form, name), order_(order) {
+ListBox::ListBox(Form& form, std::string_view name) : Control(form, name) {
     widths_.fill(widthWithoutView);
 }
 
 void ListBox::setItems(std::vector<std::string> items) {
-    if (order_ == Order::ByName) {
-        sortByName(items);
-    }
+    sortByName(items);
     const bool same = selectedCount_ == 0 && items == items_;
     items_ = std::move(items);
     selected_.assign(items_.size(), false);
@@ -47,16 +44,14 @@ void ListBox::add(std::vector<std::string> items) {
     if (items.empty()) {
         return;
     }
-    if (order_ == Order::ByName) {
-        sortByName(items);
-    }
+    sortByName(items);
     std::vector<std::string> merged;
     std::vector<bool> selected;
     merged.reserve(items_.size() + items.size());
     selected.reserve(items_.size() + items.size());
     std::size_t old = 0;
     for (std::string& item : items) {
-        while (old < items_.size() && (order_ == Order::AsGiven || !nameLess(item, items_[old]))) {
+        while (old < items_.size() && !nameLess(item, items_[old])) {
             selected.push_back(selected_[old]);
             merged.push_back(std::move(items_[old++]));
         }
@@ -114,14 +109,6 @@ void ListBox::retain(const std::vector<bool>& kept) {
 void ListBox::itemsChanged() {
     ++changes_;
     tellView(Property::Items);
-}
-
-void ListBox::setSelected(std::size_t index, bool selected) {
-    if (selected_.at(index) != selected) {
-        selected_[index] = selected;
-        selectedCount_ += selected ? 1U : std::size_t{0} - 1U;
-        tellView(Property::Selection);
-    }
 }
 
 void ListBox::clearSelection() {

@@ -112,13 +112,13 @@ class frmMain final : public Form, private RunWindow {
     Label lblInExt{*this, "lblInExt", "Input file &extension(s):"};
     TextBox txtInExt{*this, "txtInExt"};
     Label lblAvailable{*this, "lblAvailable", "&Available files:"};
-    ListBox lstAvailable{*this, "lstAvailable", ListBox::Order::ByName};
+    ListBox lstAvailable{*this, "lstAvailable"};
     std::array<Button, 4> cmdSelectFiles{{{*this, "cmdSelectFiles1", ">"},
                                           {*this, "cmdSelectFiles2", ">>"},
                                           {*this, "cmdSelectFiles3", "<"},
                                           {*this, "cmdSelectFiles4", "<<"}}};
     Label lblSelected{*this, "lblSelected", "&Selected files:"};
-    ListBox lstSelected{*this, "lstSelected", ListBox::Order::ByName};
+    ListBox lstSelected{*this, "lstSelected"};
 
     Button cmdCreateBatFile{*this, "cmdCreateBatFile", "Create &Batch File..."};
     Button cmdOK{*this, "cmdOK", "Execute"};

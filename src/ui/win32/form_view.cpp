@@ -354,8 +354,6 @@ void FormView::changed(Property property) {
         place();
     } else if (property == Property::Size) {
         applySize();
-    } else if (property == Property::Menu) {
-        menuBar_.refresh();
     } else if (property == Property::Pointer) {
         SetCursor(LoadCursorW(nullptr, cursorOf(form_.mousePointer())));
     } else if (property == Property::Visible && !form_.visible()) {

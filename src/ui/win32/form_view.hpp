@@ -60,7 +60,6 @@ class FormView : public View {
     [[nodiscard]] Form& form() const noexcept { return form_; }
     [[nodiscard]] HWND dialog() const noexcept { return dialog_; }
     [[nodiscard]] int dpi() const noexcept;
-    [[nodiscard]] const MenuBar& menuBar() const noexcept { return menuBar_; }
 
   private:
     [[nodiscard]] bool handle(UINT message, WPARAM wParam, LPARAM lParam);

@@ -146,27 +146,10 @@ TEST_F(SmallControls, An_entry_is_chosen_without_moving_the_focus) {
     EXPECT_EQ(form.focused(), &form.txtFirst);
 }
 
-TEST_F(SmallControls, An_entry_that_is_disabled_by_itself_or_from_above_is_not_chosen) {
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.userClicked();
-    form.mnuOpen.setEnabled(true);
-    form.mnuFile.setEnabled(false);
-    form.mnuOpen.userClicked();
-    EXPECT_FALSE(form.mnuOpen.isUsable());
-    form.mnuFile.setEnabled(true);
+TEST_F(SmallControls, An_entry_of_a_form_that_is_hidden_is_not_chosen) {
     form.hide();
     form.mnuOpen.userClicked();
     EXPECT_THAT(events, IsEmpty());
-}
-
-TEST_F(SmallControls, The_forms_view_is_told_of_the_menu) {
-    form.attach(view);
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.setCaption("&Open");
-    form.mnuOpen.setCaption("&Open");
-    EXPECT_THAT(view.told, ElementsAre(Property::Menu, Property::Menu));
-    form.detach();
 }
 
 TEST_F(SmallControls, A_field_over_a_grid_gets_its_keys_instead_of_the_buttons_and_the_caret) {

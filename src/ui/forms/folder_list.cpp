@@ -86,7 +86,7 @@ void FolderList::userOpened(std::size_t index) {
 }
 
 void FolderList::userPressedKey(int keyCode) {
-    if (keyCode == Key::enter) {
+    if (wantsKey(keyCode)) {
         userOpened(selected_);
     }
 }

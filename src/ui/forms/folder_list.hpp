@@ -47,9 +47,8 @@ class FolderList final : public Control {
     void userSelected(std::size_t index);
     // A double click. Raises Refused when the folder cannot be listed.
     void userOpened(std::size_t index);
-    // Enter opens the selected folder.
+    // Enter opens the selected folder, unless it is the path already.
     void userPressedKey(int keyCode) override;
-    // Enter, unless the selected folder is the path already.
     [[nodiscard]] bool wantsKey(int keyCode) const override;
 
     std::function<void()> Change; // whoever has changed the path

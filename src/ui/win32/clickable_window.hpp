@@ -26,13 +26,9 @@ class ClickableWindow : public CaptionedWindow {
 // A push button.
 class ButtonWindow final : public ClickableWindow {
   public:
-    ButtonWindow(Button& button, HWND window)
-        : ClickableWindow(button, window), button_(button), keys_(window) {}
-
-    void keyPressed(int keyCode) override;
+    ButtonWindow(Button& button, HWND window) : ClickableWindow(button, window), keys_(*this) {}
 
   private:
-    Button& button_;
     KeyListener keys_; // for Escape, which the system would take for a click on Cancel
 };
 

@@ -1,7 +1,6 @@
 #include "ui/win32/folder_list_window.hpp"
 
 #include "platform/win32/system_text.hpp"
-#include "ui/forms/keys.hpp"
 #include "ui/win32/redraw_pause.hpp"
 
 #include <shellapi.h>
@@ -29,7 +28,7 @@ HICON picture(UINT state) noexcept {
 } // namespace
 
 FolderListWindow::FolderListWindow(FolderList& folderList, HWND window)
-    : ControlWindow(folderList, window), folderList_(folderList), keys_(window) {
+    : ControlWindow(folderList, window), folderList_(folderList), keys_(*this) {
     loadPictures();
 }
 
@@ -85,12 +84,6 @@ void FolderListWindow::notified(WORD code) {
         folderList_.userSelected(static_cast<std::size_t>(selected()));
     } else if (code == LBN_DBLCLK) {
         folderList_.userOpened(static_cast<std::size_t>(selected()));
-    }
-}
-
-void FolderListWindow::keyPressed(int keyCode) {
-    if (folderList_.wantsKey(keyCode)) {
-        folderList_.userPressedKey(keyCode);
     }
 }
 

@@ -22,7 +22,6 @@ class FolderListWindow final : public ControlWindow {
     void changed(Property property) override;
     void resolutionChanged() override;
     void notified(WORD code) override;
-    void keyPressed(int keyCode) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 

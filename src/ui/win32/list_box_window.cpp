@@ -21,7 +21,7 @@ UINT numberOf(std::size_t byte) {
 } // namespace
 
 ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
-    : ControlWindow(listBox, window), listBox_(listBox), keys_(window) {
+    : ControlWindow(listBox, window), listBox_(listBox), keys_(*this) {
     measureCharacters();
 }
 

@@ -10,7 +10,7 @@
 namespace tarnwick {
 
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
-    : ControlWindow(textBox, window), textBox_(textBox), keys_(window), field_(window) {
+    : ControlWindow(textBox, window), textBox_(textBox), keys_(*this), field_(window) {
     SendMessageW(window, EM_SETLIMITTEXT, 0, 0); // no limit
     dropMargins();
 }
@@ -80,7 +80,7 @@ void TextBoxWindow::edited() {
 
 void TextBoxWindow::keyPressed(int keyCode) {
     takeSelection();
-    textBox_.userPressedKey(keyCode);
+    ControlWindow::keyPressed(keyCode);
 }
 
 void TextBoxWindow::keyReleased(int keyCode) {

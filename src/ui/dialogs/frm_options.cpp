@@ -151,8 +151,8 @@ void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     }
 }
 
-// OK accepts an empty location while its tool is switched off in the main window; whoever clicks OK
-// leaves the field first, so that must not be in the way.
+// OK accepts an empty location while its tool is switched off in the main window. A click on OK
+// leaves the field first, so leaving the field must accept it as well.
 bool frmOptions::mayBeNowhere(const TextBox& field, int process) {
     return process != checked && field.text().empty();
 }

@@ -139,7 +139,7 @@ void ListBox::setHorizontalExtent(int pixels) {
 void ListBox::measured(const CharacterWidths& widths) {
     if (widths_ != widths) {
         widths_ = widths;
-        raise(Remeasured);
+        fire(Remeasured);
     }
 }
 
@@ -162,7 +162,7 @@ void ListBox::userSelected(std::span<const int> indices) {
         }
         selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
     }
-    raise(Click);
+    fire(Click);
 }
 
 std::vector<std::string> ListBox::namesAt(std::span<const int> indices) const {
@@ -190,13 +190,13 @@ void ListBox::userSelectedAll() {
         selected_.assign(items_.size(), true);
         selectedCount_ = items_.size();
         tellView(Property::Selection);
-        raise(Click);
+        fire(Click);
     }
 }
 
 void ListBox::userDoubleClicked() {
     if (userBroughtFocus()) {
-        raise(DblClick);
+        fire(DblClick);
     }
 }
 

@@ -47,7 +47,7 @@ class ListBox final : public Control {
     [[nodiscard]] int horizontalExtent() const noexcept { return horizontalExtent_; }
     void setHorizontalExtent(int pixels);
 
-    // For views: the window's font. Raises Remeasured when that is another one than before.
+    // For views: the window's font. Fires Remeasured when that is another one than before.
     void measured(const CharacterWidths& widths);
 
     // The user has selected exactly these items, as the view shows already, and the focus came

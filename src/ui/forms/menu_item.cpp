@@ -16,7 +16,7 @@ MenuItem::MenuItem(MenuItem& parent, std::string_view name, std::string_view cap
 
 void MenuItem::userClicked() {
     if (form_.visible() && !isSeparator() && items_.empty()) {
-        raise(Click);
+        fire(Click);
     }
 }
 

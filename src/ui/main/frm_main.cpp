@@ -60,9 +60,9 @@ frmMain::frmMain(MainServices services)
     cmdCancel.setAnswersEscape(false);
     tarnwick::LoadDefaultGridSettings(definition_);
     showDefinition(definition_);
-    sayNames();
-    sayHeirs();
-    sayHelpers();
+    setAccessibleNames();
+    setFocusSuccessors();
+    setFieldHelpers();
     connectCommands();
     connectFields();
     connectSelection();
@@ -94,12 +94,12 @@ void frmMain::takeFromControls() {
 
 void frmMain::showDefinition(const BatchDefinition& definition) {
     definition_ = definition;
-    showRecord();
+    fillControls();
     enableAll();
     EnableOK();
 }
 
-void frmMain::commonSteps() {
+void frmMain::clearStatusAndCommit() {
     StatusBar1.setPanelText(1, "");
     commitEdits();
 }
@@ -109,7 +109,7 @@ std::string frmMain::pickFolder(std::string_view title, std::string_view startFo
 }
 
 OutputGridEditor::Window frmMain::outputWindow() {
-    return {.commonSteps = [this] { commonSteps(); },
+    return {.clearStatusAndCommit = [this] { clearStatusAndCommit(); },
             .settingsChanged = [this] { markChanged(); },
             .EnableOK = [this] { EnableOK(); },
             .pickFolder =

@@ -182,7 +182,7 @@ class frmMain final : public Form, private RunWindow {
     void LoadDefaultGridSettings();
     void GetCFGValues();
     void takeFromControls();
-    void showRecord();
+    void fillControls();
     void showOutputRows();
     void showWhatWasRead();
     void markChanged() noexcept;
@@ -256,10 +256,10 @@ class frmMain final : public Form, private RunWindow {
     void connectFields();
     void connectSelection();
     void connectGotFocus();
-    void sayNames();
-    void sayHeirs();
-    void sayHelpers();
-    void commonSteps();
+    void setAccessibleNames();
+    void setFocusSuccessors();
+    void setFieldHelpers();
+    void clearStatusAndCommit();
     [[nodiscard]] std::string pickFolder(std::string_view title, std::string_view startFolder);
     [[nodiscard]] OutputGridEditor::Window outputWindow();
 

@@ -43,7 +43,7 @@ FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definitio
 // Where the user wanted the changes saved and they are not, the command would lose them and is not
 // gone on with.
 frmMain::Changes frmMain::beginFileCommand() {
-    commonSteps();
+    clearStatusAndCommit();
     const Changes changes = offerToSave();
     if (changes != Changes::NotSaved) {
         definition_.bSettingsChanged = false;
@@ -152,7 +152,7 @@ void frmMain::mnuOpenINI_Click() {
 // A definition that could not be read when the program began is not replaced without a word: the
 // user says where to save.
 void frmMain::mnuSaveINI_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     if (bINIFileUnread_) {
         saveAs();
         return;
@@ -163,7 +163,7 @@ void frmMain::mnuSaveINI_Click() {
 }
 
 void frmMain::mnuSaveAsINI_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     saveAs();
 }
 
@@ -190,9 +190,9 @@ void frmMain::mnuExit_Click() {
 }
 
 void frmMain::mnuOptions_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     takeFromControls();
-    raise(services_.showOptions, definition_);
+    fire(services_.showOptions, definition_);
     bAskedAtSessionEnd_ = false; // it may have changed something
 }
 
@@ -214,8 +214,8 @@ void frmMain::mnuHelpMP_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    commonSteps();
-    raise(services_.showAbout);
+    clearStatusAndCommit();
+    fire(services_.showAbout);
 }
 
 void frmMain::cboLanguage_Change() {

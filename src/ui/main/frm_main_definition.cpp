@@ -10,7 +10,7 @@
 
 namespace tarnwick {
 
-void frmMain::showRecord() {
+void frmMain::fillControls() {
     chkMP.setValue(definition_.iProcessMP);
     chkCNS.setValue(definition_.iProcessCNS);
     // A text that stays as it was typed has still to be looked at when its field is left.
@@ -61,8 +61,8 @@ void frmMain::LoadDefaultGridSettings() {
     });
 }
 
-// Whether it was read. Where it was not, the definition holds how far the reader got, and the
-// window shows that or what it showed before.
+// Whether it was read. If not, the definition holds what was read before the error, and the window
+// shows either that or what it showed before: the caller must show a whole definition.
 bool frmMain::ReadINIFile() {
     takeFromControls();
     const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
@@ -72,7 +72,7 @@ bool frmMain::ReadINIFile() {
 }
 
 void frmMain::showWhatWasRead() {
-    showRecord();
+    fillControls();
     if (FolderExists(services_.files, txtInput.text())) {
         listInputFolder();
     }

@@ -95,12 +95,12 @@ void frmMain::connectGotFocus() {
              &cmdOutputFolder, &chkCFG,     &txtCFG,           &cmdCFG, &txtInput,
              &cmdInput,        &txtInExt,   &cmdCreateBatFile, &cmdOK,  &cmdCancel}) {
         control->GotFocus = [this, procedure = "Private Sub " + control->name() + "_GotFocus()"] {
-            trap(services_.desktop, name(), procedure, [this] { commonSteps(); });
+            trap(services_.desktop, name(), procedure, [this] { clearStatusAndCommit(); });
         };
     }
     for (Button& button : cmdSelectFiles) {
         connect(button.GotFocus, "Private Sub cmdSelectFiles_GotFocus(Index As Integer)",
-                &frmMain::commonSteps);
+                &frmMain::clearStatusAndCommit);
     }
     connect(lstAvailable.GotFocus, "Private Sub lstAvailable_GotFocus()",
             &frmMain::lstAvailable_GotFocus);
@@ -109,7 +109,7 @@ void frmMain::connectGotFocus() {
 }
 
 // For controls that no label of their own names, or whose caption says too little by itself.
-void frmMain::sayNames() {
+void frmMain::setAccessibleNames() {
     cboLanguage.setAccessibleName("Language");
     cmdCNS.setAccessibleName("Browse for the CNS output folder");
     txtAliases.setAccessibleName("Aliases file");
@@ -134,7 +134,7 @@ void frmMain::sayNames() {
 }
 
 // Who has the focus after a control that had it was switched off.
-void frmMain::sayHeirs() {
+void frmMain::setFocusSuccessors() {
     for (Control* const control : std::initializer_list<Control*>{
              &txtCNS, &cmdCNS, &txtCNSExt, &chkAliases, &txtAliases, &cmdAliases, &grdCNS}) {
         control->passFocusTo(chkCNS);
@@ -154,7 +154,7 @@ void frmMain::sayHeirs() {
 }
 
 // What a user turns to who has typed something wrong into a field.
-void frmMain::sayHelpers() {
+void frmMain::setFieldHelpers() {
     txtCNS.putOffCheckFor({&cmdCNS, &chkCNS});
     txtAliases.putOffCheckFor({&cmdAliases, &chkAliases, &chkCNS});
     txtCFG.putOffCheckFor({&cmdCFG, &chkCFG});

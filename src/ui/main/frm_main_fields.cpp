@@ -29,7 +29,7 @@ void enable(std::initializer_list<Control*> controls, bool enabled) {
 } // namespace
 
 void frmMain::chkCNS_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enableCNS();
     EnableOK();
@@ -37,7 +37,7 @@ void frmMain::chkCNS_Click() {
 
 // On purpose, this one does not mark the settings as changed.
 void frmMain::chkMP_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     enableMP();
     EnableOK();
 }
@@ -76,14 +76,14 @@ void frmMain::enableAll() {
 }
 
 void frmMain::chkAliases_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enable({&txtAliases, &cmdAliases}, chkAliases.ticked());
     EnableOK();
 }
 
 void frmMain::chkCFG_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
     if (!chkCFG.ticked()) {
@@ -96,14 +96,14 @@ void frmMain::chkCFG_Click() {
     EnableOK();
 }
 
-// The one check box without the common steps.
+// The one check box that neither clears the status nor commits an edit.
 void frmMain::chkfixdoc_Click() {
     definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
     markChanged();
 }
 
 void frmMain::cmdAliases_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const auto chosen = browse(txtAliases, "Open Aliases File", textFiles);
     if (!chosen) {
         return;
@@ -113,7 +113,7 @@ void frmMain::cmdAliases_Click() {
 }
 
 void frmMain::cmdCFG_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const auto chosen = browse(txtCFG, "Open Configuration File", configFiles);
     if (!chosen) {
         return;
@@ -147,7 +147,7 @@ bool frmMain::take(TextBox& field, std::string_view chosen) {
 }
 
 void frmMain::cmdCNS_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const std::string folder = pickFolder(openFolder, txtInput.text());
     if (!folder.empty()) {
         txtCNS.setText(folder);
@@ -157,7 +157,7 @@ void frmMain::cmdCNS_Click() {
 }
 
 void frmMain::cmdOutputFolder_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const std::string folder = pickFolder(openFolder, txtInput.text());
     if (!folder.empty()) {
         for (int row = 1; row < grdFiles.rows(); ++row) {
@@ -170,7 +170,7 @@ void frmMain::cmdOutputFolder_Click() {
 
 void frmMain::cmdInput_Click() {
     thenEnableOK([this] {
-        commonSteps();
+        clearStatusAndCommit();
         const std::string folder = pickFolder(openFolder, txtInput.text());
         if (!folder.empty()) {
             txtInput.setText(folder);
@@ -180,7 +180,7 @@ void frmMain::cmdInput_Click() {
 }
 
 void frmMain::txtCNS_Change() {
-    commonSteps();
+    clearStatusAndCommit();
     markFieldEdited();
 }
 

@@ -46,14 +46,14 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
                 "Please specify the " + std::string(tool) + " executable location.");
     executable.clear();
     takeFromControls();
-    raise(services_.showOptions, definition_);
+    fire(services_.showOptions, definition_);
     return fileExists(executable);
 }
 
 void frmMain::Form_Unload() {
     storeSettings();
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-        commonSteps(); // an edit that is going on counts
+        clearStatusAndCommit(); // an edit that is going on counts
         if (!bAskedAtSessionEnd_) {
             keepWork();
         }
@@ -77,7 +77,7 @@ void frmMain::storeSettings() {
 // program: what needs no answer is kept before.
 void frmMain::Form_SessionIsEnding() {
     storeSettings();
-    commonSteps();
+    clearStatusAndCommit();
     keepWork();
     bAskedAtSessionEnd_ = true;
 }

@@ -48,8 +48,8 @@ void OutputGridEditor::connectEvents() {
         }
     });
     grid.KeyPress = trapped(procedures_.keyPress, [this](int character) { KeyPress(character); });
-    grid.GotFocus = trapped(procedures_.gotFocus, [this] { window_.commonSteps(); });
-    grid.LeaveCell = trapped(procedures_.leaveCell, [this] { window_.commonSteps(); });
+    grid.GotFocus = trapped(procedures_.gotFocus, [this] { window_.clearStatusAndCommit(); });
+    grid.LeaveCell = trapped(procedures_.leaveCell, [this] { window_.clearStatusAndCommit(); });
     grid.Scroll = grid.LeaveCell; // the editor would float over another cell
     parts_.txtEdit.KeyDown =
         trapped(procedures_.editorKeyDown, [this](int keyCode) { editorKeyDown(keyCode); });
@@ -58,7 +58,7 @@ void OutputGridEditor::connectEvents() {
 }
 
 void OutputGridEditor::Click() {
-    window_.commonSteps();
+    window_.clearStatusAndCommit();
     if (!bNoToggle_ && !bHeaderClick_) {
         toggleBuild();
     }
@@ -96,8 +96,8 @@ void OutputGridEditor::MouseDown(int x, int y) {
 
 void OutputGridEditor::KeyPress(int character) {
     if (parts_.grid.column() == buildColumn && character == Key::blank) {
-        window_.commonSteps();
-        toggleBuild(); // as with any check box, for whoever has no mouse
+        window_.clearStatusAndCommit();
+        toggleBuild(); // as with any check box, for a user without a mouse
         return;
     }
     pEditGrid(character);

@@ -37,8 +37,8 @@ class OutputGridEditor {
     };
     // What it asks of its window.
     struct Window {
-        std::function<void()> commonSteps;     // those of every event: commits the edits, too
-        std::function<void()> settingsChanged; // something was edited
+        std::function<void()> clearStatusAndCommit; // at the beginning of nearly every event
+        std::function<void()> settingsChanged;      // something was edited
         std::function<void()> EnableOK;
         std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder;
     };

@@ -203,7 +203,7 @@ void FormView::answer(LRESULT result) const noexcept {
 }
 
 void FormView::bind() {
-    // However the window was opened: whoever works by keyboard must see where the focus is.
+    // Even in a window opened by mouse, a user of the keyboard must see where the focus is.
     SendMessageW(dialog_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
                  0);
     bindControls();

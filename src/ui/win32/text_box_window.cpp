@@ -50,8 +50,8 @@ void TextBoxWindow::resolutionChanged() {
     field_.measureAgain();
 }
 
-// A field without a border lies over something whose text its own stands in for: whoever places it
-// has seen to the room around it.
+// A field without a border lies over a cell and shows its text in place of the cell's own: the code
+// that places it has left room around it already.
 void TextBoxWindow::dropMargins() {
     if (!hasBorder(window())) {
         SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);

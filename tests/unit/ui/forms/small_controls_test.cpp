@@ -182,7 +182,7 @@ TEST_F(SmallControls, A_button_may_have_a_use_for_Escape_of_its_own) {
     EXPECT_THAT(events, ElementsAre("OK", "OK"));
 }
 
-TEST_F(SmallControls, A_control_that_is_hidden_passes_the_focus_to_its_heir) {
+TEST_F(SmallControls, A_control_that_is_hidden_passes_the_focus_to_its_successor) {
     form.txtEdit.passFocusTo(form.cmdOK);
     form.txtEdit.setFocus();
     form.txtEdit.setVisible(false);

@@ -13,43 +13,16 @@ namespace {
 constexpr std::string_view designPattern = "*.sid;*.tif";
 constexpr std::string_view extensionHint = "*.met;*.txt";
 
-constexpr OutputGridEditor::Procedures mpProcedures{
-    .click = "Private Sub grdFiles_Click()",
-    .mouseDown = "Private Sub grdFiles_MouseDown",
-    .keyDown = "Private Sub grdFiles_KeyDown",
-    .keyPress = "Private Sub grdFiles_KeyPress",
-    .gotFocus = "Private Sub grdFiles_GotFocus()",
-    .leaveCell = "Private Sub grdFiles_LeaveCell()",
-    .pEditGrid = "Private Sub pEditGrid",
-    .pSetCellValue = "Private Sub pSetCellValue()",
-    .editorKeyDown = "Private Sub txtEdit_KeyDown",
-    .folderClick = "Private Sub cmdEdit_Click()",
-};
-
-// Its key-down procedure goes by the name of the other grid's in reports; that is kept.
-constexpr OutputGridEditor::Procedures cnsProcedures{
-    .click = "Private Sub grdCNS_Click()",
-    .mouseDown = "Private Sub grdCNS_MouseDown",
-    .keyDown = "Private Sub grdFiles_KeyDown",
-    .keyPress = "Private Sub grdCNS_KeyPress",
-    .gotFocus = "Private Sub grdCNS_GotFocus()",
-    .leaveCell = "Private Sub grdCNS_LeaveCell()",
-    .pEditGrid = "Private Sub pEditGridCNS",
-    .pSetCellValue = "Private Sub pSetCellValueCNS()",
-    .editorKeyDown = "Private Sub txtEditCNS_KeyDown",
-    .folderClick = "Private Sub cmdEditCNS_Click()",
-};
-
 } // namespace
 
 frmMain::frmMain(MainServices services)
     : Form("frmMain", applicationTitle),
       services_(std::move(services)),
       filAvailable_(services_.files, designPattern),
-      cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, cnsProcedures,
+      cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, "CNS",
                   services_.desktop, outputWindow()),
-      mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, mpProcedures,
-                 services_.desktop, outputWindow()),
+      mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, "", services_.desktop,
+                 outputWindow()),
       batchExport_({.files = services_.files,
                     .desktop = services_.desktop,
                     .interpreter = services_.interpreter,

@@ -45,12 +45,7 @@ frmMain::frmMain(MainServices services)
     EnableMove();
 }
 
-const BatchDefinition& frmMain::definition() {
-    takeFromControls();
-    return definition_;
-}
-
-void frmMain::takeFromControls() {
+BatchDefinition& frmMain::current() {
     definition_.iProcessMP = chkMP.value();
     definition_.iProcessCNS = chkCNS.value();
     definition_.sInputFolder = txtInput.text();
@@ -63,6 +58,9 @@ void frmMain::takeFromControls() {
     definition_.sConfigFile = txtCFG.text();
     takeOutputs(grdFiles, definition_.MPOutputs);
     takeOutputs(grdCNS, definition_.CNSOutputs);
+    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
+    definition_.sLanguage = cboLanguage.text();
+    return definition_;
 }
 
 void frmMain::showDefinition(const BatchDefinition& definition) {

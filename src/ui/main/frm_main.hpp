@@ -26,14 +26,14 @@
 
 namespace tarnwick {
 
-// The main window. It owns the one batch definition of the program: the settings that have a
-// control here are held by that control, the others by a record of their own.
+// The main window. It owns the one batch definition of the program: a setting that has a control
+// here is held by that control alone, any other by a member.
 class frmMain final : public Form, private RunWindow {
   public:
     explicit frmMain(MainServices services);
 
     // The definition as the window shows it now, without a cell that is still being edited.
-    [[nodiscard]] const BatchDefinition& definition();
+    [[nodiscard]] const BatchDefinition& definition() { return current(); }
     // Makes it the program's definition and shows it. Lists no folder, reads no file and marks
     // nothing as changed.
     void showDefinition(const BatchDefinition& definition);
@@ -181,7 +181,7 @@ class frmMain final : public Form, private RunWindow {
     void MyDefaultSettings();
     void LoadDefaultGridSettings();
     void GetCFGValues();
-    void takeFromControls();
+    [[nodiscard]] BatchDefinition& current();
     void fillControls();
     void showOutputRows();
     void showWhatWasRead();
@@ -265,7 +265,8 @@ class frmMain final : public Form, private RunWindow {
 
     MainServices services_;
     FileList filAvailable_;
-    // Its fields that a control holds are as old as the last look at that control.
+    // Holds the settings that have no control here. Of the others it is a copy, which current()
+    // takes from the controls: use that wherever such a setting is read.
     BatchDefinition definition_;
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;

@@ -191,8 +191,7 @@ void frmMain::mnuExit_Click() {
 
 void frmMain::mnuOptions_Click() {
     clearStatusAndCommit();
-    takeFromControls();
-    fire(services_.showOptions, definition_);
+    fire(services_.showOptions, current());
     bAskedAtSessionEnd_ = false; // it may have changed something
 }
 
@@ -219,13 +218,11 @@ void frmMain::mnuAbout_Click() {
 }
 
 void frmMain::cboLanguage_Change() {
-    definition_.sLanguage = cboLanguage.text();
     markChanged();
     EnableOK();
 }
 
 void frmMain::cboLanguage_Click() {
-    definition_.sLanguage = cboLanguage.text();
     markChanged();
 }
 

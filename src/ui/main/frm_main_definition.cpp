@@ -42,8 +42,7 @@ void frmMain::showOutputRows() {
 
 void frmMain::MyDefaultSettings() {
     trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
-        takeFromControls();
-        tarnwick::MyDefaultSettings(definition_);
+        tarnwick::MyDefaultSettings(current());
         chkfixdoc.setValue(definition_.iFixDoc);
         cboLanguage.setText(definition_.sLanguage);
         chkCFG.setValue(definition_.bUseConfigFile);
@@ -64,8 +63,7 @@ void frmMain::LoadDefaultGridSettings() {
 // Whether it was read. If not, the definition holds what was read before the error, and the window
 // shows either that or what it showed before: the caller must show a whole definition.
 bool frmMain::ReadINIFile() {
-    takeFromControls();
-    const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
+    const bool completed = tarnwick::ReadINIFile(current(), services_.files, services_.desktop,
                                                  [this] { showWhatWasRead(); });
     bINIFileUnread_ = bINIFileUnread_ && !completed;
     return completed;
@@ -88,8 +86,7 @@ bool frmMain::SaveINIFile() {
         bFieldEdited_ = false;
         markChanged(); // and stays so where the file cannot be written
     }
-    takeFromControls();
-    const bool saved = tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+    const bool saved = tarnwick::SaveINIFile(current(), services_.files, services_.desktop);
     bINIFileUnread_ = bINIFileUnread_ && !saved;
     return saved;
 }
@@ -115,8 +112,7 @@ bool frmMain::outputFolderExists(std::string_view folder) const {
 }
 
 void frmMain::GetCFGValues() {
-    takeFromControls();
-    tarnwick::GetCFGValues(definition_, services_.files, services_.desktop, [this] {
+    tarnwick::GetCFGValues(current(), services_.files, services_.desktop, [this] {
         if (definition_.bCfgNamesOutput) {
             showOutputRows();
         }

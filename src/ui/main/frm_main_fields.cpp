@@ -98,7 +98,6 @@ void frmMain::chkCFG_Click() {
 
 // The one check box that neither clears the status nor commits an edit.
 void frmMain::chkfixdoc_Click() {
-    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
     markChanged();
 }
 

@@ -67,9 +67,8 @@ void frmMain::cmdCancel_Click() {
 
 // The checks of both ways to use the batch.
 bool frmMain::validate() {
-    takeFromControls();
     const auto fault = validateBatch(
-        definition_,
+        current(),
         {.files = services_.files,
          .desktop = services_.desktop,
          .showOptions = [this] { fire(services_.showOptions, definition_); },

@@ -45,8 +45,7 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
     showWarning(services_.desktop,
                 "Please specify the " + std::string(tool) + " executable location.");
     executable.clear();
-    takeFromControls();
-    fire(services_.showOptions, definition_);
+    fire(services_.showOptions, current());
     return fileExists(executable);
 }
 

@@ -14,7 +14,9 @@ class ClickableWindow : public CaptionedWindow {
         : CaptionedWindow(clickable, window), clickable_(clickable) {}
 
     void notified(WORD code) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == BN_SETFOCUS || code == BN_KILLFOCUS;
+    }
 
   protected:
     [[nodiscard]] virtual bool isClick(WORD code) const noexcept;

@@ -87,10 +87,6 @@ void FolderListWindow::notified(WORD code) {
     }
 }
 
-bool FolderListWindow::isFocusNotice(WORD code) const noexcept {
-    return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
-}
-
 void FolderListWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const auto& entries = folderList_.entries();
     if (item.itemID >= entries.size()) {

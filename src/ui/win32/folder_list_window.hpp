@@ -23,7 +23,9 @@ class FolderListWindow final : public ControlWindow {
     void resolutionChanged() override;
     void notified(WORD code) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+    }
 
   private:
     void loadPictures();

@@ -139,10 +139,6 @@ void ListBoxWindow::keyPressed(int keyCode) {
     }
 }
 
-bool ListBoxWindow::isFocusNotice(WORD code) const noexcept {
-    return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
-}
-
 void ListBoxWindow::resolutionChanged() {
     ControlWindow::resolutionChanged();
     measureCharacters();

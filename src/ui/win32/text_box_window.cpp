@@ -88,10 +88,6 @@ void TextBoxWindow::keyReleased(int keyCode) {
     textBox_.userReleasedKey(keyCode);
 }
 
-bool TextBoxWindow::isFocusNotice(WORD code) const noexcept {
-    return code == EN_SETFOCUS || code == EN_KILLFOCUS;
-}
-
 TextBoxWindow::Selection TextBoxWindow::selection() const {
     DWORD start = 0;
     DWORD end = 0;

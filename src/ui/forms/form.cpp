@@ -129,7 +129,7 @@ void Form::leaveFor(Control& to) {
         owed_ = due;
         return;
     }
-    // What was switched off on the way has nothing left to be checked.
+    // A field that was switched off in the meantime is not checked.
     Control* const owes = owing != nullptr && owing->isUsable() ? owing : nullptr;
     for (Control* const control : {owes, left}) {
         if (control != nullptr && control != &to && visible_ && focused_ == &to) {
@@ -245,7 +245,7 @@ bool Form::viewFailed(const std::exception_ptr& error) {
     if (dealtWith) {
         fire(ViewFailed, error);
     }
-    unload(); // whatever goes on in the form must not go on where nobody sees it
+    unload(); // the user could not see what goes on in it
     return dealtWith;
 }
 

@@ -86,7 +86,7 @@ void Grid::setCurrent(Place place) {
     if (place == current_) {
         return;
     }
-    if (!leaving_) { // a handler that moves on itself leaves the same cell
+    if (!leaving_) { // else a handler of LeaveCell has called this
         const ScopedFlag leaving(leaving_);
         fire(LeaveCell);
     }

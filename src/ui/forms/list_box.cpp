@@ -14,7 +14,7 @@ namespace {
 constexpr int widthWithoutView = 8;
 
 void sortByName(std::vector<std::string>& names) {
-    if (!std::ranges::is_sorted(names, nameLess)) { // what was listed or taken out mostly is
+    if (!std::ranges::is_sorted(names, nameLess)) { // most lists come sorted
         sortNames(names);
     }
 }

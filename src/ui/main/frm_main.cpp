@@ -1,7 +1,6 @@
 #include "ui/main/frm_main.hpp"
 
 #include "common/mod_main.hpp"
-#include "ui/main/frm_main_measures.hpp"
 #include "ui/main/output_rows.hpp"
 
 #include <utility>

@@ -128,6 +128,8 @@ class frmMain final : public Form, private RunWindow {
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
   private:
+    static constexpr Size mainWindow{.width = 12735, .height = 8460}; // never another
+
     // Start-up, the end, and the commands of the menus.
     void Form_Load();
     void Form_Unload();

@@ -13,7 +13,8 @@ namespace tarnwick {
 void frmMain::fillControls() {
     chkMP.setValue(definition_.iProcessMP);
     chkCNS.setValue(definition_.iProcessCNS);
-    // A text that stays as it was typed has still to be looked at when its field is left.
+    // Where the definition has the very text that the user typed, leaving the field must still list
+    // the folder.
     bInputChanged_ = bInputChanged_ && txtInput.text() == definition_.sInputFolder;
     bInExtChanged_ = bInExtChanged_ && txtInExt.text() == definition_.sInputExtensions;
     txtInput.setText(definition_.sInputFolder);
@@ -91,7 +92,7 @@ bool frmMain::SaveINIFile() {
     return saved;
 }
 
-// What was answered at the end of the session held for what there was then.
+// After a new change the answer that was given when the session was about to end no longer counts.
 void frmMain::markChanged() noexcept {
     definition_.bSettingsChanged = true;
     bAskedAtSessionEnd_ = false;
@@ -102,7 +103,7 @@ void frmMain::markFieldEdited() noexcept {
     bAskedAtSessionEnd_ = false;
 }
 
-// Asked as the tools will be given it.
+// A relative path counts from the program's folder, as it does for the tools.
 bool frmMain::fileExists(std::string_view path) const {
     return FileExists(services_.files, resolvedFile(definition_.sAppFolder, path));
 }

@@ -14,7 +14,7 @@ void frmMain::connectCommands() {
     const Connector connect(services_.desktop, *this);
     connect(Load, "Private Sub Form_Load()", &frmMain::Form_Load);
     connect(Unload, "Private Sub Form_Unload(Cancel As Integer)", &frmMain::Form_Unload);
-    // Both are parts of it: what they ask, it asks no more.
+    // Both do a part of what Form_Unload does, and report under its name.
     connect(SessionIsEnding, "Private Sub Form_Unload(Cancel As Integer)",
             &frmMain::Form_SessionIsEnding);
     connect(SessionGoesOn, "Private Sub Form_Unload(Cancel As Integer)",
@@ -123,7 +123,7 @@ void frmMain::setAccessibleNames() {
     ProgressBar1.setAccessibleName("Progress");
 }
 
-// Who has the focus after a control that had it was switched off.
+// Where the focus goes when the control that has it is switched off.
 void frmMain::setFocusSuccessors() {
     for (Control* const control : std::initializer_list<Control*>{
              &txtCNS, &cmdCNS, &txtCNSExt, &chkAliases, &txtAliases, &cmdAliases, &grdCNS}) {
@@ -143,7 +143,7 @@ void frmMain::setFocusSuccessors() {
     cmdOK.passFocusTo(cmdCancel);
 }
 
-// What a user turns to who has typed something wrong into a field.
+// The controls by which the user corrects a field, or switches it off.
 void frmMain::setFieldHelpers() {
     txtCNS.putOffCheckFor({&cmdCNS, &chkCNS});
     txtAliases.putOffCheckFor({&cmdAliases, &chkAliases, &chkCNS});

@@ -135,7 +135,7 @@ std::optional<std::string> frmMain::browse(const TextBox& field, std::string_vie
                                          .hideReadOnly = true});
 }
 
-// Whether it is a name, which is then in the field.
+// Puts the chosen name into the field; false when none was chosen.
 bool frmMain::take(TextBox& field, std::string_view chosen) {
     if (chosen.empty()) {
         return false;
@@ -196,7 +196,8 @@ void frmMain::textEdited() {
     markFieldEdited();
 }
 
-// The field is being left: true when there is nothing in it to check. Emptying it is a change, too.
+// For a field that is being left: trims it, and is true when it is blank, so that there is nothing
+// to check. Emptying it is a change, too.
 bool frmMain::leaveBlank(TextBox& field) {
     const bool edited = std::exchange(bFieldEdited_, false);
     const std::string text(trim(field.text()));
@@ -253,16 +254,16 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 }
 
 void frmMain::refuse(TextBox& field, std::string_view message) {
-    markFieldEdited(); // what was typed is still there to be lost
+    markFieldEdited(); // closing must still offer to save what was typed
     sendBack(services_.desktop, field, message);
 }
 
-// Nothing is checked when this field is left, so that here is the place to tell the change.
+// Nothing is checked when this field is left, so the change is marked here.
 void frmMain::txtCNSExt_Change() {
     markChanged();
 }
 
-// The key is told by its code, whatever it types: the digit goes as well.
+// The event names the key, not the character: typing the digit 8 takes that away as well.
 void frmMain::txtCNSExt_KeyUp(int keyCode) {
     if (keyCode != Key::eight) {
         return;

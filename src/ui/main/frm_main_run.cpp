@@ -65,7 +65,7 @@ void frmMain::cmdCancel_Click() {
     }
 }
 
-// The checks of both ways to use the batch.
+// What is checked before the batch is run, or written into a file.
 bool frmMain::validate() {
     const auto fault = validateBatch(
         current(),

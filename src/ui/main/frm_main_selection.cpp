@@ -32,7 +32,7 @@ void frmMain::txtInExt_Change() {
     markFieldEdited();
 }
 
-// What fails on the way must not leave Execute as it was for another folder.
+// Also after an error: else Execute would stay enabled for the folder before.
 void frmMain::thenEnableOK(const std::function<void()>& body) {
     try {
         body();
@@ -86,13 +86,14 @@ void frmMain::Form_FunctionKey(int keyCode) {
     });
 }
 
-// The change is what stands in the fields, whether it can be listed or not.
+// The settings have changed even where the folder cannot be listed.
 void frmMain::relist() {
     markChanged();
     listInputFolder();
 }
 
-// The selected files were another folder's: nobody may run them in this one.
+// For a folder that cannot be listed: the selected files are those of the folder before, and must
+// not be run in this one.
 void frmMain::forgetFiles() {
     lstAvailable.setItems({});
     lstSelected.setItems({});

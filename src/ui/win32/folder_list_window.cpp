@@ -17,12 +17,11 @@ constexpr int gap = 45;
 constexpr int indent = 180;
 
 // Of any folder: it need not be there.
-HICON picture(UINT state) noexcept {
+IconHandle picture(UINT state) noexcept {
     SHFILEINFOW info{};
     const UINT what = SHGFI_USEFILEATTRIBUTES | SHGFI_ICON | SHGFI_SMALLICON | state;
-    return SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what) != 0
-               ? info.hIcon
-               : nullptr;
+    SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what);
+    return IconHandle(info.hIcon); // null where the system has none
 }
 
 } // namespace
@@ -32,24 +31,14 @@ FolderListWindow::FolderListWindow(FolderList& folderList, HWND window)
     loadPictures();
 }
 
-FolderListWindow::~FolderListWindow() {
-    dropPictures();
-}
-
 void FolderListWindow::loadPictures() {
     closed_ = picture(0);
     open_ = picture(SHGFI_OPENICON);
     SendMessageW(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
 }
 
-void FolderListWindow::dropPictures() noexcept {
-    DestroyIcon(closed_);
-    DestroyIcon(open_);
-}
-
 void FolderListWindow::resolutionChanged() {
     ControlWindow::resolutionChanged();
-    dropPictures();
     loadPictures();
 }
 
@@ -100,7 +89,7 @@ void FolderListWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const int size = toPixels(pictureSize, dpi());
     rest.left += toPixels(gap + entry.depth * indent, dpi());
     DrawIconEx(item.hDC, rest.left, rest.top + (rest.bottom - rest.top - size) / 2,
-               entry.open ? open_ : closed_, size, size, 0, nullptr, DI_NORMAL);
+               (entry.open ? open_ : closed_).get(), size, size, 0, nullptr, DI_NORMAL);
     rest.left += size + toPixels(gap, dpi());
     const int colour = selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
     SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : colour));

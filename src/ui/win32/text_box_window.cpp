@@ -2,7 +2,6 @@
 
 #include "ui/win32/refused_text.hpp"
 #include "ui/win32/window_font.hpp"
-#include "ui/win32/window_style.hpp"
 #include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>

@@ -282,7 +282,7 @@ void FormView::command(WORD id, WORD code, HWND window) {
     } else if (id == IDOK) {
         form_.userPressedEnter();
     } else if (window == nullptr) {
-        (void)menuBar_.choose(id);
+        menuBar_.choose(id);
     }
 }
 

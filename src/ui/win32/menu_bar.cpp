@@ -37,13 +37,11 @@ void MenuBar::fill(HMENU menu, const std::vector<MenuItem*>& items) {
     }
 }
 
-bool MenuBar::choose(WORD id) const {
+void MenuBar::choose(WORD id) const {
     const std::size_t index = std::size_t{id} - firstId;
-    if (id < firstId || index >= shown_.size()) {
-        return false;
+    if (id >= firstId && index < shown_.size()) {
+        shown_[index]->userClicked();
     }
-    shown_[index]->userClicked();
-    return true;
 }
 
 } // namespace tarnwick

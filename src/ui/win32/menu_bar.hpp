@@ -13,8 +13,8 @@ class MenuBar {
   public:
     // Makes the bar; the window owns it. Nothing for an empty menu.
     void show(HWND window, const std::vector<MenuItem*>& menu);
-    // The user chose the entry of that number. Whether it is one of the menu's.
-    [[nodiscard]] bool choose(WORD id) const;
+    // The user chose the entry of that number; nothing when it is none of the menu's.
+    void choose(WORD id) const;
 
   private:
     void fill(HMENU menu, const std::vector<MenuItem*>& items);

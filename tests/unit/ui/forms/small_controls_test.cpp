@@ -62,7 +62,7 @@ TEST_F(SmallControls, A_combo_box_tells_typing_and_picking_apart) {
     form.cboLanguage.detach();
 }
 
-TEST_F(SmallControls, Code_that_sets_a_combo_box_raises_nothing) {
+TEST_F(SmallControls, Code_that_sets_a_combo_box_fires_nothing) {
     form.cboLanguage.attach(view);
     form.cboLanguage.setText("Klingon");
     form.cboLanguage.setText("Klingon");

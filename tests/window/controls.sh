@@ -43,7 +43,6 @@ test_the_menu_by_mouse_and_by_keyboard() {
     expect_since mnuNew_Click
     key alt+f
     picture_of root controls-menu
-    key d # disabled
     key Escape Escape
     expect_since ''
     key alt+f x

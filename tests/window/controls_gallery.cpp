@@ -17,6 +17,7 @@
 #include "platform/run_time_error.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "ui/win32/com_pointer.hpp"
+#include "ui/win32/resource_names.hpp"
 #include "ui/win32/win32_main_window.hpp"
 #include "window/counting_list_box.hpp"
 #include "window/frm_controls.hpp"
@@ -55,6 +56,16 @@ std::vector<std::string> namesOf(int count) {
     return names;
 }
 
+// Null where the form's resource names no such control.
+HWND windowOf(HWND dialog, const Form& form, std::string_view name) {
+    for (const auto& [id, text] : textsInResource(form.name())) {
+        if (text == name) {
+            return GetDlgItem(dialog, id);
+        }
+    }
+    return nullptr;
+}
+
 // From inside the form, once it is there.
 void countListMessages(frmControls& form, const std::string& resultFile, int count) {
     // No font has such widths: whoever asked the system for one would get another answer.
@@ -63,9 +74,8 @@ void countListMessages(frmControls& form, const std::string& resultFile, int cou
     form.lstFiles.measured(widths);
     form.lstChosen.measured(widths);
     HWND dialog = FindWindowA(nullptr, form.caption().c_str());
-    HWND first = FindWindowExA(dialog, nullptr, "ListBox", nullptr);
-    CountingListBox files(first);
-    CountingListBox chosen(FindWindowExA(dialog, first, "ListBox", nullptr));
+    CountingListBox files(windowOf(dialog, form, "lstFiles"));
+    CountingListBox chosen(windowOf(dialog, form, "lstChosen"));
     std::ofstream out(resultFile, std::ios::binary);
     const auto write = [&out](std::string_view step, std::string_view name, CountingListBox& list) {
         const CountingListBox::Counts counts = list.take();
@@ -103,10 +113,9 @@ std::string nameOf(IAccessible& object, LONG child) {
     return text.data();
 }
 
-void printNames(HWND dialog, const std::string& resultFile) {
+void printNames(HWND grid, const std::string& resultFile) {
     const ComUser com;
     std::ofstream out(resultFile, std::ios::binary);
-    HWND grid = FindWindowExA(dialog, nullptr, "TarnwickGrid", nullptr);
     ComPointer<IAccessible> object;
     if (AccessibleObjectFromWindow(grid, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                    object.receive()) != S_OK) {
@@ -169,7 +178,9 @@ bool run(std::string_view what, const std::string& resultFile, const std::string
         window.run(form);
     } else if (what == "names") {
         frmControls form(files, "events.txt", third);
-        form.mnuAbout.Click = [&] { printNames(GetActiveWindow(), resultFile); };
+        form.mnuAbout.Click = [&] {
+            printNames(windowOf(GetActiveWindow(), form, "grd"), resultFile);
+        };
         window.run(form);
     } else if (what == "scaled") {
         frmControls form(files, "events.txt", third);

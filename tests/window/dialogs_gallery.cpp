@@ -46,7 +46,7 @@ void print(std::ostream& out, const BatchDefinition& shown) {
 
 void writeLayoutWhenShown(Form& form, const std::string& layoutFile) {
     form.Resize = [&form, layoutFile, resize = form.Resize] {
-        raise(resize);
+        fire(resize);
         std::ofstream out(layoutFile, std::ios::binary);
         for (const Control* const control : form.controls()) {
             const Bounds& bounds = control->bounds();

@@ -43,7 +43,6 @@ class frmControls final : public Form {
   public:
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuNew{mnuFile, "mnuNew", "&New"};
-    MenuItem mnuOff{mnuFile, "mnuOff", "&Disabled"};
     MenuItem mnuBar1{mnuFile, "mnuBar1", "-"};
     MenuItem mnuExit{mnuFile, "mnuExit", "E&xit"};
     MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
@@ -58,11 +57,11 @@ class frmControls final : public Form {
     CheckBox chkGrid{*this, "chkGrid", "Grid ena&bled"};
     Button cmdBusy{*this, "cmdBusy", "B&usy"};
     Label lblFiles{*this, "lblFiles", "&Available files:"};
-    ListBox lstFiles{*this, "lstFiles", ListBox::Order::ByName};
+    ListBox lstFiles{*this, "lstFiles"};
     Button cmdMove{*this, "cmdMove", ">"};
     Button cmdBack{*this, "cmdBack", "<<"};
     Label lblChosen{*this, "lblChosen", "&Selected files:"};
-    ListBox lstChosen{*this, "lstChosen", ListBox::Order::ByName};
+    ListBox lstChosen{*this, "lstChosen"};
     Label lblGrid{*this, "lblGrid", "Output &definition:"};
     TextBox txtEdit{*this, "txtEdit"};
     Button cmdEdit{*this, "cmdEdit", "..."};
@@ -79,7 +78,6 @@ class frmControls final : public Form {
     void note(const std::string& event) { result_ << event << '\n' << std::flush; }
 
     void fillMenu() {
-        mnuOff.setEnabled(false);
         mnuNew.Click = [this] { note("mnuNew_Click"); };
         mnuExit.Click = [this] { unload(); };
     }
@@ -119,7 +117,7 @@ class frmControls final : public Form {
             list->Click = [this, list] {
                 std::string selected;
                 for (std::size_t i = 0; i < list->items().size(); ++i) {
-                    selected += list->selected(i) ? ' ' + list->items()[i] : "";
+                    selected += list->selection()[i] ? ' ' + list->items()[i] : "";
                 }
                 note(list->name() + "_Click" + selected);
             };

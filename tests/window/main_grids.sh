@@ -153,7 +153,7 @@ test_a_screen_reader_hears_where_in_a_grid_the_keyboard_is_and_what_changes_ther
 }
 
 # Not over the first control of the window.
-test_the_keyboard_goes_straight_from_what_is_hidden_or_switched_off_to_its_heir() {
+test_the_keyboard_goes_straight_from_what_is_hidden_or_switched_off_to_its_successor() {
     launch_defined
     press_cell grdFiles 1 1
     listen

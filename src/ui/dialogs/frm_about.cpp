@@ -1,18 +1,17 @@
 #include "ui/dialogs/frm_about.hpp"
 
 #include "common/mod_main.hpp"
-#include "common/trap.hpp"
+#include "ui/forms/connect.hpp"
 
 namespace tarnwick {
 namespace {
 
-constexpr std::string_view formName = "frmAbout";
 constexpr int productNamePoints = 20;
 
 } // namespace
 
 frmAbout::frmAbout(Desktop& desktop, const Bounds& mainWindow, std::string_view mpDocumentation)
-    : Form(formName, "About Tarnwick"),
+    : Form("frmAbout", "About Tarnwick"),
       lblLink(*this, "lblLink", mpDocumentation),
       desktop_(desktop),
       mainWindow_(mainWindow) {
@@ -23,9 +22,7 @@ frmAbout::frmAbout(Desktop& desktop, const Bounds& mainWindow, std::string_view 
     Label2.MouseMove = [this] { Label2_MouseMove(); };
     Picture1.MouseMove = [this] { Picture1_MouseMove(); };
     lblLink.MouseMove = [this] { lblLink_MouseMove(); };
-    lblLink.Click = [this] {
-        trap(desktop_, formName, "Private Sub lblLink_Click()", [this] { lblLink_Click(); });
-    };
+    Connector(desktop_, *this).click(lblLink, &frmAbout::lblLink_Click);
     cmdOK.Click = [this] { cmdOK_Click(); };
 }
 

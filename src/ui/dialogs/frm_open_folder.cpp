@@ -33,14 +33,13 @@ frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop, AskForText askForTe
 void frmOpenFolder::connectEvents() {
     const Connector connect(desktop_, *this);
     connect(Load, "Private Sub Form_Load()", &frmOpenFolder::Form_Load);
-    connect(drvPath.Change, "Private Sub drvPath_Change()", &frmOpenFolder::drvPath_Change);
-    connect(DirPath.Change, "Private Sub DirPath_Change()", &frmOpenFolder::DirPath_Change);
-    connect(txtPath.Change, "Private Sub txtPath_Change()", &frmOpenFolder::txtPath_Change);
-    connect(txtPath.LostFocus, "Private Sub txtPath_LostFocus()",
-            &frmOpenFolder::txtPath_LostFocus);
-    connect(cmdNew.Click, "Private Sub cmdNew_Click()", &frmOpenFolder::cmdNew_Click);
-    connect(cmdOK.Click, "Private Sub cmdOK_Click()", &frmOpenFolder::cmdOK_Click);
-    connect(cmdCancel.Click, "Private Sub cmdCancel_Click()", &frmOpenFolder::cmdCancel_Click);
+    connect.change(drvPath, &frmOpenFolder::drvPath_Change);
+    connect.change(DirPath, &frmOpenFolder::DirPath_Change);
+    connect.change(txtPath, &frmOpenFolder::txtPath_Change);
+    connect.lostFocus(txtPath, &frmOpenFolder::txtPath_LostFocus);
+    connect.click(cmdNew, &frmOpenFolder::cmdNew_Click);
+    connect.click(cmdOK, &frmOpenFolder::cmdOK_Click);
+    connect.click(cmdCancel, &frmOpenFolder::cmdCancel_Click);
     // Trying once more tells the user why the folder does not open.
     DirPath.Refused = [this](const std::string& path) {
         trap(desktop_, formName, "Private Sub DirPath_Change()", [&] { DirPath.setPath(path); });
@@ -147,6 +146,19 @@ void frmOpenFolder::cmdOK_Click() {
 
 void frmOpenFolder::cmdCancel_Click() {
     unload();
+}
+
+std::string pickFolder(FormPresenter& presenter, Files& files, Desktop& desktop,
+                       std::string_view title, std::string_view startFolder) {
+    frmOpenFolder form(files, desktop, askingIn(presenter));
+    form.setStartFolder(startFolder);
+    if (!title.empty()) {
+        form.setCaption(title);
+    }
+    presenter.showModal(form);
+    std::string chosen = form.result();
+    form.unload();
+    return chosen;
 }
 
 } // namespace tarnwick

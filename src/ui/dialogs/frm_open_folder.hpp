@@ -59,4 +59,9 @@ class frmOpenFolder final : public Form {
     bool bPathChanged_ = false;
 };
 
+// The folder that the user chose in a frmOpenFolder; empty when there is none. An empty title is
+// the form's own. `startFolder` may be empty or no folder at all.
+[[nodiscard]] std::string pickFolder(FormPresenter& presenter, Files& files, Desktop& desktop,
+                                     std::string_view title, std::string_view startFolder);
+
 } // namespace tarnwick

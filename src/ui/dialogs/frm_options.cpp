@@ -47,21 +47,18 @@ frmOptions::frmOptions(BatchDefinition& definition, const Files& files, Desktop&
 void frmOptions::connectEvents() {
     const Connector connect(desktop_, *this);
     connect(Load, "Private Sub Form_Load()", &frmOptions::Form_Load);
-    connect(cmdMPEXE.Click, "Private Sub cmdMPEXE_Click()", &frmOptions::cmdMPEXE_Click);
-    connect(cmdCNS.Click, "Private Sub cmdCNS_Click()", &frmOptions::cmdCNS_Click);
-    connect(cmdCmdFile.Click, "Private Sub cmdCmdFile_Click()", &frmOptions::cmdCmdFile_Click);
-    connect(chkCmdLogging.Click, "Private Sub chkCmdLogging_Click()",
-            &frmOptions::chkCmdLogging_Click);
-    connect(txtMPEXE.Change, "Private Sub txtMPEXE_Change()", &frmOptions::txtMPEXE_Change);
-    connect(txtCNS.Change, "Private Sub txtCNS_Change()", &frmOptions::txtCNS_Change);
-    connect(txtCmdFile.Change, "Private Sub txtCmdFile_Change()", &frmOptions::txtCmdFile_Change);
-    connect(txtMPEXE.LostFocus, "Private Sub txtMPEXE_LostFocus()",
-            &frmOptions::txtMPEXE_LostFocus);
-    connect(txtCNS.LostFocus, "Private Sub txtCNS_LostFocus()", &frmOptions::txtCNS_LostFocus);
-    connect(txtCmdFile.LostFocus, "Private Sub txtCmdFile_LostFocus()",
-            &frmOptions::txtCmdFile_LostFocus);
-    connect(cmdOK.Click, "Private Sub cmdOK_Click()", &frmOptions::cmdOK_Click);
-    connect(cmdCancel.Click, "Private Sub cmdCancel_Click()", &frmOptions::cmdCancel_Click);
+    connect.click(cmdMPEXE, &frmOptions::cmdMPEXE_Click);
+    connect.click(cmdCNS, &frmOptions::cmdCNS_Click);
+    connect.click(cmdCmdFile, &frmOptions::cmdCmdFile_Click);
+    connect.click(chkCmdLogging, &frmOptions::chkCmdLogging_Click);
+    connect.change(txtMPEXE, &frmOptions::txtMPEXE_Change);
+    connect.change(txtCNS, &frmOptions::txtCNS_Change);
+    connect.change(txtCmdFile, &frmOptions::txtCmdFile_Change);
+    connect.lostFocus(txtMPEXE, &frmOptions::txtMPEXE_LostFocus);
+    connect.lostFocus(txtCNS, &frmOptions::txtCNS_LostFocus);
+    connect.lostFocus(txtCmdFile, &frmOptions::txtCmdFile_LostFocus);
+    connect.click(cmdOK, &frmOptions::cmdOK_Click);
+    connect.click(cmdCancel, &frmOptions::cmdCancel_Click);
 }
 
 void frmOptions::Form_Load() {
@@ -151,8 +148,8 @@ void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     }
 }
 
-// OK accepts an empty location while its tool is switched off in the main window; whoever clicks OK
-// leaves the field first, so that must not be in the way.
+// OK accepts an empty location while its tool is switched off in the main window. A click on OK
+// leaves the field first, so leaving the field must accept it as well.
 bool frmOptions::mayBeNowhere(const TextBox& field, int process) {
     return process != checked && field.text().empty();
 }

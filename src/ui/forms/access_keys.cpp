@@ -52,7 +52,7 @@ std::string accessKeyOf(std::string_view caption) {
 
 bool opensMenu(const Form& form, char key) {
     return std::ranges::any_of(form.menu(), [&](const MenuItem* menu) {
-        return menu->enabled() && accessKeyOf(menu->caption()) == upper(key);
+        return accessKeyOf(menu->caption()) == upper(key);
     });
 }
 

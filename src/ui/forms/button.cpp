@@ -15,7 +15,7 @@ bool Button::wantsKey(int keyCode) const {
 
 void Button::userPressedKey(int keyCode) {
     if (isUsable() && wantsKey(keyCode)) {
-        raise(Escape);
+        fire(Escape);
     }
 }
 

@@ -13,7 +13,7 @@ void Captioned::setCaption(std::string_view caption) {
 
 void Clickable::userClicked() {
     if (isUsable()) {
-        raise(Click);
+        fire(Click);
     }
 }
 

@@ -6,7 +6,7 @@
 namespace tarnwick {
 
 // Colours that the user's theme decides on.
-enum class SystemColour { Window, WindowText, ButtonFace, ButtonText, GrayText };
+enum class SystemColour { Window, WindowText, ButtonFace, ButtonText };
 
 struct Rgb {
     unsigned char red = 0;
@@ -18,7 +18,7 @@ struct Rgb {
 
 using Colour = std::variant<SystemColour, Rgb>;
 
-enum class Alignment { Left, Centre, Right };
+enum class Alignment { Left, Centre };
 
 // The font whose characters below are a box with and without a tick. Where it is missing, the view
 // draws the two as the system's own check boxes.

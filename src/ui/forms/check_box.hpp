@@ -13,7 +13,7 @@ class CheckBox final : public Clickable {
     void setValue(int value);
     [[nodiscard]] bool ticked() const noexcept { return value_ == 1; }
 
-    // Turns it over, from 1 to 0, else to 1, before Click is raised.
+    // Turns it over, from 1 to 0, else to 1, before Click fires.
     void userClicked() override;
 
   private:

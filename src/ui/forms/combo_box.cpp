@@ -18,7 +18,7 @@ void ComboBox::setText(std::string_view text) {
 void ComboBox::userChangedText(std::string_view text) {
     if (isUsable()) {
         text_ = text;
-        raise(Change);
+        fire(Change);
     }
 }
 
@@ -29,7 +29,7 @@ void ComboBox::userPicked(std::size_t index) {
     }
     tellView(Property::Text); // in full, and where the focus did not come, the old one again
     if (came) {
-        raise(Click);
+        fire(Click);
     }
 }
 

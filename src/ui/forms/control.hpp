@@ -15,7 +15,7 @@ namespace tarnwick {
 class Form;
 
 // One control of a form, as data. Properties that code sets are passed on to the view, if one is
-// attached, and raise no event. Events are raised by the user..., userMoved... and userClicked...
+// attached, and fire no event. Events fire in the user..., userMoved... and userClicked...
 // functions, which say what the user did: the view calls them, and so does a test. A control that
 // is disabled or not visible takes no notice of them.
 class Control {
@@ -42,10 +42,11 @@ class Control {
 
     // Whether this kind of control can have the focus at all.
     [[nodiscard]] virtual bool isFocusable() const noexcept { return true; }
-    // Whether leaving any field for this control puts the field's check off (see Form).
+    // Whether the field that is left for this control gets its LostFocus later, or never (see
+    // Form): in that event a field is checked.
     [[nodiscard]] virtual bool isCancel() const noexcept { return false; }
-    // Leaving this control for one of these puts its check off as well: they mend what is wrong
-    // with it, or switch it off. They must outlive it.
+    // The same for leaving this control for one of these: the user can correct it by them, or
+    // switch it off. They must outlive it.
     void putOffCheckFor(std::initializer_list<const Control*> helpers) { helpers_ = helpers; }
     [[nodiscard]] bool putsOffCheckFor(const Control& to) const noexcept;
     // Whether the user can act on it now.
@@ -60,12 +61,12 @@ class Control {
     [[nodiscard]] virtual bool wantsKey(int /*keyCode*/) const { return false; }
     virtual void userPressedKey(int /*keyCode*/) {}
 
-    // When this control is switched off or hidden while it has the focus, `heir` gets it, if it can
-    // have it; without an heir the form's first control does. It must outlive this control.
-    void passFocusTo(Control& heir) noexcept { heir_ = &heir; }
-    [[nodiscard]] Control* heir() const noexcept { return heir_; }
+    // When this control is switched off or hidden while it has the focus, `successor` gets the
+    // focus if it can have it, else the form's first control. It must outlive this control.
+    void passFocusTo(Control& successor) noexcept { successor_ = &successor; }
+    [[nodiscard]] Control* successor() const noexcept { return successor_; }
 
-    // Gives it the focus; raises no event. Nothing happens when it is disabled, not visible or of
+    // Gives it the focus; fires no event. Nothing happens when it is disabled, not visible or of
     // a kind that has no focus.
     void setFocus();
 
@@ -101,7 +102,7 @@ class Control {
     std::string name_;
     std::string accessibleName_;
     std::vector<const Control*> helpers_;
-    Control* heir_ = nullptr;
+    Control* successor_ = nullptr;
     View* view_ = nullptr;
     Bounds bounds_;
     bool enabled_ = true;
@@ -110,7 +111,7 @@ class Control {
 
 // Runs the handler of an event; most events have none.
 template <typename Handler, typename... Arguments>
-void raise(const Handler& handler, Arguments&&... arguments) {
+void fire(const Handler& handler, Arguments&&... arguments) {
     if (handler) {
         handler(static_cast<Arguments&&>(arguments)...);
     }

@@ -26,7 +26,7 @@ void DriveList::setDrive(std::string_view path) {
     if (drive != drive_) {
         set(drive_, drive, Property::Text);
         if (!drive_.empty()) {
-            raise(Change);
+            fire(Change);
         }
     }
 }
@@ -37,7 +37,7 @@ void DriveList::userPicked(std::size_t index) {
         tellView(Property::Text);
     } else if (picked != drive_) {
         set(drive_, picked, Property::Text);
-        raise(Change);
+        fire(Change);
     }
 }
 

@@ -21,15 +21,15 @@ class DriveList final : public Control {
     [[nodiscard]] const std::vector<std::string>& drives() const noexcept { return drives_; }
     // As "C:"; empty where a folder of no drive was chosen, but of a share.
     [[nodiscard]] const std::string& drive() const noexcept { return drive_; }
-    // The drive of this path. Raises Change when it is another one, but not for a folder of a
+    // The drive of this path. Fires Change when it is another one, but not for a folder of a
     // share, which is on no drive. Raises 68 for a drive that is not there; all stays as it was.
     void setDrive(std::string_view path);
 
-    // The entry of that index, as the list was when the user picked it: leaving another control may
-    // make it another list on the way.
+    // The user picked the entry of that index. Another control that loses the focus by it may
+    // change the list first: the index counts in the list that the user saw.
     void userPicked(std::size_t index);
 
-    std::function<void()> Change; // whoever has changed the drive
+    std::function<void()> Change; // by the user or by code
 
   private:
     const Files& files_;

@@ -61,7 +61,7 @@ void FolderList::setPath(std::string_view path) {
     set(entries_, std::move(entries), Property::Items);
     tellView(Property::Selection);
     if (another) {
-        raise(Change);
+        fire(Change);
     }
 }
 
@@ -81,12 +81,12 @@ void FolderList::userOpened(std::size_t index) {
     if (files_.canListFolder(path)) {
         setPath(path);
     } else {
-        raise(Refused, path);
+        fire(Refused, path);
     }
 }
 
 void FolderList::userPressedKey(int keyCode) {
-    if (keyCode == Key::enter) {
+    if (wantsKey(keyCode)) {
         userOpened(selected_);
     }
 }

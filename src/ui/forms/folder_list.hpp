@@ -30,7 +30,7 @@ class FolderList final : public Control {
 
     // In full, without a final "\" unless it is a drive's root.
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
-    // Lists the folder afresh, and raises Change when the path is another one. A relative path
+    // Lists the folder afresh, and fires Change when the path is another one. A relative path
     // counts from the current folder, "C:" is that drive's root. Raises 76, 75 (may not be listed),
     // 68, 71 or 52; all stays as it was.
     void setPath(std::string_view path);
@@ -45,14 +45,13 @@ class FolderList final : public Control {
 
     // Shows already in the view; opens nothing.
     void userSelected(std::size_t index);
-    // A double click. Raises Refused when the folder cannot be listed.
+    // A double click. Fires Refused when the folder cannot be listed.
     void userOpened(std::size_t index);
-    // Enter opens the selected folder.
+    // Enter opens the selected folder, unless it is the path already.
     void userPressedKey(int keyCode) override;
-    // Enter, unless the selected folder is the path already.
     [[nodiscard]] bool wantsKey(int keyCode) const override;
 
-    std::function<void()> Change; // whoever has changed the path
+    std::function<void()> Change; // by the user or by code
     std::function<void(const std::string& path)> Refused;
 
   private:

@@ -1,6 +1,6 @@
 #include "ui/forms/form.hpp"
 
-#include "common/raised.hpp"
+#include "common/scoped_flag.hpp"
 #include "ui/forms/keys.hpp"
 
 #include <algorithm>
@@ -68,7 +68,7 @@ void Form::measured(Size window, Size screen) noexcept {
 void Form::show() {
     if (!loaded_) {
         loaded_ = true;
-        raise(Load);
+        fire(Load);
         if (!loaded_) {
             return;
         }
@@ -78,7 +78,7 @@ void Form::show() {
         focused_ = firstFocusable();
     }
     tellView(Property::Visible);
-    raise(Resize);
+    fire(Resize);
 }
 
 void Form::hide() {
@@ -92,7 +92,7 @@ void Form::hide() {
 void Form::unload() {
     if (loaded_) {
         loaded_ = false;
-        raise(Unload);
+        fire(Unload);
     }
     hide();
     focused_ = nullptr;
@@ -112,10 +112,10 @@ void Form::userMovedFocus(Control& to) {
         focused_ = &to;
         return;
     }
-    const Raised moving(movingFocus_);
+    const ScopedFlag moving(movingFocus_);
     leaveFor(to);
     if (visible_ && focused_ == &to) {
-        raise(to.GotFocus);
+        fire(to.GotFocus);
     }
 }
 
@@ -129,11 +129,11 @@ void Form::leaveFor(Control& to) {
         owed_ = due;
         return;
     }
-    // What was switched off on the way has nothing left to be checked.
+    // A field that was switched off in the meantime is not checked.
     Control* const owes = owing != nullptr && owing->isUsable() ? owing : nullptr;
     for (Control* const control : {owes, left}) {
         if (control != nullptr && control != &to && visible_ && focused_ == &to) {
-            raise(control->LostFocus);
+            fire(control->LostFocus);
         }
     }
 }
@@ -152,9 +152,10 @@ bool Form::setFocus(Control& control) noexcept {
 // A control that is switched off under the user's hands must not keep the keyboard.
 void Form::keepFocusUsable() {
     if (visible_ && focused_ != nullptr && !canHaveFocus(*focused_)) {
-        Control* const heir = focused_->heir();
+        Control* const successor = focused_->successor();
         focused_ = nullptr;
-        Control* const next = heir != nullptr && canHaveFocus(*heir) ? heir : firstFocusable();
+        Control* const next =
+            successor != nullptr && canHaveFocus(*successor) ? successor : firstFocusable();
         if (next != nullptr) {
             next->setFocus();
         }
@@ -202,7 +203,7 @@ void Form::userPressedEscape() {
 
 void Form::userPressedFunctionKey(int keyCode) {
     if (visible_) {
-        raise(FunctionKey, keyCode);
+        fire(FunctionKey, keyCode);
     }
 }
 
@@ -224,7 +225,7 @@ void Form::userClosed() {
 
 void Form::sessionIsEnding() {
     if (visible_ && loaded_) { // a form that is being unloaded has asked already
-        raise(SessionIsEnding);
+        fire(SessionIsEnding);
     }
 }
 
@@ -235,16 +236,16 @@ void Form::sessionEnded(bool ended) {
     if (ended) {
         unload();
     } else {
-        raise(SessionGoesOn);
+        fire(SessionGoesOn);
     }
 }
 
 bool Form::viewFailed(const std::exception_ptr& error) {
     const bool dealtWith = loaded_ && ViewFailed;
     if (dealtWith) {
-        raise(ViewFailed, error);
+        fire(ViewFailed, error);
     }
-    unload(); // whatever goes on in the form must not go on where nobody sees it
+    unload(); // the user could not see what goes on in it
     return dealtWith;
 }
 
@@ -255,13 +256,13 @@ void Form::userResized(Size window, WindowState state) {
     window_.height = window.height;
     windowState_ = state;
     if (visible_ && !same) {
-        raise(Resize);
+        fire(Resize);
     }
 }
 
 void Form::userMovedMouse() {
     if (visible_) {
-        raise(MouseMove);
+        fire(MouseMove);
     }
 }
 

@@ -26,14 +26,14 @@ enum class MousePointer {
 // program derives from it and has its controls as members.
 //
 // The rules of the focus, in one place for all forms:
-//  - GotFocus and LostFocus are raised by what the user does. Code that moves the focus raises
+//  - GotFocus and LostFocus fire when the user moves the focus. Code that moves it fires
 //    neither, so that a handler which sends the focus back never starts another handler.
 //  - A control has lost the focus only when another control of the same form has it: not when
 //    another window or program takes the keyboard, nor when the form closes.
 //  - A control that is left for a Cancel button, or for one of its helpers (see
-//    Control::putOffCheckFor), is not told yet: whoever cancels, or is about to mend a field, need
-//    not hear what is wrong with it. When the focus moves on from there to another control, it is,
-//    unless it was switched off in the meantime.
+//    Control::putOffCheckFor), gets no LostFocus at first: a user who cancels, or is about to
+//    correct a field, need not read what is wrong with it. It gets its LostFocus when the focus
+//    moves on from there to another control, unless it was switched off in the meantime.
 //  - While a handler of LostFocus or GotFocus runs, no other one is started.
 class Form {
   public:
@@ -58,7 +58,7 @@ class Form {
     // The window on the screen: its size counts the frame (see windowFrame).
     [[nodiscard]] const Bounds& window() const noexcept { return window_; }
     void moveTo(int left, int top);
-    // Raises no Resize: the code that asks for a size knows it.
+    // Fires no Resize: the code that asks for a size knows it.
     void resizeTo(Size window);
     void centreOnScreen();
     // The part of the window that the controls lie in.
@@ -79,9 +79,9 @@ class Form {
     [[nodiscard]] bool visible() const noexcept { return visible_; }
     // Takes the window off the screen and keeps its contents.
     void hide();
-    // Ends it: raises Unload when it was loaded, and hides it.
+    // Ends it: fires Unload when it was loaded, and hides it.
     void unload();
-    // Ends it as unload does, but raises nothing: nothing is asked and nothing is kept.
+    // Ends it as unload does, but fires nothing: nothing is asked and nothing is kept.
     void abandon();
 
     std::function<void()> Load;   // before it is shown for the first time
@@ -121,10 +121,10 @@ class Form {
     void sessionIsEnding();
     void sessionEnded(bool ended);
     void userResized(Size window, WindowState state);
-    // For presenters: the view has raised that, and the form is unloaded. True when the form has
+    // For presenters: the view has raised that error. Unloads the form; true when the form has
     // dealt with the error.
     [[nodiscard]] bool viewFailed(const std::exception_ptr& error);
-    // Where the window is now; raises nothing.
+    // Where the window is now; fires nothing.
     void userMoved(int left, int top) noexcept;
     void userMovedMouse();
 
@@ -152,7 +152,7 @@ class Form {
     std::vector<MenuItem*> menu_;
     View* view_ = nullptr;
     Control* focused_ = nullptr;
-    Control* owed_ = nullptr; // left, and not told yet
+    Control* owed_ = nullptr; // left, and its LostFocus is still to come
     bool movingFocus_ = false;
     bool loaded_ = false;
     bool visible_ = false;

@@ -1,5 +1,6 @@
 #include "ui/forms/grid.hpp"
 
+#include "common/scoped_flag.hpp"
 #include "platform/run_time_error.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/forms/keys.hpp"
@@ -85,15 +86,9 @@ void Grid::setCurrent(Place place) {
     if (place == current_) {
         return;
     }
-    if (!leaving_) { // a handler that moves on itself leaves the same cell
-        leaving_ = true;
-        try {
-            raise(LeaveCell);
-        } catch (...) {
-            leaving_ = false;
-            throw;
-        }
-        leaving_ = false;
+    if (!leaving_) { // else a handler of LeaveCell has called this
+        const ScopedFlag leaving(leaving_);
+        fire(LeaveCell);
     }
     current_ = place;
     showCurrent();
@@ -190,12 +185,12 @@ void Grid::userPressed(int x, int y) {
     if (const auto place = cellAt(x, y); place && place->row >= 1) {
         setCurrent(*place);
     }
-    raise(MouseDown, x, y);
+    fire(MouseDown, x, y);
 }
 
 void Grid::userReleased() {
     if (std::exchange(pressed_, false) && isUsable()) {
-        raise(Click);
+        fire(Click);
     }
 }
 
@@ -208,7 +203,7 @@ void Grid::userTyped(char character) {
     constexpr int rubout = 127;
     const int code = static_cast<unsigned char>(character);
     if (isUsable() && code >= Key::blank && code != rubout) {
-        raise(KeyPress, code);
+        fire(KeyPress, code);
     }
 }
 
@@ -216,7 +211,7 @@ void Grid::userPressedKey(int keyCode) {
     if (!isUsable()) {
         return;
     }
-    raise(KeyDown, keyCode);
+    fire(KeyDown, keyCode);
     if (isUsable() && form().focused() == this && rows() > 1) {
         setCurrent(placeAfter(keyCode));
     }
@@ -264,7 +259,7 @@ void Grid::userScrolled(int topRow) {
     const int before = topRow_;
     scrollTo(topRow);
     if (topRow_ != before) {
-        raise(Scroll);
+        fire(Scroll);
     }
 }
 

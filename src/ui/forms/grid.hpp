@@ -51,16 +51,15 @@ class Grid final : public Control {
 
     [[nodiscard]] int row() const noexcept { return current_.row; }
     [[nodiscard]] int column() const noexcept { return current_.column; }
-    // Whoever changes the current cell, LeaveCell is raised first, while the old one is still
-    // current; once when row and column change together.
-    void setRow(int row) { setCurrent({.row = row, .column = current_.column}); }
+    // Whether code or the user changes the current cell, LeaveCell fires first, while the old one
+    // is still current; once when row and column change together.
     void setColumn(int column) { setCurrent({.row = current_.row, .column = column}); }
     void setCurrent(Place place);
 
     // The first row of data that shows. A cell that becomes the current one is scrolled into sight;
     // the user may scroll it away again.
     [[nodiscard]] int topRow() const noexcept { return topRow_; }
-    // Scrolls it into sight; raises nothing.
+    // Scrolls it into sight; fires nothing.
     void showCurrent();
     // How many rows of data show in full; at least 1.
     [[nodiscard]] int pageRows() const noexcept;
@@ -78,15 +77,15 @@ class Grid final : public Control {
     [[nodiscard]] std::string accessibleText(int row, int column) const;
 
     // A mouse button went down at that place within the control's bounds: the focus comes, the cell
-    // of data that is there becomes the current one, and MouseDown is raised.
+    // of data that is there becomes the current one, and MouseDown fires.
     void userPressed(int x, int y);
-    // It went up again, anywhere: raises Click when the press had not been lost.
+    // It went up again, anywhere: fires Click when the press had not been lost.
     void userReleased();
     // Both.
     void userClicked(int x, int y);
-    // Raises KeyPress, but for the characters of control keys.
+    // Fires KeyPress, but for the characters of control keys.
     void userTyped(char character);
-    // Raises KeyDown; then the keys that move, move the current cell.
+    // Fires KeyDown; then the keys that move, move the current cell.
     void userPressedKey(int keyCode) override;
     void userScrolled(int topRow);
     // The mouse wheel was turned away from the user by so much: `wheelNotch` is one row up. What is

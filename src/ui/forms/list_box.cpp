@@ -14,7 +14,7 @@ namespace {
 constexpr int widthWithoutView = 8;
 
 void sortByName(std::vector<std::string>& names) {
-    if (!std::ranges::is_sorted(names, nameLess)) { // what was listed or taken out mostly is
+    if (!std::ranges::is_sorted(names, nameLess)) { // most lists come sorted
         sortNames(names);
     }
 }
@@ -25,15 +25,12 @@ bool isPlaceIn(const std::vector<std::string>& items, int index) {
 
 } // namespace
 
-ListBox::ListBox(Form& form, std::string_view name, Order order)
-    : Control(form, name), order_(order) {
+ListBox::ListBox(Form& form, std::string_view name) : Control(form, name) {
     widths_.fill(widthWithoutView);
 }
 
 void ListBox::setItems(std::vector<std::string> items) {
-    if (order_ == Order::ByName) {
-        sortByName(items);
-    }
+    sortByName(items);
     const bool same = selectedCount_ == 0 && items == items_;
     items_ = std::move(items);
     selected_.assign(items_.size(), false);
@@ -47,16 +44,14 @@ void ListBox::add(std::vector<std::string> items) {
     if (items.empty()) {
         return;
     }
-    if (order_ == Order::ByName) {
-        sortByName(items);
-    }
+    sortByName(items);
     std::vector<std::string> merged;
     std::vector<bool> selected;
     merged.reserve(items_.size() + items.size());
     selected.reserve(items_.size() + items.size());
     std::size_t old = 0;
     for (std::string& item : items) {
-        while (old < items_.size() && (order_ == Order::AsGiven || !nameLess(item, items_[old]))) {
+        while (old < items_.size() && !nameLess(item, items_[old])) {
             selected.push_back(selected_[old]);
             merged.push_back(std::move(items_[old++]));
         }
@@ -116,14 +111,6 @@ void ListBox::itemsChanged() {
     tellView(Property::Items);
 }
 
-void ListBox::setSelected(std::size_t index, bool selected) {
-    if (selected_.at(index) != selected) {
-        selected_[index] = selected;
-        selectedCount_ += selected ? 1U : std::size_t{0} - 1U;
-        tellView(Property::Selection);
-    }
-}
-
 void ListBox::clearSelection() {
     if (selectedCount_ != 0) {
         selected_.assign(items_.size(), false);
@@ -152,7 +139,7 @@ void ListBox::setHorizontalExtent(int pixels) {
 void ListBox::measured(const CharacterWidths& widths) {
     if (widths_ != widths) {
         widths_ = widths;
-        raise(Remeasured);
+        fire(Remeasured);
     }
 }
 
@@ -175,7 +162,7 @@ void ListBox::userSelected(std::span<const int> indices) {
         }
         selectedCount_ = static_cast<std::size_t>(std::ranges::count(selected_, true));
     }
-    raise(Click);
+    fire(Click);
 }
 
 std::vector<std::string> ListBox::namesAt(std::span<const int> indices) const {
@@ -203,13 +190,13 @@ void ListBox::userSelectedAll() {
         selected_.assign(items_.size(), true);
         selectedCount_ = items_.size();
         tellView(Property::Selection);
-        raise(Click);
+        fire(Click);
     }
 }
 
 void ListBox::userDoubleClicked() {
     if (userBroughtFocus()) {
-        raise(DblClick);
+        fire(DblClick);
     }
 }
 

@@ -15,23 +15,19 @@ namespace tarnwick {
 // How wide each of the 256 characters is, in pixels.
 using CharacterWidths = std::array<int, 256>;
 
-// A list of lines, of which several can be selected. It may be long: whatever changes it changes
+// A list of names, sorted (see nameLess in platform/wildcard.hpp), of which several can be
+// selected. It may be long: whatever changes it changes
 // any number of items at once, tells the view once, and costs in proportion to the items.
 class ListBox final : public Control {
   public:
-    enum class Order {
-        AsGiven,
-        ByName, // always sorted, see nameLess in platform/wildcard.hpp
-    };
-
-    ListBox(Form& form, std::string_view name, Order order = Order::AsGiven);
+    ListBox(Form& form, std::string_view name);
 
     [[nodiscard]] const std::vector<std::string>& items() const noexcept { return items_; }
     [[nodiscard]] bool empty() const noexcept { return items_.empty(); }
     // Nothing is selected afterwards.
     void setItems(std::vector<std::string> items);
-    // Takes its place by name, or comes last where the list keeps the order given. The items that
-    // were there keep their selection; the new ones are not selected.
+    // Each takes its place by name. The items that were there keep their selection; the new ones
+    // are not selected.
     void add(std::vector<std::string> items);
     // Takes the selected items, or all, out of the list, in its order.
     [[nodiscard]] std::vector<std::string> takeSelected();
@@ -41,9 +37,7 @@ class ListBox final : public Control {
     void retain(const std::vector<bool>& kept);
 
     [[nodiscard]] std::size_t selectedCount() const noexcept { return selectedCount_; }
-    [[nodiscard]] bool selected(std::size_t index) const { return selected_.at(index); }
     [[nodiscard]] const std::vector<bool>& selection() const noexcept { return selected_; }
-    void setSelected(std::size_t index, bool selected);
     void clearSelection();
 
     // The width of the widest item with `prefix` before it, in pixels, in the window's font; 0 when
@@ -53,7 +47,7 @@ class ListBox final : public Control {
     [[nodiscard]] int horizontalExtent() const noexcept { return horizontalExtent_; }
     void setHorizontalExtent(int pixels);
 
-    // For views: the window's font. Raises Remeasured when that is another one than before.
+    // For views: the window's font. Fires Remeasured when that is another one than before.
     void measured(const CharacterWidths& widths);
 
     // The user has selected exactly these items, as the view shows already, and the focus came
@@ -75,7 +69,6 @@ class ListBox final : public Control {
     [[nodiscard]] std::vector<std::string> namesAt(std::span<const int> indices) const;
     void selectNames(std::vector<std::string> names);
 
-    Order order_;
     std::vector<std::string> items_;
     std::vector<bool> selected_; // as long as items_
     std::size_t selectedCount_ = 0;

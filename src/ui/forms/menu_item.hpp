@@ -25,27 +25,21 @@ class MenuItem {
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
-    void setCaption(std::string_view caption);
     [[nodiscard]] bool isSeparator() const noexcept { return caption_ == "-"; }
-    [[nodiscard]] bool enabled() const noexcept { return enabled_; }
-    void setEnabled(bool enabled);
     // The entries of the menu below it, from top to bottom.
     [[nodiscard]] const std::vector<MenuItem*>& items() const noexcept { return items_; }
 
-    // Whether the user can choose it: it and all above it are enabled, and no menu is below it.
-    [[nodiscard]] bool isUsable() const noexcept;
-    // The user chose it. The focus stays where it is.
+    // The user chose it, which does nothing for a separator or where a menu is below it. The focus
+    // stays where it is.
     void userClicked();
 
     std::function<void()> Click;
 
   private:
     Form& form_;
-    MenuItem* parent_ = nullptr;
     std::string name_;
     std::string caption_;
     std::vector<MenuItem*> items_;
-    bool enabled_ = true;
 };
 
 } // namespace tarnwick

@@ -42,7 +42,7 @@ void TextBox::userTyped(std::string_view typed) {
     clampSelection(selStart_ + static_cast<int>(typed.size()), 0);
     tellView(Property::Text);
     tellView(Property::Selection);
-    raise(Change);
+    fire(Change);
 }
 
 void TextBox::userSelected(int start, int length) {
@@ -55,19 +55,19 @@ void TextBox::userChangedText(std::string_view text, int start, int length) {
     if (isUsable() && !readOnly_) {
         text_ = text;
         clampSelection(start, length);
-        raise(Change);
+        fire(Change);
     }
 }
 
 void TextBox::userPressedKey(int keyCode) {
     if (isUsable()) {
-        raise(KeyDown, keyCode);
+        fire(KeyDown, keyCode);
     }
 }
 
 void TextBox::userReleasedKey(int keyCode) {
     if (isUsable()) {
-        raise(KeyUp, keyCode);
+        fire(KeyUp, keyCode);
     }
 }
 

@@ -43,7 +43,7 @@ class TextBox final : public Control {
 
     // The user typed or pasted `typed` over what is selected; the caret goes behind it.
     void userTyped(std::string_view typed);
-    // The user selected this; raises nothing.
+    // The user selected this; fires nothing.
     void userSelected(int start, int length);
     // The text is `text` now, by what the user did, and the view shows it already.
     void userChangedText(std::string_view text, int start, int length);

@@ -22,7 +22,6 @@ enum class Property {
     Panels,
     Size,    // of the form's window
     Pointer, // of the mouse, over the form
-    Menu,    // an entry's caption or whether it is enabled
 };
 
 // Shows one control or form on a screen. It is told what changed and reads the new state from what

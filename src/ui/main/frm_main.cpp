@@ -1,7 +1,6 @@
 #include "ui/main/frm_main.hpp"
 
 #include "common/mod_main.hpp"
-#include "ui/main/frm_main_measures.hpp"
 #include "ui/main/output_rows.hpp"
 
 #include <utility>
@@ -13,43 +12,16 @@ namespace {
 constexpr std::string_view designPattern = "*.sid;*.tif";
 constexpr std::string_view extensionHint = "*.met;*.txt";
 
-constexpr OutputGridEditor::Procedures mpProcedures{
-    .click = "Private Sub grdFiles_Click()",
-    .mouseDown = "Private Sub grdFiles_MouseDown",
-    .keyDown = "Private Sub grdFiles_KeyDown",
-    .keyPress = "Private Sub grdFiles_KeyPress",
-    .gotFocus = "Private Sub grdFiles_GotFocus()",
-    .leaveCell = "Private Sub grdFiles_LeaveCell()",
-    .pEditGrid = "Private Sub pEditGrid",
-    .pSetCellValue = "Private Sub pSetCellValue()",
-    .editorKeyDown = "Private Sub txtEdit_KeyDown",
-    .folderClick = "Private Sub cmdEdit_Click()",
-};
-
-// Its key-down procedure goes by the name of the other grid's in reports; that is kept.
-constexpr OutputGridEditor::Procedures cnsProcedures{
-    .click = "Private Sub grdCNS_Click()",
-    .mouseDown = "Private Sub grdCNS_MouseDown",
-    .keyDown = "Private Sub grdFiles_KeyDown",
-    .keyPress = "Private Sub grdCNS_KeyPress",
-    .gotFocus = "Private Sub grdCNS_GotFocus()",
-    .leaveCell = "Private Sub grdCNS_LeaveCell()",
-    .pEditGrid = "Private Sub pEditGridCNS",
-    .pSetCellValue = "Private Sub pSetCellValueCNS()",
-    .editorKeyDown = "Private Sub txtEditCNS_KeyDown",
-    .folderClick = "Private Sub cmdEditCNS_Click()",
-};
-
 } // namespace
 
 frmMain::frmMain(MainServices services)
     : Form("frmMain", applicationTitle),
       services_(std::move(services)),
       filAvailable_(services_.files, designPattern),
-      cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, cnsProcedures,
+      cnsOutputs_({.grid = grdCNS, .txtEdit = txtEditCNS, .cmdEdit = cmdEditCNS}, "CNS",
                   services_.desktop, outputWindow()),
-      mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, mpProcedures,
-                 services_.desktop, outputWindow()),
+      mpOutputs_({.grid = grdFiles, .txtEdit = txtEdit, .cmdEdit = cmdEdit}, "", services_.desktop,
+                 outputWindow()),
       batchExport_({.files = services_.files,
                     .desktop = services_.desktop,
                     .interpreter = services_.interpreter,
@@ -60,9 +32,9 @@ frmMain::frmMain(MainServices services)
     cmdCancel.setAnswersEscape(false);
     tarnwick::LoadDefaultGridSettings(definition_);
     showDefinition(definition_);
-    sayNames();
-    sayHeirs();
-    sayHelpers();
+    setAccessibleNames();
+    setFocusSuccessors();
+    setFieldHelpers();
     connectCommands();
     connectFields();
     connectSelection();
@@ -72,12 +44,7 @@ frmMain::frmMain(MainServices services)
     EnableMove();
 }
 
-const BatchDefinition& frmMain::definition() {
-    takeFromControls();
-    return definition_;
-}
-
-void frmMain::takeFromControls() {
+BatchDefinition& frmMain::current() {
     definition_.iProcessMP = chkMP.value();
     definition_.iProcessCNS = chkCNS.value();
     definition_.sInputFolder = txtInput.text();
@@ -90,16 +57,19 @@ void frmMain::takeFromControls() {
     definition_.sConfigFile = txtCFG.text();
     takeOutputs(grdFiles, definition_.MPOutputs);
     takeOutputs(grdCNS, definition_.CNSOutputs);
+    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
+    definition_.sLanguage = cboLanguage.text();
+    return definition_;
 }
 
 void frmMain::showDefinition(const BatchDefinition& definition) {
     definition_ = definition;
-    showRecord();
+    fillControls();
     enableAll();
     EnableOK();
 }
 
-void frmMain::commonSteps() {
+void frmMain::clearStatusAndCommit() {
     StatusBar1.setPanelText(1, "");
     commitEdits();
 }
@@ -109,7 +79,7 @@ std::string frmMain::pickFolder(std::string_view title, std::string_view startFo
 }
 
 OutputGridEditor::Window frmMain::outputWindow() {
-    return {.commonSteps = [this] { commonSteps(); },
+    return {.clearStatusAndCommit = [this] { clearStatusAndCommit(); },
             .settingsChanged = [this] { markChanged(); },
             .EnableOK = [this] { EnableOK(); },
             .pickFolder =

@@ -26,14 +26,14 @@
 
 namespace tarnwick {
 
-// The main window. It owns the one batch definition of the program: the settings that have a
-// control here are held by that control, the others by a record of their own.
+// The main window. It owns the one batch definition of the program: a setting that has a control
+// here is held by that control alone, any other by a member.
 class frmMain final : public Form, private RunWindow {
   public:
     explicit frmMain(MainServices services);
 
     // The definition as the window shows it now, without a cell that is still being edited.
-    [[nodiscard]] const BatchDefinition& definition();
+    [[nodiscard]] const BatchDefinition& definition() { return current(); }
     // Makes it the program's definition and shows it. Lists no folder, reads no file and marks
     // nothing as changed.
     void showDefinition(const BatchDefinition& definition);
@@ -112,13 +112,13 @@ class frmMain final : public Form, private RunWindow {
     Label lblInExt{*this, "lblInExt", "Input file &extension(s):"};
     TextBox txtInExt{*this, "txtInExt"};
     Label lblAvailable{*this, "lblAvailable", "&Available files:"};
-    ListBox lstAvailable{*this, "lstAvailable", ListBox::Order::ByName};
+    ListBox lstAvailable{*this, "lstAvailable"};
     std::array<Button, 4> cmdSelectFiles{{{*this, "cmdSelectFiles1", ">"},
                                           {*this, "cmdSelectFiles2", ">>"},
                                           {*this, "cmdSelectFiles3", "<"},
                                           {*this, "cmdSelectFiles4", "<<"}}};
     Label lblSelected{*this, "lblSelected", "&Selected files:"};
-    ListBox lstSelected{*this, "lstSelected", ListBox::Order::ByName};
+    ListBox lstSelected{*this, "lstSelected"};
 
     Button cmdCreateBatFile{*this, "cmdCreateBatFile", "Create &Batch File..."};
     Button cmdOK{*this, "cmdOK", "Execute"};
@@ -128,6 +128,8 @@ class frmMain final : public Form, private RunWindow {
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
   private:
+    static constexpr Size mainWindow{.width = 12735, .height = 8460}; // never another
+
     // Start-up, the end, and the commands of the menus.
     void Form_Load();
     void Form_Unload();
@@ -181,8 +183,8 @@ class frmMain final : public Form, private RunWindow {
     void MyDefaultSettings();
     void LoadDefaultGridSettings();
     void GetCFGValues();
-    void takeFromControls();
-    void showRecord();
+    [[nodiscard]] BatchDefinition& current();
+    void fillControls();
     void showOutputRows();
     void showWhatWasRead();
     void markChanged() noexcept;
@@ -256,16 +258,17 @@ class frmMain final : public Form, private RunWindow {
     void connectFields();
     void connectSelection();
     void connectGotFocus();
-    void sayNames();
-    void sayHeirs();
-    void sayHelpers();
-    void commonSteps();
+    void setAccessibleNames();
+    void setFocusSuccessors();
+    void setFieldHelpers();
+    void clearStatusAndCommit();
     [[nodiscard]] std::string pickFolder(std::string_view title, std::string_view startFolder);
     [[nodiscard]] OutputGridEditor::Window outputWindow();
 
     MainServices services_;
     FileList filAvailable_;
-    // Its fields that a control holds are as old as the last look at that control.
+    // Holds the settings that have no control here. Of the others it is a copy, which current()
+    // takes from the controls: use that wherever such a setting is read.
     BatchDefinition definition_;
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;

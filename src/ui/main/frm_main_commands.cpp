@@ -28,7 +28,7 @@ FileDialog iniDialog(FileDialog::Kind kind, std::string_view title) {
             .initialFolder = {}};
 }
 
-// At the present INI file, else in the program's folder.
+// The dialog starts at the present INI file, else in the program's folder.
 FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definition) {
     if (trim(definition.sINIFile).empty()) {
         dialog.initialFolder = definition.sAppFolder;
@@ -40,10 +40,10 @@ FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definitio
 
 } // namespace
 
-// Where the user wanted the changes saved and they are not, the command would lose them and is not
-// gone on with.
+// Changes::NotSaved: the user wanted the changes saved, and that failed. The caller must stop, or
+// they would be lost.
 frmMain::Changes frmMain::beginFileCommand() {
-    commonSteps();
+    clearStatusAndCommit();
     const Changes changes = offerToSave();
     if (changes != Changes::NotSaved) {
         definition_.bSettingsChanged = false;
@@ -70,7 +70,7 @@ frmMain::Changes frmMain::offerToSave() {
     return saved ? Changes::Saved : Changes::NotSaved;
 }
 
-// A store that cannot be written must not keep the work from its file.
+// The error is trapped here: where the store cannot be written, the file still must be.
 void frmMain::storeNow(std::string_view sINIFile, std::string_view procedure) {
     definition_.sINIFile = sINIFile;
     trap(services_.desktop, name(), procedure,
@@ -90,7 +90,7 @@ BatchDefinition frmMain::newDefinition(std::string_view sINIFile) {
     fresh.sINIFile = sINIFile;
     if (const std::string_view folder = trim(txtInput.text());
         (bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, folder)) {
-        fresh.sInputFolder = folder; // as leaving the field would have it
+        fresh.sInputFolder = folder; // as leaving the field would do
     }
     return fresh;
 }
@@ -121,7 +121,8 @@ void frmMain::mnuNewINI_Click() {
     chkMP.setValue(checked);
     chkMP.Click();
     if ((bInputChanged_ || bInExtChanged_) && FolderExists(services_.files, fresh.sInputFolder)) {
-        // A menu command leaves no field: what was typed is listed now, as the new file names it.
+        // The field has not been left, which would have listed the folder: it is listed now, for
+        // the new file names it.
         txtInput.setText(fresh.sInputFolder);
         thenEnableOK([this] { listInputFolder(); });
     }
@@ -142,17 +143,17 @@ void frmMain::mnuOpenINI_Click() {
     BatchDefinition before = definition();
     definition_.sINIFile = *chosen;
     if (!ReadINIFile()) {
-        // Under either name the next Save would write over a file what does not belong there.
+        // Half a definition must not stay in the window: the next Save would write it over a file.
         before.bSettingsChanged = changes == Changes::Declined; // they are still there
         showDefinition(before);
     }
     nameINIFile();
 }
 
-// A definition that could not be read when the program began is not replaced without a word: the
-// user says where to save.
+// An INI file that could not be read when the program began is not overwritten: the user says where
+// to save.
 void frmMain::mnuSaveINI_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     if (bINIFileUnread_) {
         saveAs();
         return;
@@ -163,11 +164,11 @@ void frmMain::mnuSaveINI_Click() {
 }
 
 void frmMain::mnuSaveAsINI_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     saveAs();
 }
 
-// Another file has the name of the definition only when it holds it.
+// The definition keeps its old file name until the new file is written.
 frmMain::SavedAs frmMain::saveAs() {
     const auto chosen = services_.desktop.chooseFile(
         startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));
@@ -190,9 +191,8 @@ void frmMain::mnuExit_Click() {
 }
 
 void frmMain::mnuOptions_Click() {
-    commonSteps();
-    takeFromControls();
-    raise(services_.showOptions, definition_);
+    clearStatusAndCommit();
+    fire(services_.showOptions, current());
     bAskedAtSessionEnd_ = false; // it may have changed something
 }
 
@@ -214,18 +214,16 @@ void frmMain::mnuHelpMP_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    commonSteps();
-    raise(services_.showAbout);
+    clearStatusAndCommit();
+    fire(services_.showAbout);
 }
 
 void frmMain::cboLanguage_Change() {
-    definition_.sLanguage = cboLanguage.text();
     markChanged();
     EnableOK();
 }
 
 void frmMain::cboLanguage_Click() {
-    definition_.sLanguage = cboLanguage.text();
     markChanged();
 }
 

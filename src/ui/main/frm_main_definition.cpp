@@ -10,10 +10,11 @@
 
 namespace tarnwick {
 
-void frmMain::showRecord() {
+void frmMain::fillControls() {
     chkMP.setValue(definition_.iProcessMP);
     chkCNS.setValue(definition_.iProcessCNS);
-    // A text that stays as it was typed has still to be looked at when its field is left.
+    // Where the definition has the very text that the user typed, leaving the field must still list
+    // the folder.
     bInputChanged_ = bInputChanged_ && txtInput.text() == definition_.sInputFolder;
     bInExtChanged_ = bInExtChanged_ && txtInExt.text() == definition_.sInputExtensions;
     txtInput.setText(definition_.sInputFolder);
@@ -42,8 +43,7 @@ void frmMain::showOutputRows() {
 
 void frmMain::MyDefaultSettings() {
     trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
-        takeFromControls();
-        tarnwick::MyDefaultSettings(definition_);
+        tarnwick::MyDefaultSettings(current());
         chkfixdoc.setValue(definition_.iFixDoc);
         cboLanguage.setText(definition_.sLanguage);
         chkCFG.setValue(definition_.bUseConfigFile);
@@ -61,18 +61,17 @@ void frmMain::LoadDefaultGridSettings() {
     });
 }
 
-// Whether it was read. Where it was not, the definition holds how far the reader got, and the
-// window shows that or what it showed before.
+// Whether it was read. If not, the definition holds what was read before the error, and the window
+// shows either that or what it showed before: the caller must show a whole definition.
 bool frmMain::ReadINIFile() {
-    takeFromControls();
-    const bool completed = tarnwick::ReadINIFile(definition_, services_.files, services_.desktop,
+    const bool completed = tarnwick::ReadINIFile(current(), services_.files, services_.desktop,
                                                  [this] { showWhatWasRead(); });
     bINIFileUnread_ = bINIFileUnread_ && !completed;
     return completed;
 }
 
 void frmMain::showWhatWasRead() {
-    showRecord();
+    fillControls();
     if (FolderExists(services_.files, txtInput.text())) {
         listInputFolder();
     }
@@ -88,13 +87,12 @@ bool frmMain::SaveINIFile() {
         bFieldEdited_ = false;
         markChanged(); // and stays so where the file cannot be written
     }
-    takeFromControls();
-    const bool saved = tarnwick::SaveINIFile(definition_, services_.files, services_.desktop);
+    const bool saved = tarnwick::SaveINIFile(current(), services_.files, services_.desktop);
     bINIFileUnread_ = bINIFileUnread_ && !saved;
     return saved;
 }
 
-// What was answered at the end of the session held for what there was then.
+// After a new change the answer that was given when the session was about to end no longer counts.
 void frmMain::markChanged() noexcept {
     definition_.bSettingsChanged = true;
     bAskedAtSessionEnd_ = false;
@@ -105,7 +103,7 @@ void frmMain::markFieldEdited() noexcept {
     bAskedAtSessionEnd_ = false;
 }
 
-// Asked as the tools will be given it.
+// A relative path counts from the program's folder, as it does for the tools.
 bool frmMain::fileExists(std::string_view path) const {
     return FileExists(services_.files, resolvedFile(definition_.sAppFolder, path));
 }
@@ -115,8 +113,7 @@ bool frmMain::outputFolderExists(std::string_view folder) const {
 }
 
 void frmMain::GetCFGValues() {
-    takeFromControls();
-    tarnwick::GetCFGValues(definition_, services_.files, services_.desktop, [this] {
+    tarnwick::GetCFGValues(current(), services_.files, services_.desktop, [this] {
         if (definition_.bCfgNamesOutput) {
             showOutputRows();
         }

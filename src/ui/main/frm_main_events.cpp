@@ -1,6 +1,5 @@
 // Which procedure of the main window answers which event, and what a screen reader says.
 
-#include "common/trap.hpp"
 #include "ui/forms/connect.hpp"
 #include "ui/main/frm_main.hpp"
 #include "ui/main/output_rows.hpp"
@@ -15,71 +14,66 @@ void frmMain::connectCommands() {
     const Connector connect(services_.desktop, *this);
     connect(Load, "Private Sub Form_Load()", &frmMain::Form_Load);
     connect(Unload, "Private Sub Form_Unload(Cancel As Integer)", &frmMain::Form_Unload);
-    // Both are parts of it: what they ask, it asks no more.
+    // Both do a part of what Form_Unload does, and report under its name.
     connect(SessionIsEnding, "Private Sub Form_Unload(Cancel As Integer)",
             &frmMain::Form_SessionIsEnding);
     connect(SessionGoesOn, "Private Sub Form_Unload(Cancel As Integer)",
             &frmMain::Form_SessionGoesOn);
     ViewFailed = [this](const std::exception_ptr& error) { Form_ViewFailed(error); };
     connect(Resize, "Private Sub Form_Resize()", &frmMain::Form_Resize);
-    connect(mnuNewINI.Click, "Private Sub mnuNewINI_Click()", &frmMain::mnuNewINI_Click);
-    connect(mnuOpenINI.Click, "Private Sub mnuOpenINI_Click()", &frmMain::mnuOpenINI_Click);
-    connect(mnuSaveINI.Click, "Private Sub mnuSaveINI_Click()", &frmMain::mnuSaveINI_Click);
-    connect(mnuSaveAsINI.Click, "Private Sub mnuSaveAsINI_Click()", &frmMain::mnuSaveAsINI_Click);
-    connect(mnuExit.Click, "Private Sub mnuExit_Click()", &frmMain::mnuExit_Click);
-    connect(mnuOptions.Click, "Private Sub mnuOptions_Click()", &frmMain::mnuOptions_Click);
-    connect(mnuHelpTarnwick.Click, "Private Sub mnuHelpTarnwick_Click()",
-            &frmMain::mnuHelpTarnwick_Click);
-    connect(mnuHelpCNS.Click, "Private Sub mnuHelpCNS_Click()", &frmMain::mnuHelpCNS_Click);
-    connect(mnuHelpMP.Click, "Private Sub mnuHelpMP_Click()", &frmMain::mnuHelpMP_Click);
-    connect(mnuAbout.Click, "Private Sub mnuAbout_Click()", &frmMain::mnuAbout_Click);
-    connect(cboLanguage.Change, "Private Sub cboLanguage_Change()", &frmMain::cboLanguage_Change);
-    connect(cboLanguage.Click, "Private Sub cboLanguage_Click()", &frmMain::cboLanguage_Click);
-    connect(cmdOK.Click, "Private Sub cmdOK_Click()", &frmMain::cmdOK_Click);
-    connect(cmdCreateBatFile.Click, "Private Sub cmdCreateBatFile_Click()",
-            &frmMain::cmdCreateBatFile_Click);
-    connect(cmdCancel.Click, "Private Sub cmdCancel_Click()", &frmMain::cmdCancel_Click);
+    connect.click(mnuNewINI, &frmMain::mnuNewINI_Click);
+    connect.click(mnuOpenINI, &frmMain::mnuOpenINI_Click);
+    connect.click(mnuSaveINI, &frmMain::mnuSaveINI_Click);
+    connect.click(mnuSaveAsINI, &frmMain::mnuSaveAsINI_Click);
+    connect.click(mnuExit, &frmMain::mnuExit_Click);
+    connect.click(mnuOptions, &frmMain::mnuOptions_Click);
+    connect.click(mnuHelpTarnwick, &frmMain::mnuHelpTarnwick_Click);
+    connect.click(mnuHelpCNS, &frmMain::mnuHelpCNS_Click);
+    connect.click(mnuHelpMP, &frmMain::mnuHelpMP_Click);
+    connect.click(mnuAbout, &frmMain::mnuAbout_Click);
+    connect.change(cboLanguage, &frmMain::cboLanguage_Change);
+    connect.click(cboLanguage, &frmMain::cboLanguage_Click);
+    connect.click(cmdOK, &frmMain::cmdOK_Click);
+    connect.click(cmdCreateBatFile, &frmMain::cmdCreateBatFile_Click);
+    connect.click(cmdCancel, &frmMain::cmdCancel_Click);
 }
 
 void frmMain::connectFields() {
     const Connector connect(services_.desktop, *this);
-    connect(chkCNS.Click, "Private Sub chkCNS_Click()", &frmMain::chkCNS_Click);
-    connect(chkMP.Click, "Private Sub chkMP_Click()", &frmMain::chkMP_Click);
-    connect(chkAliases.Click, "Private Sub chkAliases_Click()", &frmMain::chkAliases_Click);
-    connect(chkCFG.Click, "Private Sub chkCFG_Click()", &frmMain::chkCFG_Click);
-    connect(chkfixdoc.Click, "Private Sub chkfixdoc_Click()", &frmMain::chkfixdoc_Click);
-    connect(cmdAliases.Click, "Private Sub cmdAliases_Click()", &frmMain::cmdAliases_Click);
-    connect(cmdCNS.Click, "Private Sub cmdCNS_Click()", &frmMain::cmdCNS_Click);
+    connect.click(chkCNS, &frmMain::chkCNS_Click);
+    connect.click(chkMP, &frmMain::chkMP_Click);
+    connect.click(chkAliases, &frmMain::chkAliases_Click);
+    connect.click(chkCFG, &frmMain::chkCFG_Click);
+    connect.click(chkfixdoc, &frmMain::chkfixdoc_Click);
+    connect.click(cmdAliases, &frmMain::cmdAliases_Click);
+    connect.click(cmdCNS, &frmMain::cmdCNS_Click);
     // These two go by older names in reports, which is kept.
     connect(cmdCFG.Click, "Private Sub cmdMPEXE_Click()", &frmMain::cmdCFG_Click);
     connect(cmdOutputFolder.Click, "Private Sub cmdEditFolder_Click()",
             &frmMain::cmdOutputFolder_Click);
-    connect(txtCNS.Change, "Private Sub txtCNS_Change()", &frmMain::txtCNS_Change);
-    connect(txtAliases.Change, "Private Sub txtAliases_Change()", &frmMain::txtAliases_Change);
-    connect(txtCFG.Change, "Private Sub txtCFG_Change()", &frmMain::txtCFG_Change);
-    connect(txtCNS.LostFocus, "Private Sub txtCNS_LostFocus()", &frmMain::txtCNS_LostFocus);
-    connect(txtAliases.LostFocus, "Private Sub txtAliases_LostFocus()",
-            &frmMain::txtAliases_LostFocus);
-    connect(txtCFG.LostFocus, "Private Sub txtCFG_LostFocus()", &frmMain::txtCFG_LostFocus);
-    connect(txtCNSExt.Change, "Private Sub txtCNSExt_Change()", &frmMain::txtCNSExt_Change);
+    connect.change(txtCNS, &frmMain::txtCNS_Change);
+    connect.change(txtAliases, &frmMain::txtAliases_Change);
+    connect.change(txtCFG, &frmMain::txtCFG_Change);
+    connect.lostFocus(txtCNS, &frmMain::txtCNS_LostFocus);
+    connect.lostFocus(txtAliases, &frmMain::txtAliases_LostFocus);
+    connect.lostFocus(txtCFG, &frmMain::txtCFG_LostFocus);
+    connect.change(txtCNSExt, &frmMain::txtCNSExt_Change);
     connect(txtCNSExt.KeyUp, "Private Sub txtCNSExt_KeyUp", &frmMain::txtCNSExt_KeyUp);
 }
 
 void frmMain::connectSelection() {
     const Connector connect(services_.desktop, *this);
-    connect(txtInput.Change, "Private Sub txtInput_Change()", &frmMain::txtInput_Change);
-    connect(txtInExt.Change, "Private Sub txtInExt_Change()", &frmMain::txtInExt_Change);
-    connect(txtInput.LostFocus, "Private Sub txtInput_LostFocus()", &frmMain::txtInput_LostFocus);
-    connect(txtInExt.LostFocus, "Private Sub txtInExt_LostFocus()", &frmMain::txtInExt_LostFocus);
-    connect(cmdInput.Click, "Private Sub cmdInput_Click()", &frmMain::cmdInput_Click);
+    connect.change(txtInput, &frmMain::txtInput_Change);
+    connect.change(txtInExt, &frmMain::txtInExt_Change);
+    connect.lostFocus(txtInput, &frmMain::txtInput_LostFocus);
+    connect.lostFocus(txtInExt, &frmMain::txtInExt_LostFocus);
+    connect.click(cmdInput, &frmMain::cmdInput_Click);
     connect(FunctionKey, "Private Sub Form_KeyDown(KeyCode As Integer, Shift As Integer)",
             &frmMain::Form_FunctionKey);
-    connect(lstAvailable.Click, "Private Sub lstAvailable_Click()", &frmMain::lstAvailable_Click);
-    connect(lstAvailable.DblClick, "Private Sub lstAvailable_DblClick()",
-            &frmMain::lstAvailable_DblClick);
-    connect(lstSelected.Click, "Private Sub lstSelected_Click()", &frmMain::lstSelected_Click);
-    connect(lstSelected.DblClick, "Private Sub lstSelected_DblClick()",
-            &frmMain::lstSelected_DblClick);
+    connect.click(lstAvailable, &frmMain::lstAvailable_Click);
+    connect.doubleClick(lstAvailable, &frmMain::lstAvailable_DblClick);
+    connect.click(lstSelected, &frmMain::lstSelected_Click);
+    connect.doubleClick(lstSelected, &frmMain::lstSelected_DblClick);
     for (std::size_t i = 0; i < cmdSelectFiles.size(); ++i) {
         cmdSelectFiles.at(i).Click = [this, i] { cmdSelectFiles_Click(static_cast<int>(i) + 1); };
     }
@@ -94,22 +88,18 @@ void frmMain::connectGotFocus() {
              &chkAliases,      &txtAliases, &cmdAliases,       &chkMP,  &chkfixdoc,
              &cmdOutputFolder, &chkCFG,     &txtCFG,           &cmdCFG, &txtInput,
              &cmdInput,        &txtInExt,   &cmdCreateBatFile, &cmdOK,  &cmdCancel}) {
-        control->GotFocus = [this, procedure = "Private Sub " + control->name() + "_GotFocus()"] {
-            trap(services_.desktop, name(), procedure, [this] { commonSteps(); });
-        };
+        connect.gotFocus(*control, &frmMain::clearStatusAndCommit);
     }
     for (Button& button : cmdSelectFiles) {
         connect(button.GotFocus, "Private Sub cmdSelectFiles_GotFocus(Index As Integer)",
-                &frmMain::commonSteps);
+                &frmMain::clearStatusAndCommit);
     }
-    connect(lstAvailable.GotFocus, "Private Sub lstAvailable_GotFocus()",
-            &frmMain::lstAvailable_GotFocus);
-    connect(lstSelected.GotFocus, "Private Sub lstSelected_GotFocus()",
-            &frmMain::lstSelected_GotFocus);
+    connect.gotFocus(lstAvailable, &frmMain::lstAvailable_GotFocus);
+    connect.gotFocus(lstSelected, &frmMain::lstSelected_GotFocus);
 }
 
 // For controls that no label of their own names, or whose caption says too little by itself.
-void frmMain::sayNames() {
+void frmMain::setAccessibleNames() {
     cboLanguage.setAccessibleName("Language");
     cmdCNS.setAccessibleName("Browse for the CNS output folder");
     txtAliases.setAccessibleName("Aliases file");
@@ -133,8 +123,8 @@ void frmMain::sayNames() {
     ProgressBar1.setAccessibleName("Progress");
 }
 
-// Who has the focus after a control that had it was switched off.
-void frmMain::sayHeirs() {
+// Where the focus goes when the control that has it is switched off.
+void frmMain::setFocusSuccessors() {
     for (Control* const control : std::initializer_list<Control*>{
              &txtCNS, &cmdCNS, &txtCNSExt, &chkAliases, &txtAliases, &cmdAliases, &grdCNS}) {
         control->passFocusTo(chkCNS);
@@ -153,8 +143,8 @@ void frmMain::sayHeirs() {
     cmdOK.passFocusTo(cmdCancel);
 }
 
-// What a user turns to who has typed something wrong into a field.
-void frmMain::sayHelpers() {
+// The controls by which the user corrects a field, or switches it off.
+void frmMain::setFieldHelpers() {
     txtCNS.putOffCheckFor({&cmdCNS, &chkCNS});
     txtAliases.putOffCheckFor({&cmdAliases, &chkAliases, &chkCNS});
     txtCFG.putOffCheckFor({&cmdCFG, &chkCFG});

@@ -29,7 +29,7 @@ void enable(std::initializer_list<Control*> controls, bool enabled) {
 } // namespace
 
 void frmMain::chkCNS_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enableCNS();
     EnableOK();
@@ -37,7 +37,7 @@ void frmMain::chkCNS_Click() {
 
 // On purpose, this one does not mark the settings as changed.
 void frmMain::chkMP_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     enableMP();
     EnableOK();
 }
@@ -76,14 +76,14 @@ void frmMain::enableAll() {
 }
 
 void frmMain::chkAliases_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enable({&txtAliases, &cmdAliases}, chkAliases.ticked());
     EnableOK();
 }
 
 void frmMain::chkCFG_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     markChanged();
     enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
     if (!chkCFG.ticked()) {
@@ -96,14 +96,13 @@ void frmMain::chkCFG_Click() {
     EnableOK();
 }
 
-// The one check box without the common steps.
+// The one check box that neither clears the status nor commits an edit.
 void frmMain::chkfixdoc_Click() {
-    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
     markChanged();
 }
 
 void frmMain::cmdAliases_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const auto chosen = browse(txtAliases, "Open Aliases File", textFiles);
     if (!chosen) {
         return;
@@ -113,7 +112,7 @@ void frmMain::cmdAliases_Click() {
 }
 
 void frmMain::cmdCFG_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const auto chosen = browse(txtCFG, "Open Configuration File", configFiles);
     if (!chosen) {
         return;
@@ -136,7 +135,7 @@ std::optional<std::string> frmMain::browse(const TextBox& field, std::string_vie
                                          .hideReadOnly = true});
 }
 
-// Whether it is a name, which is then in the field.
+// Puts the chosen name into the field; false when none was chosen.
 bool frmMain::take(TextBox& field, std::string_view chosen) {
     if (chosen.empty()) {
         return false;
@@ -147,7 +146,7 @@ bool frmMain::take(TextBox& field, std::string_view chosen) {
 }
 
 void frmMain::cmdCNS_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const std::string folder = pickFolder(openFolder, txtInput.text());
     if (!folder.empty()) {
         txtCNS.setText(folder);
@@ -157,7 +156,7 @@ void frmMain::cmdCNS_Click() {
 }
 
 void frmMain::cmdOutputFolder_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     const std::string folder = pickFolder(openFolder, txtInput.text());
     if (!folder.empty()) {
         for (int row = 1; row < grdFiles.rows(); ++row) {
@@ -170,7 +169,7 @@ void frmMain::cmdOutputFolder_Click() {
 
 void frmMain::cmdInput_Click() {
     thenEnableOK([this] {
-        commonSteps();
+        clearStatusAndCommit();
         const std::string folder = pickFolder(openFolder, txtInput.text());
         if (!folder.empty()) {
             txtInput.setText(folder);
@@ -180,7 +179,7 @@ void frmMain::cmdInput_Click() {
 }
 
 void frmMain::txtCNS_Change() {
-    commonSteps();
+    clearStatusAndCommit();
     markFieldEdited();
 }
 
@@ -197,7 +196,8 @@ void frmMain::textEdited() {
     markFieldEdited();
 }
 
-// The field is being left: true when there is nothing in it to check. Emptying it is a change, too.
+// For a field that is being left: trims it, and is true when it is blank, so that there is nothing
+// to check. Emptying it is a change, too.
 bool frmMain::leaveBlank(TextBox& field) {
     const bool edited = std::exchange(bFieldEdited_, false);
     const std::string text(trim(field.text()));
@@ -254,16 +254,16 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 }
 
 void frmMain::refuse(TextBox& field, std::string_view message) {
-    markFieldEdited(); // what was typed is still there to be lost
+    markFieldEdited(); // closing must still offer to save what was typed
     sendBack(services_.desktop, field, message);
 }
 
-// Nothing is checked when this field is left, so that here is the place to tell the change.
+// Nothing is checked when this field is left, so the change is marked here.
 void frmMain::txtCNSExt_Change() {
     markChanged();
 }
 
-// The key is told by its code, whatever it types: the digit goes as well.
+// The event names the key, not the character: typing the digit 8 takes that away as well.
 void frmMain::txtCNSExt_KeyUp(int keyCode) {
     if (keyCode != Key::eight) {
         return;

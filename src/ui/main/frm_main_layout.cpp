@@ -5,7 +5,6 @@
 #include "definition/output_types.hpp"
 #include "ui/forms/form.hpp"
 #include "ui/main/frm_main.hpp"
-#include "ui/main/frm_main_measures.hpp"
 #include "ui/main/output_rows.hpp"
 
 #include <algorithm>

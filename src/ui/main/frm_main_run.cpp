@@ -16,12 +16,13 @@ constexpr std::string_view batchFiles = "Batch File (*.bat)|*.bat|All Files (*.*
 
 } // namespace
 
-// A run waits for a marker that another one inside it would take away: a second one does not start.
+// Only one run at a time: both would wait for the same marker file, and the one that sees it first
+// deletes it. Nor while a folder is being listed: the selected files may be another folder's.
 void frmMain::cmdOK_Click() {
     if (run_ || listing_) {
         return;
     }
-    commonSteps();
+    clearStatusAndCommit();
     RunWindow& window = *this;
     run_.emplace(RunServices{.files = services_.files,
                              .desktop = services_.desktop,
@@ -38,7 +39,7 @@ void frmMain::cmdCreateBatFile_Click() {
     if (listing_) {
         return;
     }
-    commonSteps();
+    clearStatusAndCommit();
     if (!validate()) {
         return;
     }
@@ -64,14 +65,13 @@ void frmMain::cmdCancel_Click() {
     }
 }
 
-// The checks of both ways to use the batch.
+// What is checked before the batch is run, or written into a file.
 bool frmMain::validate() {
-    takeFromControls();
     const auto fault = validateBatch(
-        definition_,
+        current(),
         {.files = services_.files,
          .desktop = services_.desktop,
-         .showOptions = [this] { raise(services_.showOptions, definition_); },
+         .showOptions = [this] { fire(services_.showOptions, definition_); },
          .editOutputFolder = [this](Tool grid, std::size_t row) { editOutputFolder(grid, row); }});
     if (fault == BatchFault::Kind::ConfigurationFile) {
         txtCFG.selectAll();

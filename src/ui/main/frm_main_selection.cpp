@@ -4,7 +4,7 @@
 #include "common/keep_only.hpp"
 #include "common/left_out_report.hpp"
 #include "common/mod_main.hpp"
-#include "common/raised.hpp"
+#include "common/scoped_flag.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
 #include "processing/listing_match.hpp"
@@ -22,7 +22,7 @@ constexpr std::string_view beforeEntry = "  ";
 } // namespace
 
 void frmMain::txtInput_Change() {
-    commonSteps();
+    clearStatusAndCommit();
     bInputChanged_ = true;
     markFieldEdited();
 }
@@ -32,7 +32,7 @@ void frmMain::txtInExt_Change() {
     markFieldEdited();
 }
 
-// What fails on the way must not leave Execute as it was for another folder.
+// Also after an error: else Execute would stay enabled for the folder before.
 void frmMain::thenEnableOK(const std::function<void()>& body) {
     try {
         body();
@@ -45,7 +45,7 @@ void frmMain::thenEnableOK(const std::function<void()>& body) {
 
 void frmMain::txtInput_LostFocus() {
     thenEnableOK([this] {
-        commonSteps();
+        clearStatusAndCommit();
         if (bInputChanged_ && !leaveBlank(txtInput)) {
             if (FolderExists(services_.files, txtInput.text())) {
                 relist();
@@ -58,7 +58,7 @@ void frmMain::txtInput_LostFocus() {
 
 void frmMain::txtInExt_LostFocus() {
     thenEnableOK([this] {
-        commonSteps();
+        clearStatusAndCommit();
         const bool edited = std::exchange(bFieldEdited_, false);
         if (bInExtChanged_ && FolderExists(services_.files, txtInput.text())) {
             relist();
@@ -75,7 +75,7 @@ void frmMain::Form_FunctionKey(int keyCode) {
         return;
     }
     thenEnableOK([this] {
-        commonSteps();
+        clearStatusAndCommit();
         const std::string folder(trim(txtInput.text()));
         if (FolderExists(services_.files, folder)) {
             if (folder != txtInput.text()) { // else the caret stays where it is
@@ -86,13 +86,14 @@ void frmMain::Form_FunctionKey(int keyCode) {
     });
 }
 
-// The change is what stands in the fields, whether it can be listed or not.
+// The settings have changed even where the folder cannot be listed.
 void frmMain::relist() {
     markChanged();
     listInputFolder();
 }
 
-// The selected files were another folder's: nobody may run them in this one.
+// For a folder that cannot be listed: the selected files are those of the folder before, and must
+// not be run in this one.
 void frmMain::forgetFiles() {
     lstAvailable.setItems({});
     lstSelected.setItems({});
@@ -118,7 +119,7 @@ void frmMain::LoadFiles() {
     trap(services_.desktop, name(), "Private Sub LoadFiles()", [this] {
         // The field names the new folder already: what the user does now must not run the old
         // one's files in it.
-        const Raised busy(listing_);
+        const ScopedFlag busy(listing_);
         try {
             lstAvailable.setItems({});
             services_.events.letRun();
@@ -145,40 +146,40 @@ void frmMain::UpdateListBoxScrollBars() {
 }
 
 void frmMain::lstAvailable_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     EnableMove();
 }
 
 void frmMain::lstSelected_Click() {
-    commonSteps();
+    clearStatusAndCommit();
     EnableMove();
 }
 
 void frmMain::lstAvailable_DblClick() {
-    commonSteps();
+    clearStatusAndCommit();
     cmdSelectFiles_Click(1);
 }
 
 void frmMain::lstSelected_DblClick() {
-    commonSteps();
+    clearStatusAndCommit();
     cmdSelectFiles_Click(3);
 }
 
 void frmMain::lstAvailable_GotFocus() {
-    commonSteps();
+    clearStatusAndCommit();
     lstSelected.clearSelection();
     EnableMove();
 }
 
 void frmMain::lstSelected_GotFocus() {
-    commonSteps();
+    clearStatusAndCommit();
     lstAvailable.clearSelection();
     EnableMove();
 }
 
 void frmMain::cmdSelectFiles_Click(int Index) {
     trap(services_.desktop, name(), "Private Sub cmdSelectFiles_Click(Index As Integer)", [&] {
-        commonSteps();
+        clearStatusAndCommit();
         switch (Index) {
         case 1:
             lstSelected.add(lstAvailable.takeSelected());

@@ -6,7 +6,6 @@
 #include "definition/start_up.hpp"
 #include "definition/stored_settings.hpp"
 #include "ui/main/frm_main.hpp"
-#include "ui/main/frm_main_measures.hpp"
 
 namespace tarnwick {
 
@@ -18,7 +17,7 @@ void frmMain::Form_Load() {
     MyDefaultSettings();
     cmdOK.setEnabled(false);
     if (FileExists(services_.files, definition_.sINIFile) && !ReadINIFile()) {
-        showDefinition(BatchDefinition(definition_)); // how far the reader got
+        showDefinition(BatchDefinition(definition_)); // what was read before the error
         bINIFileUnread_ = true;
     }
     if (!findTools()) {
@@ -45,25 +44,24 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
     showWarning(services_.desktop,
                 "Please specify the " + std::string(tool) + " executable location.");
     executable.clear();
-    takeFromControls();
-    raise(services_.showOptions, definition_);
+    fire(services_.showOptions, current());
     return fileExists(executable);
 }
 
 void frmMain::Form_Unload() {
     storeSettings();
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-        commonSteps(); // an edit that is going on counts
+        clearStatusAndCommit(); // an edit that is going on counts
         if (!bAskedAtSessionEnd_) {
             keepWork();
         }
     });
-    if (run_) { // whatever has failed: nobody could cancel it any more
+    if (run_) { // even after an error above: without the window nobody could cancel it
         run_->close();
     }
 }
 
-// A store that cannot be written must not cost the user the question.
+// The error is trapped here: where the store cannot be written, the user is still asked to save.
 void frmMain::storeSettings() {
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
         store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
@@ -72,18 +70,18 @@ void frmMain::storeSettings() {
     });
 }
 
-// The system waits for an answer only now: when the session has ended, it may end the program
-// before anybody has read a question. While one is read the user may have the system end the
-// program: what needs no answer is kept before.
+// The system waits for an answer only now: once the session has ended, it may end the program while
+// a question is still on the screen. It may do so even now, if the user tells it to: so the
+// settings, which need no answer, are stored first.
 void frmMain::Form_SessionIsEnding() {
     storeSettings();
-    commonSteps();
+    clearStatusAndCommit();
     keepWork();
     bAskedAtSessionEnd_ = true;
 }
 
-// Nothing holds up the end: where the file cannot be written (it lies in a program's folder, say),
-// this is the last moment to keep the work in another, unless nobody wants to.
+// The program ends whatever happens here. Where the file cannot be written (it lies in a program's
+// folder, say), the user is asked for another one until the work is saved or the dialog cancelled.
 void frmMain::keepWork() {
     if (offerToSave() == Changes::NotSaved) {
         while (saveAs() == SavedAs::NotWritten) {
@@ -95,8 +93,8 @@ void frmMain::Form_SessionGoesOn() {
     bAskedAtSessionEnd_ = false;
 }
 
-// What was done in the window is kept, and the user is asked about it, as at any other end; the run
-// that goes on is told by it.
+// Only reports the error. The form is then unloaded as at any other end: the user is asked to save,
+// and a run that goes on is ended.
 void frmMain::Form_ViewFailed(const std::exception_ptr& error) {
     trap(services_.desktop, name(), "Private Sub Form_Load()",
          [&error] { std::rethrow_exception(error); });

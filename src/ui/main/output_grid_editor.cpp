@@ -21,9 +21,9 @@ constexpr int gridLine = 15;
 
 } // namespace
 
-OutputGridEditor::OutputGridEditor(const Parts& parts, const Procedures& procedures,
-                                   Desktop& desktop, Window window)
-    : parts_(parts), procedures_(procedures), desktop_(desktop), window_(std::move(window)) {
+OutputGridEditor::OutputGridEditor(const Parts& parts, std::string_view suffix, Desktop& desktop,
+                                   Window window)
+    : parts_(parts), suffix_(suffix), desktop_(desktop), window_(std::move(window)) {
     parts_.txtEdit.setLeavesKeysToGrid(true);
     parts_.txtEdit.passFocusTo(parts_.grid);
     parts_.cmdEdit.passFocusTo(parts_.grid);
@@ -32,33 +32,36 @@ OutputGridEditor::OutputGridEditor(const Parts& parts, const Procedures& procedu
 }
 
 void OutputGridEditor::connectEvents() {
-    const auto trapped = [this](std::string_view procedure, auto body) {
-        return [this, procedure, body](auto... arguments) {
+    const auto trapped = [this](std::string procedure, auto body) {
+        return [this, procedure = std::move(procedure), body](auto... arguments) {
             trap(desktop_, formName, procedure, [&] { body(arguments...); });
         };
     };
     Grid& grid = parts_.grid;
-    grid.Click = trapped(procedures_.click, [this] { Click(); });
-    grid.MouseDown = trapped(procedures_.mouseDown, [this](int x, int y) { MouseDown(x, y); });
-    grid.KeyDown = trapped(procedures_.keyDown, [this](int keyCode) {
+    const std::string ofGrid = "Private Sub " + grid.name();
+    const std::string ofEditor = "Private Sub " + parts_.txtEdit.name() + "_KeyDown";
+    grid.Click = trapped(ofGrid + "_Click()", [this] { Click(); });
+    grid.MouseDown = trapped(ofGrid + "_MouseDown", [this](int x, int y) { MouseDown(x, y); });
+    // In reports this procedure of either grid goes by one name; that is kept.
+    grid.KeyDown = trapped("Private Sub grdFiles_KeyDown", [this](int keyCode) {
         if (keyCode == Key::enter) {
             moveOn();
         } else if (keyCode == Key::f2) {
             pEditGrid(Key::blank);
         }
     });
-    grid.KeyPress = trapped(procedures_.keyPress, [this](int character) { KeyPress(character); });
-    grid.GotFocus = trapped(procedures_.gotFocus, [this] { window_.commonSteps(); });
-    grid.LeaveCell = trapped(procedures_.leaveCell, [this] { window_.commonSteps(); });
+    grid.KeyPress = trapped(ofGrid + "_KeyPress", [this](int character) { KeyPress(character); });
+    grid.GotFocus = trapped(ofGrid + "_GotFocus()", window_.clearStatusAndCommit);
+    grid.LeaveCell = trapped(ofGrid + "_LeaveCell()", window_.clearStatusAndCommit);
     grid.Scroll = grid.LeaveCell; // the editor would float over another cell
-    parts_.txtEdit.KeyDown =
-        trapped(procedures_.editorKeyDown, [this](int keyCode) { editorKeyDown(keyCode); });
-    parts_.cmdEdit.Click = trapped(procedures_.folderClick, [this] { folderClick(); });
-    parts_.cmdEdit.Escape = trapped(procedures_.editorKeyDown, [this] { discard(); });
+    parts_.txtEdit.KeyDown = trapped(ofEditor, [this](int keyCode) { editorKeyDown(keyCode); });
+    parts_.cmdEdit.Click =
+        trapped("Private Sub " + parts_.cmdEdit.name() + "_Click()", [this] { folderClick(); });
+    parts_.cmdEdit.Escape = trapped(ofEditor, [this] { discard(); });
 }
 
 void OutputGridEditor::Click() {
-    window_.commonSteps();
+    window_.clearStatusAndCommit();
     if (!bNoToggle_ && !bHeaderClick_) {
         toggleBuild();
     }
@@ -96,15 +99,15 @@ void OutputGridEditor::MouseDown(int x, int y) {
 
 void OutputGridEditor::KeyPress(int character) {
     if (parts_.grid.column() == buildColumn && character == Key::blank) {
-        window_.commonSteps();
-        toggleBuild(); // as with any check box, for whoever has no mouse
+        window_.clearStatusAndCommit();
+        toggleBuild(); // as with any check box, for a user without a mouse
         return;
     }
     pEditGrid(character);
 }
 
 void OutputGridEditor::pEditGrid(int /*character*/) {
-    trap(desktop_, formName, procedures_.pEditGrid, [this] {
+    trap(desktop_, formName, "Private Sub pEditGrid" + suffix_, [this] {
         Grid& grid = parts_.grid;
         if (!grid.isUsable() || grid.row() >= grid.rows() ||
             !isEditable(grid, grid.row(), grid.column())) {
@@ -146,7 +149,7 @@ void OutputGridEditor::placeEditors() {
 }
 
 void OutputGridEditor::pSetCellValue() {
-    trap(desktop_, formName, procedures_.pSetCellValue, [this] {
+    trap(desktop_, formName, "Private Sub pSetCellValue" + suffix_ + "()", [this] {
         Grid& grid = parts_.grid;
         const std::string& typed = parts_.txtEdit.text();
         if (!parts_.txtEdit.visible()) {

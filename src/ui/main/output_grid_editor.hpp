@@ -22,29 +22,16 @@ class OutputGridEditor {
         TextBox& txtEdit;
         Button& cmdEdit;
     };
-    // The declaration lines under which its procedures report their errors.
-    struct Procedures {
-        std::string_view click;
-        std::string_view mouseDown;
-        std::string_view keyDown;
-        std::string_view keyPress;
-        std::string_view gotFocus;
-        std::string_view leaveCell;
-        std::string_view pEditGrid;
-        std::string_view pSetCellValue;
-        std::string_view editorKeyDown;
-        std::string_view folderClick;
-    };
     // What it asks of its window.
     struct Window {
-        std::function<void()> commonSteps;     // those of every event: commits the edits, too
-        std::function<void()> settingsChanged; // something was edited
+        std::function<void()> clearStatusAndCommit; // at the beginning of nearly every event
+        std::function<void()> settingsChanged;      // something was edited
         std::function<void()> EnableOK;
         std::function<std::string(std::string_view title, std::string_view startFolder)> pickFolder;
     };
 
-    OutputGridEditor(const Parts& parts, const Procedures& procedures, Desktop& desktop,
-                     Window window);
+    // The grid's own procedures bear its suffix in reports: "pEditGrid" or "pEditGridCNS".
+    OutputGridEditor(const Parts& parts, std::string_view suffix, Desktop& desktop, Window window);
 
     // Opens the editor over the current cell where that can be edited. Which character opened it
     // makes no difference.
@@ -70,7 +57,7 @@ class OutputGridEditor {
     void placeEditors();
 
     Parts parts_;
-    Procedures procedures_;
+    std::string suffix_;
     Desktop& desktop_;
     Window window_;
     bool bNoToggle_ = true;     // the next click turns no box over

@@ -22,14 +22,6 @@ bool ClickableWindow::isClick(WORD code) const noexcept {
     return code == BN_CLICKED || code == BN_DBLCLK;
 }
 
-bool ClickableWindow::isFocusNotice(WORD code) const noexcept {
-    return code == BN_SETFOCUS || code == BN_KILLFOCUS;
-}
-
-void ButtonWindow::keyPressed(int keyCode) {
-    button_.userPressedKey(keyCode); // which looks whether it is one of its own
-}
-
 void CheckBoxWindow::changed(Property property) {
     if (property == Property::Value) {
         SendMessageW(window(), BM_SETCHECK, checkBox_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0);

@@ -14,7 +14,9 @@ class ClickableWindow : public CaptionedWindow {
         : CaptionedWindow(clickable, window), clickable_(clickable) {}
 
     void notified(WORD code) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == BN_SETFOCUS || code == BN_KILLFOCUS;
+    }
 
   protected:
     [[nodiscard]] virtual bool isClick(WORD code) const noexcept;
@@ -26,13 +28,9 @@ class ClickableWindow : public CaptionedWindow {
 // A push button.
 class ButtonWindow final : public ClickableWindow {
   public:
-    ButtonWindow(Button& button, HWND window)
-        : ClickableWindow(button, window), button_(button), keys_(window) {}
-
-    void keyPressed(int keyCode) override;
+    ButtonWindow(Button& button, HWND window) : ClickableWindow(button, window), keys_(*this) {}
 
   private:
-    Button& button_;
     KeyListener keys_; // for Escape, which the system would take for a click on Cancel
 };
 

@@ -7,10 +7,6 @@
 
 namespace tarnwick {
 
-bool DropDownWindow::isFocusNotice(WORD code) const noexcept {
-    return code == CBN_SETFOCUS || code == CBN_KILLFOCUS;
-}
-
 void DropDownWindow::showItems(const std::vector<std::string>& items) {
     SendMessageW(window(), CB_RESETCONTENT, 0, 0);
     for (const std::string& item : items) {

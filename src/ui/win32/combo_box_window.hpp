@@ -15,7 +15,9 @@ class DropDownWindow : public ControlWindow {
   public:
     using ControlWindow::ControlWindow;
 
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == CBN_SETFOCUS || code == CBN_KILLFOCUS;
+    }
 
   protected:
     void showItems(const std::vector<std::string>& items);

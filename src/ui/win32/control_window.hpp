@@ -33,12 +33,11 @@ class ControlWindow : public View {
     // The form's window has another size now.
     virtual void formResized() {}
 
-    // The window sent the dialog this notification, or this key.
+    // The window sent the dialog this notification.
     virtual void notified(WORD /*code*/) {}
-    virtual void keyPressed(int /*keyCode*/) {}
+    // The key went down or up in the window, for one with a KeyListener.
+    virtual void keyPressed(int keyCode) { control_.userPressedKey(keyCode); }
     virtual void keyReleased(int /*keyCode*/) {}
-    // The user did something in a window of our own class.
-    virtual void userInput(const MSG& /*message*/) {}
     // A window whose owner draws it asks for an item.
     virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
     // Whether the notification says that the window has gained or lost the keyboard.

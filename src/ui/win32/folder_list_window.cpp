@@ -1,7 +1,6 @@
 #include "ui/win32/folder_list_window.hpp"
 
 #include "platform/win32/system_text.hpp"
-#include "ui/forms/keys.hpp"
 #include "ui/win32/redraw_pause.hpp"
 
 #include <shellapi.h>
@@ -18,23 +17,18 @@ constexpr int gap = 45;
 constexpr int indent = 180;
 
 // Of any folder: it need not be there.
-HICON picture(UINT state) noexcept {
+IconHandle picture(UINT state) noexcept {
     SHFILEINFOW info{};
     const UINT what = SHGFI_USEFILEATTRIBUTES | SHGFI_ICON | SHGFI_SMALLICON | state;
-    return SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what) != 0
-               ? info.hIcon
-               : nullptr;
+    SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info, what);
+    return IconHandle(info.hIcon); // null where the system has none
 }
 
 } // namespace
 
 FolderListWindow::FolderListWindow(FolderList& folderList, HWND window)
-    : ControlWindow(folderList, window), folderList_(folderList), keys_(window) {
+    : ControlWindow(folderList, window), folderList_(folderList), keys_(*this) {
     loadPictures();
-}
-
-FolderListWindow::~FolderListWindow() {
-    dropPictures();
 }
 
 void FolderListWindow::loadPictures() {
@@ -43,14 +37,8 @@ void FolderListWindow::loadPictures() {
     SendMessageW(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
 }
 
-void FolderListWindow::dropPictures() noexcept {
-    DestroyIcon(closed_);
-    DestroyIcon(open_);
-}
-
 void FolderListWindow::resolutionChanged() {
     ControlWindow::resolutionChanged();
-    dropPictures();
     loadPictures();
 }
 
@@ -88,16 +76,6 @@ void FolderListWindow::notified(WORD code) {
     }
 }
 
-void FolderListWindow::keyPressed(int keyCode) {
-    if (folderList_.wantsKey(keyCode)) {
-        folderList_.userPressedKey(keyCode);
-    }
-}
-
-bool FolderListWindow::isFocusNotice(WORD code) const noexcept {
-    return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
-}
-
 void FolderListWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const auto& entries = folderList_.entries();
     if (item.itemID >= entries.size()) {
@@ -111,7 +89,7 @@ void FolderListWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const int size = toPixels(pictureSize, dpi());
     rest.left += toPixels(gap + entry.depth * indent, dpi());
     DrawIconEx(item.hDC, rest.left, rest.top + (rest.bottom - rest.top - size) / 2,
-               entry.open ? open_ : closed_, size, size, 0, nullptr, DI_NORMAL);
+               (entry.open ? open_ : closed_).get(), size, size, 0, nullptr, DI_NORMAL);
     rest.left += size + toPixels(gap, dpi());
     const int colour = selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
     SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : colour));

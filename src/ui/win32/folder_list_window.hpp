@@ -3,6 +3,7 @@
 #include "ui/forms/folder_list.hpp"
 #include "ui/win32/control_window.hpp"
 #include "ui/win32/key_listener.hpp"
+#include "ui/win32/program_icon.hpp"
 
 #include <windows.h>
 
@@ -13,29 +14,24 @@ namespace tarnwick {
 class FolderListWindow final : public ControlWindow {
   public:
     FolderListWindow(FolderList& folderList, HWND window);
-    FolderListWindow(const FolderListWindow&) = delete;
-    FolderListWindow(FolderListWindow&&) = delete;
-    FolderListWindow& operator=(const FolderListWindow&) = delete;
-    FolderListWindow& operator=(FolderListWindow&&) = delete;
-    ~FolderListWindow() override;
 
     void changed(Property property) override;
     void resolutionChanged() override;
     void notified(WORD code) override;
-    void keyPressed(int keyCode) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+    }
 
   private:
     void loadPictures();
-    void dropPictures() noexcept;
     void showItems();
     [[nodiscard]] int selected() const noexcept;
 
     FolderList& folderList_;
     KeyListener keys_;
-    HICON closed_ = nullptr;
-    HICON open_ = nullptr;
+    IconHandle closed_;
+    IconHandle open_;
 };
 
 } // namespace tarnwick

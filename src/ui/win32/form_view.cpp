@@ -70,24 +70,22 @@ FormView::FormView(Form& form) : form_(form) {
     GridWindow::registerClass();
 }
 
-// An exception must not pass through the system's code: it ends the dialog, and is raised again
-// behind it.
 INT_PTR CALLBACK FormView::procedure(HWND dialog, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         pointerIn<FormView*>(lParam)->dialog_ = dialog;
     }
-    auto* const view = pointerIn<FormView*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (view == nullptr) {
-        return FALSE;
+    FormView* const view = of(dialog);
+    bool dealtWith = view != nullptr;
+    if (view != nullptr) {
+        guarded(dialog, [&] { dealtWith = view->handle(message, wParam, lParam); });
     }
-    try {
-        return view->handle(message, wParam, lParam) ? TRUE : FALSE;
-    } catch (...) {
-        view->fail(std::current_exception());
-        return TRUE;
-    }
+    return dealtWith ? TRUE : FALSE;
+}
+
+FormView* FormView::of(HWND dialog) noexcept {
+    return pointerIn<FormView*>(GetWindowLongPtrW(dialog, DWLP_USER));
 }
 
 void FormView::fail(std::exception_ptr error) noexcept {
@@ -175,50 +173,29 @@ bool FormView::handleLook(UINT message, WPARAM wParam, LPARAM lParam) {
         PostMessageW(dialog_, ViewMessage::resolutionChanged, 0, 0);
         return false;
     default:
-        return handleOwn(message, wParam, lParam);
+        return handleOwn(message, wParam);
     }
 }
 
-bool FormView::handleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == ViewMessage::resolutionChanged) {
+bool FormView::handleOwn(UINT message, WPARAM wParam) {
+    switch (message) {
+    case ViewMessage::resolutionChanged:
         resolutionChanged();
         return true;
-    }
-    if (message == ViewMessage::focusMoved) {
+    case ViewMessage::focusMoved:
         lookWhereTheFocusIs();
         return true;
-    }
-    if (message == ViewMessage::functionKey) {
+    case ViewMessage::functionKey:
         form_.userPressedFunctionKey(static_cast<int>(wParam));
         return true;
-    }
-    if (message == ViewMessage::accessKey) {
+    case ViewMessage::accessKey: {
         const auto key = toSystemText(std::wstring(1, static_cast<wchar_t>(wParam)));
         answer(key && key->size() == 1 && pressedAccessKey(key->front()) ? TRUE : FALSE);
         return true;
     }
-    if (message < ViewMessage::focusMoved || message > ViewMessage::resolutionChanged) {
-        return false;
-    }
-    ControlWindow* const window = find(pointerIn<HWND>(lParam));
-    if (window == nullptr) {
-        return false;
-    }
-    switch (message) {
-    case ViewMessage::keyPressed:
-        window->keyPressed(static_cast<int>(wParam));
-        break;
-    case ViewMessage::keyReleased:
-        window->keyReleased(static_cast<int>(wParam));
-        break;
-    case ViewMessage::wantsKey:
-        answer(window->control().wantsKey(static_cast<int>(wParam)) ? TRUE : FALSE);
-        break;
     default:
-        window->userInput(*pointerIn<const MSG*>(static_cast<LONG_PTR>(wParam)));
-        break;
+        return false;
     }
-    return true;
 }
 
 void FormView::answer(LRESULT result) const noexcept {
@@ -226,7 +203,7 @@ void FormView::answer(LRESULT result) const noexcept {
 }
 
 void FormView::bind() {
-    // However the window was opened: whoever works by keyboard must see where the focus is.
+    // Even in a window opened by mouse, a user of the keyboard must see where the focus is.
     SendMessageW(dialog_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
                  0);
     bindControls();
@@ -305,7 +282,7 @@ void FormView::command(WORD id, WORD code, HWND window) {
     } else if (id == IDOK) {
         form_.userPressedEnter();
     } else if (window == nullptr) {
-        (void)menuBar_.choose(id);
+        menuBar_.choose(id);
     }
 }
 
@@ -354,8 +331,6 @@ void FormView::changed(Property property) {
         place();
     } else if (property == Property::Size) {
         applySize();
-    } else if (property == Property::Menu) {
-        menuBar_.refresh();
     } else if (property == Property::Pointer) {
         SetCursor(LoadCursorW(nullptr, cursorOf(form_.mousePointer())));
     } else if (property == Property::Visible && !form_.visible()) {

@@ -26,6 +26,19 @@ class FormView : public View {
   public:
     void changed(Property property) override;
 
+    // Runs `body`, which answers something that the user did in the dialog. What it raises must not
+    // pass through the system's code: it ends the dialog, and is raised again behind it.
+    template <typename Body>
+    static void guarded(HWND dialog, Body&& body) noexcept {
+        try {
+            static_cast<Body&&>(body)();
+        } catch (...) {
+            if (FormView* const view = of(dialog); view != nullptr) {
+                view->fail(std::current_exception());
+            }
+        }
+    }
+
   protected:
     // `form` must outlive the view.
     explicit FormView(Form& form);
@@ -60,12 +73,13 @@ class FormView : public View {
     [[nodiscard]] Form& form() const noexcept { return form_; }
     [[nodiscard]] HWND dialog() const noexcept { return dialog_; }
     [[nodiscard]] int dpi() const noexcept;
-    [[nodiscard]] const MenuBar& menuBar() const noexcept { return menuBar_; }
 
   private:
+    // Null for a window that shows no form.
+    [[nodiscard]] static FormView* of(HWND dialog) noexcept;
     [[nodiscard]] bool handle(UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] bool handleLook(UINT message, WPARAM wParam, LPARAM lParam);
-    [[nodiscard]] bool handleOwn(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool handleOwn(UINT message, WPARAM wParam);
     void fail(std::exception_ptr error) noexcept;
 
     void bindControls();

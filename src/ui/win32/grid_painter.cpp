@@ -29,23 +29,9 @@ COLORREF colourOf(const Colour& colour) {
     case SystemColour::ButtonFace:
         return GetSysColor(COLOR_BTNFACE);
     case SystemColour::ButtonText:
-        return GetSysColor(COLOR_BTNTEXT);
-    case SystemColour::GrayText:
         break;
     }
-    return GetSysColor(COLOR_GRAYTEXT);
-}
-
-UINT formatOf(Alignment alignment) noexcept {
-    switch (alignment) {
-    case Alignment::Centre:
-        return DT_CENTER;
-    case Alignment::Right:
-        return DT_RIGHT;
-    case Alignment::Left:
-        break;
-    }
-    return DT_LEFT;
+    return GetSysColor(COLOR_BTNTEXT);
 }
 
 void fill(HDC context, const RECT& area, COLORREF colour) {
@@ -182,7 +168,7 @@ void GridPainter::paintText(HDC context, const Cell& cell, RECT area, const Look
     fit(context, text, area, look.dpi);
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS |
-                  formatOf(cell.alignment));
+                  (cell.alignment == Alignment::Centre ? DT_CENTER : DT_LEFT));
     SetTextCharacterExtra(context, 0);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/win32/system_text.hpp"
 #include "ui/forms/measures.hpp"
 #include "ui/win32/accessible_grid.hpp"
+#include "ui/win32/form_view.hpp"
 #include "ui/win32/key_listener.hpp"
 #include "ui/win32/refused_text.hpp"
 #include "ui/win32/view_messages.hpp"
@@ -28,17 +29,6 @@ void tellDialog(HWND window, Notice notice) {
     InvalidateRect(window, nullptr, FALSE);
 }
 
-// What the user does goes through the dialog, where what a handler raises is caught.
-void passOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    MSG input{};
-    input.hwnd = window;
-    input.message = message;
-    input.wParam = wParam;
-    input.lParam = lParam;
-    SendMessageW(GetParent(window), ViewMessage::userInput, reinterpret_cast<WPARAM>(&input),
-                 reinterpret_cast<LPARAM>(window));
-}
-
 void drawFrame(HWND window) {
     RECT frame{};
     GetWindowRect(window, &frame);
@@ -46,31 +36,6 @@ void drawFrame(HWND window) {
     HDC context = GetWindowDC(window);
     FrameRect(context, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
     ReleaseDC(window, context);
-}
-
-bool takesInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-        SetFocus(window);
-        SetCapture(window);
-        break;
-    case WM_LBUTTONUP:
-        if (GetCapture() != window) {
-            return true;
-        }
-        ReleaseCapture();
-        break;
-    case WM_KEYDOWN:
-    case WM_CHAR:
-    case WM_VSCROLL:
-    case WM_MOUSEWHEEL:
-        break;
-    default:
-        return false;
-    }
-    passOn(window, message, wParam, lParam);
-    return true;
 }
 
 } // namespace
@@ -105,7 +70,7 @@ GridWindow::~GridWindow() {
 LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept {
     auto* const grid = pointerIn<GridWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (grid != nullptr && takesInput(window, message, wParam, lParam)) {
+    if (grid != nullptr && grid->takesInput(message, wParam, lParam)) {
         return 0;
     }
     switch (message) {
@@ -115,7 +80,8 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         }
         break;
     case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_WANTCHARS | dialogCodeForKey(window, lParam);
+        return DLGC_WANTARROWS | DLGC_WANTCHARS |
+               (grid == nullptr ? 0 : dialogCodeForKey(*grid, lParam));
     case WM_SETFOCUS:
         tellDialog(window, gotFocus);
         if (grid != nullptr) {
@@ -133,7 +99,7 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
         return result;
     }
     default:
-        if (looksOtherwise(window, grid, message, wParam)) {
+        if (handlesDrawing(window, grid, message, wParam)) {
             return message == WM_ERASEBKGND ? TRUE : 0;
         }
         break;
@@ -143,7 +109,7 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
 
 // Whether the message is about drawing the window, and is dealt with. Its grid is null before it is
 // bound and after.
-bool GridWindow::looksOtherwise(HWND window, GridWindow* grid, UINT message, WPARAM wParam) {
+bool GridWindow::handlesDrawing(HWND window, GridWindow* grid, UINT message, WPARAM wParam) {
     switch (message) {
     case WM_SETFONT:
         SetWindowLongPtrW(window, fontSlot, static_cast<LONG_PTR>(wParam));
@@ -280,26 +246,51 @@ void GridWindow::tellScreenReader(DWORD event) const noexcept {
     }
 }
 
-void GridWindow::userInput(const MSG& message) {
-    switch (message.message) {
+bool GridWindow::takesInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-        pressed(message.lParam);
+        SetFocus(window());
+        SetCapture(window());
+        break;
+    case WM_LBUTTONUP:
+        if (GetCapture() != window()) {
+            return true;
+        }
+        ReleaseCapture();
+        break;
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+        break;
+    default:
+        return false;
+    }
+    FormView::guarded(GetParent(window()), [&] { userInput(message, wParam, lParam); });
+    return true;
+}
+
+void GridWindow::userInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        pressed(lParam);
         break;
     case WM_LBUTTONUP:
         grid_.userReleased();
         break;
     case WM_KEYDOWN:
-        grid_.userPressedKey(static_cast<int>(message.wParam));
+        keyPressed(static_cast<int>(wParam));
         break;
     case WM_CHAR:
-        typed(static_cast<wchar_t>(message.wParam));
+        typed(static_cast<wchar_t>(wParam));
         break;
     case WM_VSCROLL:
-        scrolled(LOWORD(message.wParam));
+        scrolled(LOWORD(wParam));
         break;
     case WM_MOUSEWHEEL:
-        grid_.userTurnedWheel(GET_WHEEL_DELTA_WPARAM(message.wParam));
+        grid_.userTurnedWheel(GET_WHEEL_DELTA_WPARAM(wParam));
         break;
     default:
         break;

@@ -30,7 +30,6 @@ class GridWindow final : public ControlWindow {
 
     void changed(Property property) override;
     void resolutionChanged() override;
-    void userInput(const MSG& message) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
   private:
@@ -43,10 +42,13 @@ class GridWindow final : public ControlWindow {
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
-    [[nodiscard]] static bool looksOtherwise(HWND window, GridWindow* grid, UINT message,
+    [[nodiscard]] static bool handlesDrawing(HWND window, GridWindow* grid, UINT message,
                                              WPARAM wParam);
     void paint();
     void drawInto(HDC context, const RECT& area);
+    // Whether it is something that the user did in the grid, which has answered it then.
+    [[nodiscard]] bool takesInput(UINT message, WPARAM wParam, LPARAM lParam);
+    void userInput(UINT message, WPARAM wParam, LPARAM lParam);
     void typed(wchar_t character);
     void pressed(LPARAM place);
     void scrolled(WORD how);

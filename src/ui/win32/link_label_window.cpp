@@ -36,12 +36,6 @@ void LinkLabelWindow::resolutionChanged() {
     fit();
 }
 
-void LinkLabelWindow::keyPressed(int keyCode) {
-    if (link_.wantsKey(keyCode)) {
-        link_.userPressedKey(keyCode);
-    }
-}
-
 // What lies beside the text is no link.
 void LinkLabelWindow::fit() {
     LOGFONTW description = fontOf(GetParent(window()));

@@ -13,11 +13,10 @@ namespace tarnwick {
 class LinkLabelWindow final : public ClickableWindow {
   public:
     LinkLabelWindow(LinkLabel& link, HWND window)
-        : ClickableWindow(link, window), link_(link), keys_(window) {}
+        : ClickableWindow(link, window), link_(link), keys_(*this) {}
 
     void changed(Property property) override;
     void resolutionChanged() override;
-    void keyPressed(int keyCode) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
 
   protected:

@@ -21,7 +21,7 @@ UINT numberOf(std::size_t byte) {
 } // namespace
 
 ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
-    : ControlWindow(listBox, window), listBox_(listBox), keys_(window) {
+    : ControlWindow(listBox, window), listBox_(listBox), keys_(*this) {
     measureCharacters();
 }
 
@@ -137,10 +137,6 @@ void ListBoxWindow::keyPressed(int keyCode) {
     if (keyCode == Key::a && control) {
         listBox_.userSelectedAll();
     }
-}
-
-bool ListBoxWindow::isFocusNotice(WORD code) const noexcept {
-    return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
 }
 
 void ListBoxWindow::resolutionChanged() {

@@ -17,7 +17,9 @@ class ListBoxWindow final : public ControlWindow {
     void resolutionChanged() override;
     void notified(WORD code) override;
     void keyPressed(int keyCode) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+    }
 
   private:
     [[nodiscard]] int ask(UINT message) const noexcept;

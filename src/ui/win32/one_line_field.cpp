@@ -2,7 +2,6 @@
 
 #include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/view_messages.hpp"
-#include "ui/win32/window_style.hpp"
 
 namespace tarnwick {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "ui/win32/refused_text.hpp"
 #include "ui/win32/window_font.hpp"
-#include "ui/win32/window_style.hpp"
 #include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>
@@ -10,7 +9,7 @@
 namespace tarnwick {
 
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
-    : ControlWindow(textBox, window), textBox_(textBox), keys_(window), field_(window) {
+    : ControlWindow(textBox, window), textBox_(textBox), keys_(*this), field_(window) {
     SendMessageW(window, EM_SETLIMITTEXT, 0, 0); // no limit
     dropMargins();
 }
@@ -50,8 +49,8 @@ void TextBoxWindow::resolutionChanged() {
     field_.measureAgain();
 }
 
-// A field without a border lies over something whose text its own stands in for: whoever places it
-// has seen to the room around it.
+// A field without a border lies over a cell and shows its text in place of the cell's own: the code
+// that places it has left room around it already.
 void TextBoxWindow::dropMargins() {
     if (!hasBorder(window())) {
         SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
@@ -80,16 +79,12 @@ void TextBoxWindow::edited() {
 
 void TextBoxWindow::keyPressed(int keyCode) {
     takeSelection();
-    textBox_.userPressedKey(keyCode);
+    ControlWindow::keyPressed(keyCode);
 }
 
 void TextBoxWindow::keyReleased(int keyCode) {
     takeSelection();
     textBox_.userReleasedKey(keyCode);
-}
-
-bool TextBoxWindow::isFocusNotice(WORD code) const noexcept {
-    return code == EN_SETFOCUS || code == EN_KILLFOCUS;
 }
 
 TextBoxWindow::Selection TextBoxWindow::selection() const {

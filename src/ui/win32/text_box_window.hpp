@@ -19,7 +19,9 @@ class TextBoxWindow final : public ControlWindow {
     void notified(WORD code) override;
     void keyPressed(int keyCode) override;
     void keyReleased(int keyCode) override;
-    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
+    [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
+        return code == EN_SETFOCUS || code == EN_KILLFOCUS;
+    }
 
   private:
     struct Selection {

@@ -8,14 +8,6 @@ namespace tarnwick {
 enum ViewMessage : UINT {
     // A control has gained or lost the keyboard: look where it is now that all has settled.
     focusMoved = WM_APP + 1,
-    // A key went down or up (wParam) in a control (lParam is its window).
-    keyPressed,
-    keyReleased,
-    // Whether a control (lParam is its window) has a use for Enter or Escape (wParam) itself;
-    // answered in DWLP_MSGRESULT.
-    wantsKey,
-    // The user did something in a window of our own class: wParam points to its MSG.
-    userInput,
     // Alt and a character (wParam) were pressed; answered in DWLP_MSGRESULT whether that is all.
     accessKey,
     // A function key (wParam) went down somewhere in the window.

@@ -4,7 +4,7 @@
 
 namespace tarnwick {
 
-// Shows forms as dialogs, made from this program's own resources (see dialog_view.hpp).
+// Shows forms as dialogs, made from this program's own resources.
 class Win32FormPresenter final : public FormPresenter {
   public:
     // The owner is the window that asks, if there is one.

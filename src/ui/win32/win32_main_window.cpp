@@ -59,8 +59,8 @@ class MainView final : public FormView {
   private:
     void made() override { bind(); }
 
-    // The window is destroyed when the program's events have come to their end: it is still needed
-    // by whoever is at work in a handler.
+    // Only hides the window, which a handler that is still running may need. end() destroys it,
+    // when the loop of events is over.
     void close() noexcept override {
         ShowWindow(dialog(), SW_HIDE);
         // A message that another program has sent does not wake the loop that is to look again.

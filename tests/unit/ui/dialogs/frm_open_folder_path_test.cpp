@@ -1,6 +1,6 @@
 // What becomes of a path that the user types, and how the folder picker ends.
 #include "support/ui/scripted_presenter.hpp"
-#include "ui/dialogs/pick_folder.hpp"
+#include "ui/dialogs/frm_open_folder.hpp"
 #include "unit/ui/dialogs/open_folder_world.hpp"
 
 namespace tarnwick {

@@ -35,7 +35,7 @@ struct Controls : testing::Test {
     }
 };
 
-TEST_F(Controls, Code_that_sets_properties_raises_no_event) {
+TEST_F(Controls, Code_that_sets_properties_fires_no_event) {
     form.txtName.setText("x");
     form.txtName.selectAll();
     form.chkSure.setValue(1);
@@ -71,7 +71,7 @@ TEST_F(Controls, Typing_replaces_the_selection_and_puts_the_caret_behind_it) {
     EXPECT_THAT(events, ElementsAre("Change"));
 }
 
-TEST_F(Controls, What_the_view_shows_already_is_taken_over_and_raises_Change) {
+TEST_F(Controls, What_the_view_shows_already_is_taken_over_and_fires_Change) {
     form.txtName.userChangedText("abc", 3, 0);
     EXPECT_EQ(form.txtName.text(), "abc");
     EXPECT_EQ(form.txtName.selStart(), 3);

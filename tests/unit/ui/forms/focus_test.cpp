@@ -57,12 +57,12 @@ TEST_F(Focus, Moving_it_tells_the_control_that_loses_it_and_then_the_one_that_ge
     EXPECT_THAT(events, ElementsAre("lost a", "got b"));
 }
 
-TEST_F(Focus, Staying_where_it_is_raises_nothing) {
+TEST_F(Focus, Staying_where_it_is_fires_nothing) {
     form.userMovedFocus(form.a);
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(Focus, Code_that_moves_it_raises_nothing) {
+TEST_F(Focus, Code_that_moves_it_fires_nothing) {
     form.b.setFocus();
     EXPECT_EQ(form.focused(), &form.b);
     EXPECT_THAT(events, IsEmpty());

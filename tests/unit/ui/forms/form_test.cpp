@@ -54,7 +54,7 @@ TEST_F(FormLife, A_hidden_form_keeps_its_contents_and_is_not_loaded_again) {
     EXPECT_THAT(events, ElementsAre("Load", "Resize", "Resize"));
 }
 
-TEST_F(FormLife, Unloading_raises_Unload_once_and_hides_it) {
+TEST_F(FormLife, Unloading_fires_Unload_once_and_hides_it) {
     form.show();
     form.unload();
     form.unload();
@@ -86,7 +86,7 @@ TEST_F(FormLife, The_focus_that_Load_chose_is_kept) {
     EXPECT_EQ(form.focused(), &form.cmdOK);
 }
 
-TEST_F(FormLife, A_new_size_or_state_raises_Resize_and_the_same_one_does_not) {
+TEST_F(FormLife, A_new_size_or_state_fires_Resize_and_the_same_one_does_not) {
     form.measured({.width = 300, .height = 200}, {.width = 3000, .height = 2000});
     form.show();
     form.userResized({.width = 300, .height = 200}, WindowState::Normal);
@@ -109,7 +109,7 @@ TEST_F(FormLife, Moving_it_and_naming_it_tells_the_view) {
     EXPECT_THAT(view.told, ElementsAre(Property::Bounds, Property::Caption));
 }
 
-TEST_F(FormLife, A_size_that_code_asks_for_raises_nothing_and_is_told_once) {
+TEST_F(FormLife, A_size_that_code_asks_for_fires_nothing_and_is_told_once) {
     form.measured({.width = 300, .height = 1000}, {.width = 3000, .height = 2000});
     form.show();
     view.told.clear();

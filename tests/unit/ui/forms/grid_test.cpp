@@ -100,7 +100,7 @@ TEST_F(Grids, Rows_and_columns_that_are_not_there_raise_51) {
     expect51([&] { (void)grd.cell(4, 0); });
     expect51([&] { (void)grd.cell(-1, 0); });
     expect51([&] { grd.setText(0, 4, ""); });
-    expect51([&] { grd.setRow(0); });
+    expect51([&] { grd.setCurrent({.row = 0, .column = 0}); });
     expect51([&] { grd.setColumn(4); });
     expect51([&] { grd.setRows(0); });
     EXPECT_EQ(grd.row(), 1);
@@ -109,8 +109,8 @@ TEST_F(Grids, Rows_and_columns_that_are_not_there_raise_51) {
 
 TEST_F(Grids, Leaving_a_cell_is_told_while_it_is_still_the_current_one) {
     grd.setColumn(2);
-    grd.setRow(3);
-    grd.setRow(3);
+    grd.setCurrent({.row = 3, .column = 2});
+    grd.setCurrent({.row = 3, .column = 2});
     EXPECT_THAT(events, ElementsAre("LeaveCell at 1,0", "LeaveCell at 1,2"));
     EXPECT_EQ(grd.row(), 3);
     EXPECT_THAT(view.told, ElementsAre(Property::Selection, Property::Selection));
@@ -126,20 +126,20 @@ TEST_F(Grids, A_LeaveCell_handler_that_moves_on_does_not_start_itself) {
         note("LeaveCell");
         grd.setCurrent({.row = 3, .column = 3});
     };
-    grd.setRow(2);
+    grd.setCurrent({.row = 2, .column = 0});
     EXPECT_THAT(events, ElementsAre("LeaveCell at 1,0"));
     EXPECT_EQ(grd.row(), 2);
 }
 
 TEST_F(Grids, A_LeaveCell_handler_that_fails_keeps_the_cell_and_is_called_again) {
     grd.LeaveCell = [] { throw std::string("broken"); };
-    EXPECT_THROW(grd.setRow(2), std::string);
+    EXPECT_THROW(grd.setCurrent({.row = 2, .column = 0}), std::string);
     EXPECT_EQ(grd.row(), 1);
-    EXPECT_THROW(grd.setRow(2), std::string);
+    EXPECT_THROW(grd.setCurrent({.row = 2, .column = 0}), std::string);
 }
 
 TEST_F(Grids, Fewer_rows_keep_the_current_cell_where_it_can_be) {
-    grd.setRow(3);
+    grd.setCurrent({.row = 3, .column = 0});
     events.clear();
     grd.setRows(2);
     EXPECT_EQ(grd.row(), 1);
@@ -273,7 +273,7 @@ TEST_F(Grids, Enter_goes_to_the_grid_and_not_to_the_default_button) {
 TEST_F(Grids, The_current_cell_is_scrolled_into_sight) {
     grd.setRows(11); // three of ten fit
     EXPECT_EQ(grd.pageRows(), 3);
-    grd.setRow(5);
+    grd.setCurrent({.row = 5, .column = 0});
     EXPECT_EQ(grd.topRow(), 3);
     EXPECT_TRUE(grd.rowIsVisible(0));
     EXPECT_FALSE(grd.rowIsVisible(2));
@@ -281,7 +281,7 @@ TEST_F(Grids, The_current_cell_is_scrolled_into_sight) {
     EXPECT_FALSE(grd.rowIsVisible(6));
     EXPECT_EQ(grd.cellBounds(3, 0).top, 315);
     EXPECT_EQ(grd.cellAt(20, 320), (Place{.row = 3, .column = 0}));
-    grd.setRow(1);
+    grd.setCurrent({.row = 1, .column = 0});
     EXPECT_EQ(grd.topRow(), 1);
 }
 

@@ -62,7 +62,7 @@ TEST_F(SmallControls, A_combo_box_tells_typing_and_picking_apart) {
     form.cboLanguage.detach();
 }
 
-TEST_F(SmallControls, Code_that_sets_a_combo_box_raises_nothing) {
+TEST_F(SmallControls, Code_that_sets_a_combo_box_fires_nothing) {
     form.cboLanguage.attach(view);
     form.cboLanguage.setText("Klingon");
     form.cboLanguage.setText("Klingon");
@@ -146,27 +146,10 @@ TEST_F(SmallControls, An_entry_is_chosen_without_moving_the_focus) {
     EXPECT_EQ(form.focused(), &form.txtFirst);
 }
 
-TEST_F(SmallControls, An_entry_that_is_disabled_by_itself_or_from_above_is_not_chosen) {
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.userClicked();
-    form.mnuOpen.setEnabled(true);
-    form.mnuFile.setEnabled(false);
-    form.mnuOpen.userClicked();
-    EXPECT_FALSE(form.mnuOpen.isUsable());
-    form.mnuFile.setEnabled(true);
+TEST_F(SmallControls, An_entry_of_a_form_that_is_hidden_is_not_chosen) {
     form.hide();
     form.mnuOpen.userClicked();
     EXPECT_THAT(events, IsEmpty());
-}
-
-TEST_F(SmallControls, The_forms_view_is_told_of_the_menu) {
-    form.attach(view);
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.setEnabled(false);
-    form.mnuOpen.setCaption("&Open");
-    form.mnuOpen.setCaption("&Open");
-    EXPECT_THAT(view.told, ElementsAre(Property::Menu, Property::Menu));
-    form.detach();
 }
 
 TEST_F(SmallControls, A_field_over_a_grid_gets_its_keys_instead_of_the_buttons_and_the_caret) {
@@ -199,7 +182,7 @@ TEST_F(SmallControls, A_button_may_have_a_use_for_Escape_of_its_own) {
     EXPECT_THAT(events, ElementsAre("OK", "OK"));
 }
 
-TEST_F(SmallControls, A_control_that_is_hidden_passes_the_focus_to_its_heir) {
+TEST_F(SmallControls, A_control_that_is_hidden_passes_the_focus_to_its_successor) {
     form.txtEdit.passFocusTo(form.cmdOK);
     form.txtEdit.setFocus();
     form.txtEdit.setVisible(false);

@@ -11,12 +11,12 @@ namespace {
 TEST(UnseenPresenter, A_form_counts_as_cancelled_before_it_is_loaded_and_the_log_says_so) {
     ScriptedDesktop desktop;
     Form form("frmOptions", "Options");
-    bool anythingRaised = false;
-    form.Load = [&] { anythingRaised = true; };
+    bool anythingFired = false;
+    form.Load = [&] { anythingFired = true; };
     form.Unload = form.Load;
     UnseenPresenter(desktop).showModal(form);
     form.unload();
-    EXPECT_FALSE(anythingRaised);
+    EXPECT_FALSE(anythingFired);
     EXPECT_FALSE(form.visible());
     EXPECT_THAT(desktop.messages,
                 testing::ElementsAre(

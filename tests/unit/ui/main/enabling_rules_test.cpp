@@ -181,11 +181,13 @@ TEST_F(EnablingRules, Hold_in_every_state_and_after_a_click_on_every_box_in_it) 
 }
 
 TEST_F(EnablingRules, The_move_buttons_follow_what_is_in_the_lists_and_what_is_marked_there) {
+    form.lstAvailable.GotFocus = nullptr; // which would clear the other list's selection
+    form.lstSelected.GotFocus = nullptr;
     const auto fill = [](ListBox& list, Entries entries) {
         list.setItems(entries == Entries::None ? std::vector<std::string>()
                                                : std::vector<std::string>{"a.met", "b.met"});
         if (entries == Entries::Marked) {
-            list.setSelected(1, true);
+            list.userSelected(std::array{1});
         }
     };
     constexpr std::array<Entries, 3> kinds{Entries::None, Entries::Unmarked, Entries::Marked};

@@ -456,10 +456,8 @@ TEST_F(FileCommands, Open_puts_both_grids_at_their_first_cell_of_data) {
     click(form.grdFiles, 4, 1);
     click(form.grdCNS, 2, 1);
     forgetChanges();
-    form.grdFiles.setRow(4);
-    form.grdFiles.setColumn(1);
-    form.grdCNS.setRow(2);
-    form.grdCNS.setColumn(1);
+    form.grdFiles.setCurrent({.row = 4, .column = 1});
+    form.grdCNS.setCurrent({.row = 2, .column = 1});
     desktop.chosenFiles = {R"(D:\a.ini)"};
     form.mnuOpenINI.userClicked();
     for (const Grid* const grid : {&form.grdFiles, &form.grdCNS}) {

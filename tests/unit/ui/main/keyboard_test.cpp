@@ -144,13 +144,13 @@ TEST_F(Keyboard, A_cell_is_told_with_the_type_of_its_row) {
     EXPECT_EQ(form.grdCNS.accessibleText(2, 3), "Leftovers, Output Folder: empty");
 }
 
-TEST_F(Keyboard, Whoever_is_switched_off_with_the_focus_hands_it_to_its_heir) {
+TEST_F(Keyboard, Whoever_is_switched_off_with_the_focus_hands_it_to_its_successor) {
     form.userClicked(form.chkCNS);
     form.userClicked(form.chkAliases);
     form.userClicked(form.chkCFG);
     listRecords();
     select(form.lstAvailable, {0});
-    const std::vector<std::pair<Control*, Control*>> heirs{
+    const std::vector<std::pair<Control*, Control*>> successors{
         {&form.txtCNS, &form.chkCNS},
         {&form.cmdCNS, &form.chkCNS},
         {&form.txtCNSExt, &form.chkCNS},
@@ -169,12 +169,12 @@ TEST_F(Keyboard, Whoever_is_switched_off_with_the_focus_hands_it_to_its_heir) {
         {&form.cmdSelectFiles[3], &form.lstAvailable},
         {&form.cmdCreateBatFile, &form.cmdCancel},
         {&form.cmdOK, &form.cmdCancel}};
-    for (const auto& [control, heir] : heirs) {
+    for (const auto& [control, successor] : successors) {
         control->setEnabled(true);
         control->setFocus();
         ASSERT_EQ(form.focused(), control) << control->name();
         control->setEnabled(false);
-        EXPECT_EQ(form.focused(), heir) << control->name();
+        EXPECT_EQ(form.focused(), successor) << control->name();
         control->setEnabled(true);
     }
 }

@@ -16,8 +16,8 @@ struct GridCase {
     const char* firstType;
     const char* lastType;
 
-    friend std::ostream& operator<<(std::ostream& out, const GridCase& grid) {
-        return out << (grid.grid == &frmMain::grdFiles ? "MP" : "CNS");
+    friend std::ostream& operator<<(std::ostream& out, const GridCase& shown) {
+        return out << (shown.grid == &frmMain::grdFiles ? "MP" : "CNS");
     }
 };
 
@@ -149,8 +149,7 @@ TEST_P(OutputGrids, The_defaults_leave_no_press_behind_for_the_next_click) {
     form.mnuNewINI.userClicked(); // which begins with the defaults
     EXPECT_THAT(desktop.messages, IsEmpty());
     const bool before = isToBuild(grid, 1);
-    grid.setRow(1);
-    grid.setColumn(buildColumn);
+    grid.setCurrent({.row = 1, .column = buildColumn});
     grid.Click();
     EXPECT_EQ(isToBuild(grid, 1), before);
 }

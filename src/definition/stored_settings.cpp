@@ -1,5 +1,7 @@
 #include "definition/stored_settings.hpp"
 
+#include "platform/left_out.hpp"
+
 namespace tarnwick {
 namespace {
 
@@ -26,7 +28,9 @@ std::string readStored(const SettingsStore& store, StoredSetting setting,
 }
 
 void store(SettingsStore& store, StoredSetting setting, std::string_view value) {
-    store.write(application, section, keyOf(setting), value);
+    if (!holdsShownNumber(value)) {
+        store.write(application, section, keyOf(setting), value);
+    }
 }
 
 } // namespace tarnwick

@@ -13,7 +13,8 @@ enum class StoredSetting { INIFileName, MPExecutable, CNSExecutable };
 [[nodiscard]] std::string readStored(const SettingsStore& store, StoredSetting setting,
                                      std::string_view fallback);
 
-// Raises what SettingsStore::write raises.
+// A path that is shown by numbers (see left_out.hpp) stands for one that has no name here: what is
+// stored stays, for it is still right elsewhere. Raises what SettingsStore::write raises.
 void store(SettingsStore& store, StoredSetting setting, std::string_view value);
 
 } // namespace tarnwick

@@ -62,11 +62,17 @@ TEST_F(StartUp, Paths_that_the_system_can_name_only_by_numbers_are_counted) {
               (LeftOut{.count = 1, .first = R"(C:\<U+0416>\Temp)"}));
     EXPECT_EQ(start().sTempFolder, "C:\\app\\");
     process.givenProgramFolder = R"(D:\<U+0416>)";
-    store(settings, StoredSetting::INIFileName, R"(B:\<U+0416>.ini)");
-    store(settings, StoredSetting::MPExecutable, R"(E:\<U+0416>.exe)");
-    store(settings, StoredSetting::CNSExecutable, R"(F:\<U+0416>.exe)");
+    settings.write("Corvane", "TARNWICK", "INI File Name", R"(B:\<U+0416>.ini)");
+    settings.write("Corvane", "TARNWICK", "MP Executable", R"(E:\<U+0416>.exe)");
+    settings.write("Corvane", "TARNWICK", "CNS Executable", R"(F:\<U+0416>.exe)");
     EXPECT_EQ(namelessAtStartUp(process, settings),
               (LeftOut{.count = 5, .first = R"(B:\<U+0416>.ini)"}));
+}
+
+TEST_F(StartUp, What_is_stored_stays_where_its_path_is_shown_by_numbers) {
+    store(settings, StoredSetting::INIFileName, R"(B:\old.ini)");
+    store(settings, StoredSetting::INIFileName, R"(B:\<U+0416>.ini)");
+    EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, "none"), R"(B:\old.ini)");
 }
 
 TEST_F(StartUp, A_tool_beside_the_program_wins_over_a_stored_location) {

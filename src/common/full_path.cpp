@@ -3,7 +3,6 @@
 #include "common/text.hpp"
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 
 namespace tarnwick {

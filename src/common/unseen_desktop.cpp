@@ -1,7 +1,6 @@
 #include "common/unseen_desktop.hpp"
 
 #include "common/text.hpp"
-#include "platform/run_time_error.hpp"
 
 namespace tarnwick {
 namespace {

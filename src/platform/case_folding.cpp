@@ -23,6 +23,11 @@ bool equalIgnoringCase(std::string_view left, std::string_view right,
     if (left.size() != right.size()) {
         return false;
     }
+    if (!codePage.hasTrailBytes()) {
+        return std::ranges::equal(
+            left, right, {}, [&](char c) { return codePage.upperCase(c); },
+            [&](char c) { return codePage.upperCase(c); });
+    }
     while (!left.empty() && !right.empty()) {
         if (codePage.takeUpperCased(left) != codePage.takeUpperCased(right)) {
             return false;

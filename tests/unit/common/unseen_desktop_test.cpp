@@ -1,5 +1,4 @@
 #include "common/unseen_desktop.hpp"
-#include "platform/run_time_error.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

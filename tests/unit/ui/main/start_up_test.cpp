@@ -7,7 +7,18 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class StartUpWindow : public MainWorld {};
+class StartUpWindow : public MainWorld {
+  protected:
+    // The user answers the question, before which the settings have been stored.
+    void answerNoWithSettingsStored() {
+        desktop.answers = {MessageAnswer::No};
+        desktop.whileShown = [this](const Message&) {
+            EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
+            EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
+            EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
+        };
+    }
+};
 
 constexpr const char* missingMP = "Please specify the MP executable location.";
 constexpr const char* missingCNS = "Please specify the CNS executable location.";
@@ -280,12 +291,7 @@ TEST_F(StartUpWindow, Closing_with_changes_drops_them_on_No_and_cannot_be_held_u
 TEST_F(StartUpWindow, The_settings_are_stored_before_the_question_comes) {
     form.show();
     form.cboLanguage.userPicked(4);
-    desktop.answers = {MessageAnswer::No};
-    desktop.whileShown = [this](const Message&) {
-        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
-        EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
-        EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
-    };
+    answerNoWithSettingsStored();
     form.userClosed();
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
 }
@@ -293,12 +299,7 @@ TEST_F(StartUpWindow, The_settings_are_stored_before_the_question_comes) {
 TEST_F(StartUpWindow, The_end_of_the_session_stores_before_it_asks) {
     form.show();
     form.cboLanguage.userPicked(4);
-    desktop.answers = {MessageAnswer::No};
-    desktop.whileShown = [this](const Message&) {
-        EXPECT_EQ(readStored(settings, StoredSetting::INIFileName, ""), defaultIni);
-        EXPECT_EQ(readStored(settings, StoredSetting::MPExecutable, ""), R"(C:\App\mp.exe)");
-        EXPECT_EQ(readStored(settings, StoredSetting::CNSExecutable, ""), R"(C:\App\cns.exe)");
-    };
+    answerNoWithSettingsStored();
     form.sessionIsEnding();
     EXPECT_THAT(desktop.messages, ElementsAre(saveQuestion(defaultIni)));
 }

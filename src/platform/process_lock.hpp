@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tarnwick {
+
+// Held as long as it lives. The system gives it free when the process ends in whatever way.
+class HeldLock {
+  public:
+    virtual ~HeldLock() = default;
+};
+
+// One process at a time, by a file.
+class ProcessLocks {
+  public:
+    virtual ~ProcessLocks() = default;
+
+    // Takes the lock that is the file `path`, making it where there is none, and writes `holder`
+    // into it, for whoever comes next. Null where another process (or this one) holds it.
+    // Raises 75 (not allowed), 76, 61, 70.
+    [[nodiscard]] virtual std::unique_ptr<HeldLock> tryLock(std::string_view path,
+                                                            std::string_view holder) = 0;
+
+    // What the holder wrote, as far as it can be read; else empty. Never raises.
+    [[nodiscard]] virtual std::string holderOf(std::string_view path) const = 0;
+};
+
+} // namespace tarnwick

@@ -52,7 +52,7 @@ Handle newJob() {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags =
         JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE |
-        // A tool that crashes ends, and does not wait for somebody to close a message.
+        // A crash shows no message (see Win32ToolProcesses), whatever the tool itself has set.
         JOB_OBJECT_LIMIT_DIE_ON_UNHANDLED_EXCEPTION;
     requireDone(SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits,
                                         sizeof limits));

@@ -1,5 +1,8 @@
 #include "platform/posix/folder_listing.hpp"
 
+#include "platform/characters.hpp"
+#include "platform/code_page.hpp"
+#include "platform/left_out.hpp"
 #include "platform/posix/errors.hpp"
 #include "platform/posix/file_descriptor.hpp"
 
@@ -85,6 +88,25 @@ void listHostFolder(const std::string& hostFolder,
     if (errno != 0) {
         raiseSystemError(errno);
     }
+}
+
+std::optional<std::string> shownWhereOdd(std::string_view name) {
+    if (isAscii(name)) {
+        return std::nullopt;
+    }
+    std::string shown;
+    bool odd = false;
+    while (!name.empty()) {
+        const auto bytes = name.substr(0, systemCodePage().lengthOfFirst(name));
+        name.remove_prefix(bytes.size());
+        if (systemCodePage().isCharacter(bytes)) {
+            shown += bytes;
+        } else {
+            shown += shownByNumber(static_cast<unsigned char>(bytes.front()));
+            odd = true;
+        }
+    }
+    return odd ? std::optional(shown) : std::nullopt;
 }
 
 bool isListable(const std::string& hostFolder, const struct stat& status) {

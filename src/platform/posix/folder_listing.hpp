@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,10 @@ enum class EntryKind { File, Folder };
 // call. Raises 76 (no such folder), 75 (may not be listed).
 void listHostFolder(const std::string& hostFolder,
                     const std::function<void(std::string_view name, EntryKind kind)>& take);
+
+// What a name looks like that has bytes which are no characters; nothing where it has none. Such a
+// file is left out of listings.
+[[nodiscard]] std::optional<std::string> shownWhereOdd(std::string_view name);
 
 // Whether what lies there, with that status, is a folder that may be listed.
 [[nodiscard]] bool isListable(const std::string& hostFolder, const struct stat& status);

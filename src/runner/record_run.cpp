@@ -70,9 +70,9 @@ bool RecordRun::makeCall(const RecordCall& call, RecordOutcome& outcome) {
     const Stamps before = stampsOf(tool, outcome.record);
     CallOutcome& made = outcome.calls.emplace_back();
     made.tool = tool;
-    made.call = {.program = paths_.toolPath(call.command.tool),
+    made.call = {.program = paths_.toolPathOfExisting(call.command.tool),
                  .arguments = argumentList(call.command, paths_),
-                 .folder = services_.paths.toolPath(job_.definition.sInputFolder),
+                 .folder = paths_.toolPathOfExisting(job_.definition.sInputFolder),
                  .timeLimit = settings_.timeLimit};
     made.end = services_.processes.run(made.call);
     if (made.end.kind == ToolEnd::Kind::Halted) {

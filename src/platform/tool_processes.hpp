@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -32,14 +31,12 @@ struct ToolEnd {
     Kind kind = Kind::Exited;
     std::int64_t code = 0;
     double seconds = 0;
-    // What it wrote to its output and error streams, as it came; see keptOutput.
+    // What it wrote to its output and error streams, as it came, as far as it is kept: see
+    // KeptOutput in kept_output.hpp.
     std::string said;
 
     bool operator==(const ToolEnd&) const = default;
 };
-
-// Of what a tool says, so many bytes from its beginning and so many from its end are kept.
-inline constexpr std::size_t keptOutput = 32UZ * 1024;
 
 // Starts outside tools and waits for them. Every call may be made from several threads at once.
 class ToolProcesses {

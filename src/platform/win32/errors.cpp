@@ -80,4 +80,18 @@ void raiseSystemError(DWORD systemError, const std::string& path) {
     raiseSystemError(systemError);
 }
 
+Handle required(HANDLE given) {
+    Handle handle(given);
+    if (!handle.isOpen()) {
+        raiseSystemError(GetLastError());
+    }
+    return handle;
+}
+
+void requireDone(BOOL done) {
+    if (done == FALSE) {
+        raiseSystemError(GetLastError());
+    }
+}
+
 } // namespace tarnwick

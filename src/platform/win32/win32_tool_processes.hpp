@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/tool_processes.hpp"
+#include "platform/win32/handle.hpp"
+
+namespace tarnwick {
+
+// Tools as processes in a job object of their own, which ends all of them when this process does.
+// A batch file (.bat, .cmd) is not started, with the system's error for what is no program: the
+// interpreter would read its arguments in its own way, and part of a record's name could become a
+// command.
+class Win32ToolProcesses : public ToolProcesses {
+  public:
+    // Raises 51 where the system gives no event to wait for.
+    Win32ToolProcesses();
+
+    [[nodiscard]] ToolEnd run(const ToolCall& call) override;
+    void halt() noexcept override;
+
+  private:
+    Handle halted_; // an event
+};
+
+} // namespace tarnwick

@@ -46,7 +46,7 @@ RecordOutcome RecordRun::attempt(const std::string& record) {
 
 void RecordRun::makeProducts(RecordOutcome& outcome) {
     const std::string path = joinPath(job_.definition.sInputFolder, outcome.record);
-    const auto stamp = services_.stamps.stampOf(path);
+    const auto stamp = services_.stamps.stampOfExact(path);
     if (!stamp) {
         outcome.why = "the record is no longer there";
         return;
@@ -103,7 +103,7 @@ RecordRun::Stamps RecordRun::stampsOf(Tool tool, const std::string& record) cons
     Stamps stamps;
     for (const ProductKind& kind : products_.kinds()) {
         stamps.push_back(kind.tool == tool
-                             ? services_.stamps.stampOf(products_.pathOf(kind, record))
+                             ? services_.stamps.stampOfExact(products_.pathOf(kind, record))
                              : std::nullopt);
     }
     return stamps;
@@ -152,7 +152,7 @@ void RecordRun::rewriteLinks(const RecordCall& lastCall) {
 
 void RecordRun::takeStamps(RecordOutcome& outcome) const {
     for (const ProductKind& kind : products_.kinds()) {
-        const auto stamp = services_.stamps.stampOf(products_.pathOf(kind, outcome.record));
+        const auto stamp = services_.stamps.stampOfExact(products_.pathOf(kind, outcome.record));
         if (!stamp) {
             outcome.why = quoted(products_.nameOf(kind, outcome.record)) + " is gone again";
             outcome.products.clear();

@@ -5,7 +5,6 @@
 #include "platform/windows_path.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -68,20 +67,6 @@ std::vector<std::string_view> pieces(std::string_view text, char separator) {
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     return result;
-}
-
-std::string textOf(const std::string& hostPath) {
-    auto descriptor = openIfThere(hostPath);
-    if (!descriptor.isOpen()) {
-        return {};
-    }
-    const auto file = readFrom(std::move(descriptor));
-    std::string text;
-    std::array<char, 4096> block{};
-    while (const auto count = file->read(block)) {
-        text.append(block.data(), count);
-    }
-    return text;
 }
 
 std::string userFile(const Environment& environment) {

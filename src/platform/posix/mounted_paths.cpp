@@ -110,6 +110,10 @@ bool isShare(std::string_view volume) {
 
 } // namespace
 
+std::string asFolder(std::string_view folder) {
+    return folder.empty() ? std::string() : std::string(folder) + '\\';
+}
+
 MountedPaths::MountedPaths(Mounts mounts, std::string_view currentFolder)
     : mounts_(std::move(mounts)) {
     currentFolder_ = fullPath(currentFolder);

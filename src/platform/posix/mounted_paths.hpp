@@ -16,6 +16,9 @@ struct HostEntry {
     std::optional<struct stat> status; // nothing: there is no such file or folder
 };
 
+// A folder as it is given to be listed: "C:" is the drive's root.
+[[nodiscard]] std::string asFolder(std::string_view folder);
+
 // Where Windows paths lie on this machine: each on its drive or share, and there every name matches
 // without regard to case, the one spelled alike first.
 class MountedPaths {

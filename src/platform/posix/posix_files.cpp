@@ -26,11 +26,6 @@ bool isLink(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-// A folder as it is given to be listed: "C:" is the drive's root.
-std::string asFolder(std::string_view folder) {
-    return folder.empty() ? std::string() : std::string(folder) + '\\';
-}
-
 // The names in the folder's own order.
 template <typename Matches>
 Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const Matches& matches) {

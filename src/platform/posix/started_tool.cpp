@@ -64,10 +64,9 @@ class NoSignals {
     sigset_t before_{};
 };
 
+// As this process was started; what it ignores or blocks since then is nothing to the tool.
 void hearSignalsAgain() noexcept {
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGQUIT, SIGCHLD}) {
-        ::signal(number, SIG_DFL);
-    }
+    ::signal(SIGPIPE, SIG_DFL);
     sigset_t none{};
     ::sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);

@@ -21,8 +21,8 @@ namespace tarnwick {
 
 // What a user can say of the system that a console program runs on.
 struct ConsoleOptions {
-    std::vector<std::string> drives;         // where drives and shares lie, on a system without
-    unsigned codePage = CodePage::western;   // of definitions, on a system with another text
+    std::vector<std::string> drives;       // where drives and shares lie, on a system without
+    unsigned codePage = CodePage::western; // of definitions, on a system with another text
 
     bool operator==(const ConsoleOptions&) const = default;
 };

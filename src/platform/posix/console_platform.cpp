@@ -9,6 +9,7 @@
 #include "platform/posix/posix_tool_paths.hpp"
 #include "platform/posix/posix_tool_processes.hpp"
 #include "platform/posix/to_utf8.hpp"
+#include "platform/run_time_error.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -51,8 +52,11 @@ bool isWindowsPath(std::string_view typed) {
 class PosixConsolePlatform final : public ConsolePlatform {
   public:
     PosixConsolePlatform(Mounts mounts, unsigned codePage)
-        : codePage_(codePage), mounts_(std::move(mounts)), files_(mounts_, mounts_.windowsPath(".")),
-          stamps_(mounts_, files_.currentFolder()), paths_(mounts_, files_.currentFolder()),
+        : codePage_(codePage),
+          mounts_(std::move(mounts)),
+          files_(mounts_, mounts_.windowsPath(".")),
+          stamps_(mounts_, files_.currentFolder()),
+          paths_(mounts_, files_.currentFolder()),
           locks_(mounts_, files_.currentFolder()) {}
 
     Files& files() override { return files_; }

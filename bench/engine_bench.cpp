@@ -87,7 +87,7 @@ class PlainInterpreter : public CommandInterpreter {
 };
 
 void runEngine(const World& place) {
-    PosixFiles files(place.root().string());
+    PosixFiles files(Mounts::below(place.root().string()));
     const PlainInterpreter interpreter;
     const BatchDefinition batch = definition();
     const auto records = files.listFiles(batch.sInputFolder, batch.sInputExtensions).names;

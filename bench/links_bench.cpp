@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void rewriteAll(const PageSet& pages) {
-    PosixFiles files(pages.drivesRoot());
+    PosixFiles files(Mounts::below(pages.drivesRoot()));
     const BatchDefinition definition = pages.definition();
     for (const std::string& record : pages.records()) {
         static_cast<void>(rewriteRecordLinks(definition, files, record, "tarnwick"));

@@ -173,14 +173,12 @@ class AfterShowing {
 // Nothing goes wrong in a benchmark; if something does, it must not pass as a good time.
 class NoDesktop : public Desktop {
   public:
+    [[nodiscard]] bool isSeen() const noexcept override { return true; }
     MessageAnswer show(const Message& message) override {
         std::cerr << message.text << '\n';
         std::abort();
     }
     std::optional<std::string> chooseFile(const FileDialog& /*dialog*/) override { std::abort(); }
-    std::string askForText(std::string_view /*prompt*/, std::string_view /*title*/) override {
-        std::abort();
-    }
     std::int32_t openDocument(std::string_view /*document*/,
                               std::string_view /*workingFolder*/) override {
         std::abort();

@@ -64,11 +64,15 @@ set(wrong_warnings $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno
 
 # tarnwick_test(name SOURCES ... DEPENDS ...): one GoogleTest program, and one CTest entry: to start a
 # program for every test would take longer than the tests. It tells only of what fails.
+# TEXT tarnwick_system_text: in the code page of this machine, not in the one of most tests.
 function(tarnwick_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "TEXT" "SOURCES;DEPENDS" ${ARGN})
+  if(NOT ARG_TEXT)
+    set(ARG_TEXT tarnwick_test_text)
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE tarnwick_options ${ARG_DEPENDS} tarnwick_test_text GTest::gmock_main)
+  target_link_libraries(${name} PRIVATE tarnwick_options ${ARG_DEPENDS} ${ARG_TEXT} GTest::gmock_main)
   target_precompile_headers(${name} REUSE_FROM tarnwick_test_headers)
   target_compile_options(${name} PRIVATE ${wrong_warnings})
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)

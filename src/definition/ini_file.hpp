@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace tarnwick {
 
@@ -26,6 +27,10 @@ void writeDefinition(BatchDefinition& definition, Files& files);
 // something, but not one entry that is known, is none of ours: that raises 321, and the definition
 // stays as it was.
 void readDefinition(BatchDefinition& definition, const Files& files);
+
+// The same for a file that holds `text`, where the file itself is in another code page than this
+// machine's. Raises 321.
+void readDefinition(BatchDefinition& definition, const Files& files, std::string_view text);
 
 // As writeDefinition. True when all went well; an error is reported.
 bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);

@@ -194,16 +194,26 @@ class IniReader {
     bool holdsText_ = false;
 };
 
-} // namespace
+// A text as if it stood in a file.
+class TextInput : public InputFile {
+  public:
+    explicit TextInput(std::string_view text) : rest_(text) {}
+    std::size_t read(std::span<char> buffer) override {
+        const auto count = rest_.copy(buffer.data(), buffer.size());
+        rest_.remove_prefix(count);
+        return count;
+    }
 
-void readDefinition(BatchDefinition& definition, const Files& files) {
-    // Opened first: a file that cannot be read must not cost the products in memory.
-    const auto file = files.openForReading(definition.sINIFile);
+  private:
+    std::string_view rest_;
+};
+
+void readDefinitionFrom(InputFile& file, BatchDefinition& definition, const Files& files) {
     const BatchDefinition before = definition;
     switchOffAllOutputs(definition);
     // The file is ours and ends its lines with CR LF, but people edit it with what they have: a
     // bare LF ends a line too.
-    LineReader lines(*file, LineEnds::Any);
+    LineReader lines(file, LineEnds::Any);
     IniReader reader(definition, files);
     while (const auto line = lines.next()) {
         reader.readLine(*line);
@@ -213,6 +223,18 @@ void readDefinition(BatchDefinition& definition, const Files& files) {
         throw RunTimeError(ErrorNumber::InvalidFileFormat);
     }
     reader.finish();
+}
+
+} // namespace
+
+void readDefinition(BatchDefinition& definition, const Files& files) {
+    // Opened first: a file that cannot be read must not cost the products in memory.
+    readDefinitionFrom(*files.openForReading(definition.sINIFile), definition, files);
+}
+
+void readDefinition(BatchDefinition& definition, const Files& files, std::string_view text) {
+    TextInput file(text);
+    readDefinitionFrom(file, definition, files);
 }
 
 } // namespace tarnwick

@@ -54,6 +54,28 @@ std::size_t utf8Length(std::string_view text) noexcept {
     return length;
 }
 
+// The bytes of a character of UTF-8, more than one, as one number; and what that stands for.
+char32_t fromUtf8(std::uint32_t bytes, std::size_t length) noexcept {
+    char32_t character = 0;
+    for (std::size_t place = 0; place < length; ++place) {
+        character |= static_cast<char32_t>(bytes >> (8 * place) & 0x3FU) << (6 * place);
+    }
+    const std::size_t bits = 6 * (length - 1) + (7 - length); // the rest marks the first byte
+    return character & ((char32_t{1} << bits) - 1);
+}
+
+// The other way, for what lies beyond ASCII.
+std::uint32_t toUtf8(char32_t character) noexcept {
+    const std::size_t length = character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
+    std::uint32_t bytes = 0;
+    for (std::size_t place = 0; place < length; ++place) {
+        const auto mark = place + 1 < length ? 0x80U : 0xF00U >> length & 0xFFU;
+        bytes |= (mark | static_cast<std::uint32_t>(character >> (6 * place) & 0x3FU))
+                 << (8 * place);
+    }
+    return bytes;
+}
+
 } // namespace
 
 CodePage::CodePage(unsigned number) noexcept {
@@ -88,14 +110,22 @@ bool CodePage::isCharacter(std::string_view bytes) const noexcept {
     return kind_ == Kind::SingleByte ? !free.contains(bytes.front()) : isKatakana;
 }
 
-std::uint32_t CodePage::takeUpperCased(std::string_view& text) const noexcept {
+CodePage::CodePage(CapitalOf capitalOf) noexcept : CodePage(utf8) {
+    capitalOf_ = capitalOf;
+}
+
+std::uint32_t CodePage::takeBeyondAscii(std::string_view& text) const noexcept {
     const std::size_t length = lengthOfFirst(text);
     std::uint32_t character = static_cast<unsigned char>(upperCase(text.front()));
     for (std::size_t place = 1; place < length; ++place) {
         character = character << 8U | byteAt(text, place);
     }
     text.remove_prefix(length);
-    return character;
+    if (capitalOf_ == nullptr || length == 1) {
+        return character;
+    }
+    const char32_t capital = capitalOf_(fromUtf8(character, length));
+    return capital < 0x80 ? character : toUtf8(capital);
 }
 
 std::size_t CodePage::findFirstOf(std::string_view text,

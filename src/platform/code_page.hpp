@@ -24,6 +24,13 @@ class CodePage {
     // One of single bytes, with letters of its own.
     explicit CodePage(const Capitals& capitals) noexcept : upper_(capitals) {}
 
+    // UTF-8 with the letters of all scripts: `capitalOf` gives the capital of a character of
+    // Unicode, else the character itself. What lies beyond ASCII never becomes a letter of ASCII,
+    // as on Windows: a dotless i is no other way to write an I. A capital may be longer or shorter
+    // than its letter.
+    using CapitalOf = char32_t (*)(char32_t) noexcept;
+    explicit CodePage(CapitalOf capitalOf) noexcept;
+
     // How many bytes the first character of `text`, which is not empty, has. A byte that begins
     // none is taken for one by itself.
     [[nodiscard]] std::size_t lengthOfFirst(std::string_view text) const noexcept;
@@ -35,13 +42,25 @@ class CodePage {
     [[nodiscard]] bool hasTrailBytes() const noexcept { return kind_ == Kind::DoubleByte; }
     [[nodiscard]] bool isUtf8() const noexcept { return kind_ == Kind::Utf8; }
 
+    // Whether a text is upper-cased byte by byte.
+    [[nodiscard]] bool foldsByBytes() const noexcept {
+        return kind_ != Kind::DoubleByte && capitalOf_ == nullptr;
+    }
+
     [[nodiscard]] char upperCase(char character) const noexcept {
         return upper_[static_cast<unsigned char>(character)];
     }
 
     // Takes the first character from the front of `text`, which is not empty: upper-cased, its
     // bytes as one number.
-    [[nodiscard]] std::uint32_t takeUpperCased(std::string_view& text) const noexcept;
+    [[nodiscard]] std::uint32_t takeUpperCased(std::string_view& text) const noexcept {
+        if (static_cast<unsigned char>(text.front()) >= 0x80) {
+            return takeBeyondAscii(text);
+        }
+        const char character = upperCase(text.front());
+        text.remove_prefix(1);
+        return static_cast<unsigned char>(character);
+    }
 
     // As the members of string_view, for `characters` of ASCII that are not parts of others.
     [[nodiscard]] std::size_t findFirstOf(std::string_view text,
@@ -50,6 +69,8 @@ class CodePage {
                                          std::string_view characters) const noexcept;
 
   private:
+    [[nodiscard]] std::uint32_t takeBeyondAscii(std::string_view& text) const noexcept;
+
     enum class Kind : std::uint8_t { SingleByte, DoubleByte, Utf8 };
 
     Kind kind_ = Kind::SingleByte;
@@ -57,6 +78,7 @@ class CodePage {
     unsigned char lastLead_ = 0xFE;
     bool hasKatakana_ = false;
     Capitals upper_{};
+    CapitalOf capitalOf_ = nullptr; // of Utf8, for what lies beyond ASCII
 };
 
 // The one of the system that the program runs on: each platform defines it.

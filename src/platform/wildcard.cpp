@@ -159,11 +159,33 @@ bool matchesAnyWildcard(std::string_view name, std::string_view patterns) {
     return !anyPattern;
 }
 
+namespace {
+
+bool beginsWithAscii(std::string_view text) {
+    return isAscii(text.substr(0, 1)) && !text.empty();
+}
+
+// Where a letter may be of several bytes.
+bool lessByCharacters(std::string_view left, std::string_view right, const CodePage& codePage) {
+    auto leftRest = left;
+    auto rightRest = right;
+    while (beginsWithAscii(leftRest) && beginsWithAscii(rightRest)) {
+        const auto l = codePage.takeUpperCased(leftRest);
+        const auto r = codePage.takeUpperCased(rightRest);
+        if (l != r) {
+            return l < r;
+        }
+    }
+    const auto order = upperCase(leftRest, codePage).compare(upperCase(rightRest, codePage));
+    return order != 0 ? order < 0 : left < right;
+}
+
+} // namespace
+
 bool NameLess::operator()(std::string_view left, std::string_view right,
                           const CodePage& codePage) const {
-    if (codePage.hasTrailBytes()) {
-        const auto order = upperCase(left, codePage).compare(upperCase(right, codePage));
-        return order != 0 ? order < 0 : left < right;
+    if (!codePage.foldsByBytes()) {
+        return lessByCharacters(left, right, codePage);
     }
     const auto length = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < length; ++i) {
@@ -204,31 +226,30 @@ void sortNames(std::vector<std::string>& names, const CodePage& codePage) {
     // Every name is upper-cased once instead of at each comparison, all of them in one block; and
     // most comparisons are settled by the first characters, which stand in the key itself: a
     // hundred thousand names would not fit into the processor's cache.
-    std::size_t length = 0;
-    for (const auto& name : names) {
-        length += name.size();
-    }
     std::string block;
-    block.reserve(length);
-    std::vector<std::string_view> upper; // of block
-    upper.reserve(names.size());
+    std::vector<std::size_t> starts{0}; // of each name in the block, and its end
+    starts.reserve(names.size() + 1);
+    for (const auto& name : names) {
+        block.append(upperCase(name, codePage));
+        starts.push_back(block.size());
+    }
+    const auto upper = [&](std::size_t index) {
+        return std::string_view(block).substr(starts[index], starts[index + 1] - starts[index]);
+    };
     struct Key {
         SortPrefix prefix;
         std::size_t index;
     };
     std::vector<Key> keys;
     keys.reserve(names.size());
-    for (const auto& name : names) {
-        const auto start = block.size();
-        block.append(upperCase(name, codePage));
-        upper.emplace_back(block.data() + start, name.size());
-        keys.push_back({sortPrefix(upper.back()), keys.size()});
+    while (keys.size() < names.size()) {
+        keys.push_back({sortPrefix(upper(keys.size())), keys.size()});
     }
     std::ranges::sort(keys, [&](const Key& left, const Key& right) {
         if (left.prefix != right.prefix) {
             return left.prefix < right.prefix;
         }
-        const auto order = upper[left.index].compare(upper[right.index]);
+        const auto order = upper(left.index).compare(upper(right.index));
         return order != 0 ? order < 0 : names[left.index] < names[right.index];
     });
     std::vector<std::string> sorted;

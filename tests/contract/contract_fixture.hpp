@@ -1,12 +1,11 @@
 #pragma once
 
 #include "contract/platform_under_test.hpp"
-#include "platform/run_time_error.hpp"
 #include "support/file_bytes.hpp"
+#include "support/raised_by.hpp"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,17 +13,6 @@
 namespace tarnwick {
 
 using Names = std::vector<std::string>;
-
-// The number of the error that `call` raises; 0 when it raises none.
-template <typename Call>
-std::int32_t raisedBy(Call&& call) {
-    try {
-        static_cast<void>(static_cast<Call&&>(call)());
-    } catch (const RunTimeError& error) {
-        return error.record().number;
-    }
-    return 0;
-}
 
 class ContractTest : public testing::Test {
   protected:

@@ -43,7 +43,8 @@ TemporaryFolder::~TemporaryFolder() {
     fs::remove_all(hostPath_, ignored);
 }
 
-HostedWorld::HostedWorld(std::string_view currentFolder) : files_(root_.hostPath(), currentFolder) {
+HostedWorld::HostedWorld(std::string_view currentFolder)
+    : files_(Mounts::below(root_.hostPath()), currentFolder) {
     makeDrive('C');
     makeFolder(currentFolder);
 }

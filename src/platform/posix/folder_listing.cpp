@@ -1,5 +1,8 @@
 #include "platform/posix/folder_listing.hpp"
 
+#include "platform/characters.hpp"
+#include "platform/code_page.hpp"
+#include "platform/left_out.hpp"
 #include "platform/posix/errors.hpp"
 #include "platform/posix/file_descriptor.hpp"
 
@@ -9,39 +12,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 #include <optional>
 #include <string_view>
 
 namespace tarnwick {
 namespace {
 
-struct FolderCloser {
-    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, FolderCloser>;
-
-Folder openFolder(const std::string& hostFolder) {
-    FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!descriptor.isOpen()) {
-        raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
-    }
-    struct stat status{};
-    if (::fstat(descriptor.get(), &status) != 0) {
-        raiseSystemError(errno);
-    }
-    if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
-        raiseSystemError(EACCES);
-    }
-    Folder folder(::fdopendir(descriptor.get()));
-    if (!folder) {
-        raiseSystemError(errno);
-    }
-    static_cast<void>(descriptor.release()); // the folder closes it now
-    return folder;
-}
-
-std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
+std::optional<EntryKind> kindOf(const ListedFolder& folder, const dirent& entry) {
     switch (entry.d_type) {
     case DT_REG:
         return EntryKind::File;
@@ -49,14 +26,11 @@ std::optional<EntryKind> kindOf(DIR* folder, const dirent& entry) {
         return EntryKind::Folder;
     case DT_LNK:
     case DT_UNKNOWN: { // only now is a second look needed
-        struct stat status{};
-        if (::fstatat(::dirfd(folder), entry.d_name, &status, 0) != 0) {
-            return std::nullopt;
-        }
-        if (S_ISREG(status.st_mode)) {
+        const auto status = folder.statusOf(entry.d_name);
+        if (status && S_ISREG(status->st_mode)) {
             return EntryKind::File;
         }
-        return S_ISDIR(status.st_mode) ? std::optional(EntryKind::Folder) : std::nullopt;
+        return status && S_ISDIR(status->st_mode) ? std::optional(EntryKind::Folder) : std::nullopt;
     }
     default:
         return std::nullopt;
@@ -69,22 +43,70 @@ bool isSpecialName(std::string_view name) {
 
 } // namespace
 
-void listHostFolder(const std::string& hostFolder,
-                    const std::function<void(std::string_view name, EntryKind kind)>& take) {
-    const auto folder = openFolder(hostFolder);
-    errno = 0;
-    while (const dirent* entry = ::readdir(folder.get())) {
-        const std::string_view name = entry->d_name;
-        if (!isSpecialName(name)) {
-            if (const auto kind = kindOf(folder.get(), *entry)) {
-                take(name, *kind);
-            }
-        }
-        errno = 0;
+ListedFolder::ListedFolder(const std::string& hostFolder) {
+    FileDescriptor descriptor(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor.isOpen()) {
+        raiseSystemError(errno == ENOENT ? ENOTDIR : errno);
     }
-    if (errno != 0) {
+    struct stat status{};
+    if (::fstat(descriptor.get(), &status) != 0) {
         raiseSystemError(errno);
     }
+    if ((status.st_mode & S_IRUSR) == 0) { // the superuser may list anything
+        raiseSystemError(EACCES);
+    }
+    folder_.reset(::fdopendir(descriptor.get()));
+    if (!folder_) {
+        raiseSystemError(errno);
+    }
+    static_cast<void>(descriptor.release()); // the folder closes it now
+}
+
+const dirent* ListedFolder::next() {
+    const dirent* entry = nullptr;
+    do {
+        errno = 0;
+        entry = ::readdir(folder_.get());
+        if (entry == nullptr && errno != 0) {
+            raiseSystemError(errno);
+        }
+    } while (entry != nullptr && isSpecialName(entry->d_name));
+    return entry;
+}
+
+std::optional<struct stat> ListedFolder::statusOf(const char* name) const {
+    struct stat status{};
+    return ::fstatat(::dirfd(folder_.get()), name, &status, 0) == 0 ? std::optional(status)
+                                                                    : std::nullopt;
+}
+
+void listHostFolder(const std::string& hostFolder,
+                    const std::function<void(std::string_view name, EntryKind kind)>& take) {
+    ListedFolder folder(hostFolder);
+    while (const dirent* entry = folder.next()) {
+        if (const auto kind = kindOf(folder, *entry)) {
+            take(entry->d_name, *kind);
+        }
+    }
+}
+
+std::optional<std::string> shownWhereOdd(std::string_view name) {
+    if (isAscii(name)) {
+        return std::nullopt;
+    }
+    std::string shown;
+    bool odd = false;
+    while (!name.empty()) {
+        const auto bytes = name.substr(0, systemCodePage().lengthOfFirst(name));
+        name.remove_prefix(bytes.size());
+        if (systemCodePage().isCharacter(bytes)) {
+            shown += bytes;
+        } else {
+            shown += shownByNumber(static_cast<unsigned char>(bytes.front()));
+            odd = true;
+        }
+    }
+    return odd ? std::optional(shown) : std::nullopt;
 }
 
 bool isListable(const std::string& hostFolder, const struct stat& status) {

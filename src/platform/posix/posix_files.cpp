@@ -1,6 +1,5 @@
 #include "platform/posix/posix_files.hpp"
 
-#include "platform/characters.hpp"
 #include "platform/posix/errors.hpp"
 #include "platform/posix/folder_listing.hpp"
 #include "platform/posix/posix_open_files.hpp"
@@ -27,32 +26,6 @@ bool isLink(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-// A folder as it is given to be listed: "C:" is the drive's root.
-std::string asFolder(std::string_view folder) {
-    return folder.empty() ? std::string() : std::string(folder) + '\\';
-}
-
-// What a name looks like that has bytes which are no characters; nothing where it has none. Such a
-// file is left out of listings.
-std::optional<std::string> shownWhereOdd(std::string_view name) {
-    if (isAscii(name)) {
-        return std::nullopt;
-    }
-    std::string shown;
-    bool odd = false;
-    while (!name.empty()) {
-        const auto bytes = name.substr(0, systemCodePage().lengthOfFirst(name));
-        name.remove_prefix(bytes.size());
-        if (systemCodePage().isCharacter(bytes)) {
-            shown += bytes;
-        } else {
-            shown += shownByNumber(static_cast<unsigned char>(bytes.front()));
-            odd = true;
-        }
-    }
-    return odd ? std::optional(shown) : std::nullopt;
-}
-
 // The names in the folder's own order.
 template <typename Matches>
 Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const Matches& matches) {
@@ -72,12 +45,12 @@ Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const M
 
 } // namespace
 
-PosixFiles::PosixFiles(std::string drivesRoot, std::string_view currentFolder)
-    : root_(std::move(drivesRoot), asFolder(currentFolder)) {}
+PosixFiles::PosixFiles(Mounts mounts, std::string_view currentFolder)
+    : paths_(std::move(mounts), asFolder(currentFolder)) {}
 
 bool PosixFiles::canListFolder(std::string_view folder) const {
     try {
-        const auto [host, status] = root_.find(asFolder(folder));
+        const auto [host, status] = paths_.find(asFolder(folder));
         return status && isListable(host, *status);
     } catch (const RunTimeError&) {
         return false;
@@ -95,13 +68,13 @@ std::string PosixFiles::firstNormalFile(std::string_view path) const {
     if (hasWildcard(pattern)) {
         const auto folder = std::string(path.substr(0, path.size() - pattern.size())) + '.';
         const auto names =
-            unsortedListing(root_.hostPath(folder), EntryKind::File, [&](std::string_view name) {
+            unsortedListing(paths_.hostPath(folder), EntryKind::File, [&](std::string_view name) {
                 return matchesWildcard(name, pattern);
             }).names;
         const auto first = std::ranges::min_element(names, nameLess);
         return first == names.end() ? std::string() : *first;
     }
-    const auto [host, status] = root_.find(path);
+    const auto [host, status] = paths_.find(path);
     if (!isFile(status)) {
         return {};
     }
@@ -110,14 +83,14 @@ std::string PosixFiles::firstNormalFile(std::string_view path) const {
 
 Listing PosixFiles::listFiles(std::string_view folder, std::string_view patterns) const {
     auto listing =
-        unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::File,
+        unsortedListing(paths_.hostPath(asFolder(folder)), EntryKind::File,
                         [&](std::string_view name) { return matchesAnyWildcard(name, patterns); });
     sortNames(listing.names);
     return listing;
 }
 
 Listing PosixFiles::listFolders(std::string_view folder) const {
-    auto listing = unsortedListing(root_.hostPath(asFolder(folder)), EntryKind::Folder,
+    auto listing = unsortedListing(paths_.hostPath(asFolder(folder)), EntryKind::Folder,
                                    [](std::string_view) { return true; });
     sortNames(listing.names);
     return listing;
@@ -135,11 +108,11 @@ std::vector<std::string> PosixFiles::drives() const {
 }
 
 std::string PosixFiles::currentFolder() const {
-    return root_.currentFolder();
+    return paths_.currentFolder();
 }
 
 std::string PosixFiles::shortPath(std::string_view path) const {
-    if (!root_.find(path).status) {
+    if (!paths_.find(path).status) {
         raiseSystemError(ENOENT);
     }
     return std::string(path);
@@ -147,10 +120,10 @@ std::string PosixFiles::shortPath(std::string_view path) const {
 
 PosixFiles::HostFile PosixFiles::look(std::string_view path) const {
     // Mostly every name is spelled as it is on the disk, and needs no search.
-    auto host = root_.spelled(path);
+    auto host = paths_.spelled(path);
     auto file = openIfThere(host);
     if (!file.isOpen()) {
-        host = root_.hostPath(path);
+        host = paths_.hostPath(path);
         file = openIfThere(host);
     }
     return {.path = std::move(host), .file = std::move(file)};
@@ -165,15 +138,15 @@ std::unique_ptr<InputFile> PosixFiles::openForReading(std::string_view path) con
 }
 
 std::unique_ptr<OutputFile> PosixFiles::create(std::string_view path) {
-    return createHostFile(root_.hostPath(path), Existing::Emptied);
+    return createHostFile(paths_.hostPath(path), Existing::Emptied);
 }
 
 std::unique_ptr<OutputFile> PosixFiles::createNew(std::string_view path) {
-    return createHostFile(root_.placeFor(path), Existing::Refused);
+    return createHostFile(paths_.placeFor(path), Existing::Refused);
 }
 
 std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
-    return createHostFile(root_.hostPath(path), Existing::Kept);
+    return createHostFile(paths_.hostPath(path), Existing::Kept);
 }
 
 void PosixFiles::remove(std::string_view path) {
@@ -187,7 +160,7 @@ void PosixFiles::remove(std::string_view path) {
 
 void PosixFiles::createFolder(std::string_view path) {
     constexpr mode_t everybody = 0777; // less what the user's mask takes away
-    if (::mkdir(root_.hostPath(path).c_str(), everybody) != 0) {
+    if (::mkdir(paths_.hostPath(path).c_str(), everybody) != 0) {
         raiseSystemError(errno);
     }
 }
@@ -210,7 +183,7 @@ void PosixFiles::move(std::string_view from, std::string_view to, Access access)
     if (target.isOpen()) {
         requireReplaceable(target);
     }
-    if (root_.volume(from) != root_.volume(to)) {
+    if (paths_.volume(from) != paths_.volume(to)) {
         raiseSystemError(EXDEV);
     }
     // The file systems of today write the content of a file before its rename over another: to wait

@@ -1,17 +1,17 @@
 #pragma once
 
 #include "platform/files.hpp"
-#include "platform/posix/drives_root.hpp"
 #include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/mounted_paths.hpp"
 
 namespace tarnwick {
 
-// The file system of a POSIX machine, shown as drives and shares below one folder (see
-// DrivesRoot). Read-only is what its owner may not write. No file is hidden or has a short name,
-// and none is ever in use: the system lets everybody open, replace and remove an open file.
+// The file system of a POSIX machine, shown as drives and shares (see MountedPaths). Read-only is
+// what its owner may not write. No file is hidden or has a short name, and none is ever in use: the
+// system lets everybody open, replace and remove an open file.
 class PosixFiles : public Files {
   public:
-    explicit PosixFiles(std::string drivesRoot, std::string_view currentFolder = R"(C:\)");
+    explicit PosixFiles(Mounts mounts, std::string_view currentFolder = R"(C:\)");
 
     [[nodiscard]] bool canListFolder(std::string_view folder) const override;
     [[nodiscard]] std::string firstNormalFile(std::string_view path) const override;
@@ -31,19 +31,21 @@ class PosixFiles : public Files {
     void replace(std::string_view from, std::string_view to) override;
 
     // Where `path` lies on this machine; raises 52, 68, 76.
-    [[nodiscard]] std::string hostPath(std::string_view path) const { return root_.hostPath(path); }
+    [[nodiscard]] std::string hostPath(std::string_view path) const {
+        return paths_.hostPath(path);
+    }
 
   private:
     struct HostFile {
         std::string path;
         FileDescriptor file; // not open: nothing is there
     };
-    // What lies at `path`, open. Raises as DrivesRoot::find, and 75 (not allowed).
+    // What lies at `path`, open. Raises as MountedPaths::find, and 75 (not allowed).
     [[nodiscard]] HostFile look(std::string_view path) const;
     enum class Access { OfTarget, OfSource };
     void move(std::string_view from, std::string_view to, Access access);
 
-    DrivesRoot root_;
+    MountedPaths paths_;
 };
 
 } // namespace tarnwick

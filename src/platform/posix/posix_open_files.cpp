@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -66,18 +67,6 @@ class PosixInputFile : public InputFile {
     FileDescriptor file_;
 };
 
-// The front of `bytes`; how many of them.
-std::size_t writeSome(const FileDescriptor& file, std::string_view bytes) {
-    ssize_t count = -1;
-    do {
-        count = ::write(file.get(), bytes.data(), bytes.size());
-    } while (count < 0 && errno == EINTR);
-    if (count < 0) {
-        raiseSystemError(errno);
-    }
-    return static_cast<std::size_t>(count);
-}
-
 class PosixOutputFile : public OutputFile {
   public:
     explicit PosixOutputFile(FileDescriptor file) : file_(std::move(file)) {}
@@ -128,6 +117,17 @@ class PosixOutputFile : public OutputFile {
 
 } // namespace
 
+std::size_t writeSome(const FileDescriptor& file, std::string_view bytes) {
+    ssize_t count = -1;
+    do {
+        count = ::write(file.get(), bytes.data(), bytes.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        raiseSystemError(errno);
+    }
+    return static_cast<std::size_t>(count);
+}
+
 FileDescriptor openIfThere(const std::string& hostPath) {
     auto file = tryToOpen(hostPath, O_RDONLY);
     if (!file.isOpen() && errno != ENOENT && errno != ENOTDIR) {
@@ -139,6 +139,20 @@ FileDescriptor openIfThere(const std::string& hostPath) {
 std::unique_ptr<InputFile> readFrom(FileDescriptor file) {
     requirePermission(statusOf(file), S_IRUSR);
     return std::make_unique<PosixInputFile>(std::move(file));
+}
+
+std::string textOf(const std::string& hostPath) {
+    auto descriptor = openIfThere(hostPath);
+    if (!descriptor.isOpen()) {
+        return {};
+    }
+    const auto file = readFrom(std::move(descriptor));
+    std::string text;
+    std::array<char, 4096> block{};
+    while (const auto count = file->read(block)) {
+        text.append(block.data(), count);
+    }
+    return text;
 }
 
 void requireFile(const FileDescriptor& file) {

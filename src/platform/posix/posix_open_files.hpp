@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace tarnwick {
 
@@ -14,6 +15,12 @@ namespace tarnwick {
 
 // Reads an open file. Raises 75 (a folder, or not allowed).
 [[nodiscard]] std::unique_ptr<InputFile> readFrom(FileDescriptor file);
+
+// Writes the front of `bytes`; how many of them. Raises 61, 57.
+std::size_t writeSome(const FileDescriptor& file, std::string_view bytes);
+
+// All that is in the file; nothing where there is none. Raises as openIfThere and readFrom, and 57.
+[[nodiscard]] std::string textOf(const std::string& hostPath);
 
 // Raises 53 when nothing is there, or a folder.
 void requireFile(const FileDescriptor& file);

@@ -71,10 +71,15 @@ void refuseRows(std::span<OutputDefinition> rows, LeftOut& refused) {
 
 } // namespace
 
-bool staysName(std::string_view record, const CodePage& codePage) noexcept {
-    constexpr std::string_view unsafe = R"("%^<>|*?:/\)";
+bool isPlainName(std::string_view record, const CodePage& codePage) noexcept {
+    constexpr std::string_view impossible = R"("<>|*?:/\)";
     return !record.empty() && std::ranges::none_of(record, isControl) &&
-           codePage.findFirstOf(record, unsafe) == std::string_view::npos;
+           codePage.findFirstOf(record, impossible) == std::string_view::npos;
+}
+
+bool staysName(std::string_view record, const CodePage& codePage) noexcept {
+    return isPlainName(record, codePage) &&
+           codePage.findFirstOf(record, "%^") == std::string_view::npos;
 }
 
 bool leadsElsewhere(std::string_view record, const CodePage& codePage) noexcept {

@@ -10,12 +10,16 @@
 
 namespace tarnwick {
 
+// Whether it can be a file's name on Windows: no quotation mark, no control character and none of
+// <>|*?:/\ . Windows has no such names; whatever a file system or a conversion brings, none of them
+// becomes a command or a path.
+[[nodiscard]] bool isPlainName(std::string_view record,
+                               const CodePage& codePage = systemCodePage()) noexcept;
+
 // A record's name comes from a folder that others may write to, and goes into command lines between
-// quotation marks. Whether it stays a name there: no quotation mark, no control character and none
-// of <>|*?:/\ . Windows has no such names; whatever a file system or a conversion brings, none of
-// them becomes a command or a path. Nor a "%", which Windows does allow: in a batch it begins a
-// variable, even between quotation marks, and "%~z" ends the whole batch; nor a "^", which "call"
-// doubles: the tool would get the name of another record.
+// quotation marks. Whether it stays a name there: a plain name without a "%", which Windows does
+// allow: in a batch it begins a variable, even between quotation marks, and "%~z" ends the whole
+// batch; and without a "^", which "call" doubles: the tool would get the name of another record.
 [[nodiscard]] bool staysName(std::string_view record,
                              const CodePage& codePage = systemCodePage()) noexcept;
 

@@ -112,6 +112,28 @@ TEST_F(INIReader, Every_key_reaches_its_field) {
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
+TEST_F(INIReader, A_text_is_read_like_a_file_that_holds_it) {
+    constexpr std::string_view content =
+        "Input Folder=D:\\records\r\nGRID_Html=D:\\out\r\nLanguage=French";
+    BatchDefinition fromText = definition;
+    readDefinition(fromText, world.files(), content);
+    world.write("C:\\batch.ini", content);
+    readDefinition(definition, world.files());
+    EXPECT_EQ(fromText, definition);
+    EXPECT_EQ(fromText.sInputFolder, "D:\\records");
+}
+
+TEST_F(INIReader, A_text_without_any_known_entry_is_refused_and_not_taken) {
+    const BatchDefinition before = definition;
+    try {
+        readDefinition(definition, world.files(), "Title: Lakes");
+        FAIL() << "taken";
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.is(ErrorNumber::InvalidFileFormat));
+    }
+    EXPECT_EQ(definition, before);
+}
+
 TEST_F(INIReader, Any_text_but_1_leaves_cns_unchecked_and_any_but_0_checks_mp) {
     definition.iProcessCNS = 1;
     definition.iProcessMP = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/posix/mounts.hpp"
+
 #include <sys/stat.h>
 
 #include <optional>
@@ -14,14 +16,18 @@ struct HostEntry {
     std::optional<struct stat> status; // nothing: there is no such file or folder
 };
 
-// Where Windows paths lie on this machine. "X:\a\b" is the file x/a/b of the drives root,
-// "\\server\share\a" is unc/server/share/a there; every name matches without regard to case, the
-// one spelled alike first.
-class DrivesRoot {
-  public:
-    DrivesRoot(std::string hostFolder, std::string_view currentFolder);
+// A folder as it is given to be listed: "C:" is the drive's root.
+[[nodiscard]] std::string asFolder(std::string_view folder);
 
-    // Where `path` lies if every name on the disk is spelled as it is there. Raises 52.
+// Where Windows paths lie on this machine: each on its drive or share, and there every name matches
+// without regard to case, the one spelled alike first.
+class MountedPaths {
+  public:
+    // The current folder is a Windows path; where it is none, paths are seen from C:.
+    MountedPaths(Mounts mounts, std::string_view currentFolder);
+
+    // Where `path` lies if every name on the disk is spelled as it is there. Raises 52, and
+    // 68 or 76 where no such drive or share is known.
     [[nodiscard]] std::string spelled(std::string_view path) const;
 
     // What lies at `path`: all its folders exist; its last name is spelled as it is found there,
@@ -39,7 +45,6 @@ class DrivesRoot {
     // The drive or share that `path` lies on, upper-cased: "C:" or "\\SERVER\SHARE". Raises 52.
     [[nodiscard]] std::string volume(std::string_view path) const;
 
-    [[nodiscard]] const std::string& hostFolder() const noexcept { return hostFolder_; }
     [[nodiscard]] const std::string& currentFolder() const noexcept { return currentFolder_; }
 
   private:
@@ -52,8 +57,9 @@ class DrivesRoot {
     [[nodiscard]] std::string spelled(const Path& path) const;
     [[nodiscard]] HostEntry search(const Path& path, std::string spelled) const;
     [[nodiscard]] HostEntry findNameByName(const Path& path) const;
+    [[nodiscard]] std::string hostVolume(std::string_view volume) const;
 
-    std::string hostFolder_;
+    Mounts mounts_;
     std::string currentFolder_ = R"(C:\)"; // full
 };
 

@@ -1,4 +1,4 @@
-#include "platform/posix/drives_root.hpp"
+#include "platform/posix/mounted_paths.hpp"
 
 #include "platform/case_folding.hpp"
 #include "platform/posix/file_descriptor.hpp"
@@ -18,6 +18,11 @@
 
 namespace tarnwick {
 namespace {
+
+// The root of the machine is "" before the names below it.
+std::string orRoot(std::string hostPath) {
+    return hostPath.empty() ? "/" : hostPath;
+}
 
 std::optional<struct stat> statusOf(const std::string& hostPath) {
     struct stat status{};
@@ -60,7 +65,7 @@ bool descend(std::string& hostPath, std::string_view name) {
         hostPath = std::move(exact);
         return true;
     }
-    const auto found = findIgnoringCase(openFolder(hostPath), name);
+    const auto found = findIgnoringCase(openFolder(orRoot(hostPath)), name);
     hostPath.append("/").append(found ? std::string_view(*found) : name);
     return found.has_value();
 }
@@ -103,36 +108,31 @@ bool isShare(std::string_view volume) {
     return volume.starts_with(R"(\\)");
 }
 
-// Where a volume lies below the drives root, with a "\" before each name.
-std::string hostVolume(std::string_view volume) {
-    if (isShare(volume)) {
-        return R"(\unc)" + std::string(volume.substr(1));
-    }
-    return {'\\', static_cast<char>(volume[0] | 0x20)};
-}
-
 } // namespace
 
-DrivesRoot::DrivesRoot(std::string hostFolder, std::string_view currentFolder)
-    : hostFolder_(std::move(hostFolder)) {
+std::string asFolder(std::string_view folder) {
+    return folder.empty() ? std::string() : std::string(folder) + '\\';
+}
+
+MountedPaths::MountedPaths(Mounts mounts, std::string_view currentFolder)
+    : mounts_(std::move(mounts)) {
     currentFolder_ = fullPath(currentFolder);
 }
 
-std::string DrivesRoot::spelled(const Path& path) const {
-    const auto volume = hostVolume(path.volume);
+std::string MountedPaths::spelled(const Path& path) const {
+    const auto [folder, volume] = mounts_.placeOf(path.volume);
     std::string host;
-    host.reserve(hostFolder_.size() + volume.size() + path.names.size());
-    host.append(hostFolder_).append(volume).append(path.names);
-    std::replace(host.begin() + static_cast<std::ptrdiff_t>(hostFolder_.size()), host.end(), '\\',
-                 '/');
-    return host;
+    host.reserve(folder.size() + volume.size() + path.names.size());
+    host.append(folder).append(volume).append(path.names);
+    std::replace(host.begin() + static_cast<std::ptrdiff_t>(folder.size()), host.end(), '\\', '/');
+    return orRoot(std::move(host));
 }
 
-std::string DrivesRoot::spelled(std::string_view path) const {
+std::string MountedPaths::spelled(std::string_view path) const {
     return spelled(parse(path));
 }
 
-HostEntry DrivesRoot::find(std::string_view path) const {
+HostEntry MountedPaths::find(std::string_view path) const {
     const auto parsed = parse(path);
     // Mostly every name is spelled as it is on the disk: one look instead of one for each folder.
     auto exact = spelled(parsed);
@@ -142,16 +142,16 @@ HostEntry DrivesRoot::find(std::string_view path) const {
     return search(parsed, std::move(exact));
 }
 
-std::string DrivesRoot::placeFor(std::string_view path) const {
+std::string MountedPaths::placeFor(std::string_view path) const {
     const auto parsed = parse(path);
     return search(parsed, spelled(parsed)).path;
 }
 
-HostEntry DrivesRoot::search(const Path& parsed, std::string exact) const {
+HostEntry MountedPaths::search(const Path& parsed, std::string exact) const {
     // Mostly it is only the last name that is not there as spelled.
     const auto name = lastPart(parsed.names);
     auto parent = exact.substr(0, exact.size() - name.size() - 1);
-    if (const auto folder = openFolder(parent); folder.isOpen() && !name.empty()) {
+    if (const auto folder = openFolder(orRoot(parent)); folder.isOpen() && !name.empty()) {
         const auto found = findIgnoringCase(folder, name);
         auto host = found ? parent.append("/").append(*found) : std::move(exact);
         auto status = found ? statusOf(host) : std::nullopt;
@@ -160,15 +160,21 @@ HostEntry DrivesRoot::search(const Path& parsed, std::string exact) const {
     return findNameByName(parsed);
 }
 
-HostEntry DrivesRoot::findNameByName(const Path& path) const {
-    auto host = hostFolder_;
-    const auto volume = hostVolume(path.volume);
-    for (const auto name : split(volume)) {
-        if (!descend(host, name)) {
-            throw RunTimeError(isShare(path.volume) ? ErrorNumber::PathNotFound
-                                                    : ErrorNumber::DeviceUnavailable);
-        }
+std::string MountedPaths::hostVolume(std::string_view volume) const {
+    auto [host, names] = mounts_.placeOf(volume);
+    bool exists = isFolder(orRoot(host));
+    for (const auto name : split(names)) {
+        exists = exists && descend(host, name);
     }
+    if (!exists) {
+        throw RunTimeError(isShare(volume) ? ErrorNumber::PathNotFound
+                                           : ErrorNumber::DeviceUnavailable);
+    }
+    return host;
+}
+
+HostEntry MountedPaths::findNameByName(const Path& path) const {
+    auto host = hostVolume(path.volume);
     const auto names = split(path.names);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const bool last = i + 1 == names.size();
@@ -177,24 +183,25 @@ HostEntry DrivesRoot::findNameByName(const Path& path) const {
             throw RunTimeError(ErrorNumber::PathNotFound);
         }
     }
+    host = orRoot(std::move(host));
     auto status = statusOf(host);
     return {.path = std::move(host), .status = status};
 }
 
-std::string DrivesRoot::fullPath(std::string_view path) const {
+std::string MountedPaths::fullPath(std::string_view path) const {
     auto [volume, names] = parse(path);
     const bool isRootOfDrive = names.empty() && !isShare(volume);
     return volume + (isRootOfDrive ? "\\" : names);
 }
 
-std::string DrivesRoot::volume(std::string_view path) const {
+std::string MountedPaths::volume(std::string_view path) const {
     if (path.size() >= 2 && path[1] == ':') {
         return upperCase(path.substr(0, 2));
     }
     return upperCase(parse(path).volume);
 }
 
-DrivesRoot::Path DrivesRoot::parse(std::string_view path) const {
+MountedPaths::Path MountedPaths::parse(std::string_view path) const {
     if (!isPossiblePath(path)) {
         throw RunTimeError(ErrorNumber::BadFileName);
     }
@@ -221,7 +228,7 @@ DrivesRoot::Path DrivesRoot::parse(std::string_view path) const {
 }
 
 // `path` begins with "\\".
-DrivesRoot::Path DrivesRoot::parseShare(std::string_view path) {
+MountedPaths::Path MountedPaths::parseShare(std::string_view path) {
     const auto names = split(path);
     if (names.size() < 2) {
         throw RunTimeError(ErrorNumber::PathNotFound);

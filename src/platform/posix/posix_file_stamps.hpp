@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/file_stamps.hpp"
+#include "platform/posix/mounted_paths.hpp"
+
+#include <utility>
+
+namespace tarnwick {
+
+// A link to a file is that file; no file is hidden. The folder itself is read by one thread; where
+// it holds many files, up to eight ask for their stamps.
+class PosixFileStamps : public FileStamps {
+  public:
+    // As PosixFiles.
+    PosixFileStamps(Mounts mounts, std::string_view currentFolder)
+        : paths_(std::move(mounts), currentFolder) {}
+
+    [[nodiscard]] std::optional<Stamp> stampOf(std::string_view path) const override;
+    [[nodiscard]] std::optional<Stamp> stampOfExact(std::string_view path) const override;
+    [[nodiscard]] StampedListing listStamped(std::string_view folder) const override;
+
+  private:
+    MountedPaths paths_;
+};
+
+} // namespace tarnwick

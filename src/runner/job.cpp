@@ -1,0 +1,250 @@
+#include "runner/job.hpp"
+
+#include "common/full_path.hpp"
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "definition/resolved_paths.hpp"
+#include "platform/wildcard.hpp"
+#include "postprocess/configuration_file.hpp"
+#include "processing/commands/batch_checks.hpp"
+#include "processing/commands/record_names.hpp"
+#include "runner/argument_list.hpp"
+#include "runner/clashes.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// A text of several lines is one sentence here.
+std::string onOneLine(std::string text) {
+    for (auto at = text.find(lineEnd); at != std::string::npos; at = text.find(lineEnd)) {
+        text.replace(at, lineEnd.size(), " ");
+    }
+    return text;
+}
+
+class JobCheck {
+  public:
+    JobCheck(BatchDefinition definition, const JobRequest& request, const JobServices& services)
+        : request_(request), services_(services) {
+        checked_.job.definition = std::move(definition);
+    }
+
+    CheckedJob run() {
+        applyRequest();
+        attempt([&] { readConfiguration(); });
+        attempt([&] { checkDefinition(); });
+        attempt([&] { checkInputFolder(); });
+        if (checked_.faults.empty()) {
+            attempt([&] { resolvePaths(); });
+        }
+        if (checked_.faults.empty()) {
+            attempt([&] { findRecords(); });
+        }
+        return std::move(checked_);
+    }
+
+  private:
+    BatchDefinition& definition() { return checked_.job.definition; }
+    void fault(std::string text) { checked_.faults.push_back(std::move(text)); }
+
+    template <typename Step>
+    void attempt(const Step& step) {
+        try {
+            step();
+        } catch (const RunTimeError& error) {
+            fault(error.record().description + ".");
+        }
+    }
+
+    void applyRequest() {
+        const auto apply = [](const std::string& given, std::string& field) {
+            if (!trim(given).empty()) {
+                field = trim(given);
+            }
+        };
+        apply(request_.inputFolder, definition().sInputFolder);
+        apply(request_.inputExtensions, definition().sInputExtensions);
+        apply(request_.mpExecutable, definition().sMPExecutable);
+        apply(request_.cnsExecutable, definition().sCNSExecutable);
+    }
+
+    void readConfiguration() {
+        if (definition().bUseConfigFile == checked &&
+            !configurationFault(definition(), services_.files)) {
+            inspectConfigurationFile(definition(), services_.files);
+        }
+    }
+
+    void checkDefinition() {
+        if (definition().iProcessMP != checked && definition().iProcessCNS != checked) {
+            fault("The definition says neither that CNS nor that MP is to run.");
+        }
+        if (definition().iProcessCNS == checked) {
+            checkTool(Tool::CNS, definition().sCNSExecutable);
+        }
+        if (definition().iProcessMP == checked) {
+            checkTool(Tool::MP, definition().sMPExecutable);
+        }
+        add(configurationFault(definition(), services_.files));
+        if (definition().bCfgNamesOutput) {
+            checked_.job.remarks.emplace_back(
+                "The configuration file names the outputs, so that they are not known here: the "
+                "records are run one at a time, and always.");
+        } else {
+            std::ranges::for_each(outputFaults(definition(), services_.files),
+                                  [&](const BatchFault& one) { fault(onOneLine(one.text)); });
+        }
+    }
+
+    void checkTool(Tool tool, const std::string& executable) {
+        if (trim(executable).empty()) {
+            fault("No " + std::string(nameOf(tool)) + " executable file is named.");
+        } else if (const auto missing = toolFault(definition(), services_.files, tool)) {
+            fault(missing->text);
+        } else if (!services_.canStart(resolvedFile(definition().sAppFolder, executable))) {
+            fault("The " + std::string(nameOf(tool)) + " executable file " + quoted(executable) +
+                  " is no program that can be started.");
+        }
+    }
+
+    void add(const std::optional<BatchFault>& found) {
+        if (found) {
+            fault(found->text);
+        }
+    }
+
+    void checkInputFolder() {
+        std::string& folder = definition().sInputFolder;
+        if (trim(folder).empty()) {
+            fault("No input folder is named.");
+        } else if (!FolderExists(services_.files, folder)) {
+            fault("The input folder " + quoted(folder) + " does not exist.");
+        }
+    }
+
+    void resolvePaths() {
+        std::string& folder = definition().sInputFolder;
+        folder = fullPath(folder, services_.files.currentFolder());
+        definition() = withResolvedPaths(std::move(definition()), services_.files);
+        KnownFolders folders(services_.files);
+        for (const auto& [step, command] : recordCalls(definition(), folders, "record")) {
+            if (!staysArgumentList(command)) {
+                fault("A text of the definition that " + std::string(nameOf(step.tool)) +
+                      " gets holds a quotation mark, or a path ends in \"\\\".");
+            }
+        }
+    }
+
+    void findRecords() {
+        auto& listing = checked_.job.listing.emplace_back(
+            services_.stamps.listStamped(definition().sInputFolder));
+        if (listing.leftOut.count > 0) {
+            checked_.job.refused.push_back(
+                {.name = listing.leftOut.first,
+                 .why = listing.leftOut.count == 1
+                            ? "its name cannot be told here"
+                            : "its name cannot be told here, nor those of " +
+                                  std::to_string(listing.leftOut.count - 1) + " others"});
+        }
+        std::vector<StampedFile> records;
+        std::ranges::copy_if(
+            listing.files, std::back_inserter(records), [&](const StampedFile& file) {
+                return matchesAnyWildcard(file.name, definition().sInputExtensions);
+            });
+        sortByName(records);
+        select(records);
+        if (records.empty() && checked_.faults.empty() && checked_.job.refused.empty()) {
+            fault("No files found in folder " + quoted(definition().sInputFolder) + ".");
+        }
+        refuseNames(records);
+        checked_.job.records = std::move(records);
+        refuseClashes(checked_.job, request_.inPlace, services_.files);
+    }
+
+    static void sortByName(std::vector<StampedFile>& records) {
+        std::vector<std::pair<std::string, StampedFile*>> keys;
+        keys.reserve(records.size());
+        for (StampedFile& record : records) {
+            keys.emplace_back(upperCase(record.name), &record);
+        }
+        std::ranges::sort(keys, [](const auto& left, const auto& right) {
+            return left.first != right.first ? left.first < right.first
+                                             : left.second->name < right.second->name;
+        });
+        std::vector<StampedFile> sorted;
+        sorted.reserve(records.size());
+        for (const auto& [key, record] : keys) {
+            sorted.push_back(std::move(*record));
+        }
+        records = std::move(sorted);
+    }
+
+    // Only those that the user has named. A name that fits none is a mistake.
+    void select(std::vector<StampedFile>& records) {
+        if (request_.records.empty()) {
+            return;
+        }
+        std::vector<bool> asked(request_.records.size());
+        std::erase_if(records, [&](const StampedFile& record) {
+            bool wanted = false;
+            for (std::size_t place = 0; place < asked.size(); ++place) {
+                if (matchesWildcard(record.name, request_.records[place])) {
+                    asked[place] = true;
+                    wanted = true;
+                }
+            }
+            return !wanted;
+        });
+        for (std::size_t place = 0; place < asked.size(); ++place) {
+            if (!asked[place]) {
+                fault("No record is named " + quoted(request_.records[place]) + ".");
+            }
+        }
+    }
+
+    void refuseNames(std::vector<StampedFile>& records) {
+        std::erase_if(records, [&](const StampedFile& record) {
+            const auto why = whyRefused(record.name);
+            if (!why.empty()) {
+                checked_.job.refused.push_back({.name = record.name, .why = std::string(why)});
+            }
+            return !why.empty();
+        });
+    }
+
+    std::string_view whyRefused(std::string_view name) {
+        if (!isPlainName(name)) {
+            return "its name holds a character that no Windows name has";
+        }
+        if (leadsElsewhere(name)) {
+            return "Windows opens something else under this name";
+        }
+        return definition().bCfgNamesOutput && name.starts_with('-')
+                   ? "the tool would take its name for an option"
+                   : "";
+    }
+
+    const JobRequest& request_;
+    const JobServices& services_;
+    CheckedJob checked_;
+};
+
+} // namespace
+
+CheckedJob checkJob(BatchDefinition definition, const JobRequest& request,
+                    const JobServices& services) {
+    return JobCheck(std::move(definition), request, services).run();
+}
+
+std::string shownPath(const ToolPaths& paths, std::string_view path) {
+    try {
+        return paths.toolPath(path);
+    } catch (const RunTimeError&) {
+        return std::string(path);
+    }
+}
+
+} // namespace tarnwick

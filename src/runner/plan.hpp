@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/file_stamps.hpp"
+#include "runner/job.hpp"
+#include "runner/products.hpp"
+#include "runner/run_log.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+
+// Why a record must run.
+struct Reason {
+    enum class Kind : std::uint8_t {
+        New,
+        Interrupted, // it was in work when its last run ended
+        Failed,
+        OtherCommand,
+        ConfigurationChanged,
+        AliasesChanged,
+        CnsChanged,
+        MpChanged,
+        RecordChanged,
+        ProductRemoved,
+        ProductChanged,
+        Asked, // for all
+        OutputsUnknown,
+    };
+
+    Kind kind = Kind::New;
+    std::uint32_t product = 0; // of Products::kinds, where a product is the reason
+
+    bool operator==(const Reason&) const = default;
+};
+
+// Such as "html was removed".
+[[nodiscard]] std::string reasonText(const Reason& reason, const Products& products);
+
+struct PlannedRecord {
+    std::uint32_t record = 0; // of Job::records
+    Reason reason;
+
+    bool operator==(const PlannedRecord&) const = default;
+};
+
+struct Plan {
+    std::vector<PlannedRecord> toRun; // by name
+    std::size_t upToDate = 0;
+};
+
+// The files that a run depends on beside the records, as they are now.
+[[nodiscard]] RunConditions conditionsNow(const BatchDefinition& job, const Products& products,
+                                          const FileStamps& stamps);
+
+// What of the job must run. A record is up to date when its last run made it, under the same
+// conditions, and it and its products are as that run left them; with `all` none is.
+// Asks once for each folder that holds products, and once more for each product that a listing does
+// not show. `inputListing` is that of the input folder. Raises what FileStamps raises.
+[[nodiscard]] Plan planRun(const Job& job, const Products& products, const RunHistory& history,
+                           const RunConditions& now, const FileStamps& stamps, bool all);
+
+} // namespace tarnwick

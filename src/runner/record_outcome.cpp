@@ -1,0 +1,47 @@
+#include "runner/record_outcome.hpp"
+
+#include "runner/visible_text.hpp"
+
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <system_error>
+
+namespace tarnwick {
+namespace {
+
+std::string secondsText(double seconds) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), seconds).ptr;
+    return {digits.begin(), end};
+}
+
+std::string endText(const CallOutcome& outcome) {
+    using enum ToolEnd::Kind;
+    const ToolEnd& end = outcome.end;
+    switch (end.kind) {
+    case Exited:
+        return "ended with status " + std::to_string(end.code);
+    case Signalled:
+        return "was ended by signal " + std::to_string(end.code);
+    case TimedOut:
+        return "took longer than " + secondsText(outcome.call.timeLimit.value_or(0)) +
+               " s and was ended";
+    case Halted:
+        return "was interrupted";
+    case NotStarted:
+        return "could not be started: " +
+               std::system_category().message(static_cast<int>(end.code));
+    }
+    return {};
+}
+
+} // namespace
+
+std::string failureText(const CallOutcome& outcome) {
+    std::string text = std::string(nameOf(outcome.tool)) + " " + endText(outcome);
+    const std::string said = lastLineOf(outcome.end.said);
+    return said.empty() ? text : text.append(": ").append(said);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/file_stamps.hpp"
+#include "platform/tool_processes.hpp"
+#include "processing/commands/tool_steps.hpp"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tarnwick {
+
+// One call of a tool, as it was made and as it ended.
+struct CallOutcome {
+    Tool tool = Tool::MP;
+    ToolCall call;
+    ToolEnd end;
+};
+
+// What became of one record.
+struct RecordOutcome {
+    enum class Result { Made, Failed, Interrupted };
+
+    std::string record;
+    Result result = Result::Failed;
+    std::string why;                // a sentence; empty where it is made
+    Stamp stamp;                    // of the record, as the tools read it
+    std::vector<CallOutcome> calls; // of the last attempt
+    std::vector<Stamp> products;    // in the order of Products::kinds; where it is made
+};
+
+// "MP ended with status 2: no such element". Of a call whose status is not accepted.
+[[nodiscard]] std::string failureText(const CallOutcome& outcome);
+
+} // namespace tarnwick

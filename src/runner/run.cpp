@@ -1,0 +1,186 @@
+#include "runner/run.hpp"
+
+#include "common/text.hpp"
+#include "platform/run_time_error.hpp"
+#include "runner/slots.hpp"
+
+#include <deque>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+// How long nothing may happen before the observers are told, in seconds.
+constexpr double aMoment = 1;
+
+std::vector<CallNote> notesOf(const std::vector<CallOutcome>& calls) {
+    std::vector<CallNote> notes;
+    for (const CallOutcome& call : calls) {
+        notes.push_back({.tool = call.tool, .code = call.end.code, .seconds = call.end.seconds});
+    }
+    return notes;
+}
+
+class OwnedRun {
+  public:
+    OwnedRun(const RunParts& parts, Inbox<RunMessage>& inbox, RunLog& log,
+             std::span<RunObserver* const> observers)
+        : parts_(parts), inbox_(inbox), log_(log), observers_(observers) {
+        const std::size_t jobs = parts.products.areKnown() ? parts.settings.jobs : 1;
+        for (std::size_t slot = 0; slot < jobs; ++slot) {
+            workers_.emplace_back(parts.job, parts.products, parts.settings, parts.written,
+                                  parts.services, parts.temporary + std::to_string(slot));
+        }
+    }
+
+    RunSummary run() {
+        const double begun = parts_.clock.steadySeconds();
+        summary_.failed = parts_.job.refused.size();
+        summary_.upToDate = parts_.plan.upToDate;
+        tell([&](RunObserver& observer) {
+            observer.planned(parts_.job, parts_.products, parts_.plan);
+        });
+        work();
+        summary_.notRun += parts_.plan.toRun.size() - next_;
+        summary_.seconds = parts_.clock.steadySeconds() - begun;
+        tell([&](RunObserver& observer) { observer.ended(summary_); });
+        return summary_;
+    }
+
+  private:
+    void work() {
+        Slots slots(workers_.size(), [&](std::size_t slot, std::uint32_t record) {
+            inbox_.put(RecordStarted{record});
+            inbox_.put(workers_[slot].run(parts_.job.records[record].name));
+        });
+        slots_ = &slots;
+        handOut();
+        while (given_ > 0) {
+            if (auto message = inbox_.take(aMoment)) {
+                std::visit([&](auto& what) { hear(what); }, *message);
+                handOut();
+            } else {
+                tell([](RunObserver& observer) { observer.idle(); });
+            }
+        }
+    }
+
+    // As many as are worked on, and one more each, so that no slot waits for us.
+    void handOut() {
+        while (!ending_ && given_ < 2 * workers_.size() && next_ < parts_.plan.toRun.size()) {
+            const PlannedRecord& planned = parts_.plan.toRun[next_];
+            // What the log says of it holds no longer, from the first tool on.
+            if (planned.reason.kind == Reason::Kind::Asked &&
+                !write(BegunLine{.run = parts_.run,
+                                 .record = parts_.job.records[planned.record].name})) {
+                return;
+            }
+            slots_->give(planned.record);
+            ++next_;
+            ++given_;
+        }
+    }
+
+    void hear(const RecordStarted& started) {
+        tell([&](RunObserver& observer) {
+            observer.started(parts_.job.records[started.record].name);
+        });
+    }
+
+    void hear(RecordOutcome& outcome) {
+        --given_;
+        using enum RecordOutcome::Result;
+        switch (outcome.result) {
+        case Made:
+            ++summary_.made;
+            break;
+        case Failed:
+            ++summary_.failed;
+            ++failures_;
+            break;
+        case Interrupted:
+            ++summary_.notRun;
+            break;
+        }
+        tell([&](RunObserver& observer) { observer.finished(outcome); });
+        write(outcome);
+        if (failures_ == parts_.settings.stopAfter && outcome.result == Failed && !ending_) {
+            endHandingOut();
+            tell([](RunObserver& observer) { observer.stopped(); });
+        }
+    }
+
+    void hear(Interruption interruption) {
+        const bool now = interruption == Interruption::Ordered || summary_.interruption;
+        summary_.interruption = interruption;
+        endHandingOut();
+        tell([&](RunObserver& observer) { observer.ending(now, interruption); });
+        if (now) {
+            parts_.services.processes.halt();
+        }
+    }
+
+    void endHandingOut() {
+        ending_ = true;
+        const auto dropped = slots_->drop();
+        given_ -= dropped;
+        summary_.notRun += dropped;
+    }
+
+    void write(const RecordOutcome& outcome) {
+        if (outcome.result == RecordOutcome::Result::Interrupted) {
+            return; // the log still says what held before, or nothing
+        }
+        static_cast<void>(write(RecordLine{.run = parts_.run,
+                                           .record = outcome.record,
+                                           .why = outcome.why,
+                                           .stamp = outcome.stamp,
+                                           .calls = notesOf(outcome.calls),
+                                           .products = outcome.products}));
+    }
+
+    // Work that nobody could know of afterwards is not begun.
+    bool write(const LogLine& line) {
+        if (!summary_.logFault.empty()) {
+            return false;
+        }
+        try {
+            log_.write(line);
+            return true;
+        } catch (const RunTimeError& error) {
+            summary_.logFault = error.record().description;
+            endHandingOut();
+            return false;
+        }
+    }
+
+    template <typename Call>
+    void tell(const Call& call) {
+        for (RunObserver* const observer : observers_) {
+            call(*observer);
+        }
+    }
+
+    const RunParts& parts_;
+    Inbox<RunMessage>& inbox_;
+    RunLog& log_;
+    std::span<RunObserver* const> observers_;
+    std::deque<RecordRun> workers_; // one for each slot
+    Slots* slots_ = nullptr;        // while it works
+    std::size_t next_ = 0;          // of the plan
+    std::size_t given_ = 0;         // and not heard of again
+    std::size_t failures_ = 0;
+    bool ending_ = false;
+    RunSummary summary_;
+};
+
+} // namespace
+
+RunSummary runRecords(const RunParts& parts, Inbox<RunMessage>& inbox, RunLog& log,
+                      std::span<RunObserver* const> observers) {
+    return OwnedRun(parts, inbox, log, observers).run();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,270 @@
+#include "runner/run_command.hpp"
+
+#include "common/mod_main.hpp"
+#include "common/one_step_file.hpp"
+#include "common/text.hpp"
+#include "platform/run_time_error.hpp"
+#include "runner/argument_list.hpp"
+#include "runner/call_text.hpp"
+#include "runner/hash.hpp"
+#include "runner/inbox.hpp"
+#include "runner/run.hpp"
+#include "runner/visible_text.hpp"
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// Results in large pieces: there may be a hundred thousand lines.
+class Results {
+  public:
+    explicit Results(Terminal& terminal) : terminal_(terminal) {}
+    Results(const Results&) = delete;
+    Results& operator=(const Results&) = delete;
+    Results(Results&&) = delete;
+    Results& operator=(Results&&) = delete;
+    ~Results() { give(); }
+
+    void add(std::string_view text) {
+        waiting_ += text;
+        if (waiting_.size() >= piece) {
+            give();
+        }
+    }
+
+  private:
+    static constexpr std::size_t piece = 64UZ * 1024;
+
+    void give() {
+        terminal_.write(Stream::Output, waiting_);
+        waiting_.clear();
+    }
+
+    Terminal& terminal_;
+    std::string waiting_;
+};
+
+JobServices jobServices(const RunnerServices& services) {
+    return {.files = services.files,
+            .stamps = services.stamps,
+            .paths = services.paths,
+            .canStart = services.canStart};
+}
+
+class DefinitionRun {
+  public:
+    DefinitionRun(const RunRequest& request, const RunnerServices& services)
+        : request_(request),
+          services_(services),
+          logPath_(joinPath(request.stateFolder, "run.log")),
+          console_(services.terminal, services.clock, request.style,
+                   shownPath(services.paths, logPath_)) {}
+
+    ExitStatus run(const BatchDefinition& definition) {
+        try {
+            auto [job, faults] = checkJob(definition, request_.job, jobServices(services_));
+            if (!faults.empty()) {
+                return refuse(faults);
+            }
+            KnownFolders folders(services_.files);
+            const Products products(job.definition, folders);
+            return request_.dryRun ? tellPlan(job, products) : run(job, products);
+        } catch (const RunTimeError& error) {
+            return refuse({error.record().description + "."});
+        }
+    }
+
+  private:
+    ExitStatus refuse(const std::vector<std::string>& faults) {
+        for (const std::string& fault : faults) {
+            console_.complain(fault);
+        }
+        return ExitStatus::NothingRun;
+    }
+
+    Plan plan(Job& job, const Products& products, const RunHistory& history,
+              const RunConditions& now) const {
+        Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all);
+        job.listing.clear(); // nobody needs it any longer, and it may be large
+        return result;
+    }
+
+    RunHistory readHistory() {
+        RunHistory history = readRunLog(services_.files, logPath_);
+        if (history.torn) {
+            console_.complain("The last line of the run log was cut short; it is dropped.");
+        }
+        if (history.damaged > 0) {
+            console_.complain(std::to_string(history.damaged) +
+                              " lines of the run log are damaged; they are dropped.");
+        }
+        return history;
+    }
+
+    ExitStatus tellPlan(Job& job, const Products& products) {
+        const RunHistory history = readHistory();
+        const auto planned =
+            plan(job, products, history, conditionsNow(job.definition, products, services_.stamps));
+        Results results(services_.terminal);
+        for (const auto& [name, why] : job.refused) {
+            results.add("refuse  " + visibleText(name) + "  " + visibleText(why) + "\n");
+        }
+        auto next = planned.toRun.begin();
+        for (std::uint32_t record = 0; record < job.records.size(); ++record) {
+            const bool runs = next != planned.toRun.end() && next->record == record;
+            results.add((runs ? "run     " : "keep    ") + visibleText(job.records[record].name) +
+                        "  " + (runs ? reasonText(next->reason, products) : "up to date") + "\n");
+            next += runs ? 1 : 0;
+        }
+        return ExitStatus::Done;
+    }
+
+    ExitStatus run(Job& job, const Products& products) {
+        if (!FolderExists(services_.files, request_.stateFolder)) {
+            services_.files.createFolder(request_.stateFolder);
+        }
+        const std::string lockPath = joinPath(request_.stateFolder, "lock");
+        const auto lock = services_.locks.tryLock(lockPath, request_.holder);
+        if (!lock) {
+            return refuse({"Another tarnwick-run is at work on this definition: " +
+                           services_.locks.holderOf(lockPath) + "."});
+        }
+        const WrittenFiles written(products, services_.files, services_.stamps, services_.clock);
+        if (!written.faults().empty()) {
+            return refuse(written.faults());
+        }
+        RunHistory history = readHistory();
+        const RunConditions now = conditionsNow(job.definition, products, services_.stamps);
+        const Plan planned = plan(job, products, history, now);
+        clearLeftovers(products);
+        RunLog log(services_.files, logPath_, history);
+        const std::uint32_t number = history.lastRun() + 1;
+        history = {};
+        if (!planned.toRun.empty()) {
+            log.write(
+                RunLine{.run = number, .begun = services_.clock.dateAndTime(), .conditions = now});
+        }
+        const RecordServices recordServices{.files = services_.files,
+                                            .stamps = services_.stamps,
+                                            .paths = services_.paths,
+                                            .processes = services_.processes};
+        const auto summary = runRecords({.job = job,
+                                         .products = products,
+                                         .plan = planned,
+                                         .settings = request_.settings,
+                                         .written = written,
+                                         .services = recordServices,
+                                         .clock = services_.clock,
+                                         .run = number,
+                                         .temporary = temporaryPath()},
+                                        listenedInbox(), log, observers_);
+        log.close();
+        return statusOf(summary);
+    }
+
+    // No other runner has the same: pages of several definitions may lie in one folder.
+    [[nodiscard]] std::string temporaryName() const {
+        return "tarnwick-run-" + hexadecimal(hashOf(upperCase(request_.stateFolder))).substr(8) +
+               "-";
+    }
+    [[nodiscard]] std::string temporaryPath() const {
+        return joinPath(request_.stateFolder, temporaryName());
+    }
+
+    // What a runner that was killed left of the pages that it was rewriting.
+    void clearLeftovers(const Products& products) {
+        for (const std::string& name :
+             services_.files.listFiles(request_.stateFolder, temporaryName() + "*.tmp").names) {
+            const std::string beside = name.substr(0, name.rfind('.')) + "-new.tmp";
+            for (const ProductKind& kind : products.kinds()) {
+                removeQuietly(services_.files, joinPath(kind.folder, beside));
+            }
+            removeQuietly(services_.files, joinPath(request_.stateFolder, name));
+        }
+    }
+
+    // From now on an interruption no longer ends the process.
+    Inbox<RunMessage>& listenedInbox() {
+        services_.interruptions.listen(
+            [this](Interruption interruption) { inbox_.put(interruption); });
+        return inbox_;
+    }
+
+    static ExitStatus statusOf(const RunSummary& summary) {
+        if (summary.interruption) {
+            return *summary.interruption == Interruption::Asked ? ExitStatus::Interrupted
+                                                                : ExitStatus::Terminated;
+        }
+        const bool allMade = summary.failed == 0 && summary.notRun == 0;
+        return allMade ? ExitStatus::Done : ExitStatus::SomeFailed;
+    }
+
+    const RunRequest& request_;
+    const RunnerServices& services_;
+    std::string logPath_;
+    Console console_;
+    std::array<RunObserver*, 1> observers_{&console_};
+    Inbox<RunMessage> inbox_;
+};
+
+} // namespace
+
+std::string stateFolderOf(std::string_view definitionFile) {
+    constexpr std::string_view extension = ".ini";
+    const auto end = definitionFile.size() - std::min(definitionFile.size(), extension.size());
+    const bool named = equalIgnoringCase(definitionFile.substr(end), extension);
+    return std::string(named ? definitionFile.substr(0, end) : definitionFile) + ".state";
+}
+
+ExitStatus runDefinition(const BatchDefinition& definition, const RunRequest& request,
+                         const RunnerServices& services) {
+    return DefinitionRun(request, services).run(definition);
+}
+
+ExitStatus printCalls(const BatchDefinition& definition, const RunRequest& request,
+                      CallFormat format,
+                      const std::function<std::string(std::string_view text)>& utf8,
+                      const RunnerServices& services) {
+    Console console(services.terminal, services.clock, request.style, "");
+    const auto [job, faults] = checkJob(definition, request.job, jobServices(services));
+    for (const std::string& fault : faults) {
+        console.complain(fault);
+    }
+    if (!faults.empty()) {
+        return ExitStatus::NothingRun;
+    }
+    for (const auto& [name, why] : job.refused) {
+        console.complain(name + ": " + why + ".");
+    }
+    KnownFolders folders(services.files);
+    const KnownToolPaths paths(services.paths);
+    const std::string folder = paths.toolPathOfExisting(job.definition.sInputFolder);
+    Results results(services.terminal);
+    for (const StampedFile& record : job.records) {
+        std::vector<ToolCall> calls;
+        for (const auto& [step, command] : recordCalls(job.definition, folders, record.name)) {
+            calls.push_back({.program = paths.toolPathOfExisting(command.tool),
+                             .arguments = argumentList(command, paths),
+                             .folder = folder,
+                             .timeLimit = {}});
+        }
+        switch (format) {
+        case CallFormat::Sh:
+            results.add(shellLine(calls) + "\n");
+            break;
+        case CallFormat::Null:
+            results.add(shellLine(calls) + '\0');
+            break;
+        case CallFormat::Json:
+            results.add(utf8(jsonLine(record.name, calls)) + "\n");
+            break;
+        }
+    }
+    return job.refused.empty() ? ExitStatus::Done : ExitStatus::SomeFailed;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "platform/interruptions.hpp"
+#include "platform/process_lock.hpp"
+#include "platform/terminal.hpp"
+#include "platform/tool_paths.hpp"
+#include "platform/tool_processes.hpp"
+#include "runner/console.hpp"
+#include "runner/job.hpp"
+#include "runner/run_clock.hpp"
+#include "runner/run_settings.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace tarnwick {
+
+// The status that the program ends with.
+enum class ExitStatus : std::uint8_t {
+    Done = 0,       // everything is made, or was
+    SomeFailed = 1, // some records were not
+    NothingRun = 2, // wrong use, a wrong definition, another runner at work
+    Interrupted = 130,
+    Terminated = 143,
+};
+
+// What the program asks of the system.
+struct RunnerServices {
+    Files& files;
+    const FileStamps& stamps;
+    const ToolPaths& paths;
+    ToolProcesses& processes;
+    ProcessLocks& locks;
+    Interruptions& interruptions;
+    Terminal& terminal;
+    const RunClock& clock;
+    std::function<bool(const std::string& program)> canStart; // see JobServices
+};
+
+struct RunRequest {
+    JobRequest job;
+    RunSettings settings;
+    ConsoleStyle style;
+    std::string stateFolder; // full path
+    std::string holder;      // who we are, for another runner to tell
+    bool dryRun = false;     // only says what would be done
+};
+
+enum class CallFormat : std::uint8_t {
+    Sh,   // a line for each record, for a POSIX shell
+    Null, // the same, each ended by a NUL in place of its line end
+    Json, // an object for each record
+};
+
+// Where what is known of a definition's runs lies: beside it.
+[[nodiscard]] std::string stateFolderOf(std::string_view definitionFile);
+
+// Runs the definition (or, for a dry run, says what would be run and why), and tells how it went.
+[[nodiscard]] ExitStatus runDefinition(const BatchDefinition& definition, const RunRequest& request,
+                                       const RunnerServices& services);
+
+// Prints the calls of every record, up to date or not, and runs nothing. `utf8` gives a text of the
+// program's code page in UTF-8.
+[[nodiscard]] ExitStatus printCalls(const BatchDefinition& definition, const RunRequest& request,
+                                    CallFormat format,
+                                    const std::function<std::string(std::string_view text)>& utf8,
+                                    const RunnerServices& services);
+
+} // namespace tarnwick

@@ -1,0 +1,175 @@
+#include "runner/run_log.hpp"
+
+#include "common/line_reader.hpp"
+#include "common/mod_main.hpp"
+#include "common/one_step_file.hpp"
+#include "platform/run_time_error.hpp"
+
+#include <charconv>
+#include <set>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// A log of less is never made anew: there is nothing to gain.
+constexpr std::size_t fewLines = 1000;
+
+std::string titleLine() {
+    return std::string(logTitle) + std::to_string(logVersion);
+}
+
+[[noreturn]] void refuse(std::string_view path, std::string_view why) {
+    throw RunTimeError(ErrorRecord{
+        .number = static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat),
+        .source = "tarnwick-run",
+        .description = std::string("The run log \"").append(path).append("\" ").append(why)});
+}
+
+// A title that was cut short while the first log was made is as good as none.
+void checkTitle(std::string_view title, std::string_view path) {
+    if (titleLine().starts_with(title)) {
+        return;
+    }
+    if (!title.starts_with(logTitle)) {
+        refuse(path, "is no log of tarnwick-run");
+    }
+    const auto digits = title.substr(logTitle.size());
+    int version = 0;
+    const auto [end, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), version);
+    if (error == std::errc() && end == digits.data() + digits.size() && version > logVersion) {
+        refuse(path, "was written by a newer version of tarnwick-run");
+    }
+    refuse(path, "is no log of tarnwick-run");
+}
+
+struct Taker {
+    RunHistory& history;
+
+    void operator()(RunLine& line) const { history.runs[line.run] = line.conditions; }
+    void operator()(BegunLine& line) const {
+        history.records[std::move(line.record)] = {.state = KnownRecord::State::Begun,
+                                                   .run = line.run,
+                                                   .line = history.lines,
+                                                   .stamp = {},
+                                                   .products = {}};
+    }
+    void operator()(RecordLine& line) const {
+        using enum KnownRecord::State;
+        history.records[std::move(line.record)] = {.state = line.why.empty() ? Made : Failed,
+                                                   .run = line.run,
+                                                   .line = history.lines,
+                                                   .stamp = line.stamp,
+                                                   .products = std::move(line.products)};
+    }
+};
+
+// Calls `use` with the text of each whole line, and what it says. The last that was not whole is
+// nothing; what stands before it is.
+template <typename Use>
+void readLines(LineReader& lines, const Use& use) {
+    while (const auto text = lines.next()) {
+        if (!text->empty()) { // a blank line stands between two runs
+            use(*text, parseLogLine(*text));
+        }
+    }
+}
+
+// Which runs the last lines of the records belong to.
+std::set<std::uint32_t> usedRuns(const RunHistory& history) {
+    std::set<std::uint32_t> used{history.lastRun()};
+    for (const auto& [record, known] : history.records) {
+        used.insert(known.run);
+    }
+    return used;
+}
+
+// Tells the lines that are still needed.
+struct IsNeeded {
+    const RunHistory& history;
+    std::set<std::uint32_t> runs;
+    std::uint32_t line;
+
+    bool operator()(const RunLine& of) const { return runs.contains(of.run); }
+    bool operator()(const BegunLine& of) const { return isLast(of.record); }
+    bool operator()(const RecordLine& of) const { return isLast(of.record); }
+    [[nodiscard]] bool isLast(const std::string& record) const {
+        const auto known = history.records.find(record);
+        return known != history.records.end() && known->second.line == line;
+    }
+};
+
+std::string neededLines(const Files& files, std::string_view path, const RunHistory& history) {
+    std::string log = titleLine() + "\n";
+    const auto file = files.openForReading(path);
+    LineReader lines(*file, LineEnds::Any);
+    static_cast<void>(lines.next());
+    IsNeeded isNeeded{.history = history, .runs = usedRuns(history), .line = 0};
+    readLines(lines, [&](std::string_view text, const std::optional<LogLine>& line) {
+        if (line) {
+            if (std::visit(isNeeded, *line)) {
+                log.append(text).append("\n");
+            }
+            ++isNeeded.line;
+        }
+    });
+    return log;
+}
+
+bool isWorthMakingAnew(const RunHistory& history) {
+    const std::size_t useful = history.records.size() + history.runs.size();
+    return history.torn || history.damaged > 0 ||
+           (history.lines > fewLines && history.lines > 2 * useful);
+}
+
+} // namespace
+
+void take(LogLine line, RunHistory& history) {
+    std::visit(Taker{history}, line);
+    ++history.lines;
+}
+
+RunHistory readRunLog(const Files& files, std::string_view path) {
+    RunHistory history;
+    if (!FileExists(files, path)) {
+        return history;
+    }
+    const auto file = files.openForReading(path);
+    LineReader lines(*file, LineEnds::Any);
+    const std::string title(lines.next().value_or(""));
+    checkTitle(title, path);
+    history.torn = title != titleLine();
+    readLines(lines, [&](std::string_view /*text*/, std::optional<LogLine> line) {
+        // What was taken for a torn end was none, when something follows it.
+        history.damaged += history.torn ? 1 : 0;
+        history.torn = !line;
+        if (line) {
+            take(*std::move(line), history);
+        }
+    });
+    return history;
+}
+
+RunLog::RunLog(Files& files, std::string_view path, const RunHistory& history) {
+    if (!FileExists(files, path)) {
+        writeInOneStep(files, path, titleLine() + "\n");
+    } else if (isWorthMakingAnew(history)) {
+        writeInOneStep(files, path, neededLines(files, path, history));
+    }
+    file_ = files.append(path);
+    file_->write("\n"); // also ends a line that was cut short just before its own end
+    file_->drain();
+}
+
+void RunLog::write(const LogLine& line) {
+    file_->write(logLineText(line));
+    file_->drain();
+}
+
+void RunLog::close() {
+    file_->flush();
+    file_->close();
+}
+
+} // namespace tarnwick

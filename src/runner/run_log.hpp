@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "runner/log_line.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tarnwick {
+
+// What the log says of one record.
+struct KnownRecord {
+    enum class State : std::uint8_t { Begun, Made, Failed };
+
+    State state = State::Begun;
+    std::uint32_t run = 0;
+    std::uint32_t line = 0;      // of the log, the last that names it
+    Stamp stamp;                 // of the record; where it is not only begun
+    std::vector<Stamp> products; // where it is made
+};
+
+struct TextHash {
+    using is_transparent = void;
+    [[nodiscard]] std::size_t operator()(std::string_view text) const noexcept {
+        return std::hash<std::string_view>()(text);
+    }
+};
+
+// What the runs so far have left in their log.
+struct RunHistory {
+    std::unordered_map<std::string, KnownRecord, TextHash, std::equal_to<>> records;
+    std::map<std::uint32_t, RunConditions> runs;
+    std::uint32_t lines = 0; // that are whole
+    std::size_t damaged = 0; // lines in the middle that are not
+    bool torn = false;       // the last line is not whole: its writing was cut short
+
+    [[nodiscard]] std::uint32_t lastRun() const noexcept {
+        return runs.empty() ? 0 : runs.rbegin()->first;
+    }
+};
+
+// Adds what the next line says.
+void take(LogLine line, RunHistory& history);
+
+// Reads a log; an empty one where there is none. Raises what Files::openForReading and
+// InputFile::read raise, and 321 (with a description for people) where the file is no log or one of
+// a newer version.
+[[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path);
+
+// Writes the log, a line at a time; each is with the system before the next is begun.
+class RunLog {
+  public:
+    // Makes the log where there is none. Where most of it is stale, or something of it is damaged,
+    // it is first made anew, in one step, of the lines that `history` still needs. Raises what
+    // Files raises; the log is then as it was.
+    RunLog(Files& files, std::string_view path, const RunHistory& history);
+
+    // Raises 61, 57.
+    void write(const LogLine& line);
+
+    // Of a run's end: on the medium. Raises 61, 57.
+    void close();
+
+  private:
+    std::unique_ptr<OutputFile> file_;
+};
+
+} // namespace tarnwick

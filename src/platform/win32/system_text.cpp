@@ -65,6 +65,13 @@ std::wstring toWidePath(std::string_view path) {
     return *std::move(wide);
 }
 
+std::string possible(std::string_view path) {
+    if (!isPossiblePath(path)) {
+        raiseSystemError(ERROR_INVALID_NAME);
+    }
+    return std::string(path);
+}
+
 std::optional<std::wstring> fromCodePage(std::string_view text, UINT codePage) {
     auto wide = widened(text, codePage, MB_ERR_INVALID_CHARS);
     if (wide.empty() && !text.empty()) {

@@ -1,13 +1,32 @@
 #pragma once
 
 #include "contract/platform_under_test.hpp"
+#include "platform/file_stamps.hpp"
+#include "platform/interruptions.hpp"
+#include "platform/process_lock.hpp"
+#include "platform/terminal.hpp"
 #include "platform/tool_processes.hpp"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tarnwick {
+
+// One system's implementation of what a runner of tools asks of it; programs and their folders are
+// named as the system names files. Each function is defined once for each system.
+
+// These are for programs of the tests, too.
+[[nodiscard]] std::unique_ptr<ToolProcesses> makeToolProcesses();
+[[nodiscard]] std::unique_ptr<Interruptions> makeInterruptions();
+[[nodiscard]] std::unique_ptr<Terminal> makeTerminal();
+// Takes the lock by ProcessLocks::tryLock.
+[[nodiscard]] std::unique_ptr<HeldLock> takeLock(const std::string& file, std::string_view holder);
+// As the system would interrupt this process.
+void interruptSelf(Interruption interruption);
+// From now on nobody takes what this process writes to its output. Before there is a Terminal.
+void loseOutput();
 
 // A program that a test has started; ended, at once and without being asked, by the destructor at
 // the latest.
@@ -17,14 +36,16 @@ class StartedProgram {
     virtual void kill() = 0; // and waits until it is gone
 };
 
-// One system's implementation of what a runner of tools asks of it.
-[[nodiscard]] std::unique_ptr<ToolProcesses> makeToolProcesses();
-
-// Beside them, what a test must arrange behind the interfaces' back. Programs and their folders are
-// named as the system names files.
+// What a test needs beside them, and must arrange behind the interfaces' back.
 class RunnerPlatform {
   public:
     virtual ~RunnerPlatform() = default;
+
+    // These take Windows paths, as the Files of the platform under test do.
+    [[nodiscard]] virtual FileStamps& stamps() = 0;
+    [[nodiscard]] virtual ProcessLocks& locks() = 0;
+    // When the file was last written, in nanoseconds since 1970.
+    virtual void setTime(const std::string& path, std::int64_t time) = 0;
 
     // A program of these tests.
     [[nodiscard]] virtual std::string program(const std::string& name) const = 0;
@@ -36,7 +57,7 @@ class RunnerPlatform {
     [[nodiscard]] virtual bool isAtWork(unsigned long process) const = 0;
 };
 
-// Defined once for each system. `platform` outlives it.
+// `platform` outlives it.
 [[nodiscard]] std::unique_ptr<RunnerPlatform> makeRunnerPlatform(PlatformUnderTest& platform);
 
 } // namespace tarnwick

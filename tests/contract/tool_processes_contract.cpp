@@ -220,8 +220,8 @@ TEST_F(ToolProcessesContract, An_argument_that_cannot_be_given_keeps_the_tool_fr
 
 TEST_F(ToolProcessesContract, When_this_process_is_killed_no_tool_is_left) {
     const auto killed =
-        runner->start(runner->program("runner_stub"),
-                      {runner->program("tool_stub"), platform->libraryPath(platform->scratch())});
+        runner->start(runner->program("runner_stub"), {"run_tools", runner->program("tool_stub"),
+                                                       platform->libraryPath(platform->scratch())});
     for (const std::string_view name : {"first", "second", "third"}) {
         ASSERT_TRUE(eventually([&] { return exists(name); })) << name;
         EXPECT_TRUE(runner->isAtWork(processIn(name))) << name;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "contract/platform_under_test.hpp"
+#include "platform/console_platform.hpp"
 #include "platform/file_stamps.hpp"
 #include "platform/interruptions.hpp"
 #include "platform/process_lock.hpp"
-#include "platform/terminal.hpp"
 #include "platform/tool_processes.hpp"
 
 #include <cstdint>
@@ -20,7 +20,6 @@ namespace tarnwick {
 // These are for programs of the tests, too.
 [[nodiscard]] std::unique_ptr<ToolProcesses> makeToolProcesses();
 [[nodiscard]] std::unique_ptr<Interruptions> makeInterruptions();
-[[nodiscard]] std::unique_ptr<Terminal> makeTerminal();
 // Takes the lock by ProcessLocks::tryLock.
 [[nodiscard]] std::unique_ptr<HeldLock> takeLock(const std::string& file, std::string_view holder);
 // As the system would interrupt this process.

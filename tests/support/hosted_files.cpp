@@ -6,6 +6,7 @@
 #include "platform/windows_path.hpp"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -150,6 +151,9 @@ std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
 }
 
 std::unique_ptr<OutputFile> HostedFiles::createNew(std::string_view path) {
+    if (struct stat status{}; ::lstat(hostPath(path).c_str(), &status) == 0) {
+        throw RunTimeError(ErrorNumber::FileAlreadyExists, EEXIST);
+    }
     auto file = PosixFiles::createNew(path);
     return std::make_unique<HeldOutputFile>(std::move(file), openToWrite(path));
 }

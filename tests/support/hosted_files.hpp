@@ -7,7 +7,8 @@ namespace tarnwick {
 
 // The files of the build machine as Windows would have them, for tests: a folder's hidden and
 // system files are those named, one a line, in its file ".hidden", which is never shown itself; and
-// every open file is held against removal, one that is written against a second writer. The locks
+// every open file is held against removal, one that is written against a second writer; and no two
+// names in a folder differ only in case, as far as they are made here. The locks
 // are advisory ones, on two bytes far behind any content.
 class HostedFiles final : public PosixFiles {
   public:

@@ -6,7 +6,8 @@
 
 namespace tarnwick {
 
-// The file system of a POSIX machine, shown as drives and shares (see MountedPaths). Read-only is
+// The file system of a POSIX machine, shown as drives and shares (see MountedPaths). A new file is
+// made beside one whose name differs only in case, as the system has it. Read-only is
 // what its owner may not write. No file is hidden or has a short name, and none is ever in use: the
 // system lets everybody open, replace and remove an open file.
 class PosixFiles : public Files {

@@ -2,7 +2,7 @@
 .DEFAULT_GOAL := help
 .PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
-native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev
+native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool imagemagick x11-utils fonts-liberation
 dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip

@@ -42,6 +42,12 @@ class FileStamps {
     // Nothing where there is no such file: a folder is none. Raises 75 (not allowed), 68, 71, 52.
     [[nodiscard]] virtual std::optional<Stamp> stampOf(std::string_view path) const = 0;
 
+    // The same of a file that is spelled so, where the system tells capitals from small letters:
+    // there it is much quicker where there is none.
+    [[nodiscard]] virtual std::optional<Stamp> stampOfExact(std::string_view path) const {
+        return stampOf(path);
+    }
+
     // All normal files of the folder (see Files::firstNormalFile), in its own order: one question
     // to the file system where it can answer so, and else several at a time, for it may be far.
     // Raises as Files::listFiles.

@@ -19,14 +19,16 @@ void addWords(std::string_view text, std::vector<std::string>& arguments) {
 
 } // namespace
 
-std::vector<std::string> argumentList(const ToolCommand& command, const ToolPaths& paths) {
+std::vector<std::string> argumentList(const ToolCommand& command, const KnownToolPaths& paths) {
     std::vector<std::string> arguments;
     arguments.reserve(command.arguments.size());
     for (const ToolArgument& argument : command.arguments) {
         if (argument.kind == ToolArgument::Kind::Word) {
             addWords(argument.text, arguments);
         } else {
-            arguments.push_back(paths.toolPath(argument.text));
+            arguments.push_back(argument.kind == ToolArgument::Kind::Settings
+                                    ? paths.toolPathOfExisting(argument.text)
+                                    : paths.toolPath(argument.text));
         }
     }
     return arguments;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/tool_paths.hpp"
 #include "processing/commands/tool_command.hpp"
+#include "runner/known_tool_paths.hpp"
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@ namespace tarnwick {
 // by the command's line in a batch, but for the paths, which are those of this system. A word with
 // blanks is several there. Raises what ToolPaths::toolPath raises.
 [[nodiscard]] std::vector<std::string> argumentList(const ToolCommand& command,
-                                                    const ToolPaths& paths);
+                                                    const KnownToolPaths& paths);
 
 // Whether such a line means what it says: no quotation mark stands in one of its texts, and no path
 // ends in "\", before the one that closes it.

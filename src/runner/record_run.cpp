@@ -46,7 +46,7 @@ RecordOutcome RecordRun::attempt(const std::string& record) {
 
 void RecordRun::makeProducts(RecordOutcome& outcome) {
     const std::string path = joinPath(job_.definition.sInputFolder, outcome.record);
-    const auto stamp = services_.stamps.stampOf(path);
+    const auto stamp = services_.stamps.stampOfExact(path);
     if (!stamp) {
         outcome.why = "the record is no longer there";
         return;
@@ -70,9 +70,9 @@ bool RecordRun::makeCall(const RecordCall& call, RecordOutcome& outcome) {
     const Stamps before = stampsOf(tool, outcome.record);
     CallOutcome& made = outcome.calls.emplace_back();
     made.tool = tool;
-    made.call = {.program = paths_.toolPath(call.command.tool),
+    made.call = {.program = paths_.toolPathOfExisting(call.command.tool),
                  .arguments = argumentList(call.command, paths_),
-                 .folder = services_.paths.toolPath(job_.definition.sInputFolder),
+                 .folder = paths_.toolPathOfExisting(job_.definition.sInputFolder),
                  .timeLimit = settings_.timeLimit};
     made.end = services_.processes.run(made.call);
     if (made.end.kind == ToolEnd::Kind::Halted) {
@@ -103,7 +103,7 @@ RecordRun::Stamps RecordRun::stampsOf(Tool tool, const std::string& record) cons
     Stamps stamps;
     for (const ProductKind& kind : products_.kinds()) {
         stamps.push_back(kind.tool == tool
-                             ? services_.stamps.stampOf(products_.pathOf(kind, record))
+                             ? services_.stamps.stampOfExact(products_.pathOf(kind, record))
                              : std::nullopt);
     }
     return stamps;
@@ -152,7 +152,7 @@ void RecordRun::rewriteLinks(const RecordCall& lastCall) {
 
 void RecordRun::takeStamps(RecordOutcome& outcome) const {
     for (const ProductKind& kind : products_.kinds()) {
-        const auto stamp = services_.stamps.stampOf(products_.pathOf(kind, outcome.record));
+        const auto stamp = services_.stamps.stampOfExact(products_.pathOf(kind, outcome.record));
         if (!stamp) {
             outcome.why = quoted(products_.nameOf(kind, outcome.record)) + " is gone again";
             outcome.products.clear();

@@ -242,14 +242,14 @@ ExitStatus printCalls(const BatchDefinition& definition, const RunRequest& reque
     }
     KnownFolders folders(services.files);
     const KnownToolPaths paths(services.paths);
-    const std::string folder = paths.toolPath(withBackslash(job.definition.sInputFolder) + "x");
+    const std::string folder = paths.toolPathOfExisting(job.definition.sInputFolder);
     Results results(services.terminal);
     for (const StampedFile& record : job.records) {
         std::vector<ToolCall> calls;
         for (const auto& [step, command] : recordCalls(job.definition, folders, record.name)) {
-            calls.push_back({.program = paths.toolPath(command.tool),
+            calls.push_back({.program = paths.toolPathOfExisting(command.tool),
                              .arguments = argumentList(command, paths),
-                             .folder = folder.substr(0, folder.size() - 2),
+                             .folder = folder,
                              .timeLimit = {}});
         }
         switch (format) {

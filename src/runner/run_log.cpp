@@ -49,8 +49,11 @@ struct Taker {
 
     void operator()(RunLine& line) const { history.runs[line.run] = line.conditions; }
     void operator()(BegunLine& line) const {
-        history.records[std::move(line.record)] = {
-            .state = KnownRecord::State::Begun, .run = line.run, .line = history.lines, .stamp = {}, .products = {}};
+        history.records[std::move(line.record)] = {.state = KnownRecord::State::Begun,
+                                                   .run = line.run,
+                                                   .line = history.lines,
+                                                   .stamp = {},
+                                                   .products = {}};
     }
     void operator()(RecordLine& line) const {
         using enum KnownRecord::State;

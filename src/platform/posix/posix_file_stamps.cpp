@@ -96,6 +96,16 @@ std::optional<Stamp> PosixFileStamps::stampOf(std::string_view path) const {
     return std::nullopt;
 }
 
+std::optional<Stamp> PosixFileStamps::stampOfExact(std::string_view path) const {
+    struct stat status{};
+    const std::string spelled = paths_.spelled(path);
+    if (::stat(spelled.c_str(), &status) == 0) {
+        return stampFrom(status);
+    }
+    const bool folderIsThere = ::stat(spelled.substr(0, spelled.rfind('/')).c_str(), &status) == 0;
+    return folderIsThere && errno != EACCES ? std::nullopt : stampOf(path);
+}
+
 StampedListing PosixFileStamps::listStamped(std::string_view folder) const {
     ListedFolder open(paths_.hostPath(asFolder(folder)));
     auto listing = possibleFiles(open);

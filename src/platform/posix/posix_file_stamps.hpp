@@ -19,6 +19,7 @@ class PosixFileStamps : public FileStamps {
         : paths_(std::move(mounts), currentFolder) {}
 
     [[nodiscard]] std::optional<Stamp> stampOf(std::string_view path) const override;
+    [[nodiscard]] std::optional<Stamp> stampOfExact(std::string_view path) const override;
     [[nodiscard]] StampedListing listStamped(std::string_view folder) const override;
 
   private:

@@ -1,0 +1,127 @@
+// tarnwick-run: runs a definition without window and interpreter.
+
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
+#include "definition/ini_file.hpp"
+#include "definition/start_up.hpp"
+#include "options.hpp"
+#include "platform/run_time_error.hpp"
+#include "runner/visible_text.hpp"
+
+#include <exception>
+#include <thread>
+
+namespace tarnwick {
+namespace {
+
+class RunnerMain {
+  public:
+    RunnerMain(RunnerOptions options, Terminal& terminal)
+        : options_(std::move(options)),
+          platform_(makeConsolePlatform(options_.console)),
+          services_{.files = platform_->files(),
+                    .stamps = platform_->stamps(),
+                    .paths = platform_->toolPaths(),
+                    .processes = platform_->processes(),
+                    .locks = platform_->locks(),
+                    .interruptions = platform_->interruptions(),
+                    .terminal = terminal,
+                    .clock = clock_,
+                    .canStart = [this](const std::string& program) {
+                        return platform_->canStart(program);
+                    }} {}
+
+    ExitStatus run() {
+        const std::string file = platform_->typedPath(options_.definition);
+        const BatchDefinition definition = readDefinitionFile(file);
+        const RunRequest request = requestFor(file);
+        return options_.command == RunnerOptions::Command::Run
+                   ? runDefinition(definition, request, services_)
+                   : printCalls(
+                         definition, request, options_.format,
+                         [this](std::string_view text) { return platform_->utf8(text); },
+                         services_);
+    }
+
+  private:
+    BatchDefinition readDefinitionFile(const std::string& file) {
+        BatchDefinition definition =
+            definitionAtStartUp(platform_->process(), platform_->files(), platform_->settings());
+        if (platform_->process().programFolder().empty()) {
+            definition.sAppFolder = GetFolderPath(file) + "\\";
+        }
+        definition.sINIFile = file;
+        if (FolderExists(platform_->files(), file)) {
+            refuse(" is a folder.");
+        }
+        if (!FileExists(platform_->files(), file)) {
+            refuse(" does not exist.");
+        }
+        try {
+            readDefinition(definition, platform_->files(), platform_->definitionText(file));
+        } catch (const RunTimeError& error) {
+            refuse(" cannot be read: " + error.record().description + ".");
+        }
+        return definition;
+    }
+
+    [[noreturn]] void refuse(std::string_view why) const {
+        throw RunTimeError(ErrorRecord{
+            .number = static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat),
+            .source = "tarnwick-run",
+            .description = "The definition " + quoted(options_.definition) + std::string(why)});
+    }
+
+    RunRequest requestFor(const std::string& file) {
+        RunRequest request{.job = options_.job,
+                           .settings = options_.settings,
+                           .style = options_.style,
+                           .stateFolder = options_.state.empty()
+                                              ? stateFolderOf(file)
+                                              : platform_->typedPath(options_.state),
+                           .holder = platform_->processName() + ", since " + clock_.dateAndTime(),
+                           .dryRun = options_.dryRun};
+        request.style.noColour = !platform_->process().environmentVariable("NO_COLOR").empty();
+        for (std::string* const path :
+             {&request.job.inputFolder, &request.job.mpExecutable, &request.job.cnsExecutable}) {
+            if (!path->empty()) {
+                *path = platform_->typedPath(*path);
+            }
+        }
+        return request;
+    }
+
+    RunnerOptions options_;
+    SystemRunClock clock_;
+    std::unique_ptr<ConsolePlatform> platform_;
+    RunnerServices services_;
+};
+
+ExitStatus runProgram(int count, const char* const* arguments, Terminal& terminal) {
+    const auto complain = [&](std::string_view sentence) {
+        terminal.write(Stream::Error, "tarnwick-run: " + visibleText(sentence) + "\n");
+        return ExitStatus::NothingRun;
+    };
+    try {
+        auto parsed =
+            parseOptions(programArguments(count, arguments), std::thread::hardware_concurrency());
+        if (const auto* const printed = std::get_if<PrintedText>(&parsed)) {
+            terminal.write(printed->wrongUse ? Stream::Error : Stream::Output,
+                           (printed->wrongUse ? "tarnwick-run: " : "") + printed->text);
+            return printed->wrongUse ? ExitStatus::NothingRun : ExitStatus::Done;
+        }
+        return RunnerMain(std::get<RunnerOptions>(std::move(parsed)), terminal).run();
+    } catch (const RunTimeError& error) {
+        return complain(error.record().description);
+    } catch (const std::exception& error) {
+        return complain(error.what());
+    }
+}
+
+} // namespace
+} // namespace tarnwick
+
+int main(int count, char** arguments) {
+    const auto terminal = tarnwick::makeTerminal();
+    return static_cast<int>(tarnwick::runProgram(count, arguments, *terminal));
+}

@@ -173,12 +173,14 @@ void HostedFiles::remove(std::string_view path) {
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     requireNotInUse(from);
     requireNotInUse(to);
+    requireOneVolume(from, to);
     PosixFiles::moveOver(from, to);
 }
 
 void HostedFiles::replace(std::string_view from, std::string_view to) {
     requireNotInUse(from);
     requireNotInUse(to);
+    requireOneVolume(from, to);
     PosixFiles::replace(from, to);
 }
 
@@ -186,6 +188,12 @@ FileDescriptor HostedFiles::openExclusively(std::string_view path) const {
     auto file = openToWrite(path);
     lockByte(file, F_WRLCK, anyoneByte);
     return file;
+}
+
+void HostedFiles::requireOneVolume(std::string_view from, std::string_view to) const {
+    if (volume(from) != volume(to)) {
+        throw RunTimeError(ErrorNumber::DifferentDrive, EXDEV);
+    }
 }
 
 void HostedFiles::requireNotInUse(std::string_view path) const {

@@ -243,7 +243,10 @@ std::string shownPath(const ToolPaths& paths, std::string_view path) {
     try {
         return paths.toolPath(path);
     } catch (const RunTimeError&) {
-        return std::string(path);
+        const std::string folder = GetFolderPath(path); // which may not be there either
+        return folder.empty() || folder.size() >= path.size()
+                   ? std::string(path)
+                   : shownPath(paths, folder) + paths.separator() + GetFileName(path);
     }
 }
 

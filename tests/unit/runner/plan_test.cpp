@@ -215,8 +215,10 @@ TEST(Clashes, No_record_overwrites_another_one) {
     machine.request.job.inPlace = true;
     EXPECT_EQ(machine.run(), ExitStatus::SomeFailed);
     EXPECT_THAT(machine.terminal.error,
-                HasSubstr("a.met: what is made of it would overwrite the record \"a.err\""));
+                HasSubstr("FAILED a.met: what is made of it would overwrite the record \"a.err\""));
+    EXPECT_THAT(machine.terminal.error, HasSubstr("FAILED a.err: \"a.met\" would make the same"));
     EXPECT_EQ(machine.world.read(R"(C:\in\a.err)"), "precious");
+    EXPECT_TRUE(machine.processes.calls().empty());
 }
 
 } // namespace

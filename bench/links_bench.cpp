@@ -25,7 +25,8 @@ void rewriteAll(const PageSet& pages) {
     PosixFiles files(Mounts::below(pages.drivesRoot()));
     const BatchDefinition definition = pages.definition();
     for (const std::string& record : pages.records()) {
-        static_cast<void>(rewriteRecordLinks(definition, files, record, "tarnwick"));
+        static_cast<void>(
+            rewriteRecordLinks(definition, files, WindowsToolPaths(), record, "C:\\in\\tarnwick"));
     }
 }
 

@@ -24,6 +24,36 @@ std::size_t wholeLines(std::string_view text) {
     return static_cast<std::size_t>(text.rend() - last);
 }
 
+// Where the line that holds that place ends.
+std::size_t endOfLine(std::string_view text, std::size_t at) {
+    const auto rest = text.substr(at);
+    return at + static_cast<std::size_t>(std::ranges::find_if(rest, endsLine) - rest.begin());
+}
+
+std::string_view commonBeginning(std::string_view left, std::string_view right) {
+    return left.substr(
+        0, static_cast<std::size_t>(std::ranges::mismatch(left, right).in1 - left.begin()));
+}
+
+// What each of the paths holds, so that a line without it needs no change: the beginning that they
+// have in common, or that of their file names, which is the record's name. The longer one is the
+// rarer one; it may be empty.
+std::string heldByAllPaths(const PageRule& rule) {
+    constexpr auto fileName = [](std::string_view path) {
+        return path.substr(path.find_last_of("\\/") + 1);
+    };
+    std::string_view beginning = rule.ownPath;
+    std::string_view ofName = fileName(rule.ownPath);
+    for (const PageRule::Link& link : rule.links) {
+        std::string_view path = link.from;
+        path.remove_prefix(linkMarker.size());
+        path.remove_suffix(1); // the quotation mark
+        beginning = commonBeginning(beginning, path);
+        ofName = commonBeginning(ofName, fileName(path));
+    }
+    return std::string(beginning.size() < ofName.size() ? ofName : beginning);
+}
+
 // Bytes that nobody has set, for reading into.
 class Block {
   public:
@@ -107,21 +137,23 @@ void rewriteLine(std::string& line, const PageRule& rule) {
 }
 
 void rewriteLinks(InputFile& page, OutputFile& copy, const PageRule& rule) {
+    const std::string needle = heldByAllPaths(rule);
     LineBlocks blocks(page);
     std::string line;
     for (auto text = blocks.next(); !text.empty(); text = blocks.next()) {
-        // Only a line with a "\" can hold one of the paths. Most lines hold none, and are never
-        // looked at one by one.
-        for (auto at = text.find('\\'); at != nowhere; at = text.find('\\')) {
+        // Most lines hold none of the paths, and are never looked at one by one.
+        std::size_t copied = 0;
+        for (auto at = text.find(needle); at != nowhere;) {
             const auto begin = wholeLines(text.substr(0, at));
-            const auto* const end = std::ranges::find_if(text.substr(at), endsLine);
-            line.assign(text.begin() + begin, end);
-            copy.write(text.substr(0, begin));
-            text.remove_prefix(begin + line.size());
+            const auto end = endOfLine(text, at);
+            line.assign(text.substr(begin, end - begin));
             rewriteLine(line, rule);
+            copy.write(text.substr(copied, begin - copied));
             copy.write(line);
+            copied = end;
+            at = text.find(needle, end + 1);
         }
-        copy.write(text);
+        copy.write(text.substr(copied));
     }
 }
 

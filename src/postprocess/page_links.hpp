@@ -11,8 +11,7 @@ namespace tarnwick {
 // How every link begins; in lower case it is none.
 inline constexpr std::string_view linkMarker = "HREF=\"";
 
-// What is to be changed in one page. Every text to be replaced holds a full path, and so at least
-// one "\": a line without one is never changed.
+// What is to be changed in one page. Paths are full ones, as the page spells them.
 struct PageRule {
     struct Link {
         std::string from; // whole, from linkMarker to its closing quotation mark

@@ -67,12 +67,12 @@ std::string link(std::string_view target) {
 // The outputs that a page can link to, in the order in which its lines are searched for them.
 using Targets = std::array<const Output*, 5>;
 
-PageRule pageRule(const Output& page, const Targets& targets) {
-    PageRule rule{.links = {}, .ownPath = page.path, .ownName = page.name};
+PageRule pageRule(const Output& page, const Targets& targets, const ToolPaths& paths) {
+    PageRule rule{.links = {}, .ownPath = paths.toolPath(page.path), .ownName = page.name};
     for (const Output* target : targets) {
         if (!target->path.empty()) {
             rule.links.push_back(
-                {.from = link(target->path),
+                {.from = link(paths.toolPath(target->path)),
                  .to = link(ChangeMySlashes(GetRelativePath(page.path, target->path)))});
         }
     }
@@ -88,12 +88,14 @@ void removeLeftover(Files& files, const std::string& path) {
 // The pages of one record, and the files that they are rewritten by way of.
 class RecordPages {
   public:
-    RecordPages(Files& files, Outputs outputs, std::string_view inputFolder, std::string_view name)
+    RecordPages(Files& files, const ToolPaths& paths, Outputs outputs, std::string_view temporary)
         : files_(files),
+          paths_(paths),
           outputs_(std::move(outputs)),
-          temporary_(joinPath(inputFolder, name, ".tmp")),
-          // Not the same name: the page's folder may be the input folder, reached in another way.
-          besideName_(std::string(name) + "-new.tmp") {}
+          temporary_(std::string(temporary) + ".tmp"),
+          // Not the same name: the page's folder may be that of `temporary`, reached in another
+          // way.
+          besideName_(std::string(lastPart(temporary)) + "-new.tmp") {}
 
     RewrittenPages rewrite() {
         const auto& [html, faq, text, sgml, xml, dif] = outputs_;
@@ -113,7 +115,7 @@ class RecordPages {
             return false;
         }
         try {
-            copyRewritten(page.path, pageRule(page, targets), createTemporary());
+            copyRewritten(page.path, pageRule(page, targets, paths_), createTemporary());
             moveInOneStep(files_, temporary_, page.path, besidePath(page.path));
         } catch (...) {
             removeQuietly(files_, temporary_);
@@ -159,6 +161,7 @@ class RecordPages {
     }
 
     Files& files_;
+    const ToolPaths& paths_;
     Outputs outputs_;
     std::string temporary_;
     std::string besideName_;
@@ -167,27 +170,31 @@ class RecordPages {
 } // namespace
 
 RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
-                                  std::string_view sFile, std::string_view temporaryName) {
-    return RecordPages(files, findOutputs(definition, files, GetBaseName(sFile)),
-                       definition.sInputFolder, temporaryName)
+                                  const ToolPaths& paths, std::string_view sFile,
+                                  std::string_view temporary) {
+    return RecordPages(files, paths, findOutputs(definition, files, GetBaseName(sFile)), temporary)
         .rewrite();
 }
 
 void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& desktop,
                       std::string_view /*sFolder*/, std::string_view sFile) {
-    trap(desktop, "frmMain", "Private Sub FixRelativePaths()",
-         [&] { static_cast<void>(rewriteRecordLinks(definition, files, sFile, "tarnwick")); });
+    trap(desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
+        static_cast<void>(rewriteRecordLinks(definition, files, WindowsToolPaths(), sFile,
+                                             joinPath(definition.sInputFolder, "tarnwick")));
+    });
 }
 
 std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
                             const CodePage& codePage) {
     const auto nextBackslash = [&] { return codePage.findFirstOf(sFrom, "\\"); };
     for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
-        if (!equalIgnoringCase(sFrom.substr(0, p + 1), sTo.substr(0, p + 1), codePage)) {
+        const auto q = codePage.findFirstOf(sTo, "\\"); // elsewhere, where letters differ in length
+        if (q == std::string_view::npos ||
+            !equalIgnoringCase(sFrom.substr(0, p), sTo.substr(0, q), codePage)) {
             break;
         }
         sFrom.remove_prefix(p + 1);
-        sTo.remove_prefix(p + 1);
+        sTo.remove_prefix(q + 1);
     }
     std::string path;
     for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {

@@ -4,6 +4,7 @@
 #include "platform/code_page.hpp"
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
+#include "platform/tool_paths.hpp"
 
 #include <string>
 #include <string_view>
@@ -23,16 +24,19 @@ struct RewrittenPages {
 // path. `sFile` is the record's file name, of which the base name counts. An output's path is
 // looked up in `definition.MPOutputs`, whatever is to be built there; in the input folder when
 // `bCfgNamesOutput`.
-// A page is rewritten into the file `temporaryName`.tmp in the input folder and put in its place in
-// one step; from another volume by way of `temporaryName`-new.tmp beside the page. Who rewrites
-// several records at a time gives each a name of its own. What an earlier call of that name, which
-// was cut short, has left behind is deleted first.
-// Raises what Files raises; the page that it met is then as it was, the rest is skipped.
+// `temporary` is a path without an extension: a page is rewritten into the file of that name with
+// ".tmp" and put in its place in one step; from another volume by way of a file beside the page,
+// that name with "-new.tmp". Who rewrites several records at a time gives each a path of its own.
+// What an earlier call with that one, which was cut short, has left behind is deleted first.
+// Pages name files as the tools do, who wrote them; what becomes of a link is the same everywhere.
+// Raises what Files and ToolPaths raise; the page that it met is then as it was, the rest is
+// skipped.
 [[nodiscard]] RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
-                                                std::string_view sFile,
-                                                std::string_view temporaryName);
+                                                const ToolPaths& paths, std::string_view sFile,
+                                                std::string_view temporary);
 
-// The same, by way of "tarnwick.tmp"; `sFolder` is not used. An error is reported.
+// The same, by way of "tarnwick.tmp" in the input folder; `sFolder` is not used. An error is
+// reported.
 void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& desktop,
                       std::string_view sFolder, std::string_view sFile);
 

@@ -1,5 +1,7 @@
 #include "runner/argument_list.hpp"
 
+#include "platform/windows_path.hpp"
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -25,10 +27,12 @@ std::vector<std::string> argumentList(const ToolCommand& command, const KnownToo
     for (const ToolArgument& argument : command.arguments) {
         if (argument.kind == ToolArgument::Kind::Word) {
             addWords(argument.text, arguments);
+        } else if (!hasBackslash(argument.text)) {
+            arguments.push_back(argument.text); // a bare name, in the folder that the tool works in
+        } else if (argument.kind == ToolArgument::Kind::Settings) {
+            arguments.push_back(paths.toolPathOfExisting(argument.text));
         } else {
-            arguments.push_back(argument.kind == ToolArgument::Kind::Settings
-                                    ? paths.toolPathOfExisting(argument.text)
-                                    : paths.toolPath(argument.text));
+            arguments.push_back(paths.toolPath(argument.text));
         }
     }
     return arguments;

@@ -31,7 +31,7 @@ class ClashSearch {
         }
         std::vector<Claim> claims = allClaims();
         std::ranges::sort(claims, {}, &Claim::path);
-        why_.resize(job_.records.size());
+        refusals_.resize(job_.records.size());
         std::span<const Claim> rest(claims);
         while (!rest.empty()) {
             const auto end = std::ranges::find_if(
@@ -46,6 +46,11 @@ class ClashSearch {
     }
 
   private:
+    struct Refusal {
+        std::uint32_t rank = 0; // the lower, the worse
+        std::string why;        // empty: there is none
+    };
+
     std::vector<Claim> allClaims() {
         const auto& kinds = products_.kinds();
         std::vector<Claim> claims;
@@ -93,31 +98,35 @@ class ClashSearch {
         }
     }
 
+    // To overwrite a record is the worst; else the first of several products is told.
     void judge(const Claim& one, const Claim& other) {
-        std::string& why = why_[one.record];
-        const std::string name =
-            products_.nameOf(products_.kinds()[one.kind], job_.records[one.record].name);
-        if (!why.empty()) {
+        Refusal& refusal = refusals_[one.record];
+        const std::uint32_t rank = other.kind == theRecordItself ? 0 : 1 + one.kind;
+        if (!refusal.why.empty() && refusal.rank <= rank) {
             return;
         }
-        if (one.record != other.record) {
-            const std::string& otherName = job_.records[other.record].name;
-            why = other.kind == theRecordItself
-                      ? "what is made of it would overwrite the record " + quoted(otherName)
-                      : quoted(otherName) + " would make the same file, " + quoted(name);
-        } else if (other.kind == theRecordItself && !inPlace_) {
-            why = "what is made of it would overwrite it; --in-place allows that";
+        const std::string& otherName = job_.records[other.record].name;
+        if (one.record == other.record) {
+            if (other.kind == theRecordItself && !inPlace_) {
+                refusal = {rank, "what is made of it would overwrite it; --in-place allows that"};
+            }
+        } else if (other.kind == theRecordItself) {
+            refusal = {rank, "what is made of it would overwrite the record " + quoted(otherName)};
+        } else {
+            const std::string name =
+                products_.nameOf(products_.kinds()[one.kind], job_.records[one.record].name);
+            refusal = {rank, quoted(otherName) + " would make the same file, " + quoted(name)};
         }
     }
 
     void takeOut() {
         std::vector<bool> kept;
-        kept.reserve(why_.size());
-        for (std::size_t record = 0; record < why_.size(); ++record) {
-            kept.push_back(why_[record].empty());
-            if (!why_[record].empty()) {
-                job_.refused.push_back(
-                    {.name = job_.records[record].name, .why = std::move(why_[record])});
+        kept.reserve(refusals_.size());
+        for (std::size_t record = 0; record < refusals_.size(); ++record) {
+            std::string& why = refusals_[record].why;
+            kept.push_back(why.empty());
+            if (!why.empty()) {
+                job_.refused.push_back({.name = job_.records[record].name, .why = std::move(why)});
             }
         }
         keepOnly(kept, job_.records);
@@ -127,7 +136,7 @@ class ClashSearch {
     bool inPlace_;
     KnownFolders folders_;
     Products products_;
-    std::vector<std::string> why_; // each record is refused; empty: it is not
+    std::vector<Refusal> refusals_; // of each record
 };
 
 } // namespace

@@ -12,6 +12,7 @@
 #include "runner/clashes.hpp"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace tarnwick {
@@ -42,6 +43,8 @@ class JobCheck {
         }
         if (checked_.faults.empty()) {
             attempt([&] { findRecords(); });
+        } else {
+            tellMissingDrives();
         }
         return std::move(checked_);
     }
@@ -134,6 +137,24 @@ class JobCheck {
             if (!staysArgumentList(command)) {
                 fault("A text of the definition that " + std::string(nameOf(step.tool)) +
                       " gets holds a quotation mark, or a path ends in \"\\\".");
+            }
+        }
+    }
+
+    // One cause of many faults, where a system has no drives of its own.
+    void tellMissingDrives() {
+        std::set<std::string> missing;
+        for (const std::string* const path :
+             {&definition().sMPExecutable, &definition().sCNSExecutable,
+              &definition().sInputFolder}) {
+            const std::string drive = isFullPath(*path) ? driveOf(trim(*path)) : "";
+            try {
+                static_cast<void>(drive.empty() ? "" : services_.paths.toolPath(drive + "\\"));
+            } catch (const RunTimeError& error) {
+                if (error.is(ErrorNumber::DeviceUnavailable) && missing.insert(drive).second) {
+                    fault("There is no drive " + drive + " here: --drive " + drive +
+                          "=FOLDER says where it lies.");
+                }
             }
         }
     }
@@ -243,7 +264,10 @@ std::string shownPath(const ToolPaths& paths, std::string_view path) {
     try {
         return paths.toolPath(path);
     } catch (const RunTimeError&) {
-        return std::string(path);
+        const std::string folder = GetFolderPath(path); // which may not be there either
+        return folder.empty() || folder.size() >= path.size()
+                   ? std::string(path)
+                   : shownPath(paths, folder) + paths.separator() + GetFileName(path);
     }
 }
 

@@ -23,12 +23,15 @@ std::string bar(const Progress& progress) {
     return text + "]";
 }
 
-std::string perSecond(double rate) {
+std::string withDigits(double number, int places) {
     std::array<char, 32> digits{};
-    const int places = rate < 10 ? 1 : 0;
     const auto end =
-        std::to_chars(digits.begin(), digits.end(), rate, std::chars_format::fixed, places).ptr;
-    return std::string(digits.begin(), end) + "/s";
+        std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed, places).ptr;
+    return {digits.begin(), end};
+}
+
+std::string perSecond(double rate) {
+    return withDigits(rate, rate < 10 ? 1 : 0) + "/s";
 }
 
 std::string names(const Progress& progress) {
@@ -43,8 +46,12 @@ std::string names(const Progress& progress) {
 
 std::string durationText(double seconds) {
     const auto whole = [](double number) { return std::to_string(static_cast<long long>(number)); };
+    constexpr double exact = 10; // with a digit behind the point
+    if (seconds < exact) {
+        return withDigits(std::max(seconds, 0.0), 1) + " s";
+    }
     if (seconds < minute) {
-        return whole(std::max(seconds, 0.0)) + " s";
+        return whole(seconds) + " s";
     }
     if (seconds < hour) {
         return whole(seconds / minute) + " min " + whole(std::fmod(seconds, minute)) + " s";

@@ -146,8 +146,8 @@ void RecordRun::removeProducts(Tool tool, const std::string& record, const Stamp
 }
 
 void RecordRun::rewriteLinks(const RecordCall& lastCall) {
-    static_cast<void>(
-        rewriteRecordLinks(job_.definition, services_.files, lastCall.step.sFile, temporary_));
+    static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, paths_,
+                                         lastCall.step.sFile, temporary_));
 }
 
 void RecordRun::takeStamps(RecordOutcome& outcome) const {

@@ -162,7 +162,9 @@ class DefinitionRun {
                                          .run = number,
                                          .temporary = temporaryPath()},
                                         listenedInbox(), log, observers_);
-        log.close();
+        if (summary.logFault.empty()) {
+            log.close();
+        }
         return statusOf(summary);
     }
 

@@ -6,6 +6,7 @@
 #include "platform/windows_path.hpp"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -150,6 +151,9 @@ std::unique_ptr<OutputFile> HostedFiles::create(std::string_view path) {
 }
 
 std::unique_ptr<OutputFile> HostedFiles::createNew(std::string_view path) {
+    if (struct stat status{}; ::lstat(hostPath(path).c_str(), &status) == 0) {
+        throw RunTimeError(ErrorNumber::FileAlreadyExists, EEXIST);
+    }
     auto file = PosixFiles::createNew(path);
     return std::make_unique<HeldOutputFile>(std::move(file), openToWrite(path));
 }
@@ -169,12 +173,14 @@ void HostedFiles::remove(std::string_view path) {
 void HostedFiles::moveOver(std::string_view from, std::string_view to) {
     requireNotInUse(from);
     requireNotInUse(to);
+    requireOneVolume(from, to);
     PosixFiles::moveOver(from, to);
 }
 
 void HostedFiles::replace(std::string_view from, std::string_view to) {
     requireNotInUse(from);
     requireNotInUse(to);
+    requireOneVolume(from, to);
     PosixFiles::replace(from, to);
 }
 
@@ -182,6 +188,12 @@ FileDescriptor HostedFiles::openExclusively(std::string_view path) const {
     auto file = openToWrite(path);
     lockByte(file, F_WRLCK, anyoneByte);
     return file;
+}
+
+void HostedFiles::requireOneVolume(std::string_view from, std::string_view to) const {
+    if (volume(from) != volume(to)) {
+        throw RunTimeError(ErrorNumber::DifferentDrive, EXDEV);
+    }
 }
 
 void HostedFiles::requireNotInUse(std::string_view path) const {

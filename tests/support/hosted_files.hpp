@@ -7,7 +7,9 @@ namespace tarnwick {
 
 // The files of the build machine as Windows would have them, for tests: a folder's hidden and
 // system files are those named, one a line, in its file ".hidden", which is never shown itself; and
-// every open file is held against removal, one that is written against a second writer. The locks
+// every open file is held against removal, one that is written against a second writer; no two
+// names in a folder differ only in case, as far as they are made here; and every drive is a volume
+// of its own. The locks
 // are advisory ones, on two bytes far behind any content.
 class HostedFiles final : public PosixFiles {
   public:
@@ -31,6 +33,7 @@ class HostedFiles final : public PosixFiles {
   private:
     [[nodiscard]] FileDescriptor openToWrite(std::string_view path) const;
     void requireNotInUse(std::string_view path) const;
+    void requireOneVolume(std::string_view from, std::string_view to) const;
 };
 
 } // namespace tarnwick

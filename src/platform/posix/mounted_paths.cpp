@@ -144,7 +144,18 @@ HostEntry MountedPaths::find(std::string_view path) const {
 
 std::string MountedPaths::placeFor(std::string_view path) const {
     const auto parsed = parse(path);
-    return search(parsed, spelled(parsed)).path;
+    auto exact = spelled(parsed);
+    const auto name = lastPart(parsed.names);
+    if (name.empty() || isFolder(orRoot(exact.substr(0, exact.size() - name.size() - 1)))) {
+        return exact;
+    }
+    const auto folders = parsed.names.size() - name.size() - 1;
+    const auto [parent, status] =
+        findNameByName({.volume = parsed.volume, .names = parsed.names.substr(0, folders)});
+    if (!status || !S_ISDIR(status->st_mode)) {
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    }
+    return parent + '/' + std::string(name);
 }
 
 HostEntry MountedPaths::search(const Path& parsed, std::string exact) const {

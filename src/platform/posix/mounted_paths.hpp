@@ -36,7 +36,9 @@ class MountedPaths {
     [[nodiscard]] HostEntry find(std::string_view path) const;
     [[nodiscard]] std::string hostPath(std::string_view path) const { return find(path).path; }
 
-    // The same, for a file to be made: quicker than hostPath where there is none of that name.
+    // Where `path` lies in a folder, which exists, if its last name is spelled as it is on the
+    // disk: for a name that this program makes, and that mostly is not there yet. To look for such
+    // a one in any case of letters is to read the whole folder. Raises as find.
     [[nodiscard]] std::string placeFor(std::string_view path) const;
 
     // The full path, from its drive or share on, without "." and "..". Raises 52.

@@ -7,8 +7,11 @@
 
 namespace tarnwick {
 
-// A link to a file is that file; no file is hidden. The folder itself is read by one thread; where
-// it holds many files, up to eight ask for their stamps.
+// A link to a file is that file; no file is hidden. A folder is read by one thread; where it holds
+// many files, up to eight ask for their stamps. stampOf() looks for folders in any case of letters,
+// but for the file itself as it is spelled: mostly it is asked for a product, which the tool is
+// told to make under that name and which often is not there yet; to look for such a one in any case
+// is to read the whole folder each time.
 class PosixFileStamps : public FileStamps {
   public:
     // As PosixFiles.

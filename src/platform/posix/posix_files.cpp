@@ -183,9 +183,6 @@ void PosixFiles::move(std::string_view from, std::string_view to, Access access)
     if (target.isOpen()) {
         requireReplaceable(target);
     }
-    if (paths_.volume(from) != paths_.volume(to)) {
-        raiseSystemError(EXDEV);
-    }
     // The file systems of today write the content of a file before its rename over another: to wait
     // for the medium here would cost many times what rewriting a page does.
     if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {

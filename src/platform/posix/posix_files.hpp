@@ -6,9 +6,11 @@
 
 namespace tarnwick {
 
-// The file system of a POSIX machine, shown as drives and shares (see MountedPaths). Read-only is
-// what its owner may not write. No file is hidden or has a short name, and none is ever in use: the
-// system lets everybody open, replace and remove an open file.
+// The file system of a POSIX machine, shown as drives and shares (see MountedPaths). A new file is
+// made beside one whose name differs only in case, as the system has it; and what lies on one
+// volume of the machine does so, whatever drives lead there. Read-only is what its owner may not
+// write. No file is hidden or has a short name, and none is ever in use: the system lets everybody
+// open, replace and remove an open file.
 class PosixFiles : public Files {
   public:
     explicit PosixFiles(Mounts mounts, std::string_view currentFolder = R"(C:\)");
@@ -34,6 +36,8 @@ class PosixFiles : public Files {
     [[nodiscard]] std::string hostPath(std::string_view path) const {
         return paths_.hostPath(path);
     }
+    // Of its path; raises 52.
+    [[nodiscard]] std::string volume(std::string_view path) const { return paths_.volume(path); }
 
   private:
     struct HostFile {

@@ -317,10 +317,12 @@ TEST_F(RelativeLinks, From_a_network_share_and_with_accents_and_blanks_in_names)
 
 TEST_F(RelativeLinks, What_became_of_the_pages_is_told_and_nothing_is_left_of_the_way_there) {
     putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"),
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
+                                 "C:\\in\\slot 2"),
               (RewrittenPages{.html = false, .faq = true}));
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"),
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
+                                 "C:\\in\\slot 2"),
               (RewrittenPages{.html = true, .faq = true}));
     EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
 }
@@ -329,7 +331,8 @@ TEST_F(RelativeLinks, The_file_of_another_name_is_left_alone_and_one_of_this_nam
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     world.write("C:\\in\\slot 1.tmp", "of another slot");
     world.write("C:\\in\\slot 2.tmp", "of an earlier call");
-    static_cast<void>(rewriteRecordLinks(definition, world.files(), "rec.met", "slot 2"));
+    static_cast<void>(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
+                                         "C:\\in\\slot 2"));
     EXPECT_THAT(world.files().listFiles("C:\\in", "").names, ElementsAre("slot 1.tmp"));
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
 }
@@ -338,7 +341,8 @@ TEST_F(RelativeLinks, An_error_is_raised_to_whoever_rewrites_without_a_desktop) 
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     FaultyFiles faulty(world.files());
     faulty.failAt(FileOperation::Read, 1, RunTimeError(ErrorNumber::DeviceIO));
-    EXPECT_THROW(static_cast<void>(rewriteRecordLinks(definition, faulty, "rec.met", "x")),
+    EXPECT_THROW(static_cast<void>(rewriteRecordLinks(definition, faulty, WindowsToolPaths(),
+                                                      "rec.met", "C:\\in\\x")),
                  RunTimeError);
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
     EXPECT_THAT(desktop.messages, IsEmpty());

@@ -1,6 +1,7 @@
 #include "platform/posix/posix_files.hpp"
 #include "support/file_bytes.hpp"
 #include "support/hosted_world.hpp"
+#include "support/raised_by.hpp"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,19 @@ TEST_F(NamesHere, The_name_spelled_alike_comes_first) {
     make("\u00E9");
     EXPECT_EQ(bytesOf(files_, "T:\\\u00E9"), "\u00E9");
     EXPECT_EQ(bytesOf(files_, "T:\\\u00C9"), "\u00C9");
+}
+
+TEST_F(NamesHere, A_new_file_is_made_beside_one_in_another_case) {
+    make("a.tmp");
+    fs::create_directory(host_ + "/In");
+    files_.createNew("T:\\A.tmp")->close();
+    files_.createNew("T:\\IN\\B.tmp")->close();
+    EXPECT_EQ(files_.listFiles("T:", "").names, (std::vector<std::string>{"A.tmp", "a.tmp"}));
+    EXPECT_TRUE(fs::exists(host_ + "/In/B.tmp"));
+    EXPECT_EQ(raisedBy([&] { return files_.createNew("T:\\a.tmp"); }), 58);
+    EXPECT_EQ(raisedBy([&] { return files_.createNew("T:\\gone\\a.tmp"); }), 76);
+    EXPECT_EQ(raisedBy([&] { return files_.createNew("T:\\a.tmp\\b.tmp"); }), 76);
+    EXPECT_EQ(raisedBy([&] { return files_.createNew("T:\\"); }), 58);
 }
 
 TEST_F(NamesHere, Names_that_are_no_UTF_8_are_left_out_and_counted) {

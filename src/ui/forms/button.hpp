@@ -28,7 +28,9 @@ class Button final : public Clickable {
     void setAnswersEscape(bool answers) noexcept { answersEscape_ = answers; }
 
     // A Cancel that does not answer Escape swallows it: the system would take it for a click.
-    [[nodiscard]] bool wantsKey(int keyCode) const override;
+    [[nodiscard]] bool wantsKey(int keyCode) const override {
+        return keyCode == Key::escape && (Escape || (isCancel() && !answersEscape()));
+    }
     void userPressedKey(int keyCode) override;
 
     // The key, while the button has the focus; without a handler it clicks the form's Cancel.

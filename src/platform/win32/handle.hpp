@@ -41,8 +41,6 @@ class FindHandle {
     explicit FindHandle(HANDLE handle) noexcept : handle_(handle) {}
     FindHandle(const FindHandle&) = delete;
     FindHandle& operator=(const FindHandle&) = delete;
-    FindHandle(FindHandle&&) = delete;
-    FindHandle& operator=(FindHandle&&) = delete;
     ~FindHandle() {
         if (isOpen()) {
             FindClose(handle_);

@@ -33,9 +33,7 @@ class Theme {
         : theme_(themeFunctions().open == nullptr ? nullptr
                                                   : themeFunctions().open(window, classes)) {}
     Theme(const Theme&) = delete;
-    Theme(Theme&&) = delete;
     Theme& operator=(const Theme&) = delete;
-    Theme& operator=(Theme&&) = delete;
     ~Theme() {
         if (theme_ != nullptr) {
             themeFunctions().close(theme_);

@@ -16,9 +16,7 @@ class ControlWindow : public View {
     // The control takes its first bounds from the window.
     ControlWindow(Control& control, HWND window);
     ControlWindow(const ControlWindow&) = delete;
-    ControlWindow(ControlWindow&&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
-    ControlWindow& operator=(ControlWindow&&) = delete;
     ~ControlWindow() override;
 
     [[nodiscard]] HWND window() const noexcept { return window_; }

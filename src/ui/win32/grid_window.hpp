@@ -23,9 +23,7 @@ class GridWindow final : public ControlWindow {
 
     GridWindow(Grid& grid, HWND window);
     GridWindow(const GridWindow&) = delete;
-    GridWindow(GridWindow&&) = delete;
     GridWindow& operator=(const GridWindow&) = delete;
-    GridWindow& operator=(GridWindow&&) = delete;
     ~GridWindow() override;
 
     void changed(Property property) override;

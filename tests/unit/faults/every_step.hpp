@@ -47,9 +47,7 @@ class UseCase {
   public:
     UseCase() = default;
     UseCase(const UseCase&) = delete;
-    UseCase(UseCase&&) = delete;
     UseCase& operator=(const UseCase&) = delete;
-    UseCase& operator=(UseCase&&) = delete;
     virtual ~UseCase() = default;
 
     // Done once; done again, it gives the same.

@@ -74,10 +74,6 @@ void frmOptions::Form_Load() {
     enableLogging(definition_.bCommandLineLogging);
 }
 
-void frmOptions::chkCmdLogging_Click() {
-    enableLogging(chkCmdLogging.ticked());
-}
-
 void frmOptions::enableLogging(bool enabled) {
     txtCmdFile.setEnabled(enabled);
     cmdCmdFile.setEnabled(enabled);
@@ -109,18 +105,6 @@ void frmOptions::browse(TextBox& field, FileDialog dialog) {
     if (const auto chosen = desktop_.chooseFile(dialog)) {
         field.setText(*chosen);
     }
-}
-
-void frmOptions::txtMPEXE_Change() {
-    bMPEXEChanged_ = true;
-}
-
-void frmOptions::txtCNS_Change() {
-    bCNSChanged_ = true;
-}
-
-void frmOptions::txtCmdFile_Change() {
-    bCmdFileChanged_ = true;
 }
 
 void frmOptions::txtMPEXE_LostFocus() {
@@ -218,10 +202,6 @@ bool frmOptions::acceptLogging() {
         return false;
     }
     return true;
-}
-
-void frmOptions::cmdCancel_Click() {
-    unload();
 }
 
 } // namespace tarnwick

@@ -186,10 +186,6 @@ frmMain::SavedAs frmMain::saveAs() {
     return SavedAs::Written;
 }
 
-void frmMain::mnuExit_Click() {
-    unload();
-}
-
 void frmMain::mnuOptions_Click() {
     clearStatusAndCommit();
     fire(services_.showOptions, current());
@@ -221,10 +217,6 @@ void frmMain::mnuAbout_Click() {
 void frmMain::cboLanguage_Change() {
     markChanged();
     EnableOK();
-}
-
-void frmMain::cboLanguage_Click() {
-    markChanged();
 }
 
 } // namespace tarnwick

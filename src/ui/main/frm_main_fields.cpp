@@ -96,11 +96,6 @@ void frmMain::chkCFG_Click() {
     EnableOK();
 }
 
-// The one check box that neither clears the status nor commits an edit.
-void frmMain::chkfixdoc_Click() {
-    markChanged();
-}
-
 void frmMain::cmdAliases_Click() {
     clearStatusAndCommit();
     const auto chosen = browse(txtAliases, "Open Aliases File", textFiles);
@@ -183,14 +178,6 @@ void frmMain::txtCNS_Change() {
     markFieldEdited();
 }
 
-void frmMain::txtAliases_Change() {
-    textEdited();
-}
-
-void frmMain::txtCFG_Change() {
-    textEdited();
-}
-
 void frmMain::textEdited() {
     StatusBar1.setPanelText(1, "");
     markFieldEdited();
@@ -256,11 +243,6 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 void frmMain::refuse(TextBox& field, std::string_view message) {
     markFieldEdited(); // closing must still offer to save what was typed
     sendBack(services_.desktop, field, message);
-}
-
-// Nothing is checked when this field is left, so the change is marked here.
-void frmMain::txtCNSExt_Change() {
-    markChanged();
 }
 
 // The event names the key, not the character: typing the digit 8 takes that away as well.

@@ -96,16 +96,8 @@ void frmMain::commitEdits() {
     pSetCellValueCNS();
 }
 
-RunJob frmMain::job() {
-    return {.definition = definition(), .records = lstSelected.items()};
-}
-
 void frmMain::showProgress(double percent) {
     ProgressBar1.setValue(static_cast<int>(std::lround(percent)));
-}
-
-void frmMain::showBusy(bool busy) {
-    setMousePointer(busy ? MousePointer::Busy : MousePointer::Default);
 }
 
 void frmMain::offerCancel(bool offered) {

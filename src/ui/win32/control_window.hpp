@@ -27,7 +27,6 @@ class ControlWindow : public View {
     void showAll();
     // The screen's resolution is another one now.
     virtual void resolutionChanged();
-
     // The form's window has another size now.
     virtual void formResized() {}
 
@@ -42,7 +41,10 @@ class ControlWindow : public View {
     [[nodiscard]] virtual bool isFocusNotice(WORD /*code*/) const noexcept { return false; }
 
   protected:
-    [[nodiscard]] int dpi() const noexcept;
+    [[nodiscard]] int dpi() const noexcept { return static_cast<int>(GetDpiForWindow(window_)); }
+    // Brings what the window has of its own (fonts, pictures, measures) to the screen's resolution:
+    // before it is shown first, and whenever that is another one.
+    virtual void fitResolution() {}
 
     // The control takes its bounds from the window.
     void measure();

@@ -31,10 +31,10 @@ class BatchWriter {
 
     // Asks the system to put on the medium what was written so far. Raises what OutputFile::flush
     // raises.
-    void flush();
+    void flush() { file_->flush(); }
 
     // Closes the file. Raises what OutputFile::close raises.
-    void close();
+    void close() { file_->close(); }
 
   private:
     void append(std::string_view text);

@@ -27,9 +27,6 @@ FileDialog openExecutable(std::string_view title) {
     return {.kind = FileDialog::Kind::Open,
             .title = std::string(title),
             .filter = std::string(executables),
-            .filterIndex = 1,
-            .fileName = {},
-            .initialFolder = {},
             .fileMustExist = true};
 }
 
@@ -90,10 +87,7 @@ void frmOptions::cmdCNS_Click() {
 void frmOptions::cmdCmdFile_Click() {
     browse(txtCmdFile, {.kind = FileDialog::Kind::Save,
                         .title = "Save Command Line Logging Filename",
-                        .filter = std::string(logs),
-                        .filterIndex = 1,
-                        .fileName = {},
-                        .initialFolder = {}});
+                        .filter = std::string(logs)});
 }
 
 // Starts where the field points to.

@@ -124,9 +124,7 @@ std::optional<std::string> frmMain::browse(const TextBox& field, std::string_vie
     return services_.desktop.chooseFile({.kind = FileDialog::Kind::Open,
                                          .title = std::string(title),
                                          .filter = std::string(filter),
-                                         .filterIndex = 1,
                                          .fileName = field.text(),
-                                         .initialFolder = {},
                                          .hideReadOnly = true});
 }
 

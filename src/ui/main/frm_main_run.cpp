@@ -45,10 +45,7 @@ void frmMain::cmdCreateBatFile_Click() {
     }
     const auto chosen = services_.desktop.chooseFile({.kind = FileDialog::Kind::Save,
                                                       .title = "Save Batch File",
-                                                      .filter = std::string(batchFiles),
-                                                      .filterIndex = 1,
-                                                      .fileName = {},
-                                                      .initialFolder = {}});
+                                                      .filter = std::string(batchFiles)});
     if (chosen && !chosen->empty()) {
         const RunJob batch = job();
         batchExport_.write(batch.definition, batch.records, *chosen);

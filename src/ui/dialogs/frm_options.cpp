@@ -117,12 +117,9 @@ void frmOptions::txtCNS_LostFocus() {
 
 void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     writeBackTrimmed(field);
-    if (mayBeNowhere(field, process)) {
-        return;
-    }
-    takeBareNameFromAppFolder(field);
-    if (!FileExists(files_, resolvedFile(definition_.sAppFolder, field.text()))) {
-        sendBack(desktop_, field, doesNotExist(tool, field.text()));
+    if (!mayBeNowhere(field, process)) {
+        takeBareNameFromAppFolder(field);
+        (void)acceptTool(field, process, tool);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "platform/files.hpp"
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 namespace tarnwick {

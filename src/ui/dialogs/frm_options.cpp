@@ -6,8 +6,6 @@
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 
-#include <utility>
-
 namespace tarnwick {
 namespace {
 

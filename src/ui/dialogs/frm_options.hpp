@@ -8,7 +8,6 @@
 #include "ui/forms/form.hpp"
 #include "ui/forms/text_box.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace tarnwick {

@@ -2,7 +2,6 @@
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
-#include "common/trap.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"

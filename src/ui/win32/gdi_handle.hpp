@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <memory>
-#include <string>
 #include <type_traits>
 
 namespace tarnwick {

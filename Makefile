@@ -4,7 +4,7 @@
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
-wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool imagemagick x11-utils fonts-liberation
+wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
 dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip
 bench_packages   := $(wine_packages) libbenchmark-dev python3 parallel ninja-build findutils
 cover_packages   := $(native_packages) gcovr

@@ -25,6 +25,8 @@ help:
 
 demo: windows
 	@$(ensure) $(wine_packages)
+	cmake --preset native
+	cmake --build --preset native --target tarnwick-run mp cns
 	@demo/run build
 
 # With no display: on a virtual one, and build/screenshots/ shows every window.

@@ -7,7 +7,6 @@
 #include "platform/windows_path.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace tarnwick {

@@ -215,14 +215,6 @@ void Win32Files::createFolder(std::string_view path) {
     }
 }
 
-void Win32Files::moveOver(std::string_view from, std::string_view to) {
-    move(from, to, Access::OfTarget);
-}
-
-void Win32Files::replace(std::string_view from, std::string_view to) {
-    move(from, to, Access::OfSource);
-}
-
 void Win32Files::move(std::string_view from, std::string_view to, Access access) {
     const auto source = possible(from);
     const auto target = possible(to);

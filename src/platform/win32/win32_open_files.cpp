@@ -54,8 +54,6 @@ class Win32OutputFile : public OutputFile {
     explicit Win32OutputFile(Handle file) : file_(std::move(file)) {}
     Win32OutputFile(const Win32OutputFile&) = delete;
     Win32OutputFile& operator=(const Win32OutputFile&) = delete;
-    Win32OutputFile(Win32OutputFile&&) = delete;
-    Win32OutputFile& operator=(Win32OutputFile&&) = delete;
     ~Win32OutputFile() override {
         try {
             Win32OutputFile::close();

@@ -4,10 +4,10 @@
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
-wine_packages    := $(windows_packages) wine wine64 xvfb xauth openbox xdotool imagemagick x11-utils fonts-liberation
+wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
 linux_packages   := $(native_packages) dpkg-dev file man-db
 dist_packages    := $(wine_packages) $(linux_packages) git perl fp-utils nsis zip unzip
-bench_packages   := $(wine_packages) libbenchmark-dev
+bench_packages   := $(wine_packages) libbenchmark-dev python3 parallel ninja-build findutils
 cover_packages   := $(native_packages) gcovr
 fuzz_packages    := $(native_packages) clang-19 libclang-rt-19-dev
 lint_packages    := $(windows_packages) libbenchmark-dev clang-format-19 clang-tidy-19
@@ -27,6 +27,8 @@ help:
 
 demo: windows
 	@$(ensure) $(wine_packages)
+	cmake --preset native
+	cmake --build --preset native --target tarnwick-run mp cns
 	@demo/run build
 
 # With no display: on a virtual one, and build/screenshots/ shows every window.
@@ -83,9 +85,10 @@ reproducible: dist
 bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
-	cmake --build --preset native --target engine_bench links_bench
+	cmake --build --preset native --target engine_bench links_bench tarnwick-run small_tool
 	build/native/bench/engine_bench
 	build/native/bench/links_bench
+	bench/runner_bench.py build/native/src/app/runner/tarnwick-run build/native/bench/small_tool
 	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset windows
 	cmake/on-virtual-screen bench/run-windows build

@@ -36,9 +36,7 @@ class World {
         }
     }
     World(const World&) = delete;
-    World(World&&) = delete;
     World& operator=(const World&) = delete;
-    World& operator=(World&&) = delete;
     ~World() { fs::remove_all(root_); }
 
     [[nodiscard]] const fs::path& root() const { return root_; }

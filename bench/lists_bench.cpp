@@ -39,9 +39,7 @@ class BareListBox {
         : window_(CreateWindowExA(0, "LISTBOX", "", WS_VISIBLE | WS_BORDER | WS_VSCROLL, 0, 0, 250,
                                   160, nullptr, nullptr, nullptr, nullptr)) {}
     BareListBox(const BareListBox&) = delete;
-    BareListBox(BareListBox&&) = delete;
     BareListBox& operator=(const BareListBox&) = delete;
-    BareListBox& operator=(BareListBox&&) = delete;
     ~BareListBox() { DestroyWindow(window_); }
 
     void fill(const std::vector<std::string>& names) const {
@@ -155,9 +153,7 @@ class AfterShowing {
         SetTimer(timer_, reinterpret_cast<UINT_PTR>(this), milliseconds, &AfterShowing::run);
     }
     AfterShowing(const AfterShowing&) = delete;
-    AfterShowing(AfterShowing&&) = delete;
     AfterShowing& operator=(const AfterShowing&) = delete;
-    AfterShowing& operator=(AfterShowing&&) = delete;
     ~AfterShowing() { DestroyWindow(timer_); }
 
   private:

@@ -19,9 +19,7 @@ class PageSet {
     // `pages` pages of about `pageSize` bytes each.
     PageSet(int pages, std::size_t pageSize);
     PageSet(const PageSet&) = delete;
-    PageSet(PageSet&&) = delete;
     PageSet& operator=(const PageSet&) = delete;
-    PageSet& operator=(PageSet&&) = delete;
     ~PageSet();
 
     [[nodiscard]] std::string drivesRoot() const { return root_.string(); }

@@ -1,32 +1,58 @@
-# Completion of tarnwick-run for bash.
+# Completes the command lines of tarnwick-run in bash.
 
 _tarnwick_run() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
-    case $before in
-    --color) mapfile -t COMPREPLY < <(compgen -W 'auto always never' -- "$word") ; return ;;
-    --format) mapfile -t COMPREPLY < <(compgen -W 'sh null json' -- "$word") ; return ;;
-    -F | --input-folder | --state)
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -d -- "$word")
-        return ;;
-    --mp | --cns)
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-        return ;;
-    -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --drive | --code-page)
-        return ;;
-    esac
-    if [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '-h --help --version -F --input-folder -e --extensions --mp --cns
-            --in-place -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial
-            --state -q --quiet -v --verbose --color --format --drive --code-page' -- "$word")
-        return
+    local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} given
+    # "--color=al" comes as three words.
+    if [[ $word == = ]]; then
+        word=
+    elif [[ $option == = ]]; then
+        option=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    compopt -o filenames
-    mapfile -t COMPREPLY < <(
-        compgen -f -X '!*.[iI][nN][iI]' -- "$word"
-        compgen -d -- "$word"
-        [ "$COMP_CWORD" -gt 1 ] || compgen -W 'run commands' -- "$word"
-    )
+    case $option in
+    --color) _tarnwick_run_offer -W 'auto always never' -- "$word" ;;
+    --format) _tarnwick_run_offer -W 'sh null json' -- "$word" ;;
+    --mp | --cns) _tarnwick_run_files -f -- "$word" ;;
+    # Of "--drive T:=/srv" the last word is a folder.
+    -F | --input-folder | --state | :=) _tarnwick_run_files -d -- "${word#:=}" ;;
+    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after)
+        COMPREPLY=()
+        ;;
+    *)
+        if [[ $word == := ]]; then
+            _tarnwick_run_files -d
+        elif [[ $word == -* ]]; then
+            _tarnwick_run_options "$word"
+        else
+            COMPREPLY=()
+            for given in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+                # Records follow, by their names alone: they lie in a folder that we do not know.
+                [[ $given != *.[iI][nN][iI] ]] || return
+            done
+            _tarnwick_run_files -d -X '*.state' -- "$word"
+            mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X '!*.[iI][nN][iI]' -- "$word")
+            ((COMP_CWORD > 1)) ||
+                mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W 'run commands' -- "$word")
+        fi
+        ;;
+    esac
 }
+
+_tarnwick_run_options() { # BEGINNING
+    local options='-F --input-folder -e --extensions --mp --cns --in-place -q --quiet -v --verbose --color
+        --drive --code-page -h --help --version'
+    if [[ ${COMP_WORDS[1]} == commands ]]; then
+        options+=' --format'
+    else
+        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --state'
+    fi
+    _tarnwick_run_offer -W "$options" -- "$1"
+}
+
+# Both take what compgen takes.
+_tarnwick_run_offer() { mapfile -t COMPREPLY < <(compgen "$@"); }
+_tarnwick_run_files() {
+    compopt -o filenames 2>/dev/null
+    _tarnwick_run_offer "$@"
+}
+
 complete -F _tarnwick_run tarnwick-run

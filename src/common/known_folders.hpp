@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/mod_main.hpp"
 #include "platform/files.hpp"
 
 #include <functional>
@@ -16,7 +17,12 @@ class KnownFolders {
   public:
     explicit KnownFolders(const Files& files) : files_(files) {}
 
-    [[nodiscard]] bool exists(std::string_view path);
+    [[nodiscard]] bool exists(std::string_view path) {
+        const auto known = answers_.find(path);
+        return known != answers_.end()
+                   ? known->second
+                   : answers_.emplace(path, FolderExists(files_, path)).first->second;
+    }
 
   private:
     const Files& files_;

@@ -8,27 +8,20 @@
 namespace tarnwick {
 namespace {
 
-constexpr std::string_view noPlace = "its name has no place in the system's code page";
-constexpr std::string_view noPlaces = "their names have no place in the system's code page";
+constexpr const char* noPlace = "its name has no place in the system's code page";
+constexpr const char* noPlaces = "their names have no place in the system's code page";
 
 // "The file "a" in the folder "f" is left out: its name is odd." or "3 files in the folder "f" are
 // left out: their names are odd." and the first of them.
-std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_view where,
-                     std::string_view singularWhy, std::string_view pluralWhy) {
-    std::string text;
+std::string sentence(const LeftOut& leftOut, const std::string& kind, const std::string& where,
+                     const std::string& singularWhy, const std::string& pluralWhy) {
     if (leftOut.count == 1) {
-        return text.append("The ")
-            .append(kind)
-            .append(" ")
-            .append(quoted(leftOut.first))
-            .append(where)
-            .append(" is left out: ")
-            .append(singularWhy)
-            .append(".");
+        return "The " + kind + " " + quoted(leftOut.first) + where +
+               " is left out: " + singularWhy + ".";
     }
-    text.append(std::to_string(leftOut.count)).append(" ").append(kind).append("s").append(where);
-    text.append(" are left out: ").append(pluralWhy).append(".").append(lineEnd);
-    return text.append("The first of them is ").append(quoted(leftOut.first)).append(".");
+    return std::to_string(leftOut.count) + " " + kind + "s" + where +
+           " are left out: " + pluralWhy + "." + std::string(lineEnd) + "The first of them is " +
+           quoted(leftOut.first) + ".";
 }
 
 } // namespace
@@ -36,8 +29,8 @@ std::string sentence(const LeftOut& leftOut, std::string_view kind, std::string_
 void tellLeftOut(Desktop& desktop, const LeftOut& leftOut, std::string_view kind,
                  std::string_view folder) {
     if (leftOut.count > 0) {
-        showWarning(desktop,
-                    sentence(leftOut, kind, " in the folder " + quoted(folder), noPlace, noPlaces));
+        showWarning(desktop, sentence(leftOut, std::string(kind),
+                                      " in the folder " + quoted(folder), noPlace, noPlaces));
     }
 }
 

@@ -3,10 +3,8 @@
 #include "platform/desktop.hpp"
 #include "platform/files.hpp"
 #include "platform/run_time_error.hpp"
-#include "platform/windows_path.hpp"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace tarnwick {

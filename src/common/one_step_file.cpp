@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,37 +17,21 @@ void writeThrough(OutputFile& file, std::string_view content) {
     file.close();
 }
 
-std::string contentOf(const Files& files, std::string_view path) {
+// Nothing where the file cannot be opened.
+std::optional<std::string> contentOf(const Files& files, std::string_view path) {
     constexpr std::size_t blockSize = 64UZ * 1024;
-    const auto file = files.openForReading(path);
+    std::unique_ptr<InputFile> file;
+    try {
+        file = files.openForReading(path);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
     std::string content;
     std::vector<char> block(blockSize);
     while (const auto count = file->read(block)) {
         content.append(block.data(), count);
     }
     return content;
-}
-
-bool isThere(const Files& files, std::string_view path) {
-    try {
-        return files.openForReading(path) != nullptr;
-    } catch (const RunTimeError&) {
-        return false;
-    }
-}
-
-// Null where the file beside `path` cannot be made although `path` is there.
-std::unique_ptr<OutputFile> createBeside(Files& files, std::string_view beside,
-                                         std::string_view path) {
-    try {
-        return createAnew(files, beside);
-    } catch (const RunTimeError& error) {
-        // A full disk has no room in place either: to try would cost the old content.
-        if (error.is(ErrorNumber::DiskFull) || !isThere(files, path)) {
-            throw;
-        }
-        return nullptr;
-    }
 }
 
 void putBack(Files& files, std::string_view path, std::string_view old) {
@@ -57,8 +42,8 @@ void putBack(Files& files, std::string_view path, std::string_view old) {
     }
 }
 
-void writeInPlace(Files& files, std::string_view path, std::string_view content) {
-    const std::string old = contentOf(files, path);
+void writeInPlace(Files& files, std::string_view path, std::string_view content,
+                  std::string_view old) {
     auto file = files.create(path);
     try {
         writeThrough(*file, content);
@@ -109,9 +94,16 @@ std::unique_ptr<OutputFile> createAnew(Files& files, std::string_view path) {
 
 void writeInOneStep(Files& files, std::string_view path, std::string_view content) {
     const std::string beside = std::string(path) + ".tarnwick-new";
-    auto file = createBeside(files, beside, path);
-    if (!file) {
-        writeInPlace(files, path, content);
+    std::unique_ptr<OutputFile> file;
+    try {
+        file = createAnew(files, beside);
+    } catch (const RunTimeError& error) {
+        // A full disk has no room in place either: to try would cost the old content.
+        const auto old = error.is(ErrorNumber::DiskFull) ? std::nullopt : contentOf(files, path);
+        if (!old) {
+            throw;
+        }
+        writeInPlace(files, path, content, *old);
         return;
     }
     try {

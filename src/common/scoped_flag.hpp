@@ -9,9 +9,7 @@ class ScopedFlag {
   public:
     explicit ScopedFlag(bool& flag) noexcept : flag_(flag), before_(std::exchange(flag, true)) {}
     ScopedFlag(const ScopedFlag&) = delete;
-    ScopedFlag(ScopedFlag&&) = delete;
     ScopedFlag& operator=(const ScopedFlag&) = delete;
-    ScopedFlag& operator=(ScopedFlag&&) = delete;
     ~ScopedFlag() { flag_ = before_; }
 
   private:

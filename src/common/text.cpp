@@ -15,4 +15,12 @@ std::string without(std::string_view text, char character) {
     return result;
 }
 
+std::string withDoubled(std::string_view text, char character) {
+    std::string result;
+    for (const char each : text) {
+        result.append(each == character ? 2 : 1, each);
+    }
+    return result;
+}
+
 } // namespace tarnwick

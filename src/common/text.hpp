@@ -17,4 +17,7 @@ inline constexpr std::string_view lineEnd = "\r\n";
 // `text` without any `character`.
 [[nodiscard]] std::string without(std::string_view text, char character);
 
+// `text` with two for each `character`.
+[[nodiscard]] std::string withDoubled(std::string_view text, char character);
+
 } // namespace tarnwick

@@ -16,13 +16,16 @@ void reportCurrentError(Desktop& desktop, std::string_view caller,
                         std::string_view procedure) noexcept;
 
 // Runs the body of a procedure that traps its errors: an error skips the rest of the body, is
-// reported, and goes no further. Nothing else in the program catches in order to report.
+// reported, and goes no further. Nothing else in the program catches in order to report. Whether it
+// came to its end without an error.
 template <typename Body>
-void trap(Desktop& desktop, std::string_view caller, std::string_view procedure, Body&& body) {
+bool trap(Desktop& desktop, std::string_view caller, std::string_view procedure, Body&& body) {
     try {
         static_cast<Body&&>(body)();
+        return true;
     } catch (...) {
         reportCurrentError(desktop, caller, procedure);
+        return false;
     }
 }
 

@@ -19,26 +19,19 @@ bool findINIFile(BatchDefinition& definition, const Files& files) {
 } // namespace
 
 bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop) {
-    bool written = false;
-    trap(desktop, "frmMain", "Public Sub SaveINIFile()", [&] {
-        writeDefinition(definition, files);
-        written = true;
-    });
-    return written;
+    return trap(desktop, "frmMain", "Public Sub SaveINIFile()",
+                [&] { writeDefinition(definition, files); });
 }
 
 bool ReadINIFile(BatchDefinition& definition, const Files& files, Desktop& desktop,
                  const std::function<void()>& whenRead) {
-    bool completed = false;
-    trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
+    return trap(desktop, "frmMain", "Public Sub ReadINIFile()", [&] {
         if (findINIFile(definition, files)) {
             readDefinition(definition, files);
             whenRead();
         }
         definition.bSettingsChanged = false;
-        completed = true;
     });
-    return completed;
 }
 
 } // namespace tarnwick

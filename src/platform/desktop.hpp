@@ -25,10 +25,10 @@ struct FileDialog {
 
     Kind kind = Kind::Open;
     std::string title;
-    std::string filter;        // "Text File (*.txt)|*.txt|All Files (*.*)|*.*"
-    int filterIndex = 1;       // the entry shown first, counted from 1
-    std::string fileName;      // shown at first; may hold a path
-    std::string initialFolder; // where to start when fileName names no folder; may be empty
+    std::string filter;          // "Text File (*.txt)|*.txt|All Files (*.*)|*.*"
+    int filterIndex = 1;         // the entry shown first, counted from 1
+    std::string fileName{};      // shown at first; may hold a path
+    std::string initialFolder{}; // where to start when fileName names no folder; may be empty
     bool fileMustExist = false;
     bool overwritePrompt = false;
     bool hideReadOnly = false;

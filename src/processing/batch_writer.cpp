@@ -48,14 +48,6 @@ void BatchWriter::append(std::string_view text) {
     file_->write(lineEnd);
 }
 
-void BatchWriter::flush() {
-    file_->flush();
-}
-
-void BatchWriter::close() {
-    file_->close();
-}
-
 void changeToFolder(BatchWriter& batch, std::string_view folder) {
     const auto colon = folder.find(':');
     if (colon == std::string_view::npos) {

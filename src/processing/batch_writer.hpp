@@ -4,7 +4,6 @@
 #include "platform/files.hpp"
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -31,10 +30,10 @@ class BatchWriter {
 
     // Asks the system to put on the medium what was written so far. Raises what OutputFile::flush
     // raises.
-    void flush();
+    void flush() { file_->flush(); }
 
     // Closes the file. Raises what OutputFile::close raises.
-    void close();
+    void close() { file_->close(); }
 
   private:
     void append(std::string_view text);

@@ -34,15 +34,6 @@ std::string shortFolder(const Files& files, const std::string& folder) {
     }
 }
 
-// In a batch file a single "%" begins the name of a variable.
-std::string withDoubledPercents(std::string_view text) {
-    std::string result;
-    for (const char character : text) {
-        result.append(character == '%' ? 2 : 1, character);
-    }
-    return result;
-}
-
 // False when a stop is asked for before the condition is met.
 template <typename Condition>
 bool waitUntil(const RunServices& services, const StopRequest& stop, const Condition& isMet) {
@@ -166,7 +157,8 @@ std::string redirectionTarget(const Files& files, const TemporaryFiles& temporar
         return temporary.marker;
     }
     const std::string shortened = joinPath(shortFolder(files, temporary.sTempFolder), markerName);
-    return isPlain(shortened) ? shortened : quoted(withDoubledPercents(temporary.marker));
+    // In a batch file a single "%" begins the name of a variable.
+    return isPlain(shortened) ? shortened : quoted(withDoubled(temporary.marker, '%'));
 }
 
 bool waitForLeftBatch(const RunServices& services, LeftBatch& left, const StopRequest& stop) {

@@ -34,13 +34,6 @@ class RunWindow {
     virtual void showBusy(bool busy) = 0;
     // The button that closes the window stands for cancelling the run, as long as this is on.
     virtual void offerCancel(bool offered) = 0;
-
-  protected:
-    RunWindow() = default;
-    RunWindow(const RunWindow&) = default;
-    RunWindow(RunWindow&&) = default;
-    RunWindow& operator=(const RunWindow&) = default;
-    RunWindow& operator=(RunWindow&&) = default;
 };
 
 } // namespace tarnwick

@@ -146,11 +146,9 @@ class UnattendedRun {
             return;
         }
         Listing listing;
-        unlisted_ = true;
-        trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
+        unlisted_ = !trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
             listing =
                 services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
-            unlisted_ = false;
         });
         leftOut_ = std::move(listing.leftOut);
         records_ = std::move(listing.names);

@@ -133,10 +133,10 @@ The_completion_completes() {
             echo "${COMPREPLY[*]}"
         )
     }
-    [ "$(complete_words tarnwick-run --dr)" = '--dry-run --drive' ] &&
+    [ "$(complete_words tarnwick-run --dr)" = '--drive --dry-run' ] &&
         [ "$(complete_words tarnwick-run nightly.ini --color n)" = never ] &&
         [ "$(complete_words tarnwick-run n)" = nightly.ini ] &&
-        [ "$(complete_words tarnwick-run commands '')" = 'nightly.ini folder' ] &&
+        [ "$(complete_words tarnwick-run commands '')" = 'folder nightly.ini' ] &&
         [ "$(complete_words tarnwick-run -F '')" = folder ] &&
         [ "$(complete_words tarnwick-run co)" = commands ]
 }

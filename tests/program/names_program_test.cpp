@@ -138,8 +138,6 @@ class StoredPlace {
     }
     StoredPlace(const StoredPlace&) = delete;
     StoredPlace& operator=(const StoredPlace&) = delete;
-    StoredPlace(StoredPlace&&) = delete;
-    StoredPlace& operator=(StoredPlace&&) = delete;
     ~StoredPlace() { RegDeleteKeyValueW(HKEY_CURRENT_USER, key, value); }
 
   private:

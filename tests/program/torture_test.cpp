@@ -52,9 +52,7 @@ class Torture : public testing::Test {
         place.replaceMP("tests/window/trying_tool.exe"); // which does nothing
     }
     Torture(const Torture&) = delete;
-    Torture(Torture&&) = delete;
     Torture& operator=(const Torture&) = delete;
-    Torture& operator=(Torture&&) = delete;
     ~Torture() override { forgetStoredSettings(); }
 
     // A moment before `longest` is over.

@@ -27,9 +27,7 @@ class Holder {
           control_(CreateWindowExW(0, kind, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 200, 100,
                                    window_, nullptr, nullptr, nullptr)) {}
     Holder(const Holder&) = delete;
-    Holder(Holder&&) = delete;
     Holder& operator=(const Holder&) = delete;
-    Holder& operator=(Holder&&) = delete;
     ~Holder() { DestroyWindow(window_); }
 
     [[nodiscard]] HWND control() const noexcept { return control_; }

@@ -38,8 +38,6 @@ class User {
         : thread_([title = std::move(title), act = std::move(act)] { act(awaited(title)); }) {}
     User(const User&) = delete;
     User& operator=(const User&) = delete;
-    User(User&&) = delete;
-    User& operator=(User&&) = delete;
     ~User() { thread_.join(); }
 
   private:
@@ -171,8 +169,6 @@ class Asker {
                                   200, nullptr, nullptr, nullptr, nullptr)) {}
     Asker(const Asker&) = delete;
     Asker& operator=(const Asker&) = delete;
-    Asker(Asker&&) = delete;
-    Asker& operator=(Asker&&) = delete;
     ~Asker() { DestroyWindow(window_); }
 
     [[nodiscard]] HWND get() const noexcept { return window_; }

@@ -18,9 +18,7 @@ class HeardEvents {
 
     HeardEvents();
     HeardEvents(const HeardEvents&) = delete;
-    HeardEvents(HeardEvents&&) = delete;
     HeardEvents& operator=(const HeardEvents&) = delete;
-    HeardEvents& operator=(HeardEvents&&) = delete;
     ~HeardEvents();
 
     // What has come since the last call, or since the beginning, in its order.

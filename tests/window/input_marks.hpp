@@ -13,9 +13,7 @@ class InputMarks {
   public:
     InputMarks();
     InputMarks(const InputMarks&) = delete;
-    InputMarks(InputMarks&&) = delete;
     InputMarks& operator=(const InputMarks&) = delete;
-    InputMarks& operator=(InputMarks&&) = delete;
     ~InputMarks();
 
     // Whether that key is the last of the two that has come, or becomes so within a fifth of a

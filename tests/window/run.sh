@@ -12,7 +12,7 @@ case $#/$suite in
 2/main | 2/execute | 2/pictures) program=Tarnwick.exe ;;
 *) echo "usage: $0 BUILD_DIR [dialogs|controls|main|execute|pictures]" >&2; exit 2 ;;
 esac
-for tool in wine Xvfb openbox xdotool xev xprop import compare convert identify flock prlimit; do
+for tool in wine xdotool xev xprop import compare convert identify flock prlimit; do
     command -v "$tool" >/dev/null || { echo "run.sh: $tool is missing" >&2; exit 127; }
 done
 
@@ -24,11 +24,16 @@ pictures=$build/../screenshots
 mkdir -p "$pictures"
 pictures=$(cd "$pictures" && pwd)
 
+# A prefix and a screen for each suite: they may run side by side.
+export TARNWICK_WINE_BUILD=$build/window/$suite
+[ -n "${TARNWICK_SUITE_SCREEN:-}" ] ||
+    exec env TARNWICK_SUITE_SCREEN=own "$here/../../cmake/on-virtual-screen" "$0" "$@"
+
 # shellcheck source=screen.sh
 . "$here/screen.sh"
 # shellcheck disable=SC1090
 . "$here/${suite/%main/main_window}.sh"
 
-open_screen
-trap close_screen EXIT
+rm -rf "$work"
+mkdir -p "$work"
 run_all_tests

@@ -1,16 +1,13 @@
-# Sourced by run.sh: a screen of its own, programs on it, and hands for mouse and keyboard.
+# Sourced by run.sh: programs on the screen, and hands for mouse and keyboard.
 # Wants $build (the build folder), $here, $suite, $gallery and $pictures.
 #
 # Nothing here waits for a time alone. What a hand has done, the program has dealt with when the hand
 # returns; what takes its own time (a tool, a file, the program's end) is looked for until it is there.
 
-# A prefix for each suite: they may run side by side.
-export TARNWICK_WINE_BUILD=$build/window/$suite
 wine_run=$here/../../cmake/wine-run
 probe=$build/tests/window/window_probe.exe
 work=$TARNWICK_WINE_BUILD/work
 drive=$TARNWICK_WINE_BUILD/wine/drive_c
-wineserver=$(command -v wineserver || echo /usr/lib/wine/wineserver)
 # In seconds. Only what is broken lets anybody wait so long.
 patience=${TARNWICK_PATIENCE:-120}
 mark=F11
@@ -38,33 +35,8 @@ choose_tests() {
 }
 wait_until() { eventually "$@" || fail "in vain: $*"; }
 
-open_screen() {
-    rm -rf "$work"
-    mkdir -p "$work"
-    # Xvfb takes a free number and tells it. A key that is held repeats nothing (-r): on a busy machine
-    # any key is held for long.
-    Xvfb -r -displayfd 3 -screen 0 1800x1200x24 -nolisten tcp 3>"$work/display" \
-        >"$work/xvfb.log" 2>&1 </dev/null &
-    xvfb=$!
-    wait_until test -s "$work/display"
-    DISPLAY=:$(cat "$work/display")
-    export DISPLAY
-    openbox --config-file "$here/openbox.xml" >"$work/openbox.log" 2>&1 </dev/null &
-    openbox=$!
-    wait_until window_manager_is_there
-    stop_wine # one left behind would look for the screen of an earlier run
-}
-window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
-
-close_screen() {
-    [ -z "${gallery_pid:-}" ] || kill "$gallery_pid" 2>/dev/null || true
-    stop_wine
-    kill "$openbox" 2>/dev/null || true
-    kill "$xvfb" 2>/dev/null || true
-}
-
 stop_wine() {
-    WINEPREFIX=$TARNWICK_WINE_BUILD/wine "$wineserver" -k >/dev/null 2>&1 </dev/null || true
+    "$here/../../cmake/wine-stop"
     [ -z "${probe_pid:-}" ] || wait "$probe_pid" 2>/dev/null || true
     probe_pid=
 }

@@ -13,9 +13,7 @@ class SymbolFont {
   public:
     explicit SymbolFont(const std::string& family);
     SymbolFont(const SymbolFont&) = delete;
-    SymbolFont(SymbolFont&&) = delete;
     SymbolFont& operator=(const SymbolFont&) = delete;
-    SymbolFont& operator=(SymbolFont&&) = delete;
     ~SymbolFont();
 
     // Whether the system has taken it.

@@ -85,7 +85,7 @@ class Application {
                      return pickFolder(presenter_, files_, desktop_, title, startFolder);
                  },
              .showOptions = [this](BatchDefinition& definition) { showOptions(definition); },
-             .showAbout = [&] { show(frmAbout(desktop_, main.window(), mpDocumentation())); }});
+             .showAbout = [&] { show(frmAbout(desktop_, main.window(), mpDocumentation)); }});
         mainWindow_.run(main);
         return done;
     }

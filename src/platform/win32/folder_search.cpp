@@ -1,10 +1,12 @@
 #include "platform/win32/folder_search.hpp"
 
 #include "platform/win32/errors.hpp"
+#include "platform/win32/handle.hpp"
 #include "platform/win32/system_text.hpp"
 #include "platform/windows_path.hpp"
 
 #include <string_view>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -32,6 +34,21 @@ bool isEmptyFolder(DWORD systemError, const std::string& folder) {
     }
     const auto attributes = GetFileAttributesW((toWidePath(folder) + L'\\').c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// The short name of that entry of the folder; nothing where the volume keeps none, or none that has
+// a place in the code page.
+std::optional<std::string> shortNameIn(const std::string& folder, const std::wstring& name) {
+    WIN32_FIND_DATAW entry{};
+    const auto path = toWidePath(withBackslash(folder)) + name;
+    const FindHandle search(FindFirstFileExW(path.c_str(), FindExInfoStandard, &entry,
+                                             FindExSearchNameMatch, nullptr, 0));
+    // The system cuts off a dot or blank at the end, and then finds another entry.
+    if (!search.isOpen() || name != entry.cFileName) {
+        return std::nullopt;
+    }
+    const std::wstring_view shortName = entry.cAlternateFileName;
+    return shortName.empty() ? std::nullopt : toFileName(shortName);
 }
 
 } // namespace
@@ -69,6 +86,36 @@ void searchFolder(const std::string& folder,
     }
 }
 
+LeftOut searchByName(const std::string& folder, EntryKind kind, bool ignoreShortNames,
+                     const std::function<bool(std::string_view)>& matches,
+                     const std::function<void(std::string, const WIN32_FIND_DATAW&)>& take) {
+    LeftOut leftOut;
+    searchFolder(folder, [&](const WIN32_FIND_DATAW& entry) {
+        if (kindOf(entry) != kind) {
+            return;
+        }
+        auto name = toFileName(entry.cFileName);
+        if (!matches(name ? *name : matchingText(entry.cFileName))) {
+            return;
+        }
+        if (!name && !ignoreShortNames) {
+            name = shortNameIn(folder, entry.cFileName);
+        }
+        if (name) {
+            take(*std::move(name), entry);
+        } else {
+            leaveOut(shownText(entry.cFileName), leftOut);
+        }
+    });
+    return leftOut;
+}
+
+bool isLink(const WIN32_FIND_DATAW& entry) noexcept {
+    constexpr DWORD standsForAnother = 0x20000000;
+    return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           (entry.dwReserved0 & standsForAnother) != 0;
+}
+
 bool canSearchFolder(const std::string& folder) {
     if (folder.empty()) {
         return false;
@@ -97,19 +144,6 @@ std::optional<WIN32_FIND_DATAW> findEntry(const std::string& path) {
         return std::nullopt;
     }
     raiseSearchError(systemError, path);
-}
-
-std::optional<std::string> shortNameIn(const std::string& folder, const std::wstring& name) {
-    WIN32_FIND_DATAW entry{};
-    const auto path = toWidePath(withBackslash(folder)) + name;
-    const FindHandle search(FindFirstFileExW(path.c_str(), FindExInfoStandard, &entry,
-                                             FindExSearchNameMatch, nullptr, 0));
-    // The system cuts off a dot or blank at the end, and then finds another entry.
-    if (!search.isOpen() || name != entry.cFileName) {
-        return std::nullopt;
-    }
-    const std::wstring_view shortName = entry.cAlternateFileName;
-    return shortName.empty() ? std::nullopt : toFileName(shortName);
 }
 
 } // namespace tarnwick

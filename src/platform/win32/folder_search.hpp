@@ -1,12 +1,13 @@
 #pragma once
 
-#include "platform/win32/handle.hpp"
+#include "platform/left_out.hpp"
 
 #include <windows.h>
 
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarnwick {
 
@@ -20,16 +21,24 @@ enum class EntryKind { File, Folder, Unseen };
 void searchFolder(const std::string& folder,
                   const std::function<void(const WIN32_FIND_DATAW&)>& take);
 
+// Gives every entry of that kind whose name matches to `take`, in the folder's own order, and under
+// a name that can be told. One that has no place in the code page is held against `matches` by what
+// it has there, and told under its short name; where short names are ignored, or there is none, it
+// is left out. Raises as searchFolder.
+[[nodiscard]] LeftOut
+searchByName(const std::string& folder, EntryKind kind, bool ignoreShortNames,
+             const std::function<bool(std::string_view)>& matches,
+             const std::function<void(std::string name, const WIN32_FIND_DATAW&)>& take);
+
+// Whether the entry stands for another one that may lie elsewhere. Others with a mark of their own,
+// such as files that still lie in a cloud, are what they seem.
+[[nodiscard]] bool isLink(const WIN32_FIND_DATAW& entry) noexcept;
+
 // Whether searchFolder would not raise.
 [[nodiscard]] bool canSearchFolder(const std::string& folder);
 
 // The file or folder of that name, which holds no wildcard; nothing when there is none in its
 // folder. Raises 76, 75, 68, 71, 52.
 [[nodiscard]] std::optional<WIN32_FIND_DATAW> findEntry(const std::string& path);
-
-// The short name of that entry of the folder; nothing where the volume keeps none, or none that has
-// a place in the code page.
-[[nodiscard]] std::optional<std::string> shortNameIn(const std::string& folder,
-                                                     const std::wstring& name);
 
 } // namespace tarnwick

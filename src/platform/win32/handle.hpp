@@ -6,21 +6,22 @@
 
 namespace tarnwick {
 
-// Owns a kernel handle, or none.
-class Handle {
+// Owns a handle that `Close` ends, or none.
+template <auto Close>
+class ClosedHandle {
   public:
-    Handle() = default;
-    explicit Handle(HANDLE handle) noexcept : handle_(handle) {}
-    Handle(Handle&& other) noexcept : handle_(other.release()) {}
-    Handle& operator=(Handle&& other) noexcept {
+    ClosedHandle() = default;
+    explicit ClosedHandle(HANDLE handle) noexcept : handle_(handle) {}
+    ClosedHandle(ClosedHandle&& other) noexcept : handle_(other.release()) {}
+    ClosedHandle& operator=(ClosedHandle&& other) noexcept {
         std::swap(handle_, other.handle_);
         return *this;
     }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle() {
+    ClosedHandle(const ClosedHandle&) = delete;
+    ClosedHandle& operator=(const ClosedHandle&) = delete;
+    ~ClosedHandle() {
         if (isOpen()) {
-            CloseHandle(handle_);
+            Close(handle_);
         }
     }
 
@@ -35,25 +36,7 @@ class Handle {
     HANDLE handle_ = nullptr;
 };
 
-// Owns a search through a folder, or none.
-class FindHandle {
-  public:
-    explicit FindHandle(HANDLE handle) noexcept : handle_(handle) {}
-    FindHandle(const FindHandle&) = delete;
-    FindHandle& operator=(const FindHandle&) = delete;
-    FindHandle(FindHandle&&) = delete;
-    FindHandle& operator=(FindHandle&&) = delete;
-    ~FindHandle() {
-        if (isOpen()) {
-            FindClose(handle_);
-        }
-    }
-
-    [[nodiscard]] bool isOpen() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
-    [[nodiscard]] HANDLE get() const noexcept { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
+using Handle = ClosedHandle<CloseHandle>;   // of the kernel
+using FindHandle = ClosedHandle<FindClose>; // a search through a folder
 
 } // namespace tarnwick

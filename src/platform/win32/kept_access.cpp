@@ -36,12 +36,12 @@ KeptAccess::KeptAccess(const std::wstring& file)
     }
 }
 
-void KeptAccess::giveTo(const std::wstring& heir) noexcept {
+void KeptAccess::giveTo(const std::wstring& file) noexcept {
     if (attributes_ != INVALID_FILE_ATTRIBUTES) {
-        SetFileAttributesW(heir.c_str(), attributes_);
+        SetFileAttributesW(file.c_str(), attributes_);
     }
     if (!accessList_.empty()) {
-        SetFileSecurityW(heir.c_str(), DACL_SECURITY_INFORMATION, accessList_.data());
+        SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, accessList_.data());
     }
 }
 

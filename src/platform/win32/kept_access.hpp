@@ -16,7 +16,7 @@ class KeptAccess {
 
     // As far as the system lets this user; what it refuses stays as it is. Behind the move: before
     // it the list could take away the right to move the file.
-    void giveTo(const std::wstring& heir) noexcept;
+    void giveTo(const std::wstring& file) noexcept;
 
   private:
     DWORD attributes_;

@@ -4,7 +4,7 @@
 #include "platform/tool_command_line.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/system_text.hpp"
-#include "platform/windows_path.hpp"
+#include "platform/win32/win32_open_files.hpp"
 
 #include <algorithm>
 #include <array>
@@ -29,13 +29,6 @@ bool isBatchFile(std::string_view program) {
                                    equalIgnoringCase(program.substr(program.size() - 4), ".cmd"));
 }
 
-std::wstring widePossible(const std::string& path) {
-    if (!isPossiblePath(path)) {
-        raiseSystemError(ERROR_INVALID_NAME);
-    }
-    return toWidePath(path);
-}
-
 std::wstring lineOf(const std::wstring& program, const std::vector<std::string>& arguments) {
     std::vector<std::wstring> wide;
     for (const std::string& argument : arguments) {
@@ -52,7 +45,7 @@ Handle newJob() {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags =
         JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE |
-        // A tool that crashes ends, and does not wait for somebody to close a message.
+        // A crash shows no message (see Win32ToolProcesses), whatever the tool itself has set.
         JOB_OBJECT_LIMIT_DIE_ON_UNHANDLED_EXCEPTION;
     requireDone(SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits,
                                         sizeof limits));
@@ -114,9 +107,22 @@ Handle memberOf(const Handle& job, ULONG_PTR id) noexcept {
 
 } // namespace
 
+bool canBeStarted(const std::string& program) {
+    if (isBatchFile(program)) {
+        return false;
+    }
+    try {
+        std::array<char, 2> beginning{};
+        return openWin32File(possible(program))->read(beginning) == 2 &&
+               std::string_view(beginning.data(), beginning.size()) == "MZ";
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 StartedTool::StartedTool(const ToolCall& call, const Handle& writer) : job_(newJob()) {
-    const std::wstring program = widePossible(call.program);
-    const std::wstring folder = widePossible(call.folder);
+    const std::wstring program = toWidePath(possible(call.program));
+    const std::wstring folder = toWidePath(possible(call.folder));
     std::wstring line = lineOf(program, call.arguments);
     if (isBatchFile(call.program)) {
         raiseSystemError(ERROR_BAD_EXE_FORMAT);

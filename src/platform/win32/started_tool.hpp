@@ -5,7 +5,12 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace tarnwick {
+
+// Whether the file looks like a program: the system alone knows whether it starts. Never raises.
+[[nodiscard]] bool canBeStarted(const std::string& program);
 
 // A tool at work, with all that it starts, in a job of its own. Whoever is still at work is ended
 // by the destructor, and by the system when this process ends.

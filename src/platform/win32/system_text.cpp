@@ -7,7 +7,6 @@
 #include "platform/windows_path.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace tarnwick {
@@ -63,6 +62,13 @@ std::wstring toWidePath(std::string_view path) {
         raiseSystemError(ERROR_INVALID_NAME);
     }
     return *std::move(wide);
+}
+
+std::string possible(std::string_view path) {
+    if (!isPossiblePath(path)) {
+        raiseSystemError(ERROR_INVALID_NAME);
+    }
+    return std::string(path);
 }
 
 std::optional<std::wstring> fromCodePage(std::string_view text, UINT codePage) {

@@ -21,6 +21,10 @@ namespace tarnwick {
 // place would name another file.
 [[nodiscard]] std::wstring toWidePath(std::string_view path);
 
+// The path for a system call: raises 52 where no file can have that name. A NUL would cut it short,
+// other bad characters would mean something else than a name.
+[[nodiscard]] std::string possible(std::string_view path);
+
 // The same text in the code page, or nothing where one of its characters has no place of its own
 // there.
 [[nodiscard]] std::optional<std::string> toCodePage(std::wstring_view wide, UINT codePage);

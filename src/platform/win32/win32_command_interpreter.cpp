@@ -6,7 +6,6 @@
 #include "platform/win32/filled_text.hpp"
 #include "platform/win32/handle.hpp"
 #include "platform/win32/system_text.hpp"
-#include "platform/windows_path.hpp"
 
 #include <windows.h>
 
@@ -40,10 +39,7 @@ class Win32StartedBatch : public StartedBatch {
 } // namespace
 
 std::unique_ptr<StartedBatch> Win32CommandInterpreter::startHidden(std::string_view batchFile) {
-    if (!isPossiblePath(batchFile)) {
-        throw RunTimeError(ErrorNumber::BadFileName, ERROR_INVALID_NAME);
-    }
-    const std::wstring path = toWidePath(batchFile);
+    const std::wstring path = toWidePath(possible(batchFile));
     requireFile(path);
     const auto interpreter = filledBy([](wchar_t* buffer, DWORD size) {
         return GetEnvironmentVariableW(L"ComSpec", buffer, size);

@@ -51,9 +51,7 @@ class CurrentFolderKept {
         : folder_(filledBy(
               [](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); })) {}
     CurrentFolderKept(const CurrentFolderKept&) = delete;
-    CurrentFolderKept(CurrentFolderKept&&) = delete;
     CurrentFolderKept& operator=(const CurrentFolderKept&) = delete;
-    CurrentFolderKept& operator=(CurrentFolderKept&&) = delete;
     ~CurrentFolderKept() { SetCurrentDirectoryW(folder_.c_str()); }
 
   private:

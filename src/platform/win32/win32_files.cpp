@@ -18,15 +18,6 @@
 namespace tarnwick {
 namespace {
 
-// The path for a system call: a NUL in it would cut it short, other bad characters would mean
-// something else than a name.
-std::string possible(std::string_view path) {
-    if (!isPossiblePath(path)) {
-        throw RunTimeError(ErrorNumber::BadFileName, ERROR_INVALID_NAME);
-    }
-    return std::string(path);
-}
-
 bool isFolder(DWORD attributes) noexcept {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
@@ -51,16 +42,13 @@ void requireReplaceable(const std::string& path) {
 }
 
 // Raises 75 when the file is a link: to replace it would surprise its owner, to follow it might
-// change what somebody else has chosen. Other files with a mark of their own, such as those that
-// still lie in a cloud, are files like any.
+// change what somebody else has chosen.
 void requireNoLink(const std::string& path) {
     const auto attributes = GetFileAttributesW(toWidePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
         return;
     }
-    constexpr DWORD standsForAnother = 0x20000000;
-    const auto entry = findEntry(path);
-    if (entry && (entry->dwReserved0 & standsForAnother) != 0) {
+    if (const auto entry = findEntry(path); entry && isLink(*entry)) {
         raiseSystemError(ERROR_ACCESS_DENIED);
     }
 }
@@ -94,32 +82,15 @@ void flushContent(const std::string& path) {
     }
 }
 
-// A name that does not convert is held against the patterns under its own name and listed under its
-// short one.
 template <typename Matches>
 Listing listingOf(std::string_view folder, EntryKind kind, Win32Files::ShortNames shortNames,
                   const Matches& matches) {
     Listing listing;
-    const auto bare = possible(folder);
-    searchFolder(bare, [&](const WIN32_FIND_DATAW& entry) {
-        if (kindOf(entry) != kind) {
-            return;
-        }
-        if (auto name = toFileName(entry.cFileName); name) {
-            if (matches(*name)) {
-                listing.names.push_back(*std::move(name));
-            }
-        } else if (matches(matchingText(entry.cFileName))) {
-            auto shortName = shortNames == Win32Files::ShortNames::Used
-                                 ? shortNameIn(bare, entry.cFileName)
-                                 : std::nullopt;
-            if (shortName) {
-                listing.names.push_back(*std::move(shortName));
-            } else {
-                leaveOut(shownText(entry.cFileName), listing.leftOut);
-            }
-        }
-    });
+    listing.leftOut =
+        searchByName(possible(folder), kind, shortNames == Win32Files::ShortNames::Ignored, matches,
+                     [&](std::string name, const WIN32_FIND_DATAW& /*entry*/) {
+                         listing.names.push_back(std::move(name));
+                     });
     sortNames(listing.names);
     return listing;
 }
@@ -242,14 +213,6 @@ void Win32Files::createFolder(std::string_view path) {
     if (CreateDirectoryW(toWidePath(folder).c_str(), nullptr) == 0) {
         raiseSystemError(GetLastError(), folder);
     }
-}
-
-void Win32Files::moveOver(std::string_view from, std::string_view to) {
-    move(from, to, Access::OfTarget);
-}
-
-void Win32Files::replace(std::string_view from, std::string_view to) {
-    move(from, to, Access::OfSource);
 }
 
 void Win32Files::move(std::string_view from, std::string_view to, Access access) {

@@ -26,8 +26,12 @@ class Win32Files : public Files {
     [[nodiscard]] std::unique_ptr<OutputFile> append(std::string_view path) override;
     void remove(std::string_view path) override;
     void createFolder(std::string_view path) override;
-    void moveOver(std::string_view from, std::string_view to) override;
-    void replace(std::string_view from, std::string_view to) override;
+    void moveOver(std::string_view from, std::string_view to) override {
+        move(from, to, Access::OfTarget);
+    }
+    void replace(std::string_view from, std::string_view to) override {
+        move(from, to, Access::OfSource);
+    }
 
   protected:
     // Between two attempts to change a file that somebody has open: lets that one finish.

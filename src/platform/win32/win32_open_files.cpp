@@ -49,25 +49,11 @@ class Win32InputFile : public InputFile {
     Handle file_;
 };
 
-// Writes the front of `bytes`; how many of them.
-std::size_t writeSome(const Handle& file, std::string_view bytes) {
-    DWORD count = 0;
-    if (WriteFile(file.get(), bytes.data(), asLength(bytes.size()), &count, nullptr) == 0) {
-        raiseSystemError(GetLastError());
-    }
-    if (count == 0) {
-        raiseSystemError(ERROR_DISK_FULL);
-    }
-    return count;
-}
-
 class Win32OutputFile : public OutputFile {
   public:
     explicit Win32OutputFile(Handle file) : file_(std::move(file)) {}
     Win32OutputFile(const Win32OutputFile&) = delete;
     Win32OutputFile& operator=(const Win32OutputFile&) = delete;
-    Win32OutputFile(Win32OutputFile&&) = delete;
-    Win32OutputFile& operator=(Win32OutputFile&&) = delete;
     ~Win32OutputFile() override {
         try {
             Win32OutputFile::close();
@@ -117,6 +103,17 @@ void requireWritable(const Handle& file) {
 
 } // namespace
 
+std::size_t writeSome(const Handle& file, std::string_view bytes) {
+    DWORD count = 0;
+    if (WriteFile(file.get(), bytes.data(), asLength(bytes.size()), &count, nullptr) == 0) {
+        raiseSystemError(GetLastError());
+    }
+    if (count == 0) {
+        raiseSystemError(ERROR_DISK_FULL);
+    }
+    return count;
+}
+
 void putOnMedium(const Handle& file) {
     const DWORD error = FlushFileBuffers(file.get()) == 0 ? GetLastError() : NO_ERROR;
     if (error != NO_ERROR && error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED) {
@@ -129,20 +126,33 @@ std::unique_ptr<InputFile> openWin32File(const std::string& path) {
         openHandle(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
 }
 
-std::unique_ptr<OutputFile> createWin32File(const std::string& path, Existing existing) {
+std::string contentOf(InputFile& file) {
+    std::string content;
+    std::string block(16UZ * 1024, '\0');
+    while (const auto count = file.read(block)) {
+        content.append(block, 0, count);
+    }
+    return content;
+}
+
+Handle openToWrite(const std::string& path, Existing existing, DWORD access, DWORD share) {
     // Not CREATE_ALWAYS: that refuses a hidden file.
-    auto file = openHandle(path, GENERIC_WRITE, FILE_SHARE_READ,
-                           existing == Existing::Refused ? CREATE_NEW : OPEN_ALWAYS);
+    auto file =
+        openHandle(path, access, share, existing == Existing::Refused ? CREATE_NEW : OPEN_ALWAYS);
     if (existing != Existing::Refused) { // a new one is empty and ours: nothing can fail any more
         requireWritable(file);
-        const bool ready = existing == Existing::Kept
-                               ? SetFilePointerEx(file.get(), {}, nullptr, FILE_END) != 0
-                               : SetEndOfFile(file.get()) != 0;
-        if (!ready) {
-            raiseSystemError(GetLastError());
-        }
     }
-    return std::make_unique<Win32OutputFile>(std::move(file));
+    if (existing == Existing::Kept) {
+        requireDone(SetFilePointerEx(file.get(), {}, nullptr, FILE_END));
+    } else if (existing == Existing::Emptied) {
+        requireDone(SetEndOfFile(file.get()));
+    }
+    return file;
+}
+
+std::unique_ptr<OutputFile> createWin32File(const std::string& path, Existing existing) {
+    return std::make_unique<Win32OutputFile>(
+        openToWrite(path, existing, GENERIC_WRITE, FILE_SHARE_READ));
 }
 
 } // namespace tarnwick

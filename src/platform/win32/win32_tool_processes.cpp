@@ -60,7 +60,12 @@ ToolEnd::Kind waitFor(const StartedTool& tool, OutputPipe& pipe, KeptOutput& out
 } // namespace
 
 Win32ToolProcesses::Win32ToolProcesses()
-    : halted_(required(CreateEventW(nullptr, TRUE, FALSE, nullptr))) {}
+    : halted_(required(CreateEventW(nullptr, TRUE, FALSE, nullptr))) {
+    // Tools inherit this: one that crashes or finds no disk in a drive is told so, and does not
+    // wait for somebody to close a message.
+    SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX |
+                 SEM_NOOPENFILEERRORBOX);
+}
 
 ToolEnd Win32ToolProcesses::run(const ToolCall& call) {
     const auto begin = Clock::now();

@@ -11,7 +11,8 @@ namespace tarnwick {
 // command.
 class Win32ToolProcesses : public ToolProcesses {
   public:
-    // Raises 51 where the system gives no event to wait for.
+    // From now on this process and its tools show no message of the system about a crash or a
+    // missing disk. Raises the system's error where it gives no event to wait for.
     Win32ToolProcesses();
 
     [[nodiscard]] ToolEnd run(const ToolCall& call) override;

@@ -35,24 +35,4 @@ void frmAbout::lblLink_Click() {
     StartDoc(desktop_, lblLink.caption());
 }
 
-void frmAbout::lblLink_MouseMove() {
-    setMousePointer(MousePointer::ArrowQuestion);
-}
-
-void frmAbout::Form_MouseMove() {
-    setMousePointer(MousePointer::Default);
-}
-
-void frmAbout::Label2_MouseMove() {
-    setMousePointer(MousePointer::Default);
-}
-
-void frmAbout::Picture1_MouseMove() {
-    setMousePointer(MousePointer::Default);
-}
-
-void frmAbout::cmdOK_Click() {
-    unload();
-}
-
 } // namespace tarnwick

@@ -32,12 +32,12 @@ class frmAbout final : public Form {
 
   private:
     void Form_Load();
-    void Form_MouseMove();
-    void Label2_MouseMove();
-    void Picture1_MouseMove();
-    void lblLink_MouseMove();
+    void Form_MouseMove() { setMousePointer(MousePointer::Default); }
+    void Label2_MouseMove() { setMousePointer(MousePointer::Default); }
+    void Picture1_MouseMove() { setMousePointer(MousePointer::Default); }
+    void lblLink_MouseMove() { setMousePointer(MousePointer::ArrowQuestion); }
     void lblLink_Click();
-    void cmdOK_Click();
+    void cmdOK_Click() { unload(); }
 
     Desktop& desktop_;
     Bounds mainWindow_;

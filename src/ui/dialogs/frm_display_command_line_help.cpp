@@ -19,10 +19,6 @@ frmDisplayCommandLineHelp::frmDisplayCommandLineHelp()
     cmdOK.Click = [this] { cmdOK_Click(); };
 }
 
-void frmDisplayCommandLineHelp::Form_Load() {
-    moveTo((screen().width - window().width) / 2, (screen().height - window().height) / 2);
-}
-
 void frmDisplayCommandLineHelp::Form_Resize() {
     if (windowState() == WindowState::Minimized) {
         return;
@@ -35,10 +31,6 @@ void frmDisplayCommandLineHelp::Form_Resize() {
                        .top = margin,
                        .width = std::max(0, window().width - 405),
                        .height = std::max(0, button.top - margin - margin)});
-}
-
-void frmDisplayCommandLineHelp::cmdOK_Click() {
-    unload();
 }
 
 } // namespace tarnwick

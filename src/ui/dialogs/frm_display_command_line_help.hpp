@@ -31,9 +31,9 @@ class frmDisplayCommandLineHelp final : public Form {
     TextBox txtHelp{*this, "txtHelp"};
 
   private:
-    void Form_Load();
+    void Form_Load() { centreOnScreen(); }
     void Form_Resize();
-    void cmdOK_Click();
+    void cmdOK_Click() { unload(); }
 };
 
 } // namespace tarnwick

@@ -1,21 +1,11 @@
 #include "ui/dialogs/frm_input_box.hpp"
 
+#include "common/text.hpp"
+
 namespace tarnwick {
-namespace {
-
-// As a caption that shows the text as it is.
-std::string asCaption(std::string_view text) {
-    std::string caption;
-    for (const char character : text) {
-        caption.append(character == '&' ? 2 : 1, character);
-    }
-    return caption;
-}
-
-} // namespace
 
 frmInputBox::frmInputBox(std::string_view prompt, std::string_view title)
-    : Form("frmInputBox", title), lblPrompt(*this, "lblPrompt", asCaption(prompt)) {
+    : Form("frmInputBox", title), lblPrompt(*this, "lblPrompt", withDoubled(prompt, '&')) {
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { unload(); };
 }

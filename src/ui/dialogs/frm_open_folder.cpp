@@ -79,10 +79,6 @@ void frmOpenFolder::DirPath_Change() {
     tellLeftOut(desktop_, DirPath.takeLeftOut(), "folder", DirPath.path());
 }
 
-void frmOpenFolder::txtPath_Change() {
-    bPathChanged_ = true;
-}
-
 void frmOpenFolder::txtPath_LostFocus() {
     if (trim(txtPath.text()).empty()) {
         txtPath.setText(DirPath.path());
@@ -142,10 +138,6 @@ void frmOpenFolder::cmdOK_Click() {
         result_ = inFull(txtPath.text());
         hide();
     }
-}
-
-void frmOpenFolder::cmdCancel_Click() {
-    unload();
 }
 
 std::string pickFolder(FormPresenter& presenter, Files& files, Desktop& desktop,

@@ -39,11 +39,11 @@ class frmOpenFolder final : public Form {
     void Form_Load();
     void drvPath_Change();
     void DirPath_Change();
-    void txtPath_Change();
+    void txtPath_Change() { bPathChanged_ = true; }
     void txtPath_LostFocus();
     void cmdNew_Click();
     void cmdOK_Click();
-    void cmdCancel_Click();
+    void cmdCancel_Click() { unload(); }
 
     void connectEvents();
     void showFolder(std::string_view folder);

@@ -6,8 +6,6 @@
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/connect.hpp"
 
-#include <utility>
-
 namespace tarnwick {
 namespace {
 
@@ -27,9 +25,6 @@ FileDialog openExecutable(std::string_view title) {
     return {.kind = FileDialog::Kind::Open,
             .title = std::string(title),
             .filter = std::string(executables),
-            .filterIndex = 1,
-            .fileName = {},
-            .initialFolder = {},
             .fileMustExist = true};
 }
 
@@ -74,10 +69,6 @@ void frmOptions::Form_Load() {
     enableLogging(definition_.bCommandLineLogging);
 }
 
-void frmOptions::chkCmdLogging_Click() {
-    enableLogging(chkCmdLogging.ticked());
-}
-
 void frmOptions::enableLogging(bool enabled) {
     txtCmdFile.setEnabled(enabled);
     cmdCmdFile.setEnabled(enabled);
@@ -94,10 +85,7 @@ void frmOptions::cmdCNS_Click() {
 void frmOptions::cmdCmdFile_Click() {
     browse(txtCmdFile, {.kind = FileDialog::Kind::Save,
                         .title = "Save Command Line Logging Filename",
-                        .filter = std::string(logs),
-                        .filterIndex = 1,
-                        .fileName = {},
-                        .initialFolder = {}});
+                        .filter = std::string(logs)});
 }
 
 // Starts where the field points to.
@@ -109,18 +97,6 @@ void frmOptions::browse(TextBox& field, FileDialog dialog) {
     if (const auto chosen = desktop_.chooseFile(dialog)) {
         field.setText(*chosen);
     }
-}
-
-void frmOptions::txtMPEXE_Change() {
-    bMPEXEChanged_ = true;
-}
-
-void frmOptions::txtCNS_Change() {
-    bCNSChanged_ = true;
-}
-
-void frmOptions::txtCmdFile_Change() {
-    bCmdFileChanged_ = true;
 }
 
 void frmOptions::txtMPEXE_LostFocus() {
@@ -139,12 +115,9 @@ void frmOptions::txtCNS_LostFocus() {
 
 void frmOptions::checkTool(TextBox& field, int process, std::string_view tool) {
     writeBackTrimmed(field);
-    if (mayBeNowhere(field, process)) {
-        return;
-    }
-    takeBareNameFromAppFolder(field);
-    if (!FileExists(files_, resolvedFile(definition_.sAppFolder, field.text()))) {
-        sendBack(desktop_, field, doesNotExist(tool, field.text()));
+    if (!mayBeNowhere(field, process)) {
+        takeBareNameFromAppFolder(field);
+        (void)acceptTool(field, process, tool);
     }
 }
 
@@ -218,10 +191,6 @@ bool frmOptions::acceptLogging() {
         return false;
     }
     return true;
-}
-
-void frmOptions::cmdCancel_Click() {
-    unload();
 }
 
 } // namespace tarnwick

@@ -8,7 +8,6 @@
 #include "ui/forms/form.hpp"
 #include "ui/forms/text_box.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -40,15 +39,15 @@ class frmOptions final : public Form {
     void cmdMPEXE_Click();
     void cmdCNS_Click();
     void cmdCmdFile_Click();
-    void chkCmdLogging_Click();
-    void txtMPEXE_Change();
-    void txtCNS_Change();
-    void txtCmdFile_Change();
+    void chkCmdLogging_Click() { enableLogging(chkCmdLogging.ticked()); }
+    void txtMPEXE_Change() { bMPEXEChanged_ = true; }
+    void txtCNS_Change() { bCNSChanged_ = true; }
+    void txtCmdFile_Change() { bCmdFileChanged_ = true; }
     void txtMPEXE_LostFocus();
     void txtCNS_LostFocus();
     void txtCmdFile_LostFocus();
     void cmdOK_Click();
-    void cmdCancel_Click();
+    void cmdCancel_Click() { unload(); }
 
     void connectEvents();
     void enableLogging(bool enabled);

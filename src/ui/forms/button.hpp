@@ -13,7 +13,10 @@ class Button final : public Clickable {
         DefaultAndCancel, // the only button of a window that is just read
     };
 
-    Button(Form& form, std::string_view name, std::string_view caption, Role role = Role::Plain);
+    Button(Form& form, std::string_view name, std::string_view caption, Role role = Role::Plain)
+        : Clickable(form, name, caption),
+          role_(role),
+          answersEscape_(role == Role::Cancel || role == Role::DefaultAndCancel) {}
 
     [[nodiscard]] bool isDefault() const noexcept {
         return role_ == Role::Default || role_ == Role::DefaultAndCancel;
@@ -28,8 +31,14 @@ class Button final : public Clickable {
     void setAnswersEscape(bool answers) noexcept { answersEscape_ = answers; }
 
     // A Cancel that does not answer Escape swallows it: the system would take it for a click.
-    [[nodiscard]] bool wantsKey(int keyCode) const override;
-    void userPressedKey(int keyCode) override;
+    [[nodiscard]] bool wantsKey(int keyCode) const override {
+        return keyCode == Key::escape && (Escape || (isCancel() && !answersEscape()));
+    }
+    void userPressedKey(int keyCode) override {
+        if (isUsable() && wantsKey(keyCode)) {
+            fire(Escape);
+        }
+    }
 
     // The key, while the button has the focus; without a handler it clicks the form's Cancel.
     std::function<void()> Escape;

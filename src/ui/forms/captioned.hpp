@@ -2,6 +2,7 @@
 
 #include "ui/forms/control.hpp"
 #include "ui/forms/font.hpp"
+#include "ui/forms/keys.hpp"
 
 #include <functional>
 #include <string>
@@ -13,10 +14,11 @@ namespace tarnwick {
 // A control with a text that is part of the form. "&" stands before the letter of its access key.
 class Captioned : public Control {
   public:
-    Captioned(Form& form, std::string_view name, std::string_view caption);
+    Captioned(Form& form, std::string_view name, std::string_view caption)
+        : Control(form, name), caption_(caption) {}
 
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
-    void setCaption(std::string_view caption);
+    void setCaption(std::string_view caption) { set(caption_, caption, Property::Caption); }
 
   private:
     std::string caption_;
@@ -29,7 +31,11 @@ class Clickable : public Captioned {
 
     // The user clicked it without moving the focus to it, as Enter and Escape do with a button. A
     // click that brings the focus along is Form::userClicked.
-    virtual void userClicked();
+    virtual void userClicked() {
+        if (isUsable()) {
+            fire(Click);
+        }
+    }
 
     std::function<void()> Click;
 };
@@ -52,8 +58,12 @@ class Label final : public Captioned {
 class LinkLabel final : public Clickable {
   public:
     using Clickable::Clickable;
-    [[nodiscard]] bool wantsKey(int keyCode) const override;
-    void userPressedKey(int keyCode) override;
+    [[nodiscard]] bool wantsKey(int keyCode) const override { return keyCode == Key::enter; }
+    void userPressedKey(int keyCode) override {
+        if (wantsKey(keyCode)) {
+            userClicked();
+        }
+    }
 };
 
 // A titled line around a group of controls. It does not own them: they are enabled and disabled

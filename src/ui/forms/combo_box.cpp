@@ -7,14 +7,6 @@ namespace tarnwick {
 ComboBox::ComboBox(Form& form, std::string_view name, std::vector<std::string> items)
     : Control(form, name), items_(std::move(items)) {}
 
-void ComboBox::setItems(std::vector<std::string> items) {
-    set(items_, std::move(items), Property::Items);
-}
-
-void ComboBox::setText(std::string_view text) {
-    set(text_, std::string(text), Property::Text);
-}
-
 void ComboBox::userChangedText(std::string_view text) {
     if (isUsable()) {
         text_ = text;

@@ -16,10 +16,9 @@ class ComboBox final : public Control {
     ComboBox(Form& form, std::string_view name, std::vector<std::string> items = {});
 
     [[nodiscard]] const std::vector<std::string>& items() const noexcept { return items_; }
-    void setItems(std::vector<std::string> items);
     [[nodiscard]] const std::string& text() const noexcept { return text_; }
     // Any text; it need not be an item.
-    void setText(std::string_view text);
+    void setText(std::string_view text) { set(text_, text, Property::Text); }
 
     // The user typed: the text is this now, and the view shows it already.
     void userChangedText(std::string_view text);

@@ -10,14 +10,6 @@ Control::Control(Form& form, std::string_view name) : form_(form), name_(name) {
     form.add(*this);
 }
 
-void Control::setEnabled(bool enabled) {
-    setUsable(enabled_, enabled, Property::Enabled);
-}
-
-void Control::setVisible(bool visible) {
-    setUsable(visible_, visible, Property::Visible);
-}
-
 // The focus moves on first: a window that is switched off with the keyboard in it leaves that to
 // the system, which gives it to the first control on the way, and a screen reader says so.
 void Control::setUsable(bool& member, bool value, Property property) {
@@ -26,14 +18,6 @@ void Control::setUsable(bool& member, bool value, Property property) {
         form_.keepFocusUsable();
         tellView(property);
     }
-}
-
-void Control::setBounds(const Bounds& bounds) {
-    set(bounds_, bounds, Property::Bounds);
-}
-
-void Control::setAccessibleName(std::string_view name) {
-    set(accessibleName_, std::string(name), Property::AccessibleName);
 }
 
 bool Control::putsOffCheckFor(const Control& to) const noexcept {
@@ -56,12 +40,6 @@ void Control::userMovedMouse() {
         MouseMove();
     } else {
         form_.userMovedMouse();
-    }
-}
-
-void Control::tellView(Property property) {
-    if (view_ != nullptr) {
-        view_->changed(property);
     }
 }
 

@@ -7,7 +7,6 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace tarnwick {
@@ -18,27 +17,23 @@ class Form;
 // attached, and fire no event. Events fire in the user..., userMoved... and userClicked...
 // functions, which say what the user did: the view calls them, and so does a test. A control that
 // is disabled or not visible takes no notice of them.
-class Control {
+class Control : public Viewed {
   public:
     // A member of `form`, which knows its controls in the order in which they are made: the order
     // of the focus. `name` is unique within the form.
     Control(Form& form, std::string_view name);
-    Control(const Control&) = delete;
-    Control(Control&&) = delete;
-    Control& operator=(const Control&) = delete;
-    Control& operator=(Control&&) = delete;
     virtual ~Control() = default;
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
     [[nodiscard]] Form& form() const noexcept { return form_; }
 
     [[nodiscard]] bool enabled() const noexcept { return enabled_; }
-    void setEnabled(bool enabled);
+    void setEnabled(bool enabled) { setUsable(enabled_, enabled, Property::Enabled); }
     [[nodiscard]] bool visible() const noexcept { return visible_; }
-    void setVisible(bool visible);
+    void setVisible(bool visible) { setUsable(visible_, visible, Property::Visible); }
     // Within the form's content.
     [[nodiscard]] const Bounds& bounds() const noexcept { return bounds_; }
-    void setBounds(const Bounds& bounds);
+    void setBounds(const Bounds& bounds) { set(bounds_, bounds, Property::Bounds); }
 
     // Whether this kind of control can have the focus at all.
     [[nodiscard]] virtual bool isFocusable() const noexcept { return true; }
@@ -54,7 +49,9 @@ class Control {
 
     // What a screen reader calls it where no label stands before it; empty: its label or caption.
     [[nodiscard]] const std::string& accessibleName() const noexcept { return accessibleName_; }
-    void setAccessibleName(std::string_view name);
+    void setAccessibleName(std::string_view name) {
+        set(accessibleName_, name, Property::AccessibleName);
+    }
 
     // Enter or Escape (a code of keys.hpp), before the form looks for a button that answers it:
     // whether the control has a use for it now.
@@ -70,10 +67,6 @@ class Control {
     // a kind that has no focus.
     void setFocus();
 
-    // The view must outlive its attachment. There is one at a time.
-    void attach(View& view) noexcept { view_ = &view; }
-    void detach() noexcept { view_ = nullptr; }
-
     // The mouse was moved over it. A control without a handler of its own leaves that to the form.
     void userMovedMouse();
 
@@ -82,18 +75,9 @@ class Control {
     std::function<void()> MouseMove;
 
   protected:
-    void tellView(Property property);
     // The user acts on it, which brings the focus along. False when it did not come: the control
     // that was left has kept it, and what the user did is lost.
     [[nodiscard]] bool userBroughtFocus();
-    // Sets `member` and tells the view when that is a change.
-    template <typename Value>
-    void set(Value& member, Value value, Property property) {
-        if (member != value) {
-            member = std::move(value);
-            tellView(property);
-        }
-    }
 
   private:
     void setUsable(bool& member, bool value, Property property);
@@ -103,7 +87,6 @@ class Control {
     std::string accessibleName_;
     std::vector<const Control*> helpers_;
     Control* successor_ = nullptr;
-    View* view_ = nullptr;
     Bounds bounds_;
     bool enabled_ = true;
     bool visible_ = true;

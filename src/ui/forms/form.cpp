@@ -14,15 +14,6 @@ bool canHaveFocus(const Control& control) noexcept {
 
 } // namespace
 
-Form::Form(std::string_view name, std::string_view caption) : name_(name), caption_(caption) {}
-
-void Form::setCaption(std::string_view caption) {
-    if (caption_ != caption) {
-        caption_ = caption;
-        tellView(Property::Caption);
-    }
-}
-
 Control* Form::find(std::string_view name) const noexcept {
     const auto found =
         std::ranges::find_if(controls_, [name](const Control* c) { return c->name() == name; });
@@ -30,8 +21,7 @@ Control* Form::find(std::string_view name) const noexcept {
 }
 
 void Form::moveTo(int left, int top) {
-    window_.left = left;
-    window_.top = top;
+    userMoved(left, top);
     tellView(Property::Bounds);
 }
 
@@ -50,13 +40,6 @@ void Form::resizeTo(Size window) {
 
 void Form::centreOnScreen() {
     moveTo((screen_.width - window_.width) / 2, (screen_.height - window_.height) / 2);
-}
-
-void Form::setMousePointer(MousePointer pointer) {
-    if (mousePointer_ != pointer) {
-        mousePointer_ = pointer;
-        tellView(Property::Pointer);
-    }
 }
 
 void Form::measured(Size window, Size screen) noexcept {
@@ -263,12 +246,6 @@ void Form::userResized(Size window, WindowState state) {
 void Form::userMovedMouse() {
     if (visible_) {
         fire(MouseMove);
-    }
-}
-
-void Form::tellView(Property property) {
-    if (view_ != nullptr) {
-        view_->changed(property);
     }
 }
 

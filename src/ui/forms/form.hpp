@@ -35,18 +35,14 @@ enum class MousePointer {
 //    correct a field, need not read what is wrong with it. It gets its LostFocus when the focus
 //    moves on from there to another control, unless it was switched off in the meantime.
 //  - While a handler of LostFocus or GotFocus runs, no other one is started.
-class Form {
+class Form : public Viewed {
   public:
-    Form(std::string_view name, std::string_view caption);
-    Form(const Form&) = delete;
-    Form(Form&&) = delete;
-    Form& operator=(const Form&) = delete;
-    Form& operator=(Form&&) = delete;
+    Form(std::string_view name, std::string_view caption) : name_(name), caption_(caption) {}
     virtual ~Form() = default;
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
-    void setCaption(std::string_view caption);
+    void setCaption(std::string_view caption) { set(caption_, caption, Property::Caption); }
 
     // In the order of the focus. They are members of the form.
     [[nodiscard]] const std::vector<Control*>& controls() const noexcept { return controls_; }
@@ -70,7 +66,7 @@ class Form {
     [[nodiscard]] const Size& screen() const noexcept { return screen_; }
 
     [[nodiscard]] MousePointer mousePointer() const noexcept { return mousePointer_; }
-    void setMousePointer(MousePointer pointer);
+    void setMousePointer(MousePointer to) { set(mousePointer_, to, Property::Pointer); }
 
     // The entries of the menu bar, from left to right; members of the form.
     [[nodiscard]] const std::vector<MenuItem*>& menu() const noexcept { return menu_; }
@@ -128,10 +124,6 @@ class Form {
     void userMoved(int left, int top) noexcept;
     void userMovedMouse();
 
-    // The view must outlive its attachment. There is one at a time.
-    void attach(View& view) noexcept { view_ = &view; }
-    void detach() noexcept { view_ = nullptr; }
-
   private:
     friend class Control;
     friend class MenuItem;
@@ -144,13 +136,11 @@ class Form {
     [[nodiscard]] Control* firstFocusable() const noexcept;
     [[nodiscard]] bool focusedTakes(int keyCode);
     void click(bool (*wanted)(const Button&));
-    void tellView(Property property);
 
     std::string name_;
     std::string caption_;
     std::vector<Control*> controls_;
     std::vector<MenuItem*> menu_;
-    View* view_ = nullptr;
     Control* focused_ = nullptr;
     Control* owed_ = nullptr; // left, and its LostFocus is still to come
     bool movingFocus_ = false;

@@ -3,9 +3,7 @@
 #include "common/scoped_flag.hpp"
 #include "platform/run_time_error.hpp"
 #include "ui/forms/form.hpp"
-#include "ui/forms/keys.hpp"
 
-#include <algorithm>
 #include <cstddef>
 #include <numeric>
 #include <utility>
@@ -56,7 +54,7 @@ void Grid::setCell(int row, int column, Cell cell) {
 
 void Grid::setText(int row, int column, std::string_view text) {
     check(row, column);
-    set(rows_[at(row)][at(column)].text, std::string(text), Property::Cells);
+    set(rows_[at(row)][at(column)].text, text, Property::Cells);
 }
 
 void Grid::setBack(int row, int column, Colour back) {
@@ -72,10 +70,6 @@ int Grid::columnWidth(int column) const {
 void Grid::setColumnWidth(int column, int twips) {
     check(0, column);
     set(widths_[at(column)], twips, Property::Cells);
-}
-
-void Grid::setRowHeight(int twips) {
-    set(rowHeight_, twips, Property::Cells);
 }
 
 void Grid::setCurrent(Place place) {
@@ -98,10 +92,6 @@ void Grid::setCurrent(Place place) {
 int Grid::pageRows() const noexcept {
     const int room = bounds().height - 2 * borderWidth - rowHeight_;
     return std::max(1, rowHeight_ > 0 ? room / rowHeight_ : 1);
-}
-
-int Grid::lastTopRow() const noexcept {
-    return std::max(1, rows() - pageRows());
 }
 
 void Grid::scrollTo(int topRow) {
@@ -218,41 +208,30 @@ void Grid::userPressedKey(int keyCode) {
 }
 
 Grid::Place Grid::placeAfter(int keyCode) const noexcept {
-    Place place = current_;
+    const auto nearest = [this](int row, int column) {
+        return Place{.row = std::clamp(row, 1, std::max(1, rows() - 1)),
+                     .column = std::clamp(column, 0, columns() - 1)};
+    };
     switch (keyCode) {
     case Key::up:
-        --place.row;
-        break;
+        return nearest(row() - 1, column());
     case Key::down:
-        ++place.row;
-        break;
+        return nearest(row() + 1, column());
     case Key::left:
-        --place.column;
-        break;
+        return nearest(row(), column() - 1);
     case Key::right:
-        ++place.column;
-        break;
+        return nearest(row(), column() + 1);
     case Key::home:
-        place.column = 0;
-        break;
+        return nearest(row(), 0);
     case Key::end:
-        place.column = columns() - 1;
-        break;
+        return nearest(row(), columns() - 1);
     case Key::pageUp:
-        place.row -= pageRows();
-        break;
+        return nearest(row() - pageRows(), column());
     case Key::pageDown:
-        place.row += pageRows();
-        break;
+        return nearest(row() + pageRows(), column());
     default:
-        break;
+        return nearest(row(), column());
     }
-    return {.row = std::clamp(place.row, 1, std::max(1, rows() - 1)),
-            .column = std::clamp(place.column, 0, columns() - 1)};
-}
-
-bool Grid::wantsKey(int keyCode) const {
-    return keyCode == Key::enter && KeyDown;
 }
 
 void Grid::userScrolled(int topRow) {

@@ -2,7 +2,9 @@
 
 #include "ui/forms/cell.hpp"
 #include "ui/forms/control.hpp"
+#include "ui/forms/keys.hpp"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -47,7 +49,7 @@ class Grid final : public Control {
     void setColumnWidth(int column, int twips);
     // The same for all rows.
     [[nodiscard]] int rowHeight() const noexcept { return rowHeight_; }
-    void setRowHeight(int twips);
+    void setRowHeight(int twips) { set(rowHeight_, twips, Property::Cells); }
 
     [[nodiscard]] int row() const noexcept { return current_.row; }
     [[nodiscard]] int column() const noexcept { return current_.column; }
@@ -92,7 +94,9 @@ class Grid final : public Control {
     // less is kept, for wheels that turn smoothly.
     void userTurnedWheel(int delta);
 
-    [[nodiscard]] bool wantsKey(int keyCode) const override;
+    [[nodiscard]] bool wantsKey(int keyCode) const override {
+        return keyCode == Key::enter && KeyDown;
+    }
 
     std::function<void()> Click;
     std::function<void(int x, int y)> MouseDown;
@@ -104,7 +108,7 @@ class Grid final : public Control {
   private:
     void check(int row, int column) const;
     [[nodiscard]] Place placeAfter(int keyCode) const noexcept;
-    [[nodiscard]] int lastTopRow() const noexcept;
+    [[nodiscard]] int lastTopRow() const noexcept { return std::max(1, rows() - pageRows()); }
     void scrollTo(int topRow);
 
     std::vector<std::vector<Cell>> rows_;

@@ -132,10 +132,6 @@ int ListBox::widestItem(std::string_view prefix) const {
     return items_.empty() ? 0 : width(prefix) + widest;
 }
 
-void ListBox::setHorizontalExtent(int pixels) {
-    set(horizontalExtent_, pixels, Property::HorizontalExtent);
-}
-
 void ListBox::measured(const CharacterWidths& widths) {
     if (widths_ != widths) {
         widths_ = widths;

@@ -45,7 +45,9 @@ class ListBox final : public Control {
     [[nodiscard]] int widestItem(std::string_view prefix = {}) const;
     // The width that can be scrolled to, in pixels: a scroll bar shows when the list is narrower.
     [[nodiscard]] int horizontalExtent() const noexcept { return horizontalExtent_; }
-    void setHorizontalExtent(int pixels);
+    void setHorizontalExtent(int pixels) {
+        set(horizontalExtent_, pixels, Property::HorizontalExtent);
+    }
 
     // For views: the window's font. Fires Remeasured when that is another one than before.
     void measured(const CharacterWidths& widths);

@@ -18,9 +18,7 @@ class MenuItem {
     // In the menu below `parent`, which must outlive it.
     MenuItem(MenuItem& parent, std::string_view name, std::string_view caption);
     MenuItem(const MenuItem&) = delete;
-    MenuItem(MenuItem&&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
-    MenuItem& operator=(MenuItem&&) = delete;
     ~MenuItem() = default;
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

@@ -2,6 +2,7 @@
 
 #include "ui/forms/control.hpp"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,10 +15,16 @@ class StatusBar final : public Control {
     StatusBar(Form& form, std::string_view name, int panels);
 
     [[nodiscard]] int panels() const noexcept { return static_cast<int>(panels_.size()); }
-    [[nodiscard]] const std::string& panelText(int panel) const { return at(panel).text; }
-    void setPanelText(int panel, std::string_view text);
-    [[nodiscard]] int panelWidth(int panel) const { return at(panel).width; }
-    void setPanelWidth(int panel, int twips);
+    [[nodiscard]] const std::string& panelText(int panel) const {
+        return panels_.at(indexOf(panel)).text;
+    }
+    void setPanelText(int panel, std::string_view text) {
+        set(panels_.at(indexOf(panel)).text, text, Property::Text);
+    }
+    [[nodiscard]] int panelWidth(int panel) const { return panels_.at(indexOf(panel)).width; }
+    void setPanelWidth(int panel, int twips) {
+        set(panels_.at(indexOf(panel)).width, twips, Property::Panels);
+    }
     // From the status bar's left edge.
     [[nodiscard]] int panelLeft(int panel) const;
 
@@ -28,7 +35,7 @@ class StatusBar final : public Control {
         std::string text;
         int width = 0;
     };
-    [[nodiscard]] const Panel& at(int panel) const;
+    static std::size_t indexOf(int panel) { return static_cast<std::size_t>(panel - 1); }
 
     std::vector<Panel> panels_;
 };

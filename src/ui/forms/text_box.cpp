@@ -9,24 +9,12 @@ namespace tarnwick {
 
 void TextBox::setText(std::string_view text) {
     clampSelection(0, 0);
-    set(text_, std::string(text), Property::Text);
+    set(text_, text, Property::Text);
 }
 
 void TextBox::select(int start, int length) {
     clampSelection(start, length);
     tellView(Property::Selection);
-}
-
-void TextBox::setReadOnly(bool readOnly) {
-    set(readOnly_, readOnly, Property::ReadOnly);
-}
-
-void TextBox::setFont(Font font) {
-    set(font_, std::move(font), Property::Font);
-}
-
-void TextBox::setHint(std::string_view hint) {
-    set(hint_, std::string(hint), Property::Hint);
 }
 
 bool TextBox::wantsKey(int keyCode) const {

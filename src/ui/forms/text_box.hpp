@@ -27,14 +27,14 @@ class TextBox final : public Control {
 
     // Read-only text can be selected and copied, but not typed over.
     [[nodiscard]] bool readOnly() const noexcept { return readOnly_; }
-    void setReadOnly(bool readOnly);
+    void setReadOnly(bool readOnly) { set(readOnly_, readOnly, Property::ReadOnly); }
 
     [[nodiscard]] const Font& font() const noexcept { return font_; }
-    void setFont(Font font);
+    void setFont(Font font) { set(font_, std::move(font), Property::Font); }
 
     // A grey text that says what to type, shown while the field is empty.
     [[nodiscard]] const std::string& hint() const noexcept { return hint_; }
-    void setHint(std::string_view hint);
+    void setHint(std::string_view hint) { set(hint_, hint, Property::Hint); }
 
     // The keys that lead through a grid (Enter, Escape, Up, Down) go to KeyDown alone, instead of
     // to the form's buttons or to the caret: for a field that floats over a grid.

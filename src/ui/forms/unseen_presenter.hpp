@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/mod_main.hpp"
+#include "common/text.hpp"
 #include "platform/desktop.hpp"
 #include "ui/forms/form_presenter.hpp"
 
@@ -12,7 +14,10 @@ class UnseenPresenter final : public FormPresenter {
   public:
     explicit UnseenPresenter(Desktop& desktop) noexcept : desktop_(desktop) {}
 
-    void showModal(Form& form) override;
+    void showModal(Form& form) override {
+        showWarning(desktop_, "The window " + tarnwick::quoted(form.caption()) +
+                                  " counts as cancelled: nobody can see it.");
+    }
 
   private:
     Desktop& desktop_;

@@ -5,7 +5,7 @@
 namespace tarnwick {
 
 // The web addresses of the tools' online documentation, as this program was built with.
-[[nodiscard]] std::string_view mpDocumentation() noexcept;
-[[nodiscard]] std::string_view cnsDocumentation() noexcept;
+inline constexpr std::string_view mpDocumentation = TARNWICK_MP_HELP_URL;
+inline constexpr std::string_view cnsDocumentation = TARNWICK_CNS_HELP_URL;
 
 } // namespace tarnwick

@@ -134,20 +134,20 @@ class frmMain final : public Form, private RunWindow {
     void Form_Load();
     void Form_Unload();
     void Form_SessionIsEnding();
-    void Form_SessionGoesOn();
+    void Form_SessionGoesOn() { bAskedAtSessionEnd_ = false; }
     void Form_ViewFailed(const std::exception_ptr& error);
     void mnuNewINI_Click();
     void mnuOpenINI_Click();
     void mnuSaveINI_Click();
     void mnuSaveAsINI_Click();
-    void mnuExit_Click();
+    void mnuExit_Click() { unload(); }
     void mnuOptions_Click();
     void mnuHelpTarnwick_Click();
     void mnuHelpCNS_Click();
     void mnuHelpMP_Click();
     void mnuAbout_Click();
     void cboLanguage_Change();
-    void cboLanguage_Click();
+    void cboLanguage_Click() { markChanged(); }
     [[nodiscard]] bool findTools();
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
     enum class Changes { None, Saved, Declined, NotSaved }; // what became of them
@@ -169,12 +169,16 @@ class frmMain final : public Form, private RunWindow {
     void editOutputFolder(Tool grid, std::size_t row);
     [[nodiscard]] bool isReadyToRun() override { return validate(); }
     void commitEdits() override;
-    [[nodiscard]] RunJob job() override;
+    [[nodiscard]] RunJob job() override {
+        return {.definition = definition(), .records = lstSelected.items()};
+    }
     void switchLoggingOff() override { definition_.bCommandLineLogging = false; }
     void showStatus(std::string_view text) override { StatusBar1.setPanelText(1, text); }
     void showProgressBar(bool visible) override { ProgressBar1.setVisible(visible); }
     void showProgress(double percent) override;
-    void showBusy(bool busy) override;
+    void showBusy(bool busy) override {
+        setMousePointer(busy ? MousePointer::Busy : MousePointer::Default);
+    }
     void offerCancel(bool offered) override;
 
     // The definition and the window.
@@ -195,19 +199,21 @@ class frmMain final : public Form, private RunWindow {
     void chkMP_Click();
     void chkAliases_Click();
     void chkCFG_Click();
-    void chkfixdoc_Click();
+    // The one check box that neither clears the status nor commits an edit.
+    void chkfixdoc_Click() { markChanged(); }
     void cmdAliases_Click();
     void cmdCFG_Click();
     void cmdCNS_Click();
     void cmdOutputFolder_Click();
     void textEdited();
     void txtCNS_Change();
-    void txtAliases_Change();
-    void txtCFG_Change();
+    void txtAliases_Change() { textEdited(); }
+    void txtCFG_Change() { textEdited(); }
     void txtCNS_LostFocus();
     void txtAliases_LostFocus();
     void txtCFG_LostFocus();
-    void txtCNSExt_Change();
+    // Nothing is checked when this field is left, so the change is marked here.
+    void txtCNSExt_Change() { markChanged(); }
     void txtCNSExt_KeyUp(int keyCode);
     void enableCNS();
     void enableMP();

@@ -20,12 +20,7 @@ constexpr std::string_view saveProcedure = "Private Sub mnuSaveINI_Click()";
 constexpr std::string_view saveAsProcedure = "Private Sub mnuSaveAsINI_Click()";
 
 FileDialog iniDialog(FileDialog::Kind kind, std::string_view title) {
-    return {.kind = kind,
-            .title = std::string(title),
-            .filter = std::string(iniFiles),
-            .filterIndex = 1,
-            .fileName = {},
-            .initialFolder = {}};
+    return {.kind = kind, .title = std::string(title), .filter = std::string(iniFiles)};
 }
 
 // The dialog starts at the present INI file, else in the program's folder.
@@ -186,10 +181,6 @@ frmMain::SavedAs frmMain::saveAs() {
     return SavedAs::Written;
 }
 
-void frmMain::mnuExit_Click() {
-    unload();
-}
-
 void frmMain::mnuOptions_Click() {
     clearStatusAndCommit();
     fire(services_.showOptions, current());
@@ -221,10 +212,6 @@ void frmMain::mnuAbout_Click() {
 void frmMain::cboLanguage_Change() {
     markChanged();
     EnableOK();
-}
-
-void frmMain::cboLanguage_Click() {
-    markChanged();
 }
 
 } // namespace tarnwick

@@ -2,7 +2,6 @@
 
 #include "common/mod_main.hpp"
 #include "common/text.hpp"
-#include "common/trap.hpp"
 #include "ui/dialogs/send_back.hpp"
 #include "ui/forms/keys.hpp"
 #include "ui/main/frm_main.hpp"
@@ -96,11 +95,6 @@ void frmMain::chkCFG_Click() {
     EnableOK();
 }
 
-// The one check box that neither clears the status nor commits an edit.
-void frmMain::chkfixdoc_Click() {
-    markChanged();
-}
-
 void frmMain::cmdAliases_Click() {
     clearStatusAndCommit();
     const auto chosen = browse(txtAliases, "Open Aliases File", textFiles);
@@ -129,9 +123,7 @@ std::optional<std::string> frmMain::browse(const TextBox& field, std::string_vie
     return services_.desktop.chooseFile({.kind = FileDialog::Kind::Open,
                                          .title = std::string(title),
                                          .filter = std::string(filter),
-                                         .filterIndex = 1,
                                          .fileName = field.text(),
-                                         .initialFolder = {},
                                          .hideReadOnly = true});
 }
 
@@ -181,14 +173,6 @@ void frmMain::cmdInput_Click() {
 void frmMain::txtCNS_Change() {
     clearStatusAndCommit();
     markFieldEdited();
-}
-
-void frmMain::txtAliases_Change() {
-    textEdited();
-}
-
-void frmMain::txtCFG_Change() {
-    textEdited();
 }
 
 void frmMain::textEdited() {
@@ -256,11 +240,6 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
 void frmMain::refuse(TextBox& field, std::string_view message) {
     markFieldEdited(); // closing must still offer to save what was typed
     sendBack(services_.desktop, field, message);
-}
-
-// Nothing is checked when this field is left, so the change is marked here.
-void frmMain::txtCNSExt_Change() {
-    markChanged();
 }
 
 // The event names the key, not the character: typing the digit 8 takes that away as well.

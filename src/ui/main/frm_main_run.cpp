@@ -45,10 +45,7 @@ void frmMain::cmdCreateBatFile_Click() {
     }
     const auto chosen = services_.desktop.chooseFile({.kind = FileDialog::Kind::Save,
                                                       .title = "Save Batch File",
-                                                      .filter = std::string(batchFiles),
-                                                      .filterIndex = 1,
-                                                      .fileName = {},
-                                                      .initialFolder = {}});
+                                                      .filter = std::string(batchFiles)});
     if (chosen && !chosen->empty()) {
         const RunJob batch = job();
         batchExport_.write(batch.definition, batch.records, *chosen);
@@ -96,16 +93,8 @@ void frmMain::commitEdits() {
     pSetCellValueCNS();
 }
 
-RunJob frmMain::job() {
-    return {.definition = definition(), .records = lstSelected.items()};
-}
-
 void frmMain::showProgress(double percent) {
     ProgressBar1.setValue(static_cast<int>(std::lround(percent)));
-}
-
-void frmMain::showBusy(bool busy) {
-    setMousePointer(busy ? MousePointer::Busy : MousePointer::Default);
 }
 
 void frmMain::offerCancel(bool offered) {

@@ -89,10 +89,6 @@ void frmMain::keepWork() {
     }
 }
 
-void frmMain::Form_SessionGoesOn() {
-    bAskedAtSessionEnd_ = false;
-}
-
 // Only reports the error. The form is then unloaded as at any other end: the user is asked to save,
 // and a run that goes on is ended.
 void frmMain::Form_ViewFailed(const std::exception_ptr& error) {

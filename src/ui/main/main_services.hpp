@@ -35,8 +35,8 @@ struct MainServices {
     std::function<void()> showAbout = nullptr;
 
     // Web addresses, opened with the program associated with them.
-    std::string mpHelp{mpDocumentation()};
-    std::string cnsHelp{cnsDocumentation()};
+    std::string mpHelp{mpDocumentation};
+    std::string cnsHelp{cnsDocumentation};
 };
 
 } // namespace tarnwick

@@ -59,9 +59,7 @@ class AccessibleGrid final : public IAccessible {
   public:
     explicit AccessibleGrid(HWND window) noexcept : window_(window) {}
     AccessibleGrid(const AccessibleGrid&) = delete;
-    AccessibleGrid(AccessibleGrid&&) = delete;
     AccessibleGrid& operator=(const AccessibleGrid&) = delete;
-    AccessibleGrid& operator=(AccessibleGrid&&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
         if (wanted != __uuidof(IUnknown) && wanted != __uuidof(IDispatch) &&

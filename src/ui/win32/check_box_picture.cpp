@@ -5,6 +5,9 @@
 #include <uxtheme.h>
 #include <vssym32.h>
 
+#include <memory>
+#include <type_traits>
+
 namespace tarnwick {
 namespace {
 
@@ -27,26 +30,15 @@ const ThemeFunctions& themeFunctions() noexcept {
     return functions;
 }
 
-class Theme {
-  public:
-    Theme(HWND window, const wchar_t* classes) noexcept
-        : theme_(themeFunctions().open == nullptr ? nullptr
-                                                  : themeFunctions().open(window, classes)) {}
-    Theme(const Theme&) = delete;
-    Theme(Theme&&) = delete;
-    Theme& operator=(const Theme&) = delete;
-    Theme& operator=(Theme&&) = delete;
-    ~Theme() {
-        if (theme_ != nullptr) {
-            themeFunctions().close(theme_);
-        }
-    }
-
-    [[nodiscard]] HTHEME get() const noexcept { return theme_; }
-
-  private:
-    HTHEME theme_;
+struct ThemeCloser {
+    void operator()(HTHEME theme) const noexcept { themeFunctions().close(theme); }
 };
+using Theme = std::unique_ptr<std::remove_pointer_t<HTHEME>, ThemeCloser>;
+
+Theme themeOf(HWND window, const wchar_t* classes) noexcept {
+    const auto open = themeFunctions().open;
+    return Theme(open == nullptr ? nullptr : open(window, classes));
+}
 
 RECT middleOf(const RECT& area, SIZE size) noexcept {
     const LONG left = area.left + (area.right - area.left - size.cx) / 2;
@@ -57,8 +49,7 @@ RECT middleOf(const RECT& area, SIZE size) noexcept {
 } // namespace
 
 void drawCheckBox(HWND window, HDC context, const RECT& area, bool ticked, bool enabled) {
-    const Theme theme(window, L"BUTTON");
-    if (theme.get() != nullptr) {
+    if (const Theme theme = themeOf(window, L"BUTTON"); theme != nullptr) {
         const int disabledBy = CBS_UNCHECKEDDISABLED - CBS_UNCHECKEDNORMAL;
         const int state =
             (ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL) + (enabled ? 0 : disabledBy);

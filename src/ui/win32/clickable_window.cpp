@@ -17,11 +17,6 @@ void ClickableWindow::notified(WORD code) {
     }
 }
 
-// A button that notifies takes a quick second press for a double click and sends no click for it.
-bool ClickableWindow::isClick(WORD code) const noexcept {
-    return code == BN_CLICKED || code == BN_DBLCLK;
-}
-
 void CheckBoxWindow::changed(Property property) {
     if (property == Property::Value) {
         SendMessageW(window(), BM_SETCHECK, checkBox_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0);

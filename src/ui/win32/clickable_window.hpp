@@ -19,7 +19,11 @@ class ClickableWindow : public CaptionedWindow {
     }
 
   protected:
-    [[nodiscard]] virtual bool isClick(WORD code) const noexcept;
+    // A button that notifies takes a quick second press for a double click and sends no click for
+    // it.
+    [[nodiscard]] virtual bool isClick(WORD code) const noexcept {
+        return code == BN_CLICKED || code == BN_DBLCLK;
+    }
 
   private:
     Clickable& clickable_;

@@ -11,9 +11,7 @@ class ComUser {
   public:
     ComUser() noexcept : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
     ComUser(const ComUser&) = delete;
-    ComUser(ComUser&&) = delete;
     ComUser& operator=(const ComUser&) = delete;
-    ComUser& operator=(ComUser&&) = delete;
     ~ComUser() {
         if (entered_) {
             CoUninitialize();
@@ -32,9 +30,7 @@ class ComPointer {
     // Takes over the reference.
     explicit ComPointer(Interface* owned) noexcept : pointer_(owned) {}
     ComPointer(const ComPointer&) = delete;
-    ComPointer(ComPointer&&) = delete;
     ComPointer& operator=(const ComPointer&) = delete;
-    ComPointer& operator=(ComPointer&&) = delete;
     ~ComPointer() {
         if (pointer_ != nullptr) {
             pointer_->Release();

@@ -55,10 +55,6 @@ void ComboBoxWindow::keepingText(const std::function<void()>& resize) {
     SendMessageW(window(), CB_SETEDITSEL, 0, marked);
 }
 
-void ComboBoxWindow::unmark() {
-    SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
-}
-
 HWND ComboBoxWindow::field() const noexcept {
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;

@@ -40,7 +40,7 @@ class ComboBoxWindow final : public DropDownWindow {
     void showText();
     void edited();
     void keepingText(const std::function<void()>& resize);
-    void unmark();
+    void unmark() { SendMessageW(window(), CB_SETEDITSEL, 0, MAKELPARAM(0, 0)); }
     // The window to type into; null where the system does not say.
     [[nodiscard]] HWND field() const noexcept;
 

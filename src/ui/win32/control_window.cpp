@@ -14,10 +14,6 @@ ControlWindow::~ControlWindow() {
     control_.detach();
 }
 
-int ControlWindow::dpi() const noexcept {
-    return static_cast<int>(GetDpiForWindow(window_));
-}
-
 void ControlWindow::measure() {
     RECT area{};
     GetWindowRect(window_, &area);
@@ -65,11 +61,11 @@ void ControlWindow::changed(Property property) {
 }
 
 void ControlWindow::showAll() {
+    fitResolution();
     for (const Property property :
-         {Property::Caption, Property::Value, Property::Font, Property::ReadOnly, Property::Hint,
-          Property::Items, Property::HorizontalExtent, Property::Cells, Property::Panels,
-          Property::Text, Property::Selection, Property::AccessibleName, Property::Enabled,
-          Property::Visible}) {
+         {Property::Caption, Property::Value, Property::ReadOnly, Property::Hint, Property::Items,
+          Property::HorizontalExtent, Property::Cells, Property::Panels, Property::Text,
+          Property::Selection, Property::AccessibleName, Property::Enabled, Property::Visible}) {
         changed(property);
     }
 }
@@ -78,6 +74,7 @@ void ControlWindow::resolutionChanged() {
     if (placedByCode_) {
         place();
     }
+    fitResolution();
 }
 
 } // namespace tarnwick

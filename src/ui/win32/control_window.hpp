@@ -16,9 +16,7 @@ class ControlWindow : public View {
     // The control takes its first bounds from the window.
     ControlWindow(Control& control, HWND window);
     ControlWindow(const ControlWindow&) = delete;
-    ControlWindow(ControlWindow&&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
-    ControlWindow& operator=(ControlWindow&&) = delete;
     ~ControlWindow() override;
 
     [[nodiscard]] HWND window() const noexcept { return window_; }
@@ -29,7 +27,6 @@ class ControlWindow : public View {
     void showAll();
     // The screen's resolution is another one now.
     virtual void resolutionChanged();
-
     // The form's window has another size now.
     virtual void formResized() {}
 
@@ -44,7 +41,10 @@ class ControlWindow : public View {
     [[nodiscard]] virtual bool isFocusNotice(WORD /*code*/) const noexcept { return false; }
 
   protected:
-    [[nodiscard]] int dpi() const noexcept;
+    [[nodiscard]] int dpi() const noexcept { return static_cast<int>(GetDpiForWindow(window_)); }
+    // Brings what the window has of its own (fonts, pictures, measures) to the screen's resolution:
+    // before it is shown first, and whenever that is another one.
+    virtual void fitResolution() {}
 
     // The control takes its bounds from the window.
     void measure();

@@ -5,7 +5,6 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
 #include <cstddef>
 
 namespace tarnwick {
@@ -26,20 +25,10 @@ IconHandle picture(UINT state) noexcept {
 
 } // namespace
 
-FolderListWindow::FolderListWindow(FolderList& folderList, HWND window)
-    : ControlWindow(folderList, window), folderList_(folderList), keys_(*this) {
-    loadPictures();
-}
-
-void FolderListWindow::loadPictures() {
+void FolderListWindow::fitResolution() {
     closed_ = picture(0);
     open_ = picture(SHGFI_OPENICON);
     SendMessageW(window(), LB_SETITEMHEIGHT, 0, toPixels(pictureSize + gap, dpi()));
-}
-
-void FolderListWindow::resolutionChanged() {
-    ControlWindow::resolutionChanged();
-    loadPictures();
 }
 
 void FolderListWindow::changed(Property property) {

@@ -13,10 +13,10 @@ namespace tarnwick {
 // drawn at its depth with the system's own picture of a folder, open or closed.
 class FolderListWindow final : public ControlWindow {
   public:
-    FolderListWindow(FolderList& folderList, HWND window);
+    FolderListWindow(FolderList& folderList, HWND window)
+        : ControlWindow(folderList, window), folderList_(folderList), keys_(*this) {}
 
     void changed(Property property) override;
-    void resolutionChanged() override;
     void notified(WORD code) override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
@@ -24,7 +24,7 @@ class FolderListWindow final : public ControlWindow {
     }
 
   private:
-    void loadPictures();
+    void fitResolution() override;
     void showItems();
     [[nodiscard]] int selected() const noexcept;
 

@@ -392,10 +392,6 @@ ControlWindow* FormView::find(HWND window) const noexcept {
     return found == windows_.end() ? nullptr : found->get();
 }
 
-int FormView::dpi() const noexcept {
-    return static_cast<int>(GetDpiForWindow(dialog_));
-}
-
 // The one that the form counts from. A dialog shares its owner's: it may be on another one as yet,
 // and of another resolution.
 Screen FormView::formsScreen() const noexcept {

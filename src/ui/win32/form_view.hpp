@@ -72,7 +72,7 @@ class FormView : public View {
 
     [[nodiscard]] Form& form() const noexcept { return form_; }
     [[nodiscard]] HWND dialog() const noexcept { return dialog_; }
-    [[nodiscard]] int dpi() const noexcept;
+    [[nodiscard]] int dpi() const noexcept { return static_cast<int>(GetDpiForWindow(dialog_)); }
 
   private:
     // Null for a window that shows no form.

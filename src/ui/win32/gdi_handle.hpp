@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <memory>
-#include <string>
 #include <type_traits>
 
 namespace tarnwick {
@@ -21,9 +20,7 @@ class Selected {
     Selected(HDC context, HGDIOBJ object) noexcept
         : context_(context), before_(SelectObject(context, object)) {}
     Selected(const Selected&) = delete;
-    Selected(Selected&&) = delete;
     Selected& operator=(const Selected&) = delete;
-    Selected& operator=(Selected&&) = delete;
     ~Selected() { SelectObject(context_, before_); }
 
   private:
@@ -36,9 +33,7 @@ class WindowContext {
   public:
     explicit WindowContext(HWND window) noexcept : window_(window), context_(GetDC(window)) {}
     WindowContext(const WindowContext&) = delete;
-    WindowContext(WindowContext&&) = delete;
     WindowContext& operator=(const WindowContext&) = delete;
-    WindowContext& operator=(WindowContext&&) = delete;
     ~WindowContext() { ReleaseDC(window_, context_); }
 
     [[nodiscard]] HDC get() const noexcept { return context_; }

@@ -167,29 +167,21 @@ void GridWindow::drawInto(HDC context, const RECT& area) {
 }
 
 void GridWindow::changed(Property property) {
-    switch (property) {
-    case Property::Cells:
+    if (property == Property::Cells) {
         showContents();
         tellChangedCell();
-        break;
-    case Property::Selection:
+    } else if (property == Property::Selection) {
         showContents();
         tellCurrentCell();
-        break;
-    case Property::AccessibleName:
-        break; // it is asked for
-    case Property::Bounds:
+    } else if (property != Property::AccessibleName) { // which is asked for
         ControlWindow::changed(property);
-        showScrollBar(); // more or fewer rows fit now
-        break;
-    default:
-        ControlWindow::changed(property);
-        break;
+        if (property == Property::Bounds) {
+            showScrollBar(); // more or fewer rows fit now
+        }
     }
 }
 
-void GridWindow::resolutionChanged() {
-    ControlWindow::resolutionChanged();
+void GridWindow::fitResolution() {
     painter_.forgetFonts();
     changed(Property::Cells);
 }
@@ -247,53 +239,32 @@ void GridWindow::tellScreenReader(DWORD event) const noexcept {
 }
 
 bool GridWindow::takesInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto answered = [this](const auto& body) {
+        FormView::guarded(GetParent(window()), body);
+        return true;
+    };
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
         SetFocus(window());
         SetCapture(window());
-        break;
+        return answered([&] { pressed(lParam); });
     case WM_LBUTTONUP:
         if (GetCapture() != window()) {
             return true;
         }
         ReleaseCapture();
-        break;
+        return answered([&] { grid_.userReleased(); });
     case WM_KEYDOWN:
+        return answered([&] { keyPressed(static_cast<int>(wParam)); });
     case WM_CHAR:
+        return answered([&] { typed(static_cast<wchar_t>(wParam)); });
     case WM_VSCROLL:
+        return answered([&] { grid_.userScrolled(rowScrolledTo(LOWORD(wParam))); });
     case WM_MOUSEWHEEL:
-        break;
+        return answered([&] { grid_.userTurnedWheel(GET_WHEEL_DELTA_WPARAM(wParam)); });
     default:
         return false;
-    }
-    FormView::guarded(GetParent(window()), [&] { userInput(message, wParam, lParam); });
-    return true;
-}
-
-void GridWindow::userInput(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-        pressed(lParam);
-        break;
-    case WM_LBUTTONUP:
-        grid_.userReleased();
-        break;
-    case WM_KEYDOWN:
-        keyPressed(static_cast<int>(wParam));
-        break;
-    case WM_CHAR:
-        typed(static_cast<wchar_t>(wParam));
-        break;
-    case WM_VSCROLL:
-        scrolled(LOWORD(wParam));
-        break;
-    case WM_MOUSEWHEEL:
-        grid_.userTurnedWheel(GET_WHEEL_DELTA_WPARAM(wParam));
-        break;
-    default:
-        break;
     }
 }
 
@@ -316,35 +287,28 @@ const Grid* GridWindow::gridOf(HWND window) noexcept {
     return grid == nullptr ? nullptr : &grid->grid_;
 }
 
-void GridWindow::scrolled(WORD how) {
+int GridWindow::rowScrolledTo(WORD how) const noexcept {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
     info.fMask = SIF_TRACKPOS;
     GetScrollInfo(window(), SB_VERT, &info);
     switch (how) {
     case SB_LINEUP:
-        grid_.userScrolled(grid_.topRow() - 1);
-        break;
+        return grid_.topRow() - 1;
     case SB_LINEDOWN:
-        grid_.userScrolled(grid_.topRow() + 1);
-        break;
+        return grid_.topRow() + 1;
     case SB_PAGEUP:
-        grid_.userScrolled(grid_.topRow() - grid_.pageRows());
-        break;
+        return grid_.topRow() - grid_.pageRows();
     case SB_PAGEDOWN:
-        grid_.userScrolled(grid_.topRow() + grid_.pageRows());
-        break;
+        return grid_.topRow() + grid_.pageRows();
     case SB_TOP:
-        grid_.userScrolled(1);
-        break;
+        return 1;
     case SB_BOTTOM:
-        grid_.userScrolled(grid_.rows());
-        break;
+        return grid_.rows();
     case SB_THUMBTRACK:
-        grid_.userScrolled(info.nTrackPos);
-        break;
+        return info.nTrackPos;
     default:
-        break;
+        return grid_.topRow();
     }
 }
 

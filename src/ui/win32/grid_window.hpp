@@ -23,13 +23,10 @@ class GridWindow final : public ControlWindow {
 
     GridWindow(Grid& grid, HWND window);
     GridWindow(const GridWindow&) = delete;
-    GridWindow(GridWindow&&) = delete;
     GridWindow& operator=(const GridWindow&) = delete;
-    GridWindow& operator=(GridWindow&&) = delete;
     ~GridWindow() override;
 
     void changed(Property property) override;
-    void resolutionChanged() override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override;
 
   private:
@@ -40,6 +37,7 @@ class GridWindow final : public ControlWindow {
         bool ticked = false;
     };
 
+    void fitResolution() override;
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
     [[nodiscard]] static bool handlesDrawing(HWND window, GridWindow* grid, UINT message,
@@ -48,10 +46,9 @@ class GridWindow final : public ControlWindow {
     void drawInto(HDC context, const RECT& area);
     // Whether it is something that the user did in the grid, which has answered it then.
     [[nodiscard]] bool takesInput(UINT message, WPARAM wParam, LPARAM lParam);
-    void userInput(UINT message, WPARAM wParam, LPARAM lParam);
     void typed(wchar_t character);
     void pressed(LPARAM place);
-    void scrolled(WORD how);
+    [[nodiscard]] int rowScrolledTo(WORD how) const noexcept;
     void showContents();
     void showScrollBar();
     [[nodiscard]] Spoken currentCell() const;

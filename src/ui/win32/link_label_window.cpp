@@ -27,17 +27,12 @@ COLORREF linkColour() noexcept {
 void LinkLabelWindow::changed(Property property) {
     ClickableWindow::changed(property);
     if (property == Property::Caption) {
-        fit();
+        fitResolution();
     }
 }
 
-void LinkLabelWindow::resolutionChanged() {
-    ClickableWindow::resolutionChanged();
-    fit();
-}
-
-// What lies beside the text is no link.
-void LinkLabelWindow::fit() {
+// As wide as its text: what lies beside that is no link.
+void LinkLabelWindow::fitResolution() {
     LOGFONTW description = fontOf(GetParent(window()));
     description.lfUnderline = TRUE;
     font_.reset(CreateFontIndirectW(&description));

@@ -16,7 +16,6 @@ class LinkLabelWindow final : public ClickableWindow {
         : ClickableWindow(link, window), link_(link), keys_(*this) {}
 
     void changed(Property property) override;
-    void resolutionChanged() override;
     void drawItem(const DRAWITEMSTRUCT& item) override;
 
   protected:
@@ -24,7 +23,7 @@ class LinkLabelWindow final : public ClickableWindow {
     [[nodiscard]] bool isClick(WORD code) const noexcept override { return code == BN_CLICKED; }
 
   private:
-    void fit();
+    void fitResolution() override;
 
     LinkLabel& link_;
     KeyListener keys_;

@@ -20,16 +20,12 @@ UINT numberOf(std::size_t byte) {
 
 } // namespace
 
-ListBoxWindow::ListBoxWindow(ListBox& listBox, HWND window)
-    : ControlWindow(listBox, window), listBox_(listBox), keys_(*this) {
-    measureCharacters();
-}
-
 int ListBoxWindow::ask(UINT message) const noexcept {
     return static_cast<int>(SendMessageW(window(), message, 0, 0));
 }
 
-void ListBoxWindow::measureCharacters() {
+// Measures the characters.
+void ListBoxWindow::fitResolution() {
     const WindowContext context(window());
     const Selected font(context.get(),
                         pointerIn<HGDIOBJ>(SendMessageW(window(), WM_GETFONT, 0, 0)));
@@ -137,11 +133,6 @@ void ListBoxWindow::keyPressed(int keyCode) {
     if (keyCode == Key::a && control) {
         listBox_.userSelectedAll();
     }
-}
-
-void ListBoxWindow::resolutionChanged() {
-    ControlWindow::resolutionChanged();
-    measureCharacters();
 }
 
 } // namespace tarnwick

@@ -11,10 +11,10 @@ namespace tarnwick {
 // A list box with the styles LBS_EXTENDEDSEL and LBS_NOTIFY.
 class ListBoxWindow final : public ControlWindow {
   public:
-    ListBoxWindow(ListBox& listBox, HWND window);
+    ListBoxWindow(ListBox& listBox, HWND window)
+        : ControlWindow(listBox, window), listBox_(listBox), keys_(*this) {}
 
     void changed(Property property) override;
-    void resolutionChanged() override;
     void notified(WORD code) override;
     void keyPressed(int keyCode) override;
     [[nodiscard]] bool isFocusNotice(WORD code) const noexcept override {
@@ -23,7 +23,7 @@ class ListBoxWindow final : public ControlWindow {
 
   private:
     [[nodiscard]] int ask(UINT message) const noexcept;
-    void measureCharacters();
+    void fitResolution() override;
     void showItems();
     void showSelection();
     [[nodiscard]] std::vector<int> selection() const;

@@ -57,11 +57,7 @@ void drawAgain(HWND window) noexcept {
 
 OneLineField::OneLineField(HWND window) noexcept
     : WindowFilter(window),
-      isOne_(hasBorder(window) && (GetWindowLongPtrW(window, GWL_STYLE) & ES_MULTILINE) == 0) {
-    if (isOne_) {
-        measureAgain();
-    }
-}
+      isOne_(hasBorder(window) && (GetWindowLongPtrW(window, GWL_STYLE) & ES_MULTILINE) == 0) {}
 
 LRESULT OneLineField::filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     const LRESULT result = pass(message, wParam, lParam);
@@ -86,9 +82,11 @@ LRESULT OneLineField::filter(UINT message, WPARAM wParam, LPARAM lParam) noexcep
     return result;
 }
 
-void OneLineField::measureAgain() noexcept {
-    SetWindowPos(window(), nullptr, 0, 0, 0, 0,
-                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+void OneLineField::measure() noexcept {
+    if (isOne_) {
+        SetWindowPos(window(), nullptr, 0, 0, 0, 0,
+                     SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 } // namespace tarnwick

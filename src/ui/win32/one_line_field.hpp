@@ -17,8 +17,8 @@ class OneLineField final : private WindowFilter {
     // Leaves a field of several lines or without a border as it is.
     explicit OneLineField(HWND window) noexcept;
 
-    // Its font is another one now.
-    void measureAgain() noexcept;
+    // To be called when it is first shown, and when its font is another one.
+    void measure() noexcept;
 
   private:
     LRESULT filter(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;

@@ -8,17 +8,7 @@
 
 namespace tarnwick {
 
-PictureWindow::PictureWindow(Picture& picture, HWND window)
-    : ControlWindow(picture, window), picture_(picture) {
-    showIcon();
-}
-
-void PictureWindow::resolutionChanged() {
-    ControlWindow::resolutionChanged();
-    showIcon();
-}
-
-void PictureWindow::showIcon() {
+void PictureWindow::fitResolution() {
     if (picture_.image().empty()) {
         return;
     }

@@ -12,13 +12,12 @@ namespace tarnwick {
 // Only one with the style SS_NOTIFY tells of the mouse over it.
 class PictureWindow final : public ControlWindow {
   public:
-    // Raises 51 where there is no icon of that name.
-    PictureWindow(Picture& picture, HWND window);
-
-    void resolutionChanged() override;
+    PictureWindow(Picture& picture, HWND window)
+        : ControlWindow(picture, window), picture_(picture) {}
 
   private:
-    void showIcon();
+    // Raises 51 where there is no icon of that name.
+    void fitResolution() override;
 
     Picture& picture_;
     IconHandle icon_;

@@ -11,9 +11,7 @@ class RedrawPause {
         SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     }
     RedrawPause(const RedrawPause&) = delete;
-    RedrawPause(RedrawPause&&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
-    RedrawPause& operator=(RedrawPause&&) = delete;
     ~RedrawPause() {
         SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
         RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);

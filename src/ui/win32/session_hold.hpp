@@ -13,9 +13,7 @@ class SessionHold {
         ShutdownBlockReasonCreate(window_, L"It asks whether to save your changes.");
     }
     SessionHold(const SessionHold&) = delete;
-    SessionHold(SessionHold&&) = delete;
     SessionHold& operator=(const SessionHold&) = delete;
-    SessionHold& operator=(SessionHold&&) = delete;
     ~SessionHold() { ShutdownBlockReasonDestroy(window_); }
 
   private:

@@ -1,7 +1,7 @@
 #include "ui/win32/text_box_window.hpp"
 
+#include "common/scoped_flag.hpp"
 #include "ui/win32/refused_text.hpp"
-#include "ui/win32/window_font.hpp"
 #include "ui/win32/window_text.hpp"
 
 #include <commctrl.h>
@@ -11,7 +11,6 @@ namespace tarnwick {
 TextBoxWindow::TextBoxWindow(TextBox& textBox, HWND window)
     : ControlWindow(textBox, window), textBox_(textBox), keys_(*this), field_(window) {
     SendMessageW(window, EM_SETLIMITTEXT, 0, 0); // no limit
-    dropMargins();
 }
 
 void TextBoxWindow::changed(Property property) {
@@ -26,7 +25,7 @@ void TextBoxWindow::changed(Property property) {
         SendMessageW(window(), EM_SETREADONLY, textBox_.readOnly() ? TRUE : FALSE, 0);
         break;
     case Property::Font:
-        showFont();
+        fitResolution();
         break;
     case Property::Hint:
         SendMessageW(window(), EM_SETCUEBANNER, TRUE,
@@ -42,19 +41,14 @@ void TextBoxWindow::changed(Property property) {
     }
 }
 
-void TextBoxWindow::resolutionChanged() {
-    ControlWindow::resolutionChanged();
-    showFont();
-    dropMargins();
-    field_.measureAgain();
-}
-
-// A field without a border lies over a cell and shows its text in place of the cell's own: the code
-// that places it has left room around it already.
-void TextBoxWindow::dropMargins() {
+void TextBoxWindow::fitResolution() {
+    font_.show(window(), textBox_.font());
+    // A field without a border lies over a cell and shows its text in place of the cell's own: the
+    // code that places it has left room around it already.
     if (!hasBorder(window())) {
         SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     }
+    field_.measure();
 }
 
 void TextBoxWindow::notified(WORD code) {
@@ -101,27 +95,13 @@ void TextBoxWindow::takeSelection() {
 }
 
 void TextBoxWindow::showText() {
-    showingText_ = true;
+    const ScopedFlag showing(showingText_);
     setWindowText(window(), textBox_.text());
-    showingText_ = false;
 }
 
 void TextBoxWindow::showSelection() {
     const int end = textBox_.selStart() + textBox_.selLength();
     SendMessageW(window(), EM_SETSEL, static_cast<WPARAM>(textBox_.selStart()), end);
-}
-
-void TextBoxWindow::showFont() {
-    const Font& wanted = textBox_.font();
-    if (wanted.name.empty()) {
-        return;
-    }
-    GdiHandle<HFONT> font(CreateFontW(heightOfPoints(wanted.points, dpi()), 0, 0, 0, FW_NORMAL,
-                                      FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                                      CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN,
-                                      toWide(wanted.name).c_str()));
-    SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-    font_ = std::move(font);
 }
 
 } // namespace tarnwick

@@ -2,9 +2,9 @@
 
 #include "ui/forms/text_box.hpp"
 #include "ui/win32/control_window.hpp"
-#include "ui/win32/gdi_handle.hpp"
 #include "ui/win32/key_listener.hpp"
 #include "ui/win32/one_line_field.hpp"
+#include "ui/win32/window_font.hpp"
 
 #include <windows.h>
 
@@ -15,7 +15,6 @@ class TextBoxWindow final : public ControlWindow {
     TextBoxWindow(TextBox& textBox, HWND window);
 
     void changed(Property property) override;
-    void resolutionChanged() override;
     void notified(WORD code) override;
     void keyPressed(int keyCode) override;
     void keyReleased(int keyCode) override;
@@ -32,15 +31,14 @@ class TextBoxWindow final : public ControlWindow {
     [[nodiscard]] Selection selection() const;
     void takeSelection();
     void edited();
-    void showFont();
-    void dropMargins();
+    void fitResolution() override;
     void showText();
     void showSelection();
 
     TextBox& textBox_;
     KeyListener keys_;
     OneLineField field_;
-    GdiHandle<HFONT> font_;
+    OwnFont font_;
     bool showingText_ = false; // what the window reports now is our own doing
 };
 

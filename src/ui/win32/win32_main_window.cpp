@@ -16,9 +16,7 @@ class MainView final : public FormView {
   public:
     explicit MainView(Form& form) : FormView(form) {}
     MainView(const MainView&) = delete;
-    MainView(MainView&&) = delete;
     MainView& operator=(const MainView&) = delete;
-    MainView& operator=(MainView&&) = delete;
     ~MainView() override {
         if (dialog() != nullptr) { // what showing it has raised is on its way
             DestroyWindow(dialog());

@@ -13,9 +13,7 @@ namespace tarnwick {
 class WindowFilter {
   public:
     WindowFilter(const WindowFilter&) = delete;
-    WindowFilter(WindowFilter&&) = delete;
     WindowFilter& operator=(const WindowFilter&) = delete;
-    WindowFilter& operator=(WindowFilter&&) = delete;
 
   protected:
     explicit WindowFilter(HWND window) noexcept;

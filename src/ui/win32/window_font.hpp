@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/forms/font.hpp"
 #include "ui/win32/gdi_handle.hpp"
 
 #include <windows.h>
@@ -7,16 +8,17 @@
 namespace tarnwick {
 
 // The font that the window writes in; its dialog has the form's own.
-[[nodiscard]] inline LOGFONTW fontOf(HWND window) noexcept {
-    LOGFONTW font{};
-    GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)), // NOLINT
-               sizeof font, &font);
-    return font;
-}
+[[nodiscard]] LOGFONTW fontOf(HWND window) noexcept;
 
-[[nodiscard]] inline LONG heightOfPoints(int points, int dpi) noexcept {
-    constexpr int pointsPerInch = 72;
-    return -MulDiv(points, dpi, pointsPerInch);
-}
+// A font of a window's own, in place of the form's.
+class OwnFont {
+  public:
+    // Gives it to the window, as large as its resolution asks for now. Nothing for a font that is
+    // the form's.
+    void show(HWND window, const Font& wanted);
+
+  private:
+    GdiHandle<HFONT> font_;
+};
 
 } // namespace tarnwick

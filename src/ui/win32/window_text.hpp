@@ -10,16 +10,12 @@
 
 namespace tarnwick {
 
-[[nodiscard]] inline std::wstring wideWindowText(HWND window) {
+// What stands in the window; nothing where a character has no place in the system's code page.
+[[nodiscard]] inline std::optional<std::string> windowText(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
     const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
     text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
-// What stands in the window; nothing where a character has no place in the system's code page.
-[[nodiscard]] inline std::optional<std::string> windowText(HWND window) {
-    return toSystemText(wideWindowText(window));
+    return toSystemText(text);
 }
 
 inline void setWindowText(HWND window, std::string_view text) {

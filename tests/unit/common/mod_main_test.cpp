@@ -1,4 +1,5 @@
 #include "common/mod_main.hpp"
+#include "platform/windows_path.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"

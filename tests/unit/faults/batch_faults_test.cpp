@@ -30,6 +30,7 @@ struct Export : WindowUseCase {
 struct ARun : WindowUseCase {
     ARun() {
         writtenInPlace = {"/d/log.txt"};
+        reportsOfFullDisk = 2; // a page that cannot be rewritten; then the log, which ends the run
         for (const std::string name : {"a", "b"}) {
             alsoWhole.emplace_back("/d/out/" + name + ".html", page(name + "_faq.htm"));
             alsoWhole.emplace_back("/d/out/" + name + "_faq.htm", page(name + ".html"));
@@ -170,8 +171,20 @@ TEST(FullDisk, Unattended_run_with_a_note) {
     fillDiskAtEveryByte(unattended(" -n"));
 }
 
+TEST(FullDisk, Links_on_the_volume_of_the_records) {
+    fillDiskAtEveryByte(links('D'));
+}
+
 TEST(FullDisk, Links_on_another_volume) {
     fillDiskAtEveryByte(links('C'));
+}
+
+TEST(FullDisk, Links_where_the_volume_of_the_records_is_full) {
+    fillDiskAtEveryByte(links('C'), "D:");
+}
+
+TEST(FullDisk, Links_where_the_volume_of_the_pages_is_full) {
+    fillDiskAtEveryByte(links('C'), "C:");
 }
 
 TEST(EveryStep, Export) {
@@ -184,6 +197,14 @@ TEST(EveryStep, Run) {
 
 TEST(FullDisk, Export) {
     fillDiskAtEveryByte(std::make_unique<Export>);
+}
+
+TEST(FullDisk, Run) {
+    fillDiskAtEveryByte(std::make_unique<ARun>);
+}
+
+TEST(FullDisk, Run_where_the_volume_of_the_records_is_full) {
+    fillDiskAtEveryByte(std::make_unique<ARun>, "D:");
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -25,12 +26,12 @@ class StepFiles : public WatchedFiles {
     // Refers to `files`, which must outlive it.
     explicit StepFiles(Files& files);
 
-    // Counts from here on; breaks nothing.
-    void count();
+    // Counts from here on, and the bytes of that volume alone ("D:"), or of all; breaks nothing.
+    void count(std::string_view volume = {});
     // Counts from here on; the call of that number, from 0, raises `error`.
     void breakCall(std::size_t number, ErrorNumber error);
-    // Counts from here on; the disk has room for so many bytes more (see FaultyFiles).
-    void fillDiskAfter(std::size_t bytes);
+    // Counts from here on; that volume, or all, has room for so many bytes more (see FaultyFiles).
+    void fillDiskAfter(std::size_t bytes, std::string_view volume);
 
     [[nodiscard]] const std::vector<Call>& calls() const noexcept;
     [[nodiscard]] std::size_t bytesWritten() const noexcept;
@@ -47,9 +48,7 @@ class UseCase {
   public:
     UseCase() = default;
     UseCase(const UseCase&) = delete;
-    UseCase(UseCase&&) = delete;
     UseCase& operator=(const UseCase&) = delete;
-    UseCase& operator=(UseCase&&) = delete;
     virtual ~UseCase() = default;
 
     // Done once; done again, it gives the same.
@@ -65,6 +64,9 @@ class UseCase {
     std::vector<std::pair<std::string, std::string>> alsoWhole;
     // Files that are written where they lie, on purpose: they may end early.
     std::vector<std::string> writtenInPlace;
+    // How many reports a disk that stays full may cause: more than one where an error ends one step
+    // and the next one, which meets the same disk, begins all the same.
+    std::size_t reportsOfFullDisk = 1;
 };
 
 using MakeUseCase = std::function<std::unique_ptr<UseCase>()>;
@@ -81,7 +83,8 @@ using MakeUseCase = std::function<std::unique_ptr<UseCase>()>;
 // that is its own rule, and not always told. But nothing may be half, nor be told twice.
 void breakEveryStep(const MakeUseCase& make);
 
-// The same with the disk full after 0, 1, 2, ... bytes of what the use case writes.
-void fillDiskAtEveryByte(const MakeUseCase& make);
+// The same with the disk full after 0, 1, 2, ... bytes of what the use case writes: that volume
+// ("D:"), or all of them together. The user is told at least once, and nothing twice.
+void fillDiskAtEveryByte(const MakeUseCase& make, std::string_view volume = {});
 
 } // namespace tarnwick

@@ -1,4 +1,5 @@
 // New, Open, Save and Save As, and the question about unsaved changes.
+#include "platform/windows_path.hpp"
 #include "support/outputs.hpp"
 #include "unit/ui/main/main_world.hpp"
 

@@ -49,9 +49,7 @@ class BrokenView : public View {
   public:
     explicit BrokenView(Control& control) : control_(control) { control_.attach(*this); }
     BrokenView(const BrokenView&) = delete;
-    BrokenView(BrokenView&&) = delete;
     BrokenView& operator=(const BrokenView&) = delete;
-    BrokenView& operator=(BrokenView&&) = delete;
     ~BrokenView() override { control_.detach(); }
 
     void changed(Property /*property*/) override { throw RunTimeError(ErrorNumber::DeviceIO); }

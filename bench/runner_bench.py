@@ -1,0 +1,174 @@
+#!/usr/bin/env python3
+"""runner_bench.py TARNWICK_RUN TOOL [NAME...]: what tarnwick-run costs, always against another way of doing
+the same work, in the same run. Each figure is the median of pairs, one way after the other. Names choose
+figures: start, nothing, growth, compute, memory, wait. Fails when a limit is missed."""
+
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+runner, tool = (os.path.abspath(path) for path in sys.argv[1:3])
+chosen = sys.argv[3:]
+shm = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+missed = []
+
+
+def told(what, figure, limit, unit=""):
+    exceeded = figure > limit
+    print(f"{what:<66} {figure:8.2f}{unit} (at most {limit}{unit}){'  EXCEEDED' if exceeded else ''}", flush=True)
+    if exceeded:
+        missed.append(what)
+
+
+class Place:
+    """A drive T: with records, a definition that makes `products` of each, and the tool."""
+
+    def __init__(self, records, products=1):
+        self.root = tempfile.mkdtemp(prefix="tarnwick-bench-", dir=shm)
+        self.records = [f"record {number:07}.met" for number in range(records)]
+        os.mkdir(f"{self.root}/in")
+        os.mkdir(f"{self.root}/out")
+        for record in self.records:
+            os.close(os.open(f"{self.root}/in/{record}", os.O_CREAT | os.O_WRONLY))
+        shutil.copy(tool, f"{self.root}/mp")
+        self.kinds = [("Error", ".err"), ("Text", ".txt"), ("Xml", ".xml")][:products]
+        grid = "".join(f"{name} Extension={end}\r\nGRID_{name}=T:\\out\r\n" for name, end in self.kinds)
+        with open(f"{self.root}/bench.ini", "w", newline="") as file:
+            file.write("MP EXECUTABLE=T:\\mp\r\nProcess MP=1\r\nProcess CNS=0\r\nInput Folder=T:\\in\r\n"
+                       "Input File Extension=*.met\r\nConvert HyperLink To Relative Path=False\r\n"
+                       "Language=English\r\n" + grid)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.root)
+
+    def run(self, *options, env=None):
+        return [runner, f"{self.root}/bench.ini", "--drive", f"T:={self.root}", "-q", *options], env
+
+    def clear(self):
+        shutil.rmtree(f"{self.root}/out")
+        shutil.rmtree(f"{self.root}/bench.state", ignore_errors=True)
+        os.mkdir(f"{self.root}/out")
+
+    def check_products(self):
+        made = len(os.listdir(f"{self.root}/out"))
+        assert made == len(self.records) * len(self.kinds), f"{made} products"
+
+
+def measured(command, env=None, stdin=os.devnull):
+    """Seconds, seconds of processor, and peak memory in MB of a command that must succeed."""
+    with open(stdin, "rb") as given:
+        begun = time.monotonic()
+        process = subprocess.Popen(command, stdin=given, stdout=subprocess.DEVNULL,
+                                   env={**os.environ, **(env or {})})
+        _, status, used = os.wait4(process.pid, 0)
+        process.returncode = status
+    assert status == 0, f"{command[0]} ended with {status}"
+    return time.monotonic() - begun, used.ru_utime + used.ru_stime, used.ru_maxrss / 1000
+
+
+def ratio(mine, other, pairs, before=lambda: None, after=lambda: None):
+    quotients = []
+    for _ in range(pairs):
+        before()
+        one = measured(*mine)[0]
+        after()
+        before()
+        two = measured(*other)[0]
+        after()
+        quotients.append(one / two)
+    return statistics.median(quotients)
+
+
+def start():
+    with Place(5000) as place:
+        calls = f"{place.root}/calls"
+        with open(calls, "wb") as file:
+            subprocess.run([runner, "commands", f"{place.root}/bench.ini", "--drive", f"T:={place.root}",
+                            "--format", "null"], stdout=file, check=True)
+        words = f"{place.root}/words"
+        with open(words, "wb") as file:
+            for record in place.records:
+                for word in ("-l", "en", "-e", f"{place.root}/out/{record[:-4]}.err", f"{place.root}/in/{record}"):
+                    file.write(word.encode() + b"\0")
+        mine = place.run("-j2")
+        told("5,000 small tools, -j2 / xargs -P2 over the printed calls",
+             ratio(mine, (["xargs", "-0", "-n1", "-P2", "sh", "-c"], None, calls), 5, place.clear,
+                   place.check_products), 1.0)
+        told("5,000 small tools, -j2 / xargs -P2 without a shell between",
+             ratio(mine, (["xargs", "-0", "-n5", "-P2", f"{place.root}/mp"], None, words), 5, place.clear,
+                   place.check_products), 1.0)
+        told("5,000 small tools, -j2 / GNU parallel -j2",
+             ratio(mine, (["parallel", "-0", "-j2", "--will-cite"], None, calls), 1, place.clear,
+                   place.check_products), 0.25)
+
+
+def made(records):
+    place = Place(records, products=3)
+    for record in place.records:
+        for _, end in place.kinds:
+            os.close(os.open(f"{place.root}/out/{record[:-4]}{end}", os.O_CREAT | os.O_WRONLY))
+    # A tool that makes nothing would do, were products not looked at: so they are made in earnest, once.
+    os.unlink(f"{place.root}/mp")
+    with open(f"{place.root}/mp", "w") as file:
+        file.write("#!/bin/sh\nfor word; do case $word in */out/*) echo x >\"$word\";; esac; done\n")
+    os.chmod(f"{place.root}/mp", 0o755)
+    measured(*place.run())
+    return place
+
+
+def nothing():
+    with made(100_000) as place:
+        with open(f"{place.root}/build.ninja", "w") as file:
+            # Of a generator Ninja compares no earlier command: it has run none.
+            file.write("rule make\n  command = make $in $out\n  generator = 1\n")
+            for record in place.records:
+                base = record[:-4].replace(" ", "$ ")
+                outputs = " ".join(f"out/{base}{end}" for _, end in place.kinds)
+                file.write(f"build {outputs}: make in/{base}.met | mp\n")
+        idle = (["ninja", "-C", place.root, "--quiet"],)
+        told("nothing changed, 100,000 records of 3 products / Ninja", ratio(place.run(), idle, 5), 1.0)
+        _, _, memory = measured(*place.run())
+        told("  peak memory", memory, 100, " MB")
+
+
+def growth():
+    with made(10_000) as few, made(100_000) as many:
+        told("nothing changed, 100,000 / 10,000 records", ratio(many.run(), few.run(), 7), 11)
+
+
+def compute():
+    with Place(200) as place:
+        env = {"TARNWICK_TOOL_MILLISECONDS": "50"}
+        seconds = []
+        for _ in range(3):
+            place.clear()
+            seconds.append(measured(*place.run("-j2", env=env))[0])
+        told("200 tools that compute for 50 ms, -j2 / half their sum", statistics.median(seconds) / 5.0, 1.05)
+
+
+def memory():
+    with Place(1_000_000) as place:
+        _, _, peak = measured(*place.run("--dry-run"))
+        told("peak memory, 1,000,000 records planned", peak, 700, " MB")
+
+
+def wait():
+    with Place(1) as place:
+        command, env = place.run(env={"TARNWICK_TOOL_SLEEP": "20"})
+        # The tool's own time is counted with its parent's when that has waited for it: it sleeps.
+        seconds, processor, _ = measured(command, env)
+        told("waiting for one slow tool, of a processor", 100 * processor / seconds, 0.1, " %")
+
+
+for figure in (start, nothing, growth, compute, wait, memory):
+    if not chosen or figure.__name__ in chosen:
+        figure()
+if missed:
+    sys.exit(f"missed: {', '.join(missed)}")

@@ -1,4 +1,5 @@
 #include "platform/run_time_error.hpp"
+#include "platform/windows_tool_paths.hpp"
 #include "postprocess/relative_links.hpp"
 #include "support/faulty_files.hpp"
 #include "support/messages.hpp"
@@ -345,6 +346,14 @@ TEST_F(RelativeLinks, Of_links_that_name_this_machines_files_the_same_becomes_as
     static_cast<void>(rewriteRecordLinks(definition, world.files(), folders, MachinePaths(),
                                          "rec.met", "C:\\in\\x"));
     EXPECT_EQ(html(), onWindows);
+}
+
+TEST_F(RelativeLinks, A_product_of_an_impossible_name_hinders_no_other_link) {
+    row("Xml").sExtension = ".x|?";
+    putHtml(hrefLine("C:\\out\\Xml\\rec.x|?") + hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Xml/rec.x|?") + hrefLine("../Text/rec.txt"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
 TEST_F(RelativeLinks, Links_by_the_paths_of_another_machine_stay) {

@@ -80,8 +80,6 @@ package() { # dpkg, where this user may
     fi >"$work/dpkg" 2>&1 || fail "$(cat "$work/dpkg")"
 }
 
-Everything_under() { (cd "$1" && find . | LC_ALL=C sort); }
-
 Installed_the_deb_works_and_removed_it_leaves_nothing() {
     if [ "$(id -u)" -eq 0 ]; then
         ! dpkg -s tarnwick-run >/dev/null 2>&1 || fail 'tarnwick-run is installed here already'
@@ -90,13 +88,15 @@ Installed_the_deb_works_and_removed_it_leaves_nothing() {
         mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates"
         touch "$root/var/lib/dpkg/status"
     fi
-    Everything_under "$root/usr" >"$work/before" 2>/dev/null || true
     package -i "$dist"/tarnwick-run_*.deb
     for file in $contents; do [ -f "$root/usr/$file" ] || fail "$file was not installed"; done
     works "$root/usr/bin/tarnwick-run"
+    package -L tarnwick-run
+    grep '/tarnwick-run' "$work/dpkg" >"$work/owned" # what is nobody else's
+    [ "$(wc -l <"$work/owned")" -eq 6 ] || fail "$(cat "$work/owned")"
     package -r tarnwick-run
-    Everything_under "$root/usr" >"$work/after" 2>/dev/null || true
-    diff "$work/before" "$work/after"
+    while read -r file; do [ ! -e "$root$file" ] || fail "$file was left"; done <"$work/owned"
+    ! dpkg ${root:+--root="$root"} -s tarnwick-run >/dev/null 2>&1
 }
 
 The_archive_s_program() { echo "$work"/unpacked/tarnwick-run-*/bin/tarnwick-run; }

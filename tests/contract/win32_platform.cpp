@@ -115,11 +115,23 @@ void addAttribute(const std::string& path, DWORD attribute) {
     ASSERT_NE(SetFileAttributesA(path.c_str(), attributes | attribute), 0) << path;
 }
 
-void makeRemovable(const std::string& folder) {
+// Whether the folder is gone, after one pass over what is in it. (The library's remove_all was seen
+// to begin anew for ever, at an entry that still shows while somebody else deletes it.)
+bool removeFolder(const fs::path& folder) {
     std::error_code failed;
-    for (const auto& entry : fs::recursive_directory_iterator(folder, failed)) {
-        SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    std::vector<fs::path> entries;
+    for (fs::directory_iterator entry(folder, failed); !failed && entry != fs::directory_iterator();
+         entry.increment(failed)) {
+        entries.push_back(entry->path());
     }
+    for (const fs::path& entry : entries) {
+        SetFileAttributesW(entry.c_str(), FILE_ATTRIBUTE_NORMAL);
+        if (DeleteFileW(entry.c_str()) == 0) {
+            static_cast<void>(removeFolder(entry));
+        }
+    }
+    return RemoveDirectoryW(folder.c_str()) != 0 ||
+           GetFileAttributesW(folder.c_str()) == INVALID_FILE_ATTRIBUTES;
 }
 
 class Win32Platform final : public PlatformInRealTime {
@@ -130,13 +142,10 @@ class Win32Platform final : public PlatformInRealTime {
     Win32Platform(Win32Platform&&) = delete;
     Win32Platform& operator=(Win32Platform&&) = delete;
     ~Win32Platform() override {
-        std::error_code failed;
-        makeRemovable(scratch_);
         // A batch file that has just ended may be held a little longer.
-        static_cast<void>(eventually([&] { return fs::remove_all(scratch_, failed), !failed; }));
+        static_cast<void>(eventually([&] { return removeFolder(scratch_); }));
         if (!otherVolume_.empty()) {
-            makeRemovable(otherVolume_);
-            fs::remove_all(otherVolume_, failed);
+            static_cast<void>(removeFolder(otherVolume_));
         }
         forgetSettings();
         if (!substitute_.empty()) {

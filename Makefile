@@ -1,11 +1,12 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows dist reproducible bench coverage screenshots help-pictures lint format check-format clean
+.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
 native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
-dist_packages    := $(wine_packages) git perl fp-utils nsis zip unzip
+linux_packages   := $(native_packages) dpkg-dev file man-db
+dist_packages    := $(wine_packages) $(linux_packages) git perl fp-utils nsis zip unzip
 bench_packages   := $(wine_packages) libbenchmark-dev python3 parallel ninja-build findutils
 cover_packages   := $(native_packages) gcovr
 fuzz_packages    := $(native_packages) clang-19 libclang-rt-19-dev
@@ -20,7 +21,8 @@ help:
 	@echo 'make test         builds everything and passes every test'
 	@echo 'make test-native  the quick loop: the tests that need no Windows'
 	@echo 'make windows      leaves build/windows/Tarnwick.exe'
-	@echo 'make dist          leaves the installer and the portable zip in build/dist/'
+	@echo 'make dist          leaves the packages for Windows and for Linux in build/dist/'
+	@echo 'make install       installs tarnwick-run on this machine (PREFIX, DESTDIR)'
 	@echo 'make bench | fuzz | torture | coverage | screenshots | lint | format | clean'
 
 demo: windows
@@ -40,6 +42,16 @@ windows:
 	cmake --preset windows
 	cmake --build --preset windows
 
+# tarnwick-run as it is packed: build/linux/src/app/runner/tarnwick-run.
+linux:
+	@$(ensure) $(linux_packages)
+	cmake --preset linux
+	cmake --build --preset linux
+
+PREFIX ?= /usr/local
+install: linux
+	cmake --install build/linux --strip --prefix '$(PREFIX)'
+
 test: check-format test-sanitize test-windows test-dist
 
 test-sanitize:
@@ -58,12 +70,13 @@ test-windows: windows
 	@$(ensure) $(wine_packages)
 	cmake/on-virtual-screen ctest --preset windows
 
-dist: windows
+dist: windows linux
 	@$(ensure) $(dist_packages)
 	packaging/make-dist build
 
 test-dist: dist
 	cmake/on-virtual-screen tests/product/dist_test.sh build
+	tests/product/linux_dist_test.sh build
 
 # Builds everything once more, elsewhere: minutes, and therefore no part of `make test`.
 reproducible: dist

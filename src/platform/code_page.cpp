@@ -130,8 +130,9 @@ std::uint32_t CodePage::takeBeyondAscii(std::string_view& text) const noexcept {
 
 std::size_t CodePage::findFirstOf(std::string_view text,
                                   std::string_view characters) const noexcept {
-    if (!hasTrailBytes()) {
-        return text.find_first_of(characters);
+    if (!hasTrailBytes()) { // for one character the library has a quicker way, and does not take it
+        return characters.size() == 1 ? text.find(characters.front())
+                                      : text.find_first_of(characters);
     }
     for (std::size_t place = 0; place < text.size(); place += lengthOfFirst(text.substr(place))) {
         if (characters.contains(text[place])) {
@@ -144,7 +145,8 @@ std::size_t CodePage::findFirstOf(std::string_view text,
 std::size_t CodePage::findLastOf(std::string_view text,
                                  std::string_view characters) const noexcept {
     if (!hasTrailBytes()) {
-        return text.find_last_of(characters);
+        return characters.size() == 1 ? text.rfind(characters.front())
+                                      : text.find_last_of(characters);
     }
     std::size_t last = nowhere;
     for (std::size_t place = 0; place < text.size(); place += lengthOfFirst(text.substr(place))) {

@@ -19,13 +19,4 @@ class ToolPaths {
     [[nodiscard]] virtual char separator() const noexcept = 0;
 };
 
-// Those of Windows: the paths themselves.
-class WindowsToolPaths final : public ToolPaths {
-  public:
-    [[nodiscard]] std::string toolPath(std::string_view path) const override {
-        return std::string(path);
-    }
-    [[nodiscard]] char separator() const noexcept override { return '\\'; }
-};
-
 } // namespace tarnwick

@@ -18,6 +18,10 @@ class WriteBuffer {
             if (waiting_.size() == capacity) {
                 drain(writeSome);
             }
+            if (waiting_.empty() && bytes.size() >= capacity) { // nothing to gather
+                bytes.remove_prefix(writeSome(bytes));
+                continue;
+            }
             waiting_.reserve(capacity);
             const auto count = std::min(bytes.size(), capacity - waiting_.size());
             waiting_.append(bytes.substr(0, count));

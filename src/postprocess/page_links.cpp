@@ -27,7 +27,8 @@ std::size_t wholeLines(std::string_view text) {
 // Where the line that holds that place ends.
 std::size_t endOfLine(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at);
-    return at + static_cast<std::size_t>(std::ranges::find_if(rest, endsLine) - rest.begin());
+    const auto line = rest.substr(0, rest.find('\n'));
+    return at + std::min(line.find('\r'), line.size());
 }
 
 std::string_view commonBeginning(std::string_view left, std::string_view right) {
@@ -112,7 +113,7 @@ class LineBlocks {
         block_ = std::move(larger);
     }
 
-    static constexpr std::size_t blockSize = 32UZ * 1024;
+    static constexpr std::size_t blockSize = 64UZ * 1024;
 
     InputFile& file_;
     Block block_{blockSize};
@@ -123,8 +124,9 @@ class LineBlocks {
 } // namespace
 
 void rewriteLine(std::string& line, const PageRule& rule) {
+    const auto first = line.find(linkMarker); // which what takes a link's place begins with, too
     for (const auto& [from, to] : rule.links) {
-        if (const auto at = line.find(from); at != nowhere) {
+        if (const auto at = line.find(from, first); at != nowhere) {
             line.replace(at, from.size(), to);
         }
     }

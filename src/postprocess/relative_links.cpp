@@ -1,10 +1,10 @@
 #include "postprocess/relative_links.hpp"
 
-#include "common/known_folders.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "common/trap.hpp"
+#include "common/write_behind.hpp"
 #include "platform/run_time_error.hpp"
 #include "postprocess/page_links.hpp"
 
@@ -46,9 +46,8 @@ Output findOutput(const BatchDefinition& definition, KnownFolders& folders,
     return {};
 }
 
-Outputs findOutputs(const BatchDefinition& definition, const Files& files,
+Outputs findOutputs(const BatchDefinition& definition, KnownFolders& folders,
                     std::string_view baseName) {
-    KnownFolders folders(files);
     const auto output = [&](std::string_view type) {
         return findOutput(definition, folders, baseName, type);
     };
@@ -127,8 +126,9 @@ class RecordPages {
     void copyRewritten(std::string_view page, const PageRule& rule,
                        std::unique_ptr<OutputFile> copy) const {
         const auto original = files_.openForReading(page);
-        rewriteLinks(*original, *copy, rule);
-        copy->close();
+        WriteBehind behind(*copy);
+        rewriteLinks(*original, behind, rule);
+        behind.close();
     }
 
     // We look for leftovers only when creation fails: checking before every page would cost more
@@ -167,19 +167,30 @@ class RecordPages {
     std::string besideName_;
 };
 
+// In a batch file a path is what the definition made of it, be it possible or not.
+class BatchFilePaths final : public ToolPaths {
+  public:
+    [[nodiscard]] std::string toolPath(std::string_view path) const override {
+        return std::string(path);
+    }
+    [[nodiscard]] char separator() const noexcept override { return '\\'; }
+};
+
 } // namespace
 
 RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
-                                  const ToolPaths& paths, std::string_view sFile,
-                                  std::string_view temporary) {
-    return RecordPages(files, paths, findOutputs(definition, files, GetBaseName(sFile)), temporary)
+                                  KnownFolders& folders, const ToolPaths& paths,
+                                  std::string_view sFile, std::string_view temporary) {
+    return RecordPages(files, paths, findOutputs(definition, folders, GetBaseName(sFile)),
+                       temporary)
         .rewrite();
 }
 
 void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& desktop,
                       std::string_view /*sFolder*/, std::string_view sFile) {
     trap(desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
-        static_cast<void>(rewriteRecordLinks(definition, files, WindowsToolPaths(), sFile,
+        KnownFolders folders(files);
+        static_cast<void>(rewriteRecordLinks(definition, files, folders, BatchFilePaths(), sFile,
                                              joinPath(definition.sInputFolder, "tarnwick")));
     });
 }

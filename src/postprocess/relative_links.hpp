@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/known_folders.hpp"
 #include "definition/batch_definition.hpp"
 #include "platform/code_page.hpp"
 #include "platform/desktop.hpp"
@@ -32,8 +33,8 @@ struct RewrittenPages {
 // Raises what Files and ToolPaths raise; the page that it met is then as it was, the rest is
 // skipped.
 [[nodiscard]] RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
-                                                const ToolPaths& paths, std::string_view sFile,
-                                                std::string_view temporary);
+                                                KnownFolders& folders, const ToolPaths& paths,
+                                                std::string_view sFile, std::string_view temporary);
 
 // The same, by way of "tarnwick.tmp" in the input folder; `sFolder` is not used. An error is
 // reported.

@@ -146,7 +146,7 @@ void RecordRun::removeProducts(Tool tool, const std::string& record, const Stamp
 }
 
 void RecordRun::rewriteLinks(const RecordCall& lastCall) {
-    static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, paths_,
+    static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, folders_, paths_,
                                          lastCall.step.sFile, temporary_));
 }
 

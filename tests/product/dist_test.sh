@@ -31,7 +31,7 @@ rm -rf "$work" "$drive/Program Files/Map Room" # of an earlier run that failed
 mkdir -p "$work"
 
 The_sums_are_those_of_the_files() {
-    (cd "$dist" && sha256sum --quiet -c SHA256SUMS && [ "$(wc -l <SHA256SUMS)" -eq 2 ])
+    (cd "$dist" && sha256sum --quiet -c SHA256SUMS && [ "$(wc -l <SHA256SUMS)" -eq 4 ])
 }
 
 The_program_is_smaller_than_two_megabytes() {

@@ -21,11 +21,6 @@ bool isFile(const std::optional<struct stat>& status) {
     return status && S_ISREG(status->st_mode);
 }
 
-bool isLink(const std::string& hostPath) {
-    struct stat status{};
-    return ::lstat(hostPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
-}
-
 // The names in the folder's own order.
 template <typename Matches>
 Listing unsortedListing(const std::string& hostFolder, EntryKind wanted, const Matches& matches) {
@@ -118,19 +113,26 @@ std::string PosixFiles::shortPath(std::string_view path) const {
     return std::string(path);
 }
 
-PosixFiles::HostFile PosixFiles::look(std::string_view path) const {
+PosixFiles::Found PosixFiles::look(std::string_view path) const {
     // Mostly every name is spelled as it is on the disk, and needs no search.
     auto host = paths_.spelled(path);
-    auto file = openIfThere(host);
-    if (!file.isOpen()) {
+    auto status = statusIfThere(host, Links::Themselves);
+    if (!status) {
         host = paths_.hostPath(path);
-        file = openIfThere(host);
+        status = statusIfThere(host, Links::Themselves);
     }
-    return {.path = std::move(host), .file = std::move(file)};
+    const bool isLink = status && S_ISLNK(status->st_mode);
+    if (isLink) {
+        status = statusIfThere(host, Links::Followed);
+    }
+    return {.path = std::move(host), .status = status, .isLink = isLink};
 }
 
 std::unique_ptr<InputFile> PosixFiles::openForReading(std::string_view path) const {
-    auto [host, file] = look(path);
+    auto file = openIfThere(paths_.spelled(path));
+    if (!file.isOpen()) {
+        file = openIfThere(paths_.hostPath(path));
+    }
     if (!file.isOpen()) {
         raiseSystemError(ENOENT);
     }
@@ -142,7 +144,14 @@ std::unique_ptr<OutputFile> PosixFiles::create(std::string_view path) {
 }
 
 std::unique_ptr<OutputFile> PosixFiles::createNew(std::string_view path) {
-    return createHostFile(paths_.placeFor(path), Existing::Refused);
+    try {
+        return createHostFile(paths_.spelled(path), Existing::Refused);
+    } catch (const RunTimeError& error) {
+        if (!error.is(ErrorNumber::FileNotFound) && !error.is(ErrorNumber::PathNotFound)) {
+            throw;
+        }
+    }
+    return createHostFile(paths_.placeFor(path), Existing::Refused); // its folder in another case
 }
 
 std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
@@ -150,10 +159,10 @@ std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
 }
 
 void PosixFiles::remove(std::string_view path) {
-    const auto [host, file] = look(path);
-    requireFile(file);
-    requireReplaceable(file);
-    if (::unlink(host.c_str()) != 0) {
+    const Found found = look(path);
+    requireFile(found.status);
+    requireReplaceable(*found.status);
+    if (::unlink(found.path.c_str()) != 0) {
         raiseSystemError(errno);
     }
 }
@@ -174,22 +183,26 @@ void PosixFiles::replace(std::string_view from, std::string_view to) {
 }
 
 void PosixFiles::move(std::string_view from, std::string_view to, Access access) {
-    const auto [hostFrom, source] = look(from);
-    requireFile(source);
-    const auto [hostTo, target] = look(to);
-    if (access == Access::OfTarget && isLink(hostTo)) {
+    const Found source = look(from);
+    requireFile(source.status);
+    const Found target = look(to);
+    if (access == Access::OfTarget && target.isLink) {
         raiseSystemError(EACCES);
     }
-    if (target.isOpen()) {
-        requireReplaceable(target);
+    FileDescriptor whoseModeChanges;
+    if (target.status) {
+        requireReplaceable(*target.status);
+        if (access == Access::OfTarget && source.status->st_mode != target.status->st_mode) {
+            whoseModeChanges = openIfThere(source.path);
+        }
     }
     // The file systems of today write the content of a file before its rename over another: to wait
     // for the medium here would cost many times what rewriting a page does.
-    if (std::rename(hostFrom.c_str(), hostTo.c_str()) != 0) {
+    if (std::rename(source.path.c_str(), target.path.c_str()) != 0) {
         raiseSystemError(errno);
     }
-    if (access == Access::OfTarget && target.isOpen()) {
-        takeOverMode(source, target);
+    if (whoseModeChanges.isOpen()) { // as far as the system lets this user
+        static_cast<void>(::fchmod(whoseModeChanges.get(), target.status->st_mode & 07777U));
     }
 }
 

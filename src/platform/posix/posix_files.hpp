@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/files.hpp"
-#include "platform/posix/file_descriptor.hpp"
 #include "platform/posix/mounted_paths.hpp"
 
 namespace tarnwick {
@@ -40,12 +39,13 @@ class PosixFiles : public Files {
     [[nodiscard]] std::string volume(std::string_view path) const { return paths_.volume(path); }
 
   private:
-    struct HostFile {
-        std::string path;
-        FileDescriptor file; // not open: nothing is there
+    struct Found {
+        std::string path;                  // on this machine
+        std::optional<struct stat> status; // nothing: there is no such file or folder
+        bool isLink = false;
     };
-    // What lies at `path`, open. Raises as MountedPaths::find, and 75 (not allowed).
-    [[nodiscard]] HostFile look(std::string_view path) const;
+    // What lies at `path`. Raises as MountedPaths::find, and 75 (not allowed).
+    [[nodiscard]] Found look(std::string_view path) const;
     enum class Access { OfTarget, OfSource };
     void move(std::string_view from, std::string_view to, Access access);
 

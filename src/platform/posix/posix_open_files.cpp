@@ -30,14 +30,6 @@ FileDescriptor openDescriptor(const std::string& hostPath, int flags) {
     return file;
 }
 
-struct stat statusOf(const FileDescriptor& file) {
-    struct stat status{};
-    if (::fstat(file.get(), &status) != 0) {
-        raiseSystemError(errno);
-    }
-    return status;
-}
-
 // The owner's bit decides for everybody: the superuser may write anything.
 void requirePermission(const struct stat& status, mode_t bit) {
     if (!S_ISREG(status.st_mode)) {
@@ -117,6 +109,14 @@ class PosixOutputFile : public OutputFile {
 
 } // namespace
 
+struct stat statusOf(const FileDescriptor& file) {
+    struct stat status{};
+    if (::fstat(file.get(), &status) != 0) {
+        raiseSystemError(errno);
+    }
+    return status;
+}
+
 std::size_t writeSome(const FileDescriptor& file, std::string_view bytes) {
     ssize_t count = -1;
     do {
@@ -134,6 +134,18 @@ FileDescriptor openIfThere(const std::string& hostPath) {
         raiseSystemError(errno);
     }
     return file;
+}
+
+std::optional<struct stat> statusIfThere(const std::string& hostPath, Links links) {
+    struct stat status{};
+    const int flags = links == Links::Themselves ? AT_SYMLINK_NOFOLLOW : 0;
+    if (::fstatat(AT_FDCWD, hostPath.c_str(), &status, flags) == 0) {
+        return status;
+    }
+    if (errno != ENOENT && errno != ENOTDIR) {
+        raiseSystemError(errno);
+    }
+    return std::nullopt;
 }
 
 std::unique_ptr<InputFile> readFrom(FileDescriptor file) {
@@ -155,21 +167,14 @@ std::string textOf(const std::string& hostPath) {
     return text;
 }
 
-void requireFile(const FileDescriptor& file) {
-    if (!file.isOpen() || !S_ISREG(statusOf(file).st_mode)) {
+void requireFile(const std::optional<struct stat>& status) {
+    if (!status || !S_ISREG(status->st_mode)) {
         raiseSystemError(ENOENT);
     }
 }
 
-void requireReplaceable(const FileDescriptor& file) {
-    requirePermission(statusOf(file), S_IWUSR);
-}
-
-void takeOverMode(const FileDescriptor& newFile, const FileDescriptor& file) {
-    const mode_t mode = statusOf(file).st_mode;
-    if (statusOf(newFile).st_mode != mode) {
-        (void)::fchmod(newFile.get(), mode & 07777U);
-    }
+void requireReplaceable(const struct stat& status) {
+    requirePermission(status, S_IWUSR);
 }
 
 namespace {

@@ -3,7 +3,10 @@
 #include "platform/files.hpp"
 #include "platform/posix/file_descriptor.hpp"
 
+#include <sys/stat.h>
+
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +15,12 @@ namespace tarnwick {
 // Opens what is there, a file or a folder; not open where nothing is.
 // Raises 75 (not allowed).
 [[nodiscard]] FileDescriptor openIfThere(const std::string& hostPath);
+
+// The status of what is there; nothing where nothing is. Raises 75 (not allowed).
+enum class Links { Themselves, Followed };
+[[nodiscard]] std::optional<struct stat> statusIfThere(const std::string& hostPath, Links links);
+
+[[nodiscard]] struct stat statusOf(const FileDescriptor& file);
 
 // Reads an open file. Raises 75 (a folder, or not allowed).
 [[nodiscard]] std::unique_ptr<InputFile> readFrom(FileDescriptor file);
@@ -23,13 +32,10 @@ std::size_t writeSome(const FileDescriptor& file, std::string_view bytes);
 [[nodiscard]] std::string textOf(const std::string& hostPath);
 
 // Raises 53 when nothing is there, or a folder.
-void requireFile(const FileDescriptor& file);
+void requireFile(const std::optional<struct stat>& status);
 
 // Raises 75 when it is a folder or read-only.
-void requireReplaceable(const FileDescriptor& file);
-
-// Gives `newFile` the permissions of `file`, as far as the system lets this user.
-void takeOverMode(const FileDescriptor& newFile, const FileDescriptor& file);
+void requireReplaceable(const struct stat& status);
 
 enum class Existing { Emptied, Kept, Refused };
 [[nodiscard]] std::unique_ptr<OutputFile> createHostFile(const std::string& hostPath,

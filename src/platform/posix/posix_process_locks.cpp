@@ -28,7 +28,7 @@ FileDescriptor openLockFile(const std::string& hostPath) {
     if (!file.isOpen()) {
         raiseSystemError(errno);
     }
-    requireReplaceable(file);
+    requireReplaceable(statusOf(file));
     return file;
 }
 

@@ -52,10 +52,11 @@ class TextSink : public OutputFile {
 };
 
 std::string rewritten(std::string_view page,
-                      std::size_t piece = std::numeric_limits<std::size_t>::max()) {
+                      std::size_t piece = std::numeric_limits<std::size_t>::max(),
+                      const PageRule& byRule = rule) {
     TextFile file(page, piece);
     TextSink sink;
-    rewriteLinks(file, sink, rule);
+    rewriteLinks(file, sink, byRule);
     return sink.text;
 }
 
@@ -180,6 +181,28 @@ TEST(PageLinks, However_the_page_is_read_the_result_is_the_same) {
     EXPECT_NE(whole, page);
     for (const std::size_t piece : {1UZ, 2UZ, 3UZ, 5UZ, 17UZ, 64UZ, 1000UZ}) {
         EXPECT_EQ(rewritten(page, piece), whole) << piece;
+    }
+}
+
+TEST(PageLinks, Paths_may_have_much_or_nothing_in_common) {
+    const std::vector<PageRule> rules{
+        {.links = {link("/srv/out/rec.txt", "t")}, .ownPath = "/srv/out/rec.html", .ownName = "r"},
+        {.links = {link("/a/rec.txt", "t")}, .ownPath = "/b/rec.html", .ownName = "r"},
+        {.links = {link("C:\\x\\.txt", "t")}, .ownPath = "D:\\x\\_faq.htm", .ownName = "r"},
+        {.links = {}, .ownPath = "/srv/rec.html", .ownName = "r"}};
+    for (const PageRule& each : rules) {
+        std::string page = "</p>\r\n\n\r";
+        std::string expected = page;
+        for (const std::string_view end : {"\r\n", "\n\n", "\r"}) {
+            page.append("<base href=\"" + each.ownPath + "\">").append(end);
+            expected.append("<base href=\"r\">").append(end);
+            for (const auto& [from, to] : each.links) {
+                page.append(from).append(end).append("<p>x</p>").append(end);
+                expected.append(to).append(end).append("<p>x</p>").append(end);
+            }
+        }
+        EXPECT_EQ(rewritten(page, 3, each), expected) << each.ownPath;
+        EXPECT_EQ(rewritten(page + each.ownPath, 1000, each), expected + each.ownPath);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "platform/run_time_error.hpp"
+#include "platform/windows_tool_paths.hpp"
 #include "postprocess/relative_links.hpp"
 #include "support/faulty_files.hpp"
 #include "support/messages.hpp"
@@ -8,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace tarnwick {
@@ -81,6 +83,8 @@ TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
 
 class RelativeLinks : public LinksWorld, public testing::Test {
   protected:
+    KnownFolders folders{world.files()};
+
     void putHtml(std::string_view bytes) { world.write(out + "Html\\rec.html", bytes); }
     void putFaq(std::string_view bytes) { world.write(out + "Faq\\rec_faq.htm", bytes); }
     [[nodiscard]] std::string html() const { return world.read(out + "Html\\rec.html"); }
@@ -315,13 +319,58 @@ TEST_F(RelativeLinks, From_a_network_share_and_with_accents_and_blanks_in_names)
     EXPECT_THAT(desktop.messages, IsEmpty());
 }
 
+// A machine whose C: is a folder of its own file system.
+class MachinePaths : public ToolPaths {
+  public:
+    [[nodiscard]] std::string toolPath(std::string_view path) const override {
+        std::string result = "/srv/meta" + std::string(path.substr(2));
+        std::ranges::replace(result, '\\', '/');
+        return result;
+    }
+    [[nodiscard]] char separator() const noexcept override { return '/'; }
+};
+
+TEST_F(RelativeLinks, Of_links_that_name_this_machines_files_the_same_becomes_as_on_Windows) {
+    const auto page = [](const ToolPaths& paths) {
+        return "<p>a/b</p>\r\n<base href=\"" + paths.toolPath(R"(C:\out\Html\rec.html)") +
+               "\">\r\n" + hrefLine(paths.toolPath(R"(C:\out\Faq\rec_faq.htm)")) +
+               hrefLine(paths.toolPath(R"(C:\out\Text\rec.txt)")) + hrefLine("http://a/b.html");
+    };
+    putHtml(page(WindowsToolPaths()));
+    fix();
+    const std::string onWindows = html();
+    EXPECT_EQ(onWindows, "<p>a/b</p>\r\n<base href=\"rec.html\">\r\n" +
+                             hrefLine("../Faq/rec_faq.htm") + hrefLine("../Text/rec.txt") +
+                             hrefLine("http://a/b.html"));
+    putHtml(page(MachinePaths()));
+    static_cast<void>(rewriteRecordLinks(definition, world.files(), folders, MachinePaths(),
+                                         "rec.met", "C:\\in\\x"));
+    EXPECT_EQ(html(), onWindows);
+}
+
+TEST_F(RelativeLinks, A_product_of_an_impossible_name_hinders_no_other_link) {
+    row("Xml").sExtension = ".x|?";
+    putHtml(hrefLine("C:\\out\\Xml\\rec.x|?") + hrefLine("C:\\out\\Text\\rec.txt"));
+    fix();
+    EXPECT_EQ(html(), hrefLine("../Xml/rec.x|?") + hrefLine("../Text/rec.txt"));
+    EXPECT_THAT(desktop.messages, IsEmpty());
+}
+
+TEST_F(RelativeLinks, Links_by_the_paths_of_another_machine_stay) {
+    const std::string page = hrefLine(R"(C:\out\Text\rec.txt)");
+    putHtml(page);
+    static_cast<void>(rewriteRecordLinks(definition, world.files(), folders, MachinePaths(),
+                                         "rec.met", "C:\\in\\x"));
+    EXPECT_EQ(html(), page);
+}
+
 TEST_F(RelativeLinks, What_became_of_the_pages_is_told_and_nothing_is_left_of_the_way_there) {
     putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), folders, WindowsToolPaths(), "rec.met",
                                  "C:\\in\\slot 2"),
               (RewrittenPages{.html = false, .faq = true}));
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
-    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
+    EXPECT_EQ(rewriteRecordLinks(definition, world.files(), folders, WindowsToolPaths(), "rec.met",
                                  "C:\\in\\slot 2"),
               (RewrittenPages{.html = true, .faq = true}));
     EXPECT_THAT(world.files().listFiles("C:\\in", "").names, IsEmpty());
@@ -331,8 +380,8 @@ TEST_F(RelativeLinks, The_file_of_another_name_is_left_alone_and_one_of_this_nam
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     world.write("C:\\in\\slot 1.tmp", "of another slot");
     world.write("C:\\in\\slot 2.tmp", "of an earlier call");
-    static_cast<void>(rewriteRecordLinks(definition, world.files(), WindowsToolPaths(), "rec.met",
-                                         "C:\\in\\slot 2"));
+    static_cast<void>(rewriteRecordLinks(definition, world.files(), folders, WindowsToolPaths(),
+                                         "rec.met", "C:\\in\\slot 2"));
     EXPECT_THAT(world.files().listFiles("C:\\in", "").names, ElementsAre("slot 1.tmp"));
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
 }
@@ -341,8 +390,8 @@ TEST_F(RelativeLinks, An_error_is_raised_to_whoever_rewrites_without_a_desktop) 
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     FaultyFiles faulty(world.files());
     faulty.failAt(FileOperation::Read, 1, RunTimeError(ErrorNumber::DeviceIO));
-    EXPECT_THROW(static_cast<void>(rewriteRecordLinks(definition, faulty, WindowsToolPaths(),
-                                                      "rec.met", "C:\\in\\x")),
+    EXPECT_THROW(static_cast<void>(rewriteRecordLinks(definition, faulty, folders,
+                                                      WindowsToolPaths(), "rec.met", "C:\\in\\x")),
                  RunTimeError);
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt"));
     EXPECT_THAT(desktop.messages, IsEmpty());

@@ -29,9 +29,9 @@ void loseOutput();
 
 // A program that a test has started; ended, at once and without being asked, by the destructor at
 // the latest.
-class StartedProgram {
+class KillableProgram {
   public:
-    virtual ~StartedProgram() = default;
+    virtual ~KillableProgram() = default;
     virtual void kill() = 0; // and waits until it is gone
 };
 
@@ -50,7 +50,7 @@ class RunnerPlatform {
     [[nodiscard]] virtual std::string program(const std::string& name) const = 0;
     // How a tool ends that crashes: its kind and its code.
     [[nodiscard]] virtual ToolEnd endOfCrash() const = 0;
-    [[nodiscard]] virtual std::unique_ptr<StartedProgram>
+    [[nodiscard]] virtual std::unique_ptr<KillableProgram>
     start(const std::string& program, const std::vector<std::string>& arguments) = 0;
     // Whether the process of that number is at work.
     [[nodiscard]] virtual bool isAtWork(unsigned long process) const = 0;

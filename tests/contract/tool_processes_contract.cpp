@@ -189,10 +189,11 @@ TEST_F(ToolProcessesContract, After_a_halt_no_tool_is_started) {
 TEST_F(ToolProcessesContract, What_cannot_be_started_is_told_by_the_error_of_the_system) {
     put("text.exe", "no program");
     files.createFolder(in("folder.exe"));
+    const std::string folder = platform->libraryPath(platform->scratch());
     for (const std::string_view name :
-         {"missing.exe", "text.exe", "folder.exe", R"(missing\tool.exe)", R"(text.exe\tool.exe)"}) {
+         {"/missing.exe", "/text.exe", "/folder.exe", "/missing/tool", "/text.exe/tool", ""}) {
         ToolCall wrong = call({"status", "0"});
-        wrong.program = platform->libraryPath(in(name));
+        wrong.program = name.empty() ? "" : folder + std::string(name);
         const ToolEnd end = tools->run(wrong);
         EXPECT_EQ(end.kind, ToolEnd::Kind::NotStarted) << name;
         EXPECT_NE(end.code, 0) << name;

@@ -16,14 +16,14 @@
 namespace tarnwick {
 namespace {
 
-class Win32StartedProgram final : public StartedProgram {
+class Win32KillableProgram final : public KillableProgram {
   public:
-    explicit Win32StartedProgram(HANDLE process) : process_(process) {}
-    Win32StartedProgram(const Win32StartedProgram&) = delete;
-    Win32StartedProgram& operator=(const Win32StartedProgram&) = delete;
-    Win32StartedProgram(Win32StartedProgram&&) = delete;
-    Win32StartedProgram& operator=(Win32StartedProgram&&) = delete;
-    ~Win32StartedProgram() override { Win32StartedProgram::kill(); }
+    explicit Win32KillableProgram(HANDLE process) : process_(process) {}
+    Win32KillableProgram(const Win32KillableProgram&) = delete;
+    Win32KillableProgram& operator=(const Win32KillableProgram&) = delete;
+    Win32KillableProgram(Win32KillableProgram&&) = delete;
+    Win32KillableProgram& operator=(Win32KillableProgram&&) = delete;
+    ~Win32KillableProgram() override { Win32KillableProgram::kill(); }
 
     void kill() override {
         TerminateProcess(process_.get(), 96);
@@ -54,7 +54,7 @@ class Win32RunnerPlatform final : public RunnerPlatform {
     [[nodiscard]] ToolEnd endOfCrash() const override {
         return {.kind = ToolEnd::Kind::Exited, .code = EXCEPTION_ACCESS_VIOLATION, .said = {}};
     }
-    [[nodiscard]] std::unique_ptr<StartedProgram>
+    [[nodiscard]] std::unique_ptr<KillableProgram>
     start(const std::string& program, const std::vector<std::string>& arguments) override {
         std::vector<std::wstring> wide;
         for (const std::string& argument : arguments) {
@@ -69,7 +69,7 @@ class Win32RunnerPlatform final : public RunnerPlatform {
             throw std::runtime_error("cannot start " + program);
         }
         const Handle thread(started.hThread);
-        return std::make_unique<Win32StartedProgram>(started.hProcess);
+        return std::make_unique<Win32KillableProgram>(started.hProcess);
     }
     [[nodiscard]] bool isAtWork(unsigned long process) const override {
         const Handle opened(OpenProcess(SYNCHRONIZE, FALSE, process));

@@ -86,8 +86,8 @@ std::optional<Stamp> PosixFileStamps::stampOf(std::string_view path) const {
         raiseSystemError(EACCES);
     }
     try {
-        const bool found = ::stat(paths_.placeFor(path).c_str(), &status) == 0;
-        return found ? stampFrom(status) : std::nullopt;
+        const auto found = paths_.find(path);
+        return found.status ? stampFrom(*found.status) : std::nullopt;
     } catch (const RunTimeError& error) {
         if (!error.is(ErrorNumber::PathNotFound)) {
             throw;

@@ -8,10 +8,9 @@
 namespace tarnwick {
 
 // A link to a file is that file; no file is hidden. A folder is read by one thread; where it holds
-// many files, up to eight ask for their stamps. stampOf() looks for folders in any case of letters,
-// but for the file itself as it is spelled: mostly it is asked for a product, which the tool is
-// told to make under that name and which often is not there yet; to look for such a one in any case
-// is to read the whole folder each time.
+// many files, up to eight ask for their stamps. stampOfExact() is for a product, which the tool is
+// told to make under that name and which often is not there yet: to look for such a one in any case
+// of letters is to read the whole folder each time.
 class PosixFileStamps : public FileStamps {
   public:
     // As PosixFiles.

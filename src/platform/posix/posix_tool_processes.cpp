@@ -5,10 +5,20 @@
 
 #include <sys/eventfd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 
 namespace tarnwick {
+namespace {
+
+// A NUL ends what a program is given: it would get something else.
+bool canBeGiven(const ToolCall& call) {
+    return std::ranges::none_of(
+        call.arguments, [](const std::string& argument) { return argument.contains('\0'); });
+}
+
+} // namespace
 
 PosixToolProcesses::PosixToolProcesses() : halt_(::eventfd(0, EFD_CLOEXEC)) {
     if (!halt_.isOpen()) {
@@ -20,6 +30,11 @@ ToolEnd PosixToolProcesses::run(const ToolCall& call) {
     ToolEnd end;
     if (halted_) {
         end.kind = ToolEnd::Kind::Halted;
+        return end;
+    }
+    if (!canBeGiven(call)) {
+        end.kind = ToolEnd::Kind::NotStarted;
+        end.code = EINVAL;
         return end;
     }
     std::atomic<pid_t>* const place = warden_.takePlace();

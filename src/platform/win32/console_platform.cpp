@@ -12,7 +12,6 @@
 #include "platform/win32/win32_settings_store.hpp"
 #include "platform/win32/win32_terminal.hpp"
 #include "platform/win32/win32_tool_processes.hpp"
-#include "platform/windows_tool_paths.hpp"
 
 #include <windows.h>
 

@@ -43,17 +43,18 @@ class StampsHere : public testing::Test {
 TEST_F(StampsHere, Tell_size_and_time_to_the_nanosecond) {
     write("a.met", "12345", 1'000'000'000, 123'456'789);
     const Stamp stamp{.size = 5, .time = 1'000'000'000'123'456'789};
-    EXPECT_EQ(stamps_.stampOf(R"(T:\IN\a.met)"), stamp);
+    EXPECT_EQ(stamps_.stampOf(R"(T:\IN\A.MET)"), stamp);
     EXPECT_EQ(stamps_.stampOf(R"(T:\In\a.met)"), stamp);
     EXPECT_EQ(sorted(), (std::vector<StampedFile>{{.name = "a.met", .stamp = stamp}}));
 }
 
-TEST_F(StampsHere, A_file_is_meant_as_it_is_spelled) {
+TEST_F(StampsHere, A_file_is_first_the_one_that_is_spelled_so) {
     write("a.met", "lower", 1, 0);
     write("A.met", "upper case", 2, 0);
     EXPECT_EQ(stamps_.stampOf(R"(t:\in\a.met)")->size, 5U);
     EXPECT_EQ(stamps_.stampOf(R"(t:\in\A.met)")->size, 10U);
-    EXPECT_EQ(stamps_.stampOf(R"(t:\in\A.MET)"), std::nullopt);
+    EXPECT_EQ(stamps_.stampOf(R"(t:\in\A.MET)")->size, 10U);
+    EXPECT_EQ(stamps_.stampOfExact(R"(T:\In\A.MET)"), std::nullopt);
 }
 
 TEST_F(StampsHere, A_time_before_1970_is_negative) {

@@ -5,7 +5,6 @@
 #include "child_run.hpp"
 #include "page_set.hpp"
 #include "platform/posix/posix_files.hpp"
-#include "platform/windows_tool_paths.hpp"
 #include "postprocess/relative_links.hpp"
 
 #include <algorithm>

@@ -19,4 +19,13 @@ class ToolPaths {
     [[nodiscard]] virtual char separator() const noexcept = 0;
 };
 
+// Those of Windows: the paths as they are, be they possible or not.
+class WindowsToolPaths final : public ToolPaths {
+  public:
+    [[nodiscard]] std::string toolPath(std::string_view path) const override {
+        return std::string(path);
+    }
+    [[nodiscard]] char separator() const noexcept override { return '\\'; }
+};
+
 } // namespace tarnwick

@@ -167,15 +167,6 @@ class RecordPages {
     std::string besideName_;
 };
 
-// In a batch file a path is what the definition made of it, be it possible or not.
-class BatchFilePaths final : public ToolPaths {
-  public:
-    [[nodiscard]] std::string toolPath(std::string_view path) const override {
-        return std::string(path);
-    }
-    [[nodiscard]] char separator() const noexcept override { return '\\'; }
-};
-
 } // namespace
 
 RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
@@ -190,7 +181,7 @@ void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& 
                       std::string_view /*sFolder*/, std::string_view sFile) {
     trap(desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
         KnownFolders folders(files);
-        static_cast<void>(rewriteRecordLinks(definition, files, folders, BatchFilePaths(), sFile,
+        static_cast<void>(rewriteRecordLinks(definition, files, folders, WindowsToolPaths(), sFile,
                                              joinPath(definition.sInputFolder, "tarnwick")));
     });
 }

@@ -77,17 +77,20 @@ void askForStamps(const ListedFolder& folder, std::vector<StampedFile>& files) {
 
 } // namespace
 
-std::optional<Stamp> PosixFileStamps::stampOf(std::string_view path) const {
+namespace {
+
+// `hostPath()` is asked only where nothing is at `spelled`.
+template <typename HostPath>
+std::optional<Stamp> stampAt(const std::string& spelled, HostPath&& hostPath) {
     struct stat status{};
-    if (::stat(paths_.spelled(path).c_str(), &status) == 0) {
+    if (::stat(spelled.c_str(), &status) == 0) {
         return stampFrom(status);
     }
     if (errno == EACCES) {
         raiseSystemError(EACCES);
     }
     try {
-        const auto found = paths_.find(path);
-        return found.status ? stampFrom(*found.status) : std::nullopt;
+        return ::stat(hostPath().c_str(), &status) == 0 ? stampFrom(status) : std::nullopt;
     } catch (const RunTimeError& error) {
         if (!error.is(ErrorNumber::PathNotFound)) {
             throw;
@@ -96,14 +99,14 @@ std::optional<Stamp> PosixFileStamps::stampOf(std::string_view path) const {
     return std::nullopt;
 }
 
+} // namespace
+
+std::optional<Stamp> PosixFileStamps::stampOf(std::string_view path) const {
+    return stampAt(paths_.spelled(path), [&] { return paths_.hostPath(path); });
+}
+
 std::optional<Stamp> PosixFileStamps::stampOfExact(std::string_view path) const {
-    struct stat status{};
-    const std::string spelled = paths_.spelled(path);
-    if (::stat(spelled.c_str(), &status) == 0) {
-        return stampFrom(status);
-    }
-    const bool folderIsThere = ::stat(spelled.substr(0, spelled.rfind('/')).c_str(), &status) == 0;
-    return folderIsThere && errno != EACCES ? std::nullopt : stampOf(path);
+    return stampAt(paths_.spelled(path), [&] { return paths_.placeFor(path); });
 }
 
 StampedListing PosixFileStamps::listStamped(std::string_view folder) const {

@@ -8,9 +8,9 @@
 namespace tarnwick {
 
 // A link to a file is that file; no file is hidden. A folder is read by one thread; where it holds
-// many files, up to eight ask for their stamps. stampOfExact() is for a product, which the tool is
-// told to make under that name and which often is not there yet: to look for such a one in any case
-// of letters is to read the whole folder each time.
+// many files, up to eight ask for their stamps. To look for a file that is not there in any case of
+// letters is to read the whole folder: stampOfExact() is for products, which a tool is told to make
+// under that name and which often are not there yet. Their folders match in any case all the same.
 class PosixFileStamps : public FileStamps {
   public:
     // As PosixFiles.

@@ -1,5 +1,4 @@
 #include "platform/run_time_error.hpp"
-#include "platform/windows_tool_paths.hpp"
 #include "postprocess/relative_links.hpp"
 #include "support/faulty_files.hpp"
 #include "support/messages.hpp"

@@ -111,6 +111,7 @@ TEST_F(StampsHere, Of_many_files_each_has_its_own) {
 TEST_F(StampsHere, What_is_not_there_has_none) {
     EXPECT_EQ(stamps_.stampOf(R"(T:\In\gone.met)"), std::nullopt);
     EXPECT_EQ(stamps_.stampOf(R"(T:\gone\a.met)"), std::nullopt);
+    EXPECT_EQ(stamps_.stampOfExact(R"(T:\gone\a.met)"), std::nullopt);
     EXPECT_EQ(raisedBy([&] { return stamps_.stampOf(R"(X:\a.met)"); }), 68);
     EXPECT_EQ(raisedBy([&] { return stamps_.stampOf(R"(T:\a?.met)"); }), 52);
     EXPECT_EQ(raisedBy([&] { return stamps_.listStamped("T:\\gone"); }), 76);

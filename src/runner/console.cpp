@@ -40,11 +40,6 @@ void Console::planned(const Job& job, const Products& /*products*/, const Plan& 
     begun_ = clock_.steadySeconds();
     drawn_ = begun_;
     progress_.all = plan.toRun.size();
-    if (!style_.quiet) {
-        for (const std::string& remark : job.remarks) {
-            complain(remark);
-        }
-    }
     for (const auto& [name, why] : job.refused) {
         say(red("FAILED") + " " + visibleText(name) + ": " + visibleText(why));
     }

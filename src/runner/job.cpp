@@ -12,7 +12,6 @@
 #include "runner/clashes.hpp"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace tarnwick {
@@ -31,6 +30,7 @@ class JobCheck {
     JobCheck(BatchDefinition definition, const JobRequest& request, const JobServices& services)
         : request_(request), services_(services) {
         checked_.job.definition = std::move(definition);
+        checked_.job.remarks = request.remarks;
     }
 
     CheckedJob run() {
@@ -143,15 +143,11 @@ class JobCheck {
 
     // One cause of many faults, where a system has no drives of its own.
     void tellMissingDrives() {
-        std::set<std::string> missing;
-        for (const std::string* const path :
-             {&definition().sMPExecutable, &definition().sCNSExecutable,
-              &definition().sInputFolder}) {
-            const std::string drive = isFullPath(*path) ? driveOf(trim(*path)) : "";
+        for (const std::string& drive : request_.drives) {
             try {
-                static_cast<void>(drive.empty() ? "" : services_.paths.toolPath(drive + "\\"));
+                static_cast<void>(services_.paths.toolPath(drive + "\\"));
             } catch (const RunTimeError& error) {
-                if (error.is(ErrorNumber::DeviceUnavailable) && missing.insert(drive).second) {
+                if (error.is(ErrorNumber::DeviceUnavailable)) {
                     fault("There is no drive " + drive + " here: --drive " + drive +
                           "=FOLDER says where it lies.");
                 }
@@ -221,7 +217,10 @@ class JobCheck {
         });
         for (std::size_t place = 0; place < asked.size(); ++place) {
             if (!asked[place]) {
-                fault("No record is named " + quoted(request_.records[place]) + ".");
+                const bool hasFolder =
+                    request_.records[place].find_first_of("\\/") != std::string::npos;
+                fault("No record is named " + quoted(request_.records[place]) +
+                      (hasFolder ? ": records are named without their folder." : "."));
             }
         }
     }

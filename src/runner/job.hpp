@@ -21,6 +21,8 @@ struct JobRequest {
     std::string cnsExecutable;
     std::vector<std::string> records; // names or patterns; none at all: every record
     bool inPlace = false;             // a record may be overwritten by what is made of it
+    std::vector<std::string> drives;  // that the definition names, as "T:"
+    std::vector<std::string> remarks; // on what was read, for the user
 };
 
 struct RefusedRecord {

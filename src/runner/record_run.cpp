@@ -59,7 +59,7 @@ void RecordRun::makeProducts(RecordOutcome& outcome) {
         }
     }
     if (rewritesLinks(job_.definition)) {
-        rewriteLinks(calls.back());
+        rewriteLinks(calls.back(), outcome.record);
     }
     takeStamps(outcome);
 }
@@ -145,9 +145,22 @@ void RecordRun::removeProducts(Tool tool, const std::string& record, const Stamp
     }
 }
 
-void RecordRun::rewriteLinks(const RecordCall& lastCall) {
-    static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, folders_, paths_,
-                                         lastCall.step.sFile, temporary_));
+// A page whose links lead by full paths is not what was asked for: as with a call that failed, it
+// does not stay.
+void RecordRun::rewriteLinks(const RecordCall& lastCall, const std::string& record) {
+    try {
+        static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, folders_, paths_,
+                                             lastCall.step.sFile, temporary_));
+    } catch (const RunTimeError& error) {
+        for (const ProductKind& kind : products_.kinds()) {
+            if (!settings_.keepPartial && (kind.label == "html" || kind.label == "faq")) {
+                removeQuietly(services_.files, products_.pathOf(kind, record));
+            }
+        }
+        ErrorRecord told = error.record();
+        told.description = "its links could not be made relative: " + told.description;
+        throw RunTimeError(std::move(told));
+    }
 }
 
 void RecordRun::takeStamps(RecordOutcome& outcome) const {

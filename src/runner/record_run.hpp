@@ -44,7 +44,7 @@ class RecordRun {
     [[nodiscard]] std::string missingProduct(Tool tool, const std::string& record,
                                              const Stamps& before) const;
     void removeProducts(Tool tool, const std::string& record, const Stamps& before);
-    void rewriteLinks(const RecordCall& lastCall);
+    void rewriteLinks(const RecordCall& lastCall, const std::string& record);
     void takeStamps(RecordOutcome& outcome) const;
     [[nodiscard]] bool isRecordItself(const ProductKind& kind, const std::string& record) const;
 

@@ -27,7 +27,13 @@ class Results {
     Results& operator=(const Results&) = delete;
     Results(Results&&) = delete;
     Results& operator=(Results&&) = delete;
-    ~Results() { give(); }
+    ~Results() = default;
+
+    // What is left. Whether all could be written.
+    [[nodiscard]] bool finish() {
+        give();
+        return written_;
+    }
 
     void add(std::string_view text) {
         waiting_ += text;
@@ -40,12 +46,13 @@ class Results {
     static constexpr std::size_t piece = 64UZ * 1024;
 
     void give() {
-        terminal_.write(Stream::Output, waiting_);
+        written_ = terminal_.write(Stream::Output, waiting_) && written_;
         waiting_.clear();
     }
 
     Terminal& terminal_;
     std::string waiting_;
+    bool written_ = true;
 };
 
 JobServices jobServices(const RunnerServices& services) {
@@ -69,6 +76,9 @@ class DefinitionRun {
             auto [job, faults] = checkJob(definition, request_.job, jobServices(services_));
             if (!faults.empty()) {
                 return refuse(faults);
+            }
+            for (const std::string& remark : job.remarks) {
+                console_.complain(remark);
             }
             KnownFolders folders(services_.files);
             const Products products(job.definition, folders);
@@ -100,7 +110,7 @@ class DefinitionRun {
         }
         if (history.damaged > 0) {
             console_.complain(std::to_string(history.damaged) +
-                              " lines of the run log are damaged; they are dropped.");
+                              " damaged line(s) of the run log are dropped.");
         }
         return history;
     }
@@ -120,15 +130,36 @@ class DefinitionRun {
                         "  " + (runs ? reasonText(next->reason, products) : "up to date") + "\n");
             next += runs ? 1 : 0;
         }
-        return ExitStatus::Done;
+        return statusOf(results);
+    }
+
+    ExitStatus statusOf(Results& results) {
+        if (results.finish()) {
+            return ExitStatus::Done;
+        }
+        console_.complain("The results could not be written.");
+        return ExitStatus::SomeFailed;
+    }
+
+    // Raises, in a sentence that names the folder.
+    std::unique_ptr<HeldLock> lockState(const std::string& lockPath) {
+        try {
+            if (!FolderExists(services_.files, request_.stateFolder)) {
+                services_.files.createFolder(request_.stateFolder);
+            }
+            return services_.locks.tryLock(lockPath, request_.holder);
+        } catch (const RunTimeError& error) {
+            ErrorRecord record = error.record();
+            record.description =
+                "The folder " + quoted(shownPath(services_.paths, request_.stateFolder)) +
+                ", for what is known of runs, cannot be used: " + record.description;
+            throw RunTimeError(std::move(record));
+        }
     }
 
     ExitStatus run(Job& job, const Products& products) {
-        if (!FolderExists(services_.files, request_.stateFolder)) {
-            services_.files.createFolder(request_.stateFolder);
-        }
         const std::string lockPath = joinPath(request_.stateFolder, "lock");
-        const auto lock = services_.locks.tryLock(lockPath, request_.holder);
+        const auto lock = lockState(lockPath);
         if (!lock) {
             return refuse({"Another tarnwick-run is at work on this definition: " +
                            services_.locks.holderOf(lockPath) + "."});
@@ -239,6 +270,9 @@ ExitStatus printCalls(const BatchDefinition& definition, const RunRequest& reque
     if (!faults.empty()) {
         return ExitStatus::NothingRun;
     }
+    for (const std::string& remark : job.remarks) {
+        console.complain(remark);
+    }
     for (const auto& [name, why] : job.refused) {
         console.complain(name + ": " + why + ".");
     }
@@ -265,6 +299,10 @@ ExitStatus printCalls(const BatchDefinition& definition, const RunRequest& reque
             results.add(utf8(jsonLine(record.name, calls)) + "\n");
             break;
         }
+    }
+    if (!results.finish()) {
+        console.complain("The calls could not be written.");
+        return ExitStatus::SomeFailed;
     }
     return job.refused.empty() ? ExitStatus::Done : ExitStatus::SomeFailed;
 }

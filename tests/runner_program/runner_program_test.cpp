@@ -135,6 +135,27 @@ TEST_F(RunnerProgram, Without_its_drive_a_definition_is_refused_with_a_hint) {
     EXPECT_THAT(error(), HasSubstr("--drive"));
 }
 
+TEST_F(RunnerProgram, An_output_without_its_folder_is_told_and_the_others_are_made) {
+    writeRecords(1);
+    script("mp", "echo errors > \"$4\"");
+    std::string text = contentOf(definition());
+    const std::string place = "GRID_Html=T:\\out";
+    text.replace(text.find(place), place.size(), "GRID_Html=T:\\gone");
+    write("night.ini", text);
+    EXPECT_EQ(run({definition(), "-q"}), 0);
+    EXPECT_EQ(error(), "tarnwick-run: The folder \"T:\\gone\" does not exist: the output \"Html\" "
+                       "is not made.\n");
+}
+
+TEST_F(RunnerProgram, Results_that_cannot_be_written_are_no_success) {
+    writeRecords(1);
+    const std::string words =
+        std::string(TARNWICK_RUN) + " commands " + definition() + " --drive T:=" + root_.string();
+    StartedProgram program({"sh", "-c", words + " >/dev/full"}, root_ / "said");
+    EXPECT_EQ(program.wait(), 1);
+    EXPECT_THAT(error(), HasSubstr("could not be written"));
+}
+
 TEST_F(RunnerProgram, An_output_folder_that_cannot_be_written_is_told_before_anything_is_started) {
     writeRecords(1);
     std::string text = contentOf(definition());

@@ -6,6 +6,7 @@
 #include "definition/start_up.hpp"
 #include "options.hpp"
 #include "platform/run_time_error.hpp"
+#include "runner/definition_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <exception>
@@ -33,24 +34,21 @@ class RunnerMain {
 
     ExitStatus run() {
         const std::string file = platform_->typedPath(options_.definition);
-        const BatchDefinition definition = readDefinitionFile(file);
-        const RunRequest request = requestFor(file);
+        const std::string text = textOf(file);
+        const BatchDefinition definition = definitionOf(file, text);
+        RunRequest request = requestFor(file);
+        request.job.drives = drivesNamed(text);
+        request.job.remarks = outputsPassedOver(text, definition, platform_->files());
         return options_.command == RunnerOptions::Command::Run
                    ? runDefinition(definition, request, services_)
                    : printCalls(
                          definition, request, options_.format,
-                         [this](std::string_view text) { return platform_->utf8(text); },
+                         [this](std::string_view calls) { return platform_->utf8(calls); },
                          services_);
     }
 
   private:
-    BatchDefinition readDefinitionFile(const std::string& file) {
-        BatchDefinition definition =
-            definitionAtStartUp(platform_->process(), platform_->files(), platform_->settings());
-        if (platform_->process().programFolder().empty()) {
-            definition.sAppFolder = GetFolderPath(file) + "\\";
-        }
-        definition.sINIFile = file;
+    std::string textOf(const std::string& file) {
         if (FolderExists(platform_->files(), file)) {
             refuse(" is a folder.");
         }
@@ -58,7 +56,21 @@ class RunnerMain {
             refuse(" does not exist.");
         }
         try {
-            readDefinition(definition, platform_->files(), platform_->definitionText(file));
+            return platform_->definitionText(file);
+        } catch (const RunTimeError& error) {
+            refuse(" cannot be read: " + error.record().description + ".");
+        }
+    }
+
+    BatchDefinition definitionOf(const std::string& file, std::string_view text) {
+        BatchDefinition definition =
+            definitionAtStartUp(platform_->process(), platform_->files(), platform_->settings());
+        if (platform_->process().programFolder().empty()) {
+            definition.sAppFolder = GetFolderPath(file) + "\\";
+        }
+        definition.sINIFile = file;
+        try {
+            readDefinition(definition, platform_->files(), text);
         } catch (const RunTimeError& error) {
             refuse(" cannot be read: " + error.record().description + ".");
         }

@@ -27,6 +27,8 @@ Exit status: 0 everything is made or was; 1 some records failed; 2 nothing was
 run; 130 or 143 interrupted. What is known of the last runs lies beside the
 definition, in DEFINITION.state.)";
 
+constexpr std::string_view tryHelp = "\nTry: tarnwick-run --help\n";
+
 // Seconds of "90", "90s", "5m" or "2h".
 std::string readDuration(const std::string& text, std::optional<double>& seconds) {
     const std::map<char, double> units{{'s', 1}, {'m', 60}, {'h', 3600}};
@@ -75,9 +77,10 @@ void addHow(CLI::App& app, Typed& typed) {
     app.add_flag("--dry-run", typed.options.dryRun, "run nothing; say what would be, and why");
     app.add_option("--accept", typed.accept, "statuses of a tool that has done its work (0)");
     app.add_option("--timeout", typed.timeout, "end a tool that takes longer: 90, 90s, 5m, 2h");
-    app.add_option("--retries", settings.retries, "so many more attempts, when a record fails");
+    app.add_option("--retries", settings.retries, "so many more attempts, when a record fails")
+        ->check(CLI::Range(0, 1000));
     app.add_option("--stop-after", typed.stopAfter, "begin nothing more after so many failures")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(1, 1'000'000'000));
     app.add_flag("--keep-partial", settings.keepPartial, "keep what a failed tool has made");
     app.add_option("--state", typed.options.state, "keep what is known of runs in this folder");
 }
@@ -164,7 +167,7 @@ std::variant<RunnerOptions, PrintedText> parseOptions(std::vector<std::string> a
         std::ranges::reverse(arguments);
         app.parse(std::move(arguments));
         if (const auto wrong = readTexts(typed); !wrong.empty()) {
-            return PrintedText{.text = wrong + "\n", .wrongUse = true};
+            return PrintedText{.text = wrong + std::string(tryHelp), .wrongUse = true};
         }
         return std::move(typed.options);
     } catch (const CLI::CallForHelp&) {
@@ -172,7 +175,7 @@ std::variant<RunnerOptions, PrintedText> parseOptions(std::vector<std::string> a
     } catch (const CLI::CallForVersion& version) {
         return PrintedText{.text = std::string(version.what()) + "\n", .wrongUse = false};
     } catch (const CLI::ParseError& error) {
-        return PrintedText{.text = std::string(error.what()) + "\nTry: tarnwick-run --help\n",
+        return PrintedText{.text = std::string(error.what()) + std::string(tryHelp),
                            .wrongUse = true};
     }
 }

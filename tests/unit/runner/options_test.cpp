@@ -119,6 +119,8 @@ TEST(Options, What_is_wrong_is_told_and_nothing_is_run) {
              {{"a.ini", "-n"}, "-n"}, // of Tarnwick.exe, and nothing here
              {{"a.ini", "-j", "0"}, "-j"},
              {{"a.ini", "-j", "many"}, "-j"},
+             {{"a.ini", "--retries", "-1"}, "--retries"},
+             {{"a.ini", "--stop-after", "0"}, "--stop-after"},
              {{"a.ini", "--timeout", "soon"}, "soon"},
              {{"a.ini", "--timeout", "-1"}, "-1"},
              {{"a.ini", "--accept", "0,x"}, "0,x"},

@@ -104,7 +104,7 @@ fuzz:
 ENDINGS ?= 200
 torture: windows
 	@$(ensure) $(wine_packages)
-	TARNWICK_TORTURE=$(ENDINGS) cmake/on-virtual-screen ctest --preset windows -R torture_tests --verbose
+	TARNWICK_TORTURE=$(ENDINGS) cmake/on-virtual-screen ctest --preset windows -R 'torture_tests|console_runner_tests' --verbose
 
 # The figure for the logic without windows; below 95 % of lines this fails.
 coverage:

@@ -1,5 +1,6 @@
 ; The installer: for everybody on the machine when an administrator runs it, else for the user alone.
-; Silent: Tarnwick-2.0.0.7-setup.exe /S [/AllUsers | /CurrentUser] [/D=C:\folder with blanks]
+; Silent: Tarnwick-2.0.0.7-setup.exe /S [/AllUsers | /CurrentUser] [/PATH] [/D=C:\folder with blanks]
+; /PATH: tarnwick-run is found from every folder.
 ; Wants VERSION, FILES (the folder of what is installed), ICON and INSTALLER (the file to make).
 
 Unicode true
@@ -31,6 +32,9 @@ BrandingText "Tarnwick ${VERSION}"
 !include FileFunc.nsh
 !addincludedir "${__FILEDIR__}"
 !include safe-folder.nsh
+!include Sections.nsh
+!include WinMessages.nsh
+!include search-path.nsh
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
@@ -38,6 +42,7 @@ BrandingText "Tarnwick ${VERSION}"
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_FUNCTION startAsTheUser
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
+!insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -79,6 +84,7 @@ Function .onInit
   ${If} $R0 != ""
     StrCpy $INSTDIR $R0
   ${EndIf}
+  Call chooseSearchPath
 FunctionEnd
 
 ; Without the rights for what was asked there would be a message, for which nobody may be there.
@@ -128,6 +134,7 @@ FunctionEnd
 
 !macro REQUIRE_PROGRAM_AT_REST
   !insertmacro REQUIRE_FREE "Tarnwick.exe" "Tarnwick is running. Please close it and start this again."
+  !insertmacro REQUIRE_FREE "tarnwick-run.exe" "tarnwick-run is at work. Please let it end and start this again."
   !insertmacro REQUIRE_FREE "Tarnwick.chm" "The manual of Tarnwick is open. Please close it and start this again."
 !macroend
 
@@ -151,8 +158,10 @@ FunctionEnd
 
 !macro FOR_EVERY_FILE DO
   !insertmacro ${DO} "Tarnwick.exe"
+  !insertmacro ${DO} "tarnwick-run.exe"
   !insertmacro ${DO} "Tarnwick.chm"
   !insertmacro ${DO} "Tarnwick.txt"
+  !insertmacro ${DO} "CLI11-licence.txt"
   !insertmacro ${DO} "Uninstall.exe"
 !macroend
 
@@ -164,13 +173,23 @@ FunctionEnd
   Delete "$INSTDIR\Tarnwick.old\${NAME}"
 !macroend
 
+!macro FORGET_SEARCH_PATH UN
+  ReadRegStr $R4 SHCTX "${UNINSTALL_KEY}" "SearchPath"
+  ${If} $R4 != ""
+    StrCpy $R5 "remove"
+    Call ${UN}changeSearchPath
+    DeleteRegValue SHCTX "${UNINSTALL_KEY}" "SearchPath"
+  ${EndIf}
+!macroend
+
 Function un.onInit
   SetRegView 64
   Call un.refuseQuietly
   !insertmacro MULTIUSER_UNINIT
 FunctionEnd
 
-Section
+Section "Tarnwick"
+  SectionIn RO
   !insertmacro REQUIRE_PROGRAM_AT_REST
   !insertmacro REQUIRE_FREE "Tarnwick.txt" "Tarnwick.txt is in use. Please close it and start this again."
   ${If} $MultiUser.InstallMode == "AllUsers"
@@ -181,8 +200,10 @@ Section
   SetOutPath "$INSTDIR\Tarnwick.new"
   ClearErrors
   File "${FILES}\Tarnwick.exe"
+  File "${FILES}\tarnwick-run.exe"
   File "${FILES}\Tarnwick.chm"
   File "${FILES}\Tarnwick.txt"
+  File "${FILES}\CLI11-licence.txt"
   WriteUninstaller "$INSTDIR\Tarnwick.new\Uninstall.exe"
   SetOutPath "$INSTDIR"
   ${If} ${Errors}
@@ -223,14 +244,51 @@ Section
     WriteRegExpandStr HKLM "${EVENT_SOURCE_KEY}" "EventMessageFile" "$INSTDIR\Tarnwick.exe"
     WriteRegDWORD HKLM "${EVENT_SOURCE_KEY}" "TypesSupported" 7 ; errors, warnings, information
   ${EndIf}
+
+  !insertmacro FORGET_SEARCH_PATH "" ; of an older version, which may lie elsewhere
 SectionEnd
+
+Section /o "tarnwick-run on the PATH" searchPath
+  StrCpy $R4 $INSTDIR
+  StrCpy $R5 "add"
+  StrCpy $R6 "no"
+  System::Call 'shlwapi::StrCSpnW(w R4, w ";%") i .r0'
+  StrLen $1 $R4
+  ${If} $0 = $1 ; else it would be more than one entry, or another folder
+    Call changeSearchPath
+  ${EndIf}
+  ${If} $R6 == "yes"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "SearchPath" "$INSTDIR"
+  ${Else}
+    MessageBox MB_OK|MB_ICONINFORMATION "The PATH was left as it is." /SD IDOK
+  ${EndIf}
+SectionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+  !insertmacro MUI_DESCRIPTION_TEXT ${searchPath} "The command tarnwick-run, which runs definitions without a window, is found from every folder."
+!insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+; Who had it has it again.
+Function chooseSearchPath
+  ReadRegStr $R2 SHCTX "${UNINSTALL_KEY}" "SearchPath"
+  ${GetParameters} $R1
+  ClearErrors
+  ${GetOptions} $R1 "/PATH" $R3
+  ${IfNot} ${Errors}
+  ${OrIf} $R2 != ""
+    !insertmacro SelectSection ${searchPath}
+  ${EndIf}
+FunctionEnd
 
 ; File by file: the folder may hold the user's INI files, tools and records, and they stay.
 Section "Uninstall"
   !insertmacro REQUIRE_PROGRAM_AT_REST
+  !insertmacro FORGET_SEARCH_PATH "un."
   Delete "$INSTDIR\Tarnwick.exe"
+  Delete "$INSTDIR\tarnwick-run.exe"
   Delete "$INSTDIR\Tarnwick.chm"
   Delete "$INSTDIR\Tarnwick.txt"
+  Delete "$INSTDIR\CLI11-licence.txt"
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Tarnwick\Tarnwick.lnk"

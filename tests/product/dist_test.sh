@@ -38,11 +38,14 @@ The_program_is_smaller_than_two_megabytes() {
     [ "$(stat -c %s "$build/windows/Tarnwick.exe")" -lt 2000000 ]
 }
 
-The_zip_holds_the_program_its_help_and_a_note() {
+The_zip_holds_the_programs_their_help_a_note_and_a_licence() {
     unzip -q -d "$work" "$dist"/Tarnwick-*.zip
     [ "$(cd "$work" && find Tarnwick -type f | LC_ALL=C sort | xargs)" = \
-        "Tarnwick/Tarnwick.chm Tarnwick/Tarnwick.exe Tarnwick/Tarnwick.txt" ] &&
-        cmp "$work/Tarnwick/Tarnwick.exe" "$build/windows/Tarnwick.exe"
+        "$(printf 'Tarnwick/%s ' CLI11-licence.txt Tarnwick.chm Tarnwick.exe Tarnwick.txt)Tarnwick/tarnwick-run.exe" ] &&
+        cmp "$work/Tarnwick/Tarnwick.exe" "$build/windows/Tarnwick.exe" &&
+        cmp "$work/Tarnwick/tarnwick-run.exe" "$build/windows/tarnwick-run.exe" &&
+        grep -q 'Copyright.*University of Cincinnati' "$work/Tarnwick/CLI11-licence.txt" &&
+        ! grep -qv "$(printf '\r')\$" "$work/Tarnwick/CLI11-licence.txt"
 }
 
 The_help_holds_every_page_with_contents_and_index() {
@@ -66,15 +69,28 @@ Packed_again_the_zip_has_the_same_bytes() {
 files() { (cd "$drive" && find . -path ./users/\*/Temp -prune -o -path ./windows -prune -o -print | LC_ALL=C sort); }
 registered() { "$wine" reg query "$1\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Tarnwick" /s; }
 
-installs() { # HIVE SWITCH
-    files >"$work/before"
+# The search path of that part of the registry, as it stands there.
+path_of() { # HIVE
+    local key='HKCU\Environment'
+    [ "$1" = HKCU ] || key='HKLM\System\CurrentControlSet\Control\Session Manager\Environment'
+    ("$wine" reg query "$key" /v Path 2>/dev/null || true) | tr -d '\r' | sed -n 's/^ *[Pp][Aa][Tt][Hh] *REG_//p'
+}
+
+run_installer() { # SWITCH
     cp "$dist"/Tarnwick-*-setup.exe "$drive/setup.exe"
     # The folder comes last and without quotation marks, as the installer wants it.
-    printf 'start /wait C:\\setup.exe /S %s /D=%s\r\n' "$2" "$place" >"$drive/install.bat"
+    printf 'start /wait C:\\setup.exe /S %s /D=%s\r\n' "$1" "$place" >"$drive/install.bat"
     "$wine" cmd /c 'C:\install.bat' >"$work/install.log" 2>&1
     rm "$drive/setup.exe" "$drive/install.bat"
+}
+
+installs() { # HIVE SWITCH
+    files >"$work/before"
+    path_of "$1" >"$work/path"
+    run_installer "$2"
+    [ "${2%/PATH}" != "$2" ] || [ "$(path_of "$1")" = "$(cat "$work/path")" ] || fail "the path is $(path_of "$1")"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = \
-        "./Tarnwick.chm ./Tarnwick.exe ./Tarnwick.txt ./Uninstall.exe" ] || fail "$(ls "$folder")"
+        "./CLI11-licence.txt ./Tarnwick.chm ./Tarnwick.exe ./Tarnwick.txt ./Uninstall.exe ./tarnwick-run.exe" ] || fail "$(ls "$folder")"
     cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe" || fail "another program was installed"
     files >"$work/installed"
     grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' "$work/installed" || fail "not in the start menu"
@@ -118,6 +134,8 @@ Installed_for_the_user_it_runs_and_goes_without_a_trace() {
     TARNWICK_PROGRAM="$place\\Tarnwick.exe" \
         "$here/../../demo/run" "$build" unattended "$work/demo" >"$work/demo.log" 2>&1 || fail "$(cat "$work/demo.log")"
     grep -q 'Tarnwick.exe -I' "$work/demo.log" || fail "$(cat "$work/demo.log")"
+    "$wine" "$place\\tarnwick-run.exe" 'T:\demo.ini' >"$work/run.log" 2>&1 || fail "$(cat "$work/run.log")"
+    grep -q '^16 made, 0 failed, 0 up to date' "$work/run.log" || fail "$(cat "$work/run.log")"
     the_window_opens
     a_file_that_cannot_be_replaced_leaves_the_old_version_whole
     uninstalls HKCU /CurrentUser
@@ -187,6 +205,44 @@ Installed_for_everybody_it_goes_without_a_trace() {
 }
 event_source() { "$wine" reg query 'HKLM\System\CurrentControlSet\Services\EventLog\Application\Tarnwick' /s; }
 
+Its_folder_is_on_the_PATH_when_that_is_asked_for_and_off_it_afterwards() {
+    local before long
+    [ -z "$(path_of HKCU)" ] || fail "the user has a path already"
+    installs HKCU '/CurrentUser /PATH'
+    [ "$(path_of HKCU)" = "EXPAND_SZ    $place" ] || fail "the path is $(path_of HKCU)"
+    "$wine" cmd /c 'cd /d C:\ && tarnwick-run --version' >"$work/found" 2>&1 || fail "$(cat "$work/found")"
+    grep -q '^tarnwick-run 2\.0\.0\.7' "$work/found" || fail "$(cat "$work/found")"
+    uninstalls HKCU /CurrentUser
+    [ -z "$(path_of HKCU)" ] || fail "the path is $(path_of HKCU)"
+
+    # A path that is longer than a text of the installer can be.
+    long='%SystemRoot%\one;'$(printf 'C:\\folder number %d;' $(seq 200))'C:\last'
+    "$wine" reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d "$long" /f >/dev/null
+    [ "$(path_of HKCU)" = "EXPAND_SZ    $long" ] || fail "this system has no long path: $(path_of HKCU)"
+    installs HKCU '/CurrentUser /PATH'
+    [ "$(path_of HKCU)" = "EXPAND_SZ    $long;$place" ] || fail "the path is $(path_of HKCU)"
+    run_installer /CurrentUser # who has it keeps it, once
+    [ "$(path_of HKCU)" = "EXPAND_SZ    $long;$place" ] || fail "the path is $(path_of HKCU)"
+    "$wine" reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d "$long;$place;C:\later" /f >/dev/null
+    uninstalls HKCU /CurrentUser
+    [ "$(path_of HKCU)" = "EXPAND_SZ    $long;C:\later" ] || fail "the path is $(path_of HKCU)"
+
+    # Who has put it there himself keeps it, and without being asked nothing is put there.
+    "$wine" reg add 'HKCU\Environment' /v Path /t REG_SZ /d "$place;C:\own" /f >/dev/null
+    installs HKCU '/CurrentUser /PATH'
+    uninstalls HKCU /CurrentUser
+    [ "$(path_of HKCU)" = "SZ    $place;C:\own" ] || fail "the path is $(path_of HKCU)"
+    "$wine" reg delete 'HKCU\Environment' /v Path /f >/dev/null
+
+    before=$(path_of HKLM)
+    [ -n "$before" ] || fail "the machine has no path"
+    installs HKLM '/AllUsers /PATH'
+    [ "$(path_of HKLM)" = "$before;$place" ] || fail "the path is $(path_of HKLM)"
+    [ -z "$(path_of HKCU)" ] || fail "the user's path is $(path_of HKCU)"
+    uninstalls HKLM /AllUsers
+    [ "$(path_of HKLM)" = "$before" ] || fail "the path is $(path_of HKLM)"
+}
+
 # Where others may write, nothing is installed for everybody unless somebody says so.
 Ordinary_users_cannot_have_written_what_is_installed_for_everybody() {
     local room="$drive/Program Files/Map Room"
@@ -214,11 +270,12 @@ is_refused() { # FOLDER WHAT
 for test in \
     The_sums_are_those_of_the_files \
     The_program_is_smaller_than_two_megabytes \
-    The_zip_holds_the_program_its_help_and_a_note \
+    The_zip_holds_the_programs_their_help_a_note_and_a_licence \
     The_help_holds_every_page_with_contents_and_index \
     Packed_again_the_zip_has_the_same_bytes \
     Installed_for_the_user_it_runs_and_goes_without_a_trace \
     Installed_for_everybody_it_goes_without_a_trace \
+    Its_folder_is_on_the_PATH_when_that_is_asked_for_and_off_it_afterwards \
     Ordinary_users_cannot_have_written_what_is_installed_for_everybody; do
     "$test" || fail "$test"
     say "passed: $test"

@@ -59,6 +59,15 @@ void Installation::replaceMP(std::string_view program) const {
                   fs::copy_options::overwrite_existing);
 }
 
+void Installation::add(std::string_view program) const {
+    const fs::path file = buildFolder() / program;
+    fs::copy_file(file, folder_ / file.filename(), fs::copy_options::overwrite_existing);
+}
+
+void Installation::takeDemoRecords() const {
+    fs::copy(buildFolder() / "tests/program/demo_records", folder_ / "in");
+}
+
 void Installation::makeFolder(std::string_view below) const {
     CreateDirectoryA(path(below).c_str(), nullptr);
 }

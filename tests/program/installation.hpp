@@ -25,6 +25,10 @@ class Installation {
     // Puts another program of the build folder, such as "tests/window/trying_tool.exe", in the
     // place of MP.
     void replaceMP(std::string_view program) const;
+    // Puts a program of the build folder beside the others.
+    void add(std::string_view program) const;
+    // The demo's records as the records.
+    void takeDemoRecords() const;
     void makeFolder(std::string_view below) const;
     [[nodiscard]] bool exists(std::string_view below) const;
     // The names in the temporary folder, sorted, one behind the other with blanks.

@@ -60,6 +60,11 @@ RunningProgram::~RunningProgram() {
     TerminateProcess(process_.get(), 99);
 }
 
+void RunningProgram::end() {
+    TerminateProcess(process_.get(), 99);
+    WaitForSingleObject(process_.get(), INFINITE);
+}
+
 unsigned RunningProgram::exitCode() {
     if (!eventually([&] { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; })) {
         throw std::runtime_error("the program does not end");

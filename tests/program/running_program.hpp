@@ -20,6 +20,9 @@ class RunningProgram {
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram(); // ends it when it still runs
 
+    // Ends it, as the system ends what does not answer, and waits until it is gone.
+    void end();
+
     // Waits for its end; throws when it does not come.
     [[nodiscard]] unsigned exitCode();
 

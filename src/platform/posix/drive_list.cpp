@@ -82,6 +82,7 @@ std::string userFile(const Environment& environment) {
 
 std::vector<Mount> driveList(const DriveSources& sources) {
     std::vector<Mount> mounts;
+    mounts.reserve(sources.options.size());
     for (const std::string& option : sources.options) {
         mounts.push_back(entry(option, ""));
     }

@@ -160,8 +160,7 @@ std::unique_ptr<OutputFile> PosixFiles::append(std::string_view path) {
 
 void PosixFiles::remove(std::string_view path) {
     const Found found = look(path);
-    requireFile(found.status);
-    requireReplaceable(*found.status);
+    requireReplaceable(requireFile(found.status));
     if (::unlink(found.path.c_str()) != 0) {
         raiseSystemError(errno);
     }
@@ -184,25 +183,24 @@ void PosixFiles::replace(std::string_view from, std::string_view to) {
 
 void PosixFiles::move(std::string_view from, std::string_view to, Access access) {
     const Found source = look(from);
-    requireFile(source.status);
+    const mode_t mode = requireFile(source.status).st_mode;
     const Found target = look(to);
     if (access == Access::OfTarget && target.isLink) {
         raiseSystemError(EACCES);
     }
-    FileDescriptor whoseModeChanges;
+    mode_t keptMode = mode;
     if (target.status) {
         requireReplaceable(*target.status);
-        if (access == Access::OfTarget && source.status->st_mode != target.status->st_mode) {
-            whoseModeChanges = openIfThere(source.path);
-        }
+        keptMode = access == Access::OfTarget ? target.status->st_mode : mode;
     }
+    const auto whoseModeChanges = keptMode == mode ? FileDescriptor() : openIfThere(source.path);
     // The file systems of today write the content of a file before its rename over another: to wait
     // for the medium here would cost many times what rewriting a page does.
     if (std::rename(source.path.c_str(), target.path.c_str()) != 0) {
         raiseSystemError(errno);
     }
     if (whoseModeChanges.isOpen()) { // as far as the system lets this user
-        static_cast<void>(::fchmod(whoseModeChanges.get(), target.status->st_mode & 07777U));
+        static_cast<void>(::fchmod(whoseModeChanges.get(), keptMode & 07777U));
     }
 }
 

@@ -167,10 +167,11 @@ std::string textOf(const std::string& hostPath) {
     return text;
 }
 
-void requireFile(const std::optional<struct stat>& status) {
+const struct stat& requireFile(const std::optional<struct stat>& status) {
     if (!status || !S_ISREG(status->st_mode)) {
         raiseSystemError(ENOENT);
     }
+    return *status;
 }
 
 void requireReplaceable(const struct stat& status) {

@@ -31,8 +31,8 @@ std::size_t writeSome(const FileDescriptor& file, std::string_view bytes);
 // All that is in the file; nothing where there is none. Raises as openIfThere and readFrom, and 57.
 [[nodiscard]] std::string textOf(const std::string& hostPath);
 
-// Raises 53 when nothing is there, or a folder.
-void requireFile(const std::optional<struct stat>& status);
+// Raises 53 when nothing is there, or a folder; else it is what it was given.
+const struct stat& requireFile(const std::optional<struct stat>& status);
 
 // Raises 75 when it is a folder or read-only.
 void requireReplaceable(const struct stat& status);

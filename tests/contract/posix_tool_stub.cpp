@@ -19,6 +19,7 @@ void startSelf(const Arguments& arguments) {
     std::vector<std::string> words{self};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) {
         pointers.push_back(word.data());
     }
@@ -30,8 +31,8 @@ void startSelf(const Arguments& arguments) {
 }
 
 void crash() {
-    std::signal(SIGTRAP, SIG_DFL);
-    std::raise(SIGTRAP);
+    static_cast<void>(std::signal(SIGTRAP, SIG_DFL));
+    static_cast<void>(std::raise(SIGTRAP));
     std::exit(97);
 }
 

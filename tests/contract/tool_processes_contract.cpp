@@ -138,6 +138,7 @@ TEST_F(ToolProcessesContract, Tools_at_once_say_each_their_own) {
     std::vector<std::string> said(8);
     {
         std::vector<std::jthread> slots;
+        slots.reserve(said.size());
         for (std::size_t i = 0; i < said.size(); ++i) {
             slots.emplace_back([&, i] {
                 for (int time = 0; time < 3; ++time) {
@@ -159,6 +160,7 @@ TEST_F(ToolProcessesContract, A_halt_ends_every_tool_with_all_that_it_has_starte
     };
     {
         std::vector<std::jthread> slots;
+        slots.reserve(ended.size());
         for (std::size_t i = 0; i < ended.size(); ++i) {
             slots.emplace_back([&, i] {
                 ended[i] = run({"stay_with_another", name("tool", i), name("child", i)});

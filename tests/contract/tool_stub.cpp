@@ -3,11 +3,10 @@
 #include "contract/tool_stub_system.hpp"
 
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
@@ -24,48 +23,45 @@ constexpr std::chrono::minutes aLongTime(10);
 constexpr std::chrono::milliseconds aMoment(20);
 
 int status(const Arguments& arguments) {
-    return std::atoi(arguments.at(0).c_str());
+    return std::stoi(arguments.at(0));
 }
 
 // Its arguments, one a line.
 int echo(const Arguments& arguments) {
     for (const std::string& argument : arguments) {
-        std::fwrite(argument.data(), 1, argument.size(), stdout);
-        std::fputc('\n', stdout);
+        std::cout << argument << '\n';
     }
     return 0;
 }
 
 // So many times that text.
 int say(const Arguments& arguments) {
-    for (int count = std::atoi(arguments.at(0).c_str()); count > 0; --count) {
-        std::fwrite(arguments.at(1).data(), 1, arguments.at(1).size(), stdout);
+    for (int count = std::stoi(arguments.at(0)); count > 0; --count) {
+        std::cout << arguments.at(1);
     }
     return 0;
 }
 
 int sayOnBothStreams(const Arguments& /*arguments*/) {
-    std::fputs("out ", stdout);
-    std::fflush(stdout);
-    std::fputs("error ", stderr);
-    std::fflush(stderr);
-    std::fputs("out again", stdout);
+    std::cout << "out " << std::flush;
+    std::cerr << "error " << std::flush;
+    std::cout << "out again";
     return 0;
 }
 
 int sayForEver(const Arguments& /*arguments*/) {
     for (;;) {
-        std::fputs("and so on ", stdout);
+        std::cout << "and so on ";
     }
 }
 
 // How many bytes there are to read.
 int read(const Arguments& /*arguments*/) {
     int count = 0;
-    while (std::fgetc(stdin) != EOF) {
+    while (std::cin.get() != std::char_traits<char>::eof()) {
         ++count;
     }
-    std::fputs(std::to_string(count).c_str(), stdout);
+    std::cout << count;
     return 0;
 }
 
@@ -90,7 +86,7 @@ int leaveOneBehind(const Arguments& arguments) {
     while (!fs::exists(arguments.at(0))) {
         std::this_thread::sleep_for(aMoment);
     }
-    std::fputs("left one", stdout);
+    std::cout << "left one";
     return 0;
 }
 

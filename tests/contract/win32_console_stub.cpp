@@ -38,7 +38,7 @@ int main() {
                                                    CONSOLE_TEXTMODE_BUFFER, nullptr));
     SetConsoleMode(console.get(), ENABLE_PROCESSED_OUTPUT | ENABLE_WRAP_AT_EOL_OUTPUT);
     const DWORD before = modeOf(console);
-    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     std::string said;
     {
         SetStdHandle(STD_ERROR_HANDLE, console.get());

@@ -17,7 +17,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 constexpr int cmdSelectAll = 239;
 constexpr int cmdOK = 245;
@@ -29,10 +28,9 @@ MATCHER_P2(EndsWith, status, said, "") {
 
 class SameProducts : public ConsoleRunner {
   protected:
-    SameProducts() { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
-    SameProducts(const SameProducts&) = delete;
-    SameProducts& operator=(const SameProducts&) = delete;
-    ~SameProducts() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
+    // What the window's program has stored about tools would be the runner's as well.
+    void SetUp() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
+    void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
 
     void expectTheSame(const Products& expected) const {
         const auto made = products();
@@ -66,7 +64,7 @@ TEST_F(SameProducts, As_Execute_leaves_them_with_relative_links) {
     Products expected;
     {
         RunningProgram program(place.program(), std::string());
-        const HWND window = program.window("Tarnwick - TARNWICK.ini");
+        HWND window = program.window("Tarnwick - TARNWICK.ini");
         PostMessageW(GetDlgItem(window, cmdSelectAll), BM_CLICK, 0, 0);
         PostMessageW(GetDlgItem(window, cmdOK), BM_CLICK, 0, 0);
         ASSERT_TRUE(eventually([&] {

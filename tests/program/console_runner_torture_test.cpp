@@ -23,7 +23,7 @@ using std::chrono::steady_clock;
 
 int endings() {
     const char* const asked = std::getenv("TARNWICK_TORTURE");
-    return asked == nullptr ? 5 : std::atoi(asked);
+    return asked == nullptr ? 5 : std::stoi(asked);
 }
 
 TEST_F(ConsoleRunner, Ended_at_any_moment_it_loses_nothing_but_what_was_in_work) {

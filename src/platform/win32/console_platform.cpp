@@ -73,7 +73,7 @@ class Win32ConsolePlatform final : public ConsolePlatform {
 };
 
 struct LocalFreeing {
-    void operator()(LPWSTR* words) const noexcept { LocalFree(words); }
+    void operator()(LPWSTR* words) const noexcept { LocalFree(static_cast<void*>(words)); }
 };
 
 } // namespace
@@ -93,7 +93,7 @@ std::vector<std::string> programArguments(int /*count*/, const char* const* /*ar
         CommandLineToArgvW(GetCommandLineW(), &count));
     std::vector<std::string> texts;
     const std::span all(words.get(), static_cast<std::size_t>(count));
-    for (const LPWSTR word : all | std::views::drop(1)) {
+    for (const wchar_t* word : all | std::views::drop(1)) {
         texts.push_back(pathText(word));
     }
     return texts;

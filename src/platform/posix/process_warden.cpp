@@ -1,13 +1,13 @@
 #include "platform/posix/process_warden.hpp"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <new>
 #include <span>
 

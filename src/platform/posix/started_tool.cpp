@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -15,6 +14,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <limits>
 #include <string>
 #include <utility>
@@ -28,6 +28,7 @@ using SteadyClock = std::chrono::steady_clock;
 // What the system wants of a list of texts; they must outlive it.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         pointers.push_back(text.data());
     }
@@ -66,7 +67,7 @@ class NoSignals {
 
 // As this process was started; what it ignores or blocks since then is nothing to the tool.
 void hearSignalsAgain() noexcept {
-    ::signal(SIGPIPE, SIG_DFL);
+    static_cast<void>(::signal(SIGPIPE, SIG_DFL));
     sigset_t none{};
     ::sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -143,9 +144,9 @@ StartedTool::StartedTool(const ToolCall& call, std::atomic<pid_t>& group) {
     volatile int error = 0; // written by the new process
     const NoSignals quiet;
     // A copy of all our memory, which may be large, would be made for nothing.
-    process_ = ::vfork(); // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+    process_ = ::vfork(); // NOLINT(*-vfork,*-unsafe-functions,cert-msc24-c,cert-msc33-c)
     if (process_ == 0) {
-        error = begin(beginning, group);
+        error = begin(beginning, group); // NOLINT(clang-analyzer-unix.Vfork): made for that
         ::_exit(127);
     }
     error_ = process_ < 0 ? errno : error;
@@ -166,8 +167,9 @@ ToolEnd StartedTool::wait(const FileDescriptor& halt, std::optional<double> time
     const auto begun = SteadyClock::now();
     std::optional<SteadyClock::time_point> last;
     if (timeLimit) {
+        constexpr double longest = 1e9; // seconds: no clock can be set for more, and nobody waits
         last = begun + std::chrono::duration_cast<SteadyClock::duration>(
-                           std::chrono::duration<double>(*timeLimit));
+                           std::chrono::duration<double>(std::min(*timeLimit, longest)));
     }
     ToolEnd end;
     KeptOutput said;
@@ -184,7 +186,7 @@ ToolEnd StartedTool::wait(const FileDescriptor& halt, std::optional<double> time
         } else if (ready > 0 && waited[1].revents != 0) {
             end.kind = ToolEnd::Kind::Halted;
             working = false;
-        } else if (ready == 0 && SteadyClock::now() >= *last) {
+        } else if (ready == 0 && last && SteadyClock::now() >= *last) {
             end.kind = ToolEnd::Kind::TimedOut;
             working = false;
         }

@@ -144,7 +144,7 @@ StartedTool::StartedTool(const ToolCall& call, std::atomic<pid_t>& group) {
     volatile int error = 0; // written by the new process
     const NoSignals quiet;
     // A copy of all our memory, which may be large, would be made for nothing.
-    process_ = ::vfork(); // NOLINT(*-vfork,*-unsafe-functions,cert-msc24-c,cert-msc33-c)
+    process_ = ::vfork(); // NOLINT(clang-analyzer-*,*-unsafe-functions,cert-msc*)
     if (process_ == 0) {
         error = begin(beginning, group); // NOLINT(clang-analyzer-unix.Vfork): made for that
         ::_exit(127);

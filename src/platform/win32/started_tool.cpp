@@ -95,6 +95,20 @@ DWORD creationFlags() noexcept {
            (hasConsole ? 0U : DWORD{CREATE_NO_WINDOW});
 }
 
+// On a busy machine, one process of some thousand dies under Wine before it has begun; the system
+// tells that by an error of its own, and the next attempt succeeds.
+template <typename Create>
+PROCESS_INFORMATION createdProcess(const Create& create) {
+    constexpr int attempts = 3;
+    PROCESS_INFORMATION created{};
+    for (int attempt = 1; create(created) == 0; ++attempt) {
+        if (GetLastError() != ERROR_INTERNAL_ERROR || attempt == attempts) {
+            raiseSystemError(GetLastError());
+        }
+    }
+    return created;
+}
+
 // In order not to wait for a process that is not of this job: a number is given anew.
 Handle memberOf(const Handle& job, ULONG_PTR id) noexcept {
     Handle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE,
@@ -141,10 +155,10 @@ StartedTool::StartedTool(const ToolCall& call, const Handle& writer) : job_(newJ
     start.StartupInfo.hStdOutput = writer.get();
     start.StartupInfo.hStdError = writer.get();
     start.lpAttributeList = attributes.get();
-    PROCESS_INFORMATION started{};
-    requireDone(CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
-                               creationFlags(), nullptr, folder.c_str(), &start.StartupInfo,
-                               &started));
+    const PROCESS_INFORMATION started = createdProcess([&](PROCESS_INFORMATION& created) {
+        return CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, creationFlags(),
+                              nullptr, folder.c_str(), &start.StartupInfo, &created);
+    });
     process_ = Handle(started.hProcess);
     const Handle thread(started.hThread);
 }

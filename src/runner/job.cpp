@@ -120,7 +120,7 @@ class JobCheck {
     }
 
     void checkInputFolder() {
-        std::string& folder = definition().sInputFolder;
+        const std::string& folder = definition().sInputFolder;
         if (trim(folder).empty()) {
             fault("No input folder is named.");
         } else if (!FolderExists(services_.files, folder)) {
@@ -136,7 +136,7 @@ class JobCheck {
         for (const auto& [step, command] : recordCalls(definition(), folders, "record")) {
             if (!staysArgumentList(command)) {
                 fault("A text of the definition that " + std::string(nameOf(step.tool)) +
-                      " gets holds a quotation mark, or a path ends in \"\\\".");
+                      R"( gets holds a quotation mark, or a path ends in "\".)");
             }
         }
     }

@@ -54,8 +54,8 @@ class Planner {
         lookAtProducts();
         Plan plan;
         for (std::uint32_t record = 0; record < reasons_.size(); ++record) {
-            if (reasons_[record]) {
-                plan.toRun.push_back({.record = record, .reason = *reasons_[record]});
+            if (const auto& reason = reasons_[record]) {
+                plan.toRun.push_back({.record = record, .reason = *reason});
             }
         }
         plan.upToDate = reasons_.size() - plan.toRun.size();
@@ -85,8 +85,8 @@ class Planner {
         if (change == changes_.end()) { // the line of its run is damaged
             return Reason{.kind = OtherCommand};
         }
-        if (change->second) {
-            return Reason{.kind = *change->second};
+        if (const auto& kind = change->second) {
+            return Reason{.kind = *kind};
         }
         if (known.products.size() != products_.kinds().size()) {
             return Reason{.kind = OtherCommand};
@@ -139,8 +139,8 @@ class Planner {
         }
     }
 
-    std::optional<Reason> reasonOfProduct(std::size_t record, std::uint32_t place,
-                                          const NameIndex& index) const {
+    [[nodiscard]] std::optional<Reason> reasonOfProduct(std::size_t record, std::uint32_t place,
+                                                        const NameIndex& index) const {
         const ProductKind& kind = products_.kinds()[place];
         const std::string& name = job_.records[record].name;
         auto stamp = index.find(products_.nameOf(kind, name));

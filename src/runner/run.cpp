@@ -17,6 +17,7 @@ constexpr double aMoment = 1;
 
 std::vector<CallNote> notesOf(const std::vector<CallOutcome>& calls) {
     std::vector<CallNote> notes;
+    notes.reserve(calls.size());
     for (const CallOutcome& call : calls) {
         notes.push_back({.tool = call.tool, .code = call.end.code, .seconds = call.end.seconds});
     }
@@ -55,7 +56,7 @@ class OwnedRun {
             inbox_.put(RecordStarted{record});
             inbox_.put(workers_[slot].run(parts_.job.records[record].name));
         });
-        slots_ = &slots;
+        slots_ = &slots; // as long as they work
         handOut();
         while (given_ > 0) {
             if (auto message = inbox_.take(aMoment)) {
@@ -65,6 +66,7 @@ class OwnedRun {
                 tell([](RunObserver& observer) { observer.idle(); });
             }
         }
+        slots_ = nullptr;
     }
 
     // As many as are worked on, and one more each, so that no slot waits for us.

@@ -57,6 +57,7 @@ class Win32RunnerPlatform final : public RunnerPlatform {
     [[nodiscard]] std::unique_ptr<KillableProgram>
     start(const std::string& program, const std::vector<std::string>& arguments) override {
         std::vector<std::wstring> wide;
+        wide.reserve(arguments.size());
         for (const std::string& argument : arguments) {
             wide.push_back(toWide(argument));
         }

@@ -10,6 +10,10 @@
 namespace tarnwick {
 namespace {
 
+constexpr std::int64_t notFound = ERROR_FILE_NOT_FOUND;
+constexpr std::int64_t noProgram = ERROR_BAD_EXE_FORMAT;
+constexpr std::int64_t noName = ERROR_INVALID_NAME;
+
 class Win32Tools : public ContractTest {
   protected:
     [[nodiscard]] ToolEnd run(const std::string& program,
@@ -30,7 +34,7 @@ TEST_F(Win32Tools, A_batch_file_is_no_tool_however_its_name_is_written) {
         for (const std::string_view end : {"", ".", " ", ". .."}) {
             const ToolEnd ended = run(in(name) + std::string(end), {"a&b"});
             EXPECT_EQ(ended.kind, ToolEnd::Kind::NotStarted) << name << end;
-            EXPECT_EQ(ended.code, ERROR_BAD_EXE_FORMAT) << name << end;
+            EXPECT_EQ(ended.code, noProgram) << name << end;
         }
     }
     EXPECT_FALSE(exists("ran.txt"));
@@ -38,9 +42,9 @@ TEST_F(Win32Tools, A_batch_file_is_no_tool_however_its_name_is_written) {
 
 TEST_F(Win32Tools, What_cannot_be_started_has_its_code) {
     put("text.exe", "no program");
-    EXPECT_EQ(run(in("missing.exe"), {}).code, ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(run(in("text.exe"), {}).code, ERROR_BAD_EXE_FORMAT);
-    EXPECT_EQ(run(in("a:b.exe"), {}).code, ERROR_INVALID_NAME);
+    EXPECT_EQ(run(in("missing.exe"), {}).code, notFound);
+    EXPECT_EQ(run(in("text.exe"), {}).code, noProgram);
+    EXPECT_EQ(run(in("a:b.exe"), {}).code, noName);
 }
 
 TEST_F(Win32Tools, Nobody_of_a_call_is_left_when_it_has_ended) {

@@ -65,8 +65,9 @@ class BirthAttributes {
         auto* list = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory_.data());
         requireDone(InitializeProcThreadAttributeList(list, 2, 0, &size));
         list_.reset(list);
-        add(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, inherited.data(), inherited.size_bytes());
-        add(PROC_THREAD_ATTRIBUTE_JOB_LIST, &job, sizeof job);
+        add(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, static_cast<void*>(inherited.data()),
+            inherited.size_bytes());
+        add(PROC_THREAD_ATTRIBUTE_JOB_LIST, static_cast<void*>(&job), sizeof job);
     }
 
     [[nodiscard]] LPPROC_THREAD_ATTRIBUTE_LIST get() const noexcept { return list_.get(); }

@@ -44,7 +44,7 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM word, LPARAM da
     if (message == WM_ENDSESSION && word != 0) {
         listener().tell(Interruption::Ordered);
         // As soon as this returned, the system would end the process.
-        const HANDLE gone = reinterpret_cast<HANDLE>( // NOLINT(performance-no-int-to-ptr)
+        auto* gone = reinterpret_cast<HANDLE>( // NOLINT(performance-no-int-to-ptr)
             GetWindowLongPtrW(window, GWLP_USERDATA));
         WaitForSingleObject(gone, INFINITE);
         return 0;
@@ -59,8 +59,8 @@ void waitForEndOfSession(HANDLE gone) {
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = Win32Interruptions::windowClass;
     RegisterClassW(&windowClass);
-    const HWND window = CreateWindowExW(0, Win32Interruptions::windowClass, L"", WS_OVERLAPPED, 0,
-                                        0, 0, 0, nullptr, nullptr, windowClass.hInstance, nullptr);
+    HWND window = CreateWindowExW(0, Win32Interruptions::windowClass, L"", WS_OVERLAPPED, 0, 0, 0,
+                                  0, nullptr, nullptr, windowClass.hInstance, nullptr);
     if (window == nullptr) { // where no screen is, nobody logs off either
         return;
     }

@@ -18,9 +18,6 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr int cmdSelectAll = 239;
-constexpr int cmdOK = 245;
-
 MATCHER_P2(EndsWith, status, said, "") {
     *result_listener << "status " << arg.code << ", said " << arg.said;
     return arg.kind == ToolEnd::Kind::Exited && arg.code == status && arg.said.contains(said);
@@ -54,29 +51,6 @@ TEST_F(SameProducts, As_the_command_line_of_the_window_leaves_them) {
     EXPECT_THAT(run({"batch.ini", "-j4"}), EndsWith(0, "0 failed, 0 up to date"));
     expectTheSame(expected);
     EXPECT_EQ(place.temporaryFiles(), "MPDELETE.bat"); // nothing of the runner's
-}
-
-TEST_F(SameProducts, As_Execute_leaves_them_with_relative_links) {
-    place.write("in\\a.met", record("Lakes"));
-    place.write("in\\b c.met", record("Rivers"));
-    define("Convert HyperLink To Relative Path=True\r\n");
-    place.write("TARNWICK.ini", place.read("batch.ini"));
-    Products expected;
-    {
-        RunningProgram program(place.program(), std::string());
-        HWND window = program.window("Tarnwick - TARNWICK.ini");
-        PostMessageW(GetDlgItem(window, cmdSelectAll), BM_CLICK, 0, 0);
-        PostMessageW(GetDlgItem(window, cmdOK), BM_CLICK, 0, 0);
-        ASSERT_TRUE(eventually([&] {
-            expected = products();
-            return expected.size() == 20 &&
-                   expected.at(u8"out\\b c_faq.htm").contains("<base href=\"b c_faq.htm\">") &&
-                   expected.at(u8"out\\b c.html").contains("HREF=\"b c.txt\"");
-        }));
-    }
-    removeProducts();
-    EXPECT_THAT(run({"batch.ini", "-j4"}), EndsWith(0, "2 made, 0 failed"));
-    expectTheSame(expected);
 }
 
 TEST_F(ConsoleRunner, Names_that_an_interpreter_would_take_for_more_are_records_like_any) {

@@ -220,11 +220,12 @@ class DefinitionRun {
         }
     }
 
-    // From now on an interruption no longer ends the process.
+    // From now on an interruption no longer ends the process. One may come when the run is over,
+    // and all that belongs to it: so the listener has a share in the inbox.
     Inbox<RunMessage>& listenedInbox() {
         services_.interruptions.listen(
-            [this](Interruption interruption) { inbox_.put(interruption); });
-        return inbox_;
+            [inbox = inbox_](Interruption interruption) { inbox->put(interruption); });
+        return *inbox_;
     }
 
     static ExitStatus statusOf(const RunSummary& summary) {
@@ -241,7 +242,7 @@ class DefinitionRun {
     std::string logPath_;
     Console console_;
     std::array<RunObserver*, 1> observers_{&console_};
-    Inbox<RunMessage> inbox_;
+    std::shared_ptr<Inbox<RunMessage>> inbox_ = std::make_shared<Inbox<RunMessage>>();
 };
 
 } // namespace

@@ -271,6 +271,13 @@ TEST_F(RunOfRecords, The_second_interruption_and_an_order_end_the_tools) {
     }
 }
 
+TEST_F(RunOfRecords, An_interruption_that_comes_when_the_run_is_over_meets_nobody) {
+    machine_.writeRecord("a.met");
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    machine_.interruptions.interrupt(Interruption::Asked); // what heard it is gone
+    EXPECT_FALSE(machine_.processes.isHalted());
+}
+
 TEST_F(RunOfRecords, A_second_runner_on_the_same_state_says_who_is_at_work) {
     machine_.writeRecord("a.met");
     machine_.world.makeFolder(R"(C:\job\night.state)");

@@ -1,6 +1,7 @@
 #include "common/one_step_file.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/whole_file.hpp"
 
 #include <cstddef>
 #include <memory>
@@ -18,20 +19,14 @@ void writeThrough(OutputFile& file, std::string_view content) {
 }
 
 // Nothing where the file cannot be opened.
-std::optional<std::string> contentOf(const Files& files, std::string_view path) {
-    constexpr std::size_t blockSize = 64UZ * 1024;
+std::optional<std::string> oldContent(const Files& files, std::string_view path) {
     std::unique_ptr<InputFile> file;
     try {
         file = files.openForReading(path);
     } catch (const RunTimeError&) {
         return std::nullopt;
     }
-    std::string content;
-    std::vector<char> block(blockSize);
-    while (const auto count = file->read(block)) {
-        content.append(block.data(), count);
-    }
-    return content;
+    return contentOf(*file);
 }
 
 void putBack(Files& files, std::string_view path, std::string_view old) {
@@ -99,7 +94,7 @@ void writeInOneStep(Files& files, std::string_view path, std::string_view conten
         file = createAnew(files, beside);
     } catch (const RunTimeError& error) {
         // A full disk has no room in place either: to try would cost the old content.
-        const auto old = error.is(ErrorNumber::DiskFull) ? std::nullopt : contentOf(files, path);
+        const auto old = error.is(ErrorNumber::DiskFull) ? std::nullopt : oldContent(files, path);
         if (!old) {
             throw;
         }

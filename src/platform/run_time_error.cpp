@@ -1,5 +1,7 @@
 #include "platform/run_time_error.hpp"
 
+#include <utility>
+
 namespace tarnwick {
 
 RunTimeError::RunTimeError(ErrorNumber number, std::int32_t lastDllError)
@@ -7,6 +9,16 @@ RunTimeError::RunTimeError(ErrorNumber number, std::int32_t lastDllError)
                                .source = "Tarnwick",
                                .description = std::string(describe(number)),
                                .lastDllError = lastDllError}) {}
+
+RunTimeError::RunTimeError(ErrorNumber number, std::string description) : RunTimeError(number) {
+    record_.description = std::move(description);
+}
+
+RunTimeError RunTimeError::described(std::string description) const {
+    RunTimeError error = *this;
+    error.record_.description = std::move(description);
+    return error;
+}
 
 std::string_view describe(ErrorNumber number) {
     switch (number) {

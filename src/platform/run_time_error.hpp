@@ -42,6 +42,11 @@ class RunTimeError : public std::exception {
     explicit RunTimeError(ErrorRecord record) : record_(std::move(record)) {}
     // An error of this program's own, with the number's usual description.
     explicit RunTimeError(ErrorNumber number, std::int32_t lastDllError = 0);
+    // The same with a description that says more.
+    RunTimeError(ErrorNumber number, std::string description);
+
+    // This error, for whoever knows more of it than where it was raised.
+    [[nodiscard]] RunTimeError described(std::string description) const;
 
     [[nodiscard]] const ErrorRecord& record() const noexcept { return record_; }
     [[nodiscard]] bool is(ErrorNumber number) const noexcept {

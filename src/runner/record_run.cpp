@@ -157,9 +157,7 @@ void RecordRun::rewriteLinks(const RecordCall& lastCall, const std::string& reco
                 removeQuietly(services_.files, products_.pathOf(kind, record));
             }
         }
-        ErrorRecord told = error.record();
-        told.description = "its links could not be made relative: " + told.description;
-        throw RunTimeError(std::move(told));
+        throw error.described(std::string("its links could not be made relative: ") + error.what());
     }
 }
 

@@ -149,11 +149,9 @@ class DefinitionRun {
             }
             return services_.locks.tryLock(lockPath, request_.holder);
         } catch (const RunTimeError& error) {
-            ErrorRecord record = error.record();
-            record.description =
-                "The folder " + quoted(shownPath(services_.paths, request_.stateFolder)) +
-                ", for what is known of runs, cannot be used: " + record.description;
-            throw RunTimeError(std::move(record));
+            throw error.described("The folder " +
+                                  quoted(shownPath(services_.paths, request_.stateFolder)) +
+                                  ", for what is known of runs, cannot be used: " + error.what());
         }
     }
 

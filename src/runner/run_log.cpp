@@ -3,6 +3,7 @@
 #include "common/line_reader.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
+#include "common/text.hpp"
 #include "platform/run_time_error.hpp"
 
 #include <charconv>
@@ -20,10 +21,8 @@ std::string titleLine() {
 }
 
 [[noreturn]] void refuse(std::string_view path, std::string_view why) {
-    throw RunTimeError(ErrorRecord{
-        .number = static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat),
-        .source = "tarnwick-run",
-        .description = std::string("The run log \"").append(path).append("\" ").append(why)});
+    throw RunTimeError(ErrorNumber::InvalidFileFormat,
+                       "The run log " + quoted(path) + " " + std::string(why));
 }
 
 // A title that was cut short while the first log was made is as good as none.

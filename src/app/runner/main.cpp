@@ -78,10 +78,8 @@ class RunnerMain {
     }
 
     [[noreturn]] void refuse(std::string_view why) const {
-        throw RunTimeError(ErrorRecord{
-            .number = static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat),
-            .source = "tarnwick-run",
-            .description = "The definition " + quoted(options_.definition) + std::string(why)});
+        throw RunTimeError(ErrorNumber::InvalidFileFormat,
+                           "The definition " + quoted(options_.definition) + std::string(why));
     }
 
     RunRequest requestFor(const std::string& file) {

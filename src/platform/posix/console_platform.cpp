@@ -10,6 +10,7 @@
 #include "platform/posix/posix_tool_processes.hpp"
 #include "platform/posix/to_utf8.hpp"
 #include "platform/run_time_error.hpp"
+#include "platform/whole_file.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -73,13 +74,7 @@ class PosixConsolePlatform final : public ConsolePlatform {
     }
 
     [[nodiscard]] std::string definitionText(std::string_view path) override {
-        const auto file = files_.openForReading(path);
-        std::string bytes;
-        std::array<char, 16384> block; // NOLINT(*-member-init): filled below
-        while (const auto count = file->read(block)) {
-            bytes.append(block.data(), count);
-        }
-        return toUtf8(bytes, codePage_);
+        return toUtf8(contentOf(*files_.openForReading(path)), codePage_);
     }
 
     [[nodiscard]] bool canStart(const std::string& path) const override {

@@ -16,15 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void raise(std::int32_t number, std::string sentence) {
-    throw RunTimeError(
-        ErrorRecord{.number = number, .source = "Tarnwick", .description = std::move(sentence)});
-}
-
-[[noreturn]] void raise(ErrorNumber number, std::string sentence) {
-    raise(static_cast<std::int32_t>(number), std::move(sentence));
-}
-
 std::string_view withoutBlanks(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
     const auto first = std::min(text.find_first_not_of(blanks), text.size());
@@ -51,9 +42,10 @@ Mount entry(std::string_view text, const std::string& where) {
     std::ranges::replace(volume, '/', '\\');
     const auto folder = withoutBlanks(text.substr(std::min(equals + 1, text.size())));
     if ((!isDrive(volume) && !isShare(volume)) || folder.empty()) {
-        raise(ErrorNumber::BadFileName,
-              '"' + std::string(text) + '"' + where +
-                  R"( says no drive: one is like T:=/srv/meta or \\server\share=/mnt/x)");
+        throw RunTimeError(
+            ErrorNumber::BadFileName,
+            '"' + std::string(text) + '"' + where +
+                R"( says no drive: one is like T:=/srv/meta or \\server\share=/mnt/x)");
     }
     return {.volume = std::move(volume), .hostFolder = std::string(folder)};
 }
@@ -110,8 +102,8 @@ DriveSources driveSources(std::vector<std::string> options, const Environment& e
     try {
         sources.fileText = sources.fileName.empty() ? "" : textOf(sources.fileName);
     } catch (const RunTimeError& error) {
-        raise(error.record().number,
-              "The drives in " + sources.fileName + " cannot be read: " + error.what());
+        throw error.described("The drives in " + sources.fileName +
+                              " cannot be read: " + error.what());
     }
     return sources;
 }
@@ -121,8 +113,8 @@ Mounts mountsFrom(const DriveSources& sources) {
     for (const auto& [volume, folder] : list) {
         std::error_code error;
         if (!fs::is_directory(folder, error)) {
-            raise(ErrorNumber::PathNotFound,
-                  volume + " should lie in \"" + folder + "\", but there is no such folder");
+            throw RunTimeError(ErrorNumber::PathNotFound, volume + " should lie in \"" + folder +
+                                                              "\", but there is no such folder");
         }
     }
     return Mounts::of(std::move(list));

@@ -1,12 +1,12 @@
 #include "platform/posix/posix_open_files.hpp"
 
 #include "platform/posix/errors.hpp"
+#include "platform/whole_file.hpp"
 #include "platform/write_buffer.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -158,13 +158,7 @@ std::string textOf(const std::string& hostPath) {
     if (!descriptor.isOpen()) {
         return {};
     }
-    const auto file = readFrom(std::move(descriptor));
-    std::string text;
-    std::array<char, 4096> block{};
-    while (const auto count = file->read(block)) {
-        text.append(block.data(), count);
-    }
-    return text;
+    return contentOf(*readFrom(std::move(descriptor)));
 }
 
 const struct stat& requireFile(const std::optional<struct stat>& status) {

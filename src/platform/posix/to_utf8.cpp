@@ -15,13 +15,6 @@
 namespace tarnwick {
 namespace {
 
-[[noreturn]] void raiseFormat(std::string sentence) {
-    throw RunTimeError(
-        ErrorRecord{.number = static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat),
-                    .source = "Tarnwick",
-                    .description = std::move(sentence)});
-}
-
 bool isUtf8(std::string_view text) {
     const CodePage utf8(CodePage::utf8);
     while (!text.empty()) {
@@ -41,7 +34,8 @@ class Conversion {
         : name_(codePage == CodePage::utf8 ? "UTF-8" : "CP" + std::to_string(codePage)),
           conversion_(::iconv_open("UTF-8", name_.c_str())) {
         if (conversion_ == none()) {
-            raiseFormat("Code page " + std::to_string(codePage) + " is not known here");
+            throw RunTimeError(ErrorNumber::InvalidFileFormat,
+                               "Code page " + std::to_string(codePage) + " is not known here");
         }
     }
     Conversion(const Conversion&) = delete;
@@ -97,8 +91,10 @@ std::string toUtf8(std::string_view bytes, unsigned codePage) {
     auto rest = bytes;
     if (!conversion.convert(rest, text)) {
         const auto line = std::ranges::count(text, '\n') + 1;
-        raiseFormat("The byte " + hexadecimal(rest.front()) + " in line " + std::to_string(line) +
-                    " is no character of code page " + std::to_string(codePage));
+        throw RunTimeError(ErrorNumber::InvalidFileFormat, "The byte " + hexadecimal(rest.front()) +
+                                                               " in line " + std::to_string(line) +
+                                                               " is no character of code page " +
+                                                               std::to_string(codePage));
     }
     return text;
 }

@@ -1,5 +1,6 @@
 #include "platform/console_platform.hpp"
 
+#include "platform/whole_file.hpp"
 #include "platform/win32/filled_text.hpp"
 #include "platform/win32/started_tool.hpp"
 #include "platform/win32/system_text.hpp"

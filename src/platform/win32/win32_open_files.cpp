@@ -126,15 +126,6 @@ std::unique_ptr<InputFile> openWin32File(const std::string& path) {
         openHandle(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
 }
 
-std::string contentOf(InputFile& file) {
-    std::string content;
-    std::string block(16UZ * 1024, '\0');
-    while (const auto count = file.read(block)) {
-        content.append(block, 0, count);
-    }
-    return content;
-}
-
 Handle openToWrite(const std::string& path, Existing existing, DWORD access, DWORD share) {
     // Not CREATE_ALWAYS: that refuses a hidden file.
     auto file =

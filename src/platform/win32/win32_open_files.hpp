@@ -17,9 +17,6 @@ namespace tarnwick {
 
 [[nodiscard]] std::unique_ptr<InputFile> openWin32File(const std::string& path);
 
-// Everything that is left to be read.
-[[nodiscard]] std::string contentOf(InputFile& file);
-
 enum class Existing { Emptied, Kept, Refused };
 [[nodiscard]] std::unique_ptr<OutputFile> createWin32File(const std::string& path,
                                                           Existing existing);

@@ -1,6 +1,7 @@
 #include "platform/win32/win32_process_locks.hpp"
 
 #include "platform/run_time_error.hpp"
+#include "platform/whole_file.hpp"
 #include "platform/win32/errors.hpp"
 #include "platform/win32/handle.hpp"
 #include "platform/win32/system_text.hpp"

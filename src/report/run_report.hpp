@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runner/run_totals.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -95,20 +97,6 @@ struct RecordChange {
     std::vector<ShapePlace> gone;
 
     bool operator==(const RecordChange&) const = default;
-};
-
-// How everything stood at the end of one run.
-struct RunTotals {
-    std::string begun; // date and time, UTC, as 2026-11-22T02:24:48Z
-    double seconds = 0;
-    std::size_t made = 0;
-    std::size_t upToDate = 0;
-    std::size_t failed = 0;
-    std::size_t notRun = 0;
-    std::size_t recordsWithFindings = 0;
-    std::uint64_t messages = 0;
-
-    bool operator==(const RunTotals&) const = default;
 };
 
 struct RunReport {

@@ -45,13 +45,16 @@ class Planner {
         }
     }
 
-    Plan plan(bool all) {
+    Plan plan(bool all, const JudgedMessages* judged) {
         reasons_.resize(job_.records.size());
         known_.resize(job_.records.size());
         for (std::size_t record = 0; record < job_.records.size(); ++record) {
             reasons_[record] = reasonBeforeProducts(record, all);
         }
         lookAtProducts();
+        if (judged != nullptr) {
+            lookAtMessages(*judged);
+        }
         Plan plan;
         for (std::uint32_t record = 0; record < reasons_.size(); ++record) {
             if (const auto& reason = reasons_[record]) {
@@ -118,6 +121,17 @@ class Planner {
             }
         }
         return folder;
+    }
+
+    void lookAtMessages(const JudgedMessages& judged) {
+        using enum Reason::Kind;
+        for (std::size_t record = 0; record < reasons_.size(); ++record) {
+            const auto found = judged.find(job_.records[record].name);
+            const bool known = found != judged.end();
+            if (!reasons_[record] && (!known || found->second)) {
+                reasons_[record] = Reason{.kind = known ? MessageFails : MessagesUnknown};
+            }
+        }
     }
 
     // Else no product needs to be looked at.
@@ -195,6 +209,10 @@ std::string reasonText(const Reason& reason, const Products& products) {
         return "all are to run";
     case OutputsUnknown:
         return "its outputs are not known";
+    case MessagesUnknown:
+        return "what the tools say of it is not known";
+    case MessageFails:
+        return "what the tools say of it fails it";
     }
     return {};
 }
@@ -210,8 +228,9 @@ RunConditions conditionsNow(const BatchDefinition& job, const Products& products
 }
 
 Plan planRun(const Job& job, const Products& products, const RunHistory& history,
-             const RunConditions& now, const FileStamps& stamps, bool all) {
-    return Planner(job, products, history, now, stamps).plan(all);
+             const RunConditions& now, const FileStamps& stamps, bool all,
+             const JudgedMessages* judged) {
+    return Planner(job, products, history, now, stamps).plan(all, judged);
 }
 
 } // namespace tarnwick

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runner/message_patterns.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -16,6 +18,7 @@ struct RunSettings {
     std::optional<std::size_t> stopAfter; // so many failures; nothing more is begun then
     bool keepPartial = false;             // what a failed call leaves of its products stays
     bool all = false;                     // also what is up to date
+    MessagePatterns messages;
 
     bool operator==(const RunSettings&) const = default;
 };

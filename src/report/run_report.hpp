@@ -70,7 +70,8 @@ struct ReportedRecord {
     std::string why; // it failed: a sentence
     std::vector<ReportedCall> calls;
     std::vector<Finding> findings; // by line
-    // What the names of its products begin with: MP's, and CNS's.
+    // What the names of its products begin with: MP's, and CNS's. Empty: it has none of these, as
+    // when it failed and they were removed, or was never made.
     std::string mpStem;
     std::string cnsStem;
 
@@ -80,8 +81,8 @@ struct ReportedRecord {
 // One file that is made of every record: its name is the record's stem and `suffix`.
 struct ReportedProduct {
     std::string label; // "html"
-    std::string
-        folder; // as a link from the report: relative where it can be, percent-encoded, ends in "/"
+    // As a link from the report: relative where it can be, percent-encoded, ends in "/".
+    std::string folder;
     std::string suffix; // not encoded
     bool ofCns = false; // else MP's
 

@@ -1,0 +1,75 @@
+#include "report/report_words.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace tarnwick {
+
+std::string_view stateWord(ReportedRecord::State state) noexcept {
+    switch (state) {
+    case ReportedRecord::State::Made:
+        return "made";
+    case ReportedRecord::State::UpToDate:
+        return "up to date";
+    case ReportedRecord::State::Failed:
+        return "failed";
+    case ReportedRecord::State::NotRun:
+        break;
+    }
+    return "not run";
+}
+
+std::string grouped(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t place = digits.size(); place > 3; place -= 3) {
+        digits.insert(place - 3, ",");
+    }
+    return digits;
+}
+
+std::string counted(std::uint64_t number, std::string_view one, std::string_view many) {
+    const std::string text = grouped(number) + " ";
+    if (number == 1) {
+        return text + std::string(one);
+    }
+    return text + (many.empty() ? std::string(one) + "s" : std::string(many));
+}
+
+std::string secondsText(double seconds) {
+    constexpr double most = 1e12; // beyond any run; also what is no number becomes one
+    const double shown = seconds > 0 ? std::min(seconds, most) : 0;
+    std::array<char, 32> digits{};
+    const auto end =
+        std::to_chars(digits.begin(), digits.end(), shown, std::chars_format::fixed, 3).ptr;
+    return {digits.begin(), end};
+}
+
+double secondsOf(const ReportedRecord& record) noexcept {
+    double seconds = 0;
+    for (const ReportedCall& call : record.calls) {
+        seconds += call.seconds;
+    }
+    return seconds;
+}
+
+std::uint64_t messagesOf(const ReportedRecord& record) noexcept {
+    std::uint64_t messages = 0;
+    for (const Finding& finding : record.findings) {
+        messages += finding.messages;
+    }
+    return messages;
+}
+
+std::string callsText(const ReportedRecord& record) {
+    std::string text;
+    for (const ReportedCall& call : record.calls) {
+        text.append(text.empty() ? "" : "; ").append(call.tool).append(" ");
+        text.append(std::to_string(call.code)).append(" in ");
+        text.append(secondsText(call.seconds)).append(" s");
+    }
+    return text;
+}
+
+} // namespace tarnwick

@@ -18,7 +18,7 @@ std::string dumped(const Json& value) {
 
 Json totalsValue(const RunTotals& totals) {
     return {{"begun", totals.begun},
-            {"seconds", totals.seconds},
+            {"seconds", sensibleSeconds(totals.seconds)},
             {"made", totals.made},
             {"upToDate", totals.upToDate},
             {"failed", totals.failed},
@@ -44,7 +44,8 @@ Json shapeValue(const RunReport& report, const Shape& shape) {
 Json recordValue(const ReportedRecord& record) {
     Json calls = Json::array();
     for (const ReportedCall& call : record.calls) {
-        calls.push_back({{"tool", call.tool}, {"code", call.code}, {"seconds", call.seconds}});
+        calls.push_back(
+            {{"tool", call.tool}, {"code", call.code}, {"seconds", sensibleSeconds(call.seconds)}});
     }
     Json findings = Json::array();
     for (const Finding& finding : record.findings) {

@@ -1,8 +1,7 @@
 #include "report/report_words.hpp"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
+#include "common/text.hpp"
+
 #include <cmath>
 
 namespace tarnwick {
@@ -37,13 +36,12 @@ std::string counted(std::uint64_t number, std::string_view one, std::string_view
     return text + (many.empty() ? std::string(one) + "s" : std::string(many));
 }
 
+double sensibleSeconds(double seconds) noexcept {
+    return std::isfinite(seconds) && seconds > 0 ? seconds : 0;
+}
+
 std::string secondsText(double seconds) {
-    constexpr double most = 1e12; // beyond any run; also what is no number becomes one
-    const double shown = seconds > 0 ? std::min(seconds, most) : 0;
-    std::array<char, 32> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), shown, std::chars_format::fixed, 3).ptr;
-    return {digits.begin(), end};
+    return withDigits(sensibleSeconds(seconds), 3);
 }
 
 double secondsOf(const ReportedRecord& record) noexcept {

@@ -20,6 +20,9 @@ namespace tarnwick {
 [[nodiscard]] std::string counted(std::uint64_t number, std::string_view one,
                                   std::string_view many = {});
 
+// 0 for what no clock that only goes forwards can have measured.
+[[nodiscard]] double sensibleSeconds(double seconds) noexcept;
+
 // With three digits behind the point: "0.015".
 [[nodiscard]] std::string secondsText(double seconds);
 

@@ -57,7 +57,8 @@ std::vector<Shape> fortyShapes() {
 
 void find(ShapePlace place, std::uint32_t messages, RecordPlace record, RunReport& report) {
     Shape& shape = report.shapes[place];
-    if (std::ranges::contains(report.records[record].findings, place, &Finding::shape)) {
+    if (std::ranges::any_of(report.records[record].findings,
+                            [&](const Finding& finding) { return finding.shape == place; })) {
         return;
     }
     ++shape.records;
@@ -101,7 +102,7 @@ RunTotals totalsOf(const RunReport& report) {
         totals.upToDate += record.state == State::UpToDate ? 1 : 0;
         totals.failed += record.state == State::Failed ? 1 : 0;
         totals.notRun += record.state == State::NotRun ? 1 : 0;
-        totals.recordsWithFindings += record.findings.empty() ? 0 : 1;
+        totals.recordsWithFindings += record.findings.empty() ? 0U : 1U;
         for (const Finding& finding : record.findings) {
             totals.messages += finding.messages;
         }
@@ -168,13 +169,14 @@ RunReport reportOf(const std::vector<std::string>& texts) {
     report.remarks = texts;
     for (const std::string& text : texts) {
         const auto place = static_cast<RecordPlace>(report.records.size());
-        ReportedRecord record{.name = text + " " + std::to_string(place) + ".met",
-                              .state = place % 2 == 0 ? State::Made : State::Failed,
-                              .why = place % 2 == 0 ? "" : text,
-                              .calls = {{"MP", place % 2 == 0 ? 0 : -1073741510, 0.25}},
-                              .findings = {{place, 1, 3}},
-                              .mpStem = text + " " + std::to_string(place),
-                              .cnsStem = text};
+        ReportedRecord record{
+            .name = text + " " + std::to_string(place) + ".met",
+            .state = place % 2 == 0 ? State::Made : State::Failed,
+            .why = place % 2 == 0 ? "" : text,
+            .calls = {{"MP", place % 2 == 0 ? std::int64_t{0} : std::int64_t{-1073741510}, 0.25}},
+            .findings = {{place, 1, 3}},
+            .mpStem = text + " " + std::to_string(place),
+            .cnsStem = text};
         report.shapes.push_back({.text = text,
                                  .records = 1,
                                  .messages = 1,

@@ -2,7 +2,7 @@
 .DEFAULT_GOAL := help
 .PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist reproducible bench coverage screenshots help-pictures lint format check-format clean
 
-native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
+native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev
 windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
 linux_packages   := $(native_packages) dpkg-dev file man-db

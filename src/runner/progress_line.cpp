@@ -1,10 +1,9 @@
 #include "runner/progress_line.hpp"
 
+#include "common/text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace tarnwick {
@@ -21,13 +20,6 @@ std::string bar(const Progress& progress) {
         text += '>' + std::string(barWidth - full - 1, ' ');
     }
     return text + "]";
-}
-
-std::string withDigits(double number, int places) {
-    std::array<char, 32> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed, places).ptr;
-    return {digits.begin(), end};
 }
 
 std::string perSecond(double rate) {

@@ -9,7 +9,7 @@ namespace tarnwick {
 // How everything stood at the end of one run. What nearly every record says (a heading, a line of
 // counts) is no finding here: else all records would have some, always.
 struct RunTotals {
-    std::string begun; // date and time, UTC, as 2026-11-22T02:24:48Z
+    std::string begun{}; // date and time, UTC, as 2026-11-22T02:24:48Z
     double seconds = 0;
     std::size_t made = 0;
     std::size_t upToDate = 0;

@@ -23,6 +23,7 @@ struct JobRequest {
     bool inPlace = false;             // a record may be overwritten by what is made of it
     std::vector<std::string> drives;  // that the definition names, as "T:"
     std::vector<std::string> remarks; // on what was read, for the user
+    bool runsTools = true;            // else tools and the folders of outputs need not be there
 };
 
 struct RefusedRecord {

@@ -48,8 +48,9 @@ class BoundedLine {
 
 class MessageReader {
   public:
-    MessageReader(const MessagePatterns& patterns, RecordMessages& messages)
-        : patterns_(patterns), messages_(messages) {}
+    MessageReader(const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText)
+        : patterns_(patterns), messages_(messages), toolText_(toolText) {}
 
     void read(InputFile& file) {
         std::array<char, 64UZ * 1024> block{};
@@ -86,6 +87,9 @@ class MessageReader {
         if (text.empty()) {
             return;
         }
+        if (toolText_) {
+            text = toolText_(text);
+        }
         if (messages_.failing.empty() && patterns_.fails(text)) {
             messages_.failing = text;
         }
@@ -99,6 +103,7 @@ class MessageReader {
 
     const MessagePatterns& patterns_;
     RecordMessages& messages_;
+    const ToolText& toolText_;
     BoundedLine line_;
     bool afterReturn_ = false;
     std::uint32_t number_ = 0;
@@ -121,8 +126,9 @@ std::string messageFailure(std::string_view message) {
     return "the tools say " + quoted(message);
 }
 
-void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages) {
-    MessageReader(patterns, messages).read(file);
+void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText) {
+    MessageReader(patterns, messages, toolText).read(file);
 }
 
 } // namespace tarnwick

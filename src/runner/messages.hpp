@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,9 +43,13 @@ struct RecordMessages {
 // Why such a message fails its record, as a sentence.
 [[nodiscard]] std::string messageFailure(std::string_view message);
 
+// A text that a tool has written, in the program's code page. Empty: it is that as it is.
+using ToolText = std::function<std::string(std::string_view text)>;
+
 // Adds every line of the file that is not blank. Where there are more than mostMessages, the last
 // one that is added is "[messages left out: 1234]", in the place of the first of these. Memory:
 // what is kept, however long file and lines are. Raises what InputFile::read raises.
-void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages);
+void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText = {});
 
 } // namespace tarnwick

@@ -151,7 +151,8 @@ void RecordRun::takeMessages(Tool tool, const Stamps& before, RecordOutcome& out
             if (after && written_.mayBeWritten(place, before[place], *after)) {
                 RecordMessages& messages =
                     outcome.messages ? *outcome.messages : outcome.messages.emplace();
-                readMessages(*services_.files.openForReading(path), settings_.messages, messages);
+                readMessages(*services_.files.openForReading(path), settings_.messages, messages,
+                             services_.toolText);
                 ++reportsRead_;
             }
         } catch (const RunTimeError&) {

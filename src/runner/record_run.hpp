@@ -19,6 +19,7 @@ struct RecordServices {
     const FileStamps& stamps;
     const ToolPaths& paths;
     ToolProcesses& processes;
+    ToolText toolText;
 };
 
 // Does the work on records, one at a time: CNS, MP and the links of their pages. Several of these

@@ -194,7 +194,8 @@ class DefinitionRun {
         const RecordServices recordServices{.files = services_.files,
                                             .stamps = services_.stamps,
                                             .paths = services_.paths,
-                                            .processes = services_.processes};
+                                            .processes = services_.processes,
+                                            .toolText = services_.toolText};
         const auto summary = runRecords({.job = job,
                                          .products = products,
                                          .plan = planned,

@@ -42,6 +42,7 @@ struct RunnerServices {
     Terminal& terminal;
     const RunClock& clock;
     std::function<bool(const std::string& program)> canStart; // see JobServices
+    ToolText toolText{};
 };
 
 // A run that has ended, while nobody else can begin one.
@@ -67,7 +68,7 @@ struct RunRequest {
     std::string stateFolder; // full path
     std::string holder;      // who we are, for another runner to tell
     bool dryRun = false;     // only says what would be done
-    std::function<RunEndNotes(const RunEnd& end)> whenEnded; // may be empty; does not raise
+    std::function<RunEndNotes(const RunEnd& end)> whenEnded{}; // may be empty; does not raise
 };
 
 enum class CallFormat : std::uint8_t {

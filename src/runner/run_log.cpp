@@ -104,7 +104,8 @@ void take(LogLine line, RunHistory& history) {
     ++history.lines;
 }
 
-RunHistory readRunLog(const Files& files, std::string_view path) {
+RunHistory readRunLog(const Files& files, std::string_view path,
+                      const std::function<void(const LogLine& line)>& tell) {
     RunHistory history;
     if (!FileExists(files, path)) {
         return history;
@@ -118,6 +119,9 @@ RunHistory readRunLog(const Files& files, std::string_view path) {
         history.damaged += history.torn ? 1 : 0;
         history.torn = !line;
         if (line) {
+            if (tell) {
+                tell(*line);
+            }
             take(*std::move(line), history);
         }
     });

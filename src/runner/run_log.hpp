@@ -50,10 +50,11 @@ struct RunHistory {
 // Adds what the next line says.
 void take(LogLine line, RunHistory& history);
 
-// Reads a log; an empty one where there is none. Raises what Files::openForReading and
-// InputFile::read raise, and 321 (with a description for people) where the file is no log or one of
-// a newer version.
-[[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path);
+// Reads a log; an empty one where there is none. `tell` hears of each line. Raises what
+// Files::openForReading and InputFile::read raise, and 321 (with a description for people) where
+// the file is no log or one of a newer version.
+[[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path,
+                                    const std::function<void(const LogLine& line)>& tell = {});
 
 // Writes the log, a line at a time; each is with the system before the next is begun.
 class RunLog {

@@ -18,7 +18,7 @@ struct RunSettings {
     std::optional<std::size_t> stopAfter; // so many failures; nothing more is begun then
     bool keepPartial = false;             // what a failed call leaves of its products stays
     bool all = false;                     // also what is up to date
-    MessagePatterns messages;
+    MessagePatterns messages{};
 
     bool operator==(const RunSettings&) const = default;
 };

@@ -88,6 +88,15 @@ class PosixConsolePlatform final : public ConsolePlatform {
         return std::string(text);
     }
 
+    // Tools that come from Windows write in its code pages here, too.
+    [[nodiscard]] std::string toolText(std::string_view text) const override {
+        try {
+            return toUtf8(text, codePage_);
+        } catch (const RunTimeError&) {
+            return std::string(text);
+        }
+    }
+
     [[nodiscard]] std::string processName() const override {
         std::array<char, 256> host{};
         static_cast<void>(::gethostname(host.data(), host.size() - 1));

@@ -177,7 +177,9 @@ std::string changesSection(const RunReport& report) {
            shapeList(
                report, "new",
                [](const Shape& shape) { return shape.records > 0 && shape.recordsBefore == 0; }) +
-           shapeList(report, "gone", [](const Shape& shape) { return shape.records == 0; }) +
+           shapeList(
+               report, "gone",
+               [](const Shape& shape) { return shape.records == 0 && shape.recordsBefore > 0; }) +
            changedRecords(report) + "</section>\n";
 }
 

@@ -235,8 +235,8 @@ std::string runsSection(const RunReport& report) {
                      [](const RunTotals& run) { return run.recordsWithFindings; }) +
                 plot(report, "Messages", [](const RunTotals& run) { return run.messages; });
     }
-    return text + "</div>\n<p class=\"axis\"><span>" + timeElement(report.runs.front().begun) +
-           "</span> <span>" + timeElement(report.runs.back().begun) + "</span></p>\n" +
+    return text + "</div>\n<p class=\"axis\">From " + timeElement(report.runs.front().begun) +
+           " to " + timeElement(report.runs.back().begun) + ", the last run at the right.</p>\n" +
            runsTable(report) + "</section>\n";
 }
 

@@ -56,7 +56,7 @@ std::string junitReport(const RunReport& report) {
     for (const ReportedRecord& record : report.records) {
         text += caseText(report, record);
     }
-    return text + "</testsuite>\n</testsuites>\n";
+    return text += "</testsuite>\n</testsuites>\n";
 }
 
 } // namespace tarnwick

@@ -1,8 +1,8 @@
 #include "report/html_parts.hpp"
 
-#include "common/text.hpp"
 #include "report/escaping.hpp"
 #include "report/report_words.hpp"
+#include "runner/number_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "report/html_plots.hpp"
 
-#include "common/text.hpp"
 #include "report/escaping.hpp"
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
+#include "runner/number_text.hpp"
 #include "runner/progress_line.hpp"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "report/report_words.hpp"
 
-#include "common/text.hpp"
+#include "runner/number_text.hpp"
 
 #include <cmath>
 

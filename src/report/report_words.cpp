@@ -41,7 +41,7 @@ double sensibleSeconds(double seconds) noexcept {
 }
 
 std::string secondsText(double seconds) {
-    return withDigits(sensibleSeconds(seconds), 3);
+    return numberText(sensibleSeconds(seconds), 3);
 }
 
 double secondsOf(const ReportedRecord& record) noexcept {

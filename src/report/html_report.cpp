@@ -14,9 +14,9 @@ namespace tarnwick {
 namespace {
 
 std::string figure(std::string_view name, std::string_view value, std::string_view of = {}) {
-    std::string text = "<div";
-    text.append(of.empty() ? "" : " class=").append(of).append("><dt>").append(name);
-    return text.append("</dt><dd>").append(value).append("</dd></div>\n");
+    const std::string attribute = of.empty() ? "" : " class=\"" + std::string(of) + "\"";
+    std::string text = "<div" + attribute + "><dt>";
+    return text.append(name).append("</dt><dd>").append(value).append("</dd></div>\n");
 }
 
 std::string figures(const RunReport& report) {

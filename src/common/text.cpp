@@ -1,8 +1,5 @@
 #include "common/text.hpp"
 
-#include <array>
-#include <charconv>
-
 namespace tarnwick {
 
 std::string quoted(std::string_view text) {
@@ -24,13 +21,6 @@ std::string withDoubled(std::string_view text, char character) {
         result.append(each == character ? 2 : 1, each);
     }
     return result;
-}
-
-std::string withDigits(double number, int places) {
-    std::array<char, 400> digits{}; // the longest number has 309 before the point
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed, places).ptr;
-    return {digits.begin(), end};
 }
 
 } // namespace tarnwick

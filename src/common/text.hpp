@@ -20,7 +20,4 @@ inline constexpr std::string_view lineEnd = "\r\n";
 // `text` with two for each `character`.
 [[nodiscard]] std::string withDoubled(std::string_view text, char character);
 
-// With so many digits behind the point, whatever the language of the system: "0.5".
-[[nodiscard]] std::string withDigits(double number, int places);
-
 } // namespace tarnwick

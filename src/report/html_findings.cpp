@@ -49,7 +49,7 @@ std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
         text += "<p class=\"more\">And " + grouped(shape.records - records.size()) + " more.</p>\n";
     }
     const std::string number = shapeNumber(place);
-    return text + "<p><a class=\"show\" href=\"#records\" data-show=\"" + number + "\">" +
+    return text + "<p class=\"show\"><a href=\"#records\" data-show=\"" + number + "\">" +
            (shape.records == 1 ? "Find it" : "Find all " + grouped(shape.records)) +
            " among the records</a> (in the column Findings: " + number + ")</p>\n";
 }
@@ -177,7 +177,9 @@ std::string changesSection(const RunReport& report) {
            shapeList(
                report, "new",
                [](const Shape& shape) { return shape.records > 0 && shape.recordsBefore == 0; }) +
-           shapeList(report, "gone", [](const Shape& shape) { return shape.records == 0; }) +
+           shapeList(
+               report, "gone",
+               [](const Shape& shape) { return shape.records == 0 && shape.recordsBefore > 0; }) +
            changedRecords(report) + "</section>\n";
 }
 

@@ -1,8 +1,8 @@
 #include "report/html_parts.hpp"
 
-#include "common/text.hpp"
 #include "report/escaping.hpp"
 #include "report/report_words.hpp"
+#include "runner/number_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <algorithm>
@@ -62,7 +62,7 @@ std::string barCell(std::uint64_t part, std::uint64_t whole) {
     const double width = part == 0 ? 0 : std::clamp(share, 0.5, 100.0);
     return "<td class=\"bar\"><svg viewBox=\"0 0 100 10\" preserveAspectRatio=\"none\" "
            "aria-hidden=\"true\"><rect width=\"" +
-           withDigits(width, 1) + "\" height=\"10\"/></svg>";
+           numberText(width, 1) + "\" height=\"10\"/></svg>";
 }
 
 std::string numberCell(std::uint64_t number) {

@@ -1,9 +1,9 @@
 #include "report/html_plots.hpp"
 
-#include "common/text.hpp"
 #include "report/escaping.hpp"
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
+#include "runner/number_text.hpp"
 #include "runner/progress_line.hpp"
 
 #include <algorithm>
@@ -16,9 +16,9 @@ namespace {
 
 std::string rectangle(double x, double y, double width, double height, std::string_view of,
                       std::string_view title) {
-    std::string text = "<rect class=\"" + std::string(of) + "\" x=\"" + withDigits(x, 1) +
-                       "\" y=\"" + withDigits(y, 1) + "\" width=\"" + withDigits(width, 1) +
-                       "\" height=\"" + withDigits(height, 1) + "\"><title>";
+    std::string text = "<rect class=\"" + std::string(of) + "\" x=\"" + numberText(x, 1) +
+                       "\" y=\"" + numberText(y, 1) + "\" width=\"" + numberText(width, 1) +
+                       "\" height=\"" + numberText(height, 1) + "\"><title>";
     return text.append(title).append("</title></rect>\n");
 }
 
@@ -62,8 +62,8 @@ std::string plot(const RunReport& report, std::string_view name, const NumberOf&
     double x = plotWidth - step * static_cast<double>(report.runs.size());
     std::string text = "<figure><figcaption>" + std::string(name) + " <strong>" + grouped(now) +
                        "</strong> <span>at most " + grouped(most) + "</span></figcaption>\n" +
-                       "<svg viewBox=\"0 0 " + withDigits(plotWidth, 0) + " " +
-                       withDigits(plotHeight + 1, 0) +
+                       "<svg viewBox=\"0 0 " + numberText(plotWidth, 0) + " " +
+                       numberText(plotHeight + 1, 0) +
                        "\" preserveAspectRatio=\"none\" role=\"img\" aria-label=\"" +
                        std::string(name) + " in the last " + counted(report.runs.size(), "run") +
                        ": at most " + grouped(most) + ", in the last one " + grouped(now) + "\">\n";
@@ -135,7 +135,7 @@ std::vector<double> steps() {
 }
 
 std::string stepText(double seconds) {
-    return seconds < 1 ? withDigits(seconds * 1000, 0) + " ms" : withDigits(seconds, 0) + " s";
+    return seconds < 1 ? numberText(seconds * 1000, 0) + " ms" : numberText(seconds, 0) + " s";
 }
 
 std::string histogramRow(const std::vector<double>& limits, std::size_t place, std::uint64_t count,
@@ -214,7 +214,7 @@ std::string stateBar(const RunReport& report) {
         }
     }
     // Stripes tell failed records also from what has the same colour on paper or to some eyes.
-    return "<svg class=\"states\" viewBox=\"0 0 " + withDigits(std::max(width, 1.0), 1) +
+    return "<svg class=\"states\" viewBox=\"0 0 " + numberText(std::max(width, 1.0), 1) +
            " 28\" preserveAspectRatio=\"none\" role=\"img\" aria-label=\"" + barLabel(parts) +
            "\">\n<defs><pattern id=\"stripes\" width=\"6\" height=\"6\" "
            "patternUnits=\"userSpaceOnUse\" patternTransform=\"rotate(45)\"><rect class=\"ground\" "
@@ -235,8 +235,8 @@ std::string runsSection(const RunReport& report) {
                      [](const RunTotals& run) { return run.recordsWithFindings; }) +
                 plot(report, "Messages", [](const RunTotals& run) { return run.messages; });
     }
-    return text + "</div>\n<p class=\"axis\"><span>" + timeElement(report.runs.front().begun) +
-           "</span> <span>" + timeElement(report.runs.back().begun) + "</span></p>\n" +
+    return text + "</div>\n<p class=\"axis\">From " + timeElement(report.runs.front().begun) +
+           " to " + timeElement(report.runs.back().begun) + ", the last run at the right.</p>\n" +
            runsTable(report) + "</section>\n";
 }
 

@@ -14,9 +14,9 @@ namespace tarnwick {
 namespace {
 
 std::string figure(std::string_view name, std::string_view value, std::string_view of = {}) {
-    std::string text = "<div";
-    text.append(of.empty() ? "" : " class=").append(of).append("><dt>").append(name);
-    return text.append("</dt><dd>").append(value).append("</dd></div>\n");
+    const std::string attribute = of.empty() ? "" : " class=\"" + std::string(of) + "\"";
+    std::string text = "<div" + attribute + "><dt>";
+    return text.append(name).append("</dt><dd>").append(value).append("</dd></div>\n");
 }
 
 std::string figures(const RunReport& report) {
@@ -31,7 +31,7 @@ std::string figures(const RunReport& report) {
         text += figure("With findings", grouped(totals.recordsWithFindings)) +
                 figure("Messages", grouped(totals.messages));
     }
-    return text + figure("Took", durationText(sensibleSeconds(totals.seconds))) + "</dl>\n";
+    return text + "</dl>\n";
 }
 
 std::string remarks(const RunReport& report) {
@@ -70,8 +70,10 @@ std::string failures(const RunReport& report) {
 
 std::string head(const RunReport& report) {
     const std::string definition = markupText(cutText(report.definition));
-    const std::string when =
-        report.totals.begun.empty() ? "" : "Run of " + timeElement(report.totals.begun) + ". ";
+    const std::string when = report.totals.begun.empty()
+                                 ? ""
+                                 : "Run of " + timeElement(report.totals.begun) + ", which took " +
+                                       durationText(sensibleSeconds(report.totals.seconds)) + ". ";
     return "<header>\n<h1>" + definition + "</h1>\n<p>" + when + "Report made " +
            timeElement(report.made) + ".</p>\n</header>\n";
 }

@@ -102,7 +102,7 @@ std::string jsonReport(const RunReport& report) {
     addList("shapes", report.shapes, std::bind_front(shapeValue, std::cref(report)), text);
     addList("changes", report.changes, std::bind_front(changeValue, std::cref(report)), text);
     addList("records", report.records, recordValue, text);
-    return text + "}\n";
+    return text += "}\n";
 }
 
 } // namespace tarnwick

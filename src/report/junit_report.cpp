@@ -32,12 +32,14 @@ std::string caseText(const RunReport& report, const ReportedRecord& record) {
                        attribute("name", record.name) +
                        attribute("time", secondsText(secondsOf(record))) + ">\n";
     if (record.state == State::Failed) {
-        text += "<failure" + attribute("message", record.why) + ">" + markupText(record.why) +
-                "\n" + findingsText(report, record) + "</failure>\n";
-    } else if (!record.findings.empty()) {
-        text += "<system-out>" + findingsText(report, record) + "</system-out>\n";
-    } else if (record.state == State::NotRun) {
+        return text + "<failure" + attribute("message", record.why) + ">" + markupText(record.why) +
+               "\n" + findingsText(report, record) + "</failure>\n</testcase>\n";
+    }
+    if (record.state == State::NotRun) {
         text += "<skipped/>\n";
+    }
+    if (!record.findings.empty()) {
+        text += "<system-out>" + findingsText(report, record) + "</system-out>\n";
     }
     return text + "</testcase>\n";
 }
@@ -56,7 +58,7 @@ std::string junitReport(const RunReport& report) {
     for (const ReportedRecord& record : report.records) {
         text += caseText(report, record);
     }
-    return text + "</testsuite>\n</testsuites>\n";
+    return text += "</testsuite>\n</testsuites>\n";
 }
 
 } // namespace tarnwick

@@ -1,6 +1,6 @@
 'use strict';
-// The list of all records: filtered, sorted, and shown a part at a time. Its rows are those of the <noscript>,
-// which is plain text where scripts run: one line for each, its cells between <td>. All texts in it are escaped.
+// The list of all records: filtered, sorted, and shown a part at a time. Its rows are those of the element
+// "all", which is plain text where scripts run: one line for each, its cells between <td>. All texts in it are escaped.
 (() => {
     const part = 500; // rows that are added at once
     const onPaper = 5000; // at most

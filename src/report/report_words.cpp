@@ -1,6 +1,6 @@
 #include "report/report_words.hpp"
 
-#include "common/text.hpp"
+#include "runner/number_text.hpp"
 
 #include <cmath>
 
@@ -41,7 +41,7 @@ double sensibleSeconds(double seconds) noexcept {
 }
 
 std::string secondsText(double seconds) {
-    return withDigits(sensibleSeconds(seconds), 3);
+    return numberText(sensibleSeconds(seconds), 3);
 }
 
 double secondsOf(const ReportedRecord& record) noexcept {

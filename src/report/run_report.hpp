@@ -71,7 +71,7 @@ struct ReportedRecord {
     State state = State::NotRun;
     std::string why{}; // it failed: a sentence
     std::vector<ReportedCall> calls{};
-    std::vector<Finding> findings{}; // by line
+    std::vector<Finding> findings{}; // in the order of the tools' reports
     // What the names of its products begin with: MP's, and CNS's. Empty: it has none of these, as
     // when it failed and they were removed, or was never made.
     std::string mpStem{};

@@ -10,6 +10,7 @@
 #include "processing/commands/record_names.hpp"
 #include "runner/argument_list.hpp"
 #include "runner/clashes.hpp"
+#include "runner/passed_over.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -30,7 +31,7 @@ class JobCheck {
     JobCheck(BatchDefinition definition, const JobRequest& request, const JobServices& services)
         : request_(request), services_(services) {
         checked_.job.definition = std::move(definition);
-        checked_.job.remarks = request.remarks;
+        checked_.job.remarks = remarksOn(request.passedOver, checked_.job.definition);
     }
 
     CheckedJob run() {
@@ -123,8 +124,11 @@ class JobCheck {
     }
 
     void checkInputFolder() {
-        const std::string& folder = definition().sInputFolder;
+        std::string folder = definition().sInputFolder;
         if (trim(folder).empty()) {
+            folder = valuePassedOver(request_.passedOver, "Input Folder");
+        }
+        if (folder.empty()) {
             fault("No input folder is named.");
         } else if (!FolderExists(services_.files, folder)) {
             fault("The input folder " + quoted(folder) + " does not exist.");
@@ -146,7 +150,7 @@ class JobCheck {
 
     // One cause of many faults, where a system has no drives of its own.
     void tellMissingDrives() {
-        for (const std::string& drive : request_.drives) {
+        for (const std::string& drive : drivesNamed(definition(), request_.passedOver)) {
             try {
                 static_cast<void>(services_.paths.toolPath(drive + "\\"));
             } catch (const RunTimeError& error) {
@@ -159,8 +163,8 @@ class JobCheck {
     }
 
     void findRecords() {
-        auto& listing = checked_.job.listing.emplace_back(
-            services_.stamps.listStamped(definition().sInputFolder));
+        const StampedListing& listing =
+            checked_.job.listing.emplace(services_.stamps.listStamped(definition().sInputFolder));
         if (listing.leftOut.count > 0) {
             checked_.job.refused.push_back(
                 {.name = listing.leftOut.first,
@@ -174,7 +178,7 @@ class JobCheck {
             listing.files, std::back_inserter(records), [&](const StampedFile& file) {
                 return matchesAnyWildcard(file.name, definition().sInputExtensions);
             });
-        sortByName(records);
+        sortByName(records, &StampedFile::name);
         select(records);
         if (records.empty() && checked_.faults.empty() && checked_.job.refused.empty()) {
             fault("No files found in folder " + quoted(definition().sInputFolder) + ".");
@@ -182,24 +186,6 @@ class JobCheck {
         refuseNames(records);
         checked_.job.records = std::move(records);
         refuseClashes(checked_.job, request_.inPlace, services_.files);
-    }
-
-    static void sortByName(std::vector<StampedFile>& records) {
-        std::vector<std::pair<std::string, StampedFile*>> keys;
-        keys.reserve(records.size());
-        for (StampedFile& record : records) {
-            keys.emplace_back(upperCase(record.name), &record);
-        }
-        std::ranges::sort(keys, [](const auto& left, const auto& right) {
-            return left.first != right.first ? left.first < right.first
-                                             : left.second->name < right.second->name;
-        });
-        std::vector<StampedFile> sorted;
-        sorted.reserve(records.size());
-        for (const auto& [key, record] : keys) {
-            sorted.push_back(std::move(*record));
-        }
-        records = std::move(sorted);
     }
 
     // Only those that the user has named. A name that fits none is a mistake.

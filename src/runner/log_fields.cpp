@@ -5,7 +5,6 @@
 #include "runner/hash.hpp"
 
 #include <algorithm>
-#include <array>
 
 namespace tarnwick {
 namespace {
@@ -99,13 +98,6 @@ std::uint64_t LogFields::hexadecimalNumber(std::string_view digits) {
     const auto [behind, error] = std::from_chars(digits.data(), end, result, 16);
     require(error == std::errc() && behind == end);
     return result;
-}
-
-std::string logSeconds(double seconds) {
-    std::array<char, 512> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), seconds, std::chars_format::fixed, 3).ptr;
-    return {digits.begin(), end};
 }
 
 } // namespace tarnwick

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 
 namespace tarnwick {
 
@@ -50,6 +52,9 @@ class LogFields {
         const auto* const end = digits.data() + digits.size();
         const auto [behind, error] = std::from_chars(digits.data(), end, result);
         require(error == std::errc() && behind == end);
+        if constexpr (std::is_floating_point_v<Number>) {
+            require(std::isfinite(result)); // "nan" and "inf" are no numbers here
+        }
         return result;
     }
     template <typename Number>
@@ -63,8 +68,5 @@ class LogFields {
     bool more_ = true;
     bool whole_ = true;
 };
-
-// Seconds with three digits behind the point.
-[[nodiscard]] std::string logSeconds(double seconds);
 
 } // namespace tarnwick

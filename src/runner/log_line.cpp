@@ -2,6 +2,7 @@
 
 #include "runner/hash.hpp"
 #include "runner/log_fields.hpp"
+#include "runner/number_text.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -36,7 +37,7 @@ std::string callsText(const std::vector<CallNote>& calls) {
             .append(tool == Tool::CNS ? "cns:" : "mp:")
             .append(std::to_string(code))
             .append(":")
-            .append(logSeconds(seconds));
+            .append(numberText(seconds, 3));
     }
     return result.empty() ? std::string(noStamp) : result;
 }

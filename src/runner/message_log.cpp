@@ -5,6 +5,7 @@
 #include "common/one_step_file.hpp"
 #include "platform/run_time_error.hpp"
 #include "runner/log_fields.hpp"
+#include "runner/number_text.hpp"
 
 #include <algorithm>
 #include <unordered_map>
@@ -32,7 +33,7 @@ struct FieldsOf {
     std::string operator()(const TotalsLine& line) const {
         const RunTotals& totals = line.totals;
         return "ended\t" + std::to_string(line.run) + "\t" + asLogField(totals.begun) + "\t" +
-               logSeconds(totals.seconds) + "\tmade=" + std::to_string(totals.made) +
+               numberText(totals.seconds, 3) + "\tmade=" + std::to_string(totals.made) +
                "\tup-to-date=" + std::to_string(totals.upToDate) +
                "\tfailed=" + std::to_string(totals.failed) +
                "\tnot-run=" + std::to_string(totals.notRun) +

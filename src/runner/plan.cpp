@@ -106,8 +106,8 @@ class Planner {
         }
         const std::string input = upperCase(withBackslash(job_.definition.sInputFolder));
         for (const std::string& folder : folders) {
-            if (folder == input && !job_.listing.empty()) {
-                lookAtProductsIn(folder, job_.listing.front());
+            if (folder == input && job_.listing) {
+                lookAtProductsIn(folder, *job_.listing);
             } else if (isAnythingUpToDate()) {
                 lookAtProductsIn(folder, stamps_.listStamped(spelled(folder)));
             }

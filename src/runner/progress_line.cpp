@@ -1,6 +1,6 @@
 #include "runner/progress_line.hpp"
 
-#include "common/text.hpp"
+#include "runner/number_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ std::string bar(const Progress& progress) {
 }
 
 std::string perSecond(double rate) {
-    return withDigits(rate, rate < 10 ? 1 : 0) + "/s";
+    return numberText(rate, rate < 10 ? 1 : 0) + "/s";
 }
 
 std::string names(const Progress& progress) {
@@ -40,7 +40,7 @@ std::string durationText(double seconds) {
     const auto whole = [](double number) { return std::to_string(static_cast<long long>(number)); };
     constexpr double exact = 10; // with a digit behind the point
     if (seconds < exact) {
-        return withDigits(std::max(seconds, 0.0), 1) + " s";
+        return numberText(std::max(seconds, 0.0), 1) + " s";
     }
     if (seconds < minute) {
         return whole(seconds) + " s";

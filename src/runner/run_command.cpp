@@ -111,7 +111,7 @@ class DefinitionRun {
         }
         Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all,
                               judged ? &*judged : nullptr);
-        job.listing.clear(); // nobody needs it any longer, and it may be large
+        job.listing.reset(); // nobody needs it any longer, and it may be large
         return result;
     }
 

@@ -7,7 +7,6 @@
 #include "options.hpp"
 #include "platform/run_time_error.hpp"
 #include "report/report_command.hpp"
-#include "runner/definition_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <exception>
@@ -36,11 +35,8 @@ class RunnerMain {
 
     ExitStatus run() {
         const std::string file = platform_->typedPath(options_.definition);
-        const std::string text = textOf(file);
-        const BatchDefinition definition = definitionOf(file, text);
         RunRequest request = requestFor(file);
-        request.job.drives = drivesNamed(text);
-        request.job.remarks = outputsPassedOver(text, definition, platform_->files());
+        const BatchDefinition definition = readDefinitionFile(file, request.job.passedOver);
         const ToUtf8 utf8 = [this](std::string_view words) { return platform_->utf8(words); };
         switch (options_.command) {
         case RunnerOptions::Command::PrintCalls:
@@ -70,7 +66,9 @@ class RunnerMain {
         }
     }
 
-    BatchDefinition definitionOf(const std::string& file, std::string_view text) {
+    BatchDefinition readDefinitionFile(const std::string& file,
+                                       std::vector<PassedOverEntry>& passedOver) {
+        const std::string text = textOf(file);
         BatchDefinition definition =
             definitionAtStartUp(platform_->process(), platform_->files(), platform_->settings());
         if (platform_->process().programFolder().empty()) {
@@ -78,7 +76,7 @@ class RunnerMain {
         }
         definition.sINIFile = file;
         try {
-            readDefinition(definition, platform_->files(), text);
+            passedOver = readDefinition(definition, platform_->files(), text);
         } catch (const RunTimeError& error) {
             refuse(" cannot be read: " + error.record().description + ".");
         }

@@ -134,9 +134,13 @@ class NeededLines {
     std::size_t lines_ = 0;
 };
 
+std::string besideLog(const std::string& path) {
+    return path + ".new";
+}
+
 // Beside the log, and then in its place: it may be too large to be held.
 void makeAnew(Files& files, const std::string& path, const NeededLines& needed) {
-    const std::string beside = path + ".new";
+    const std::string beside = besideLog(path);
     auto file = createAnew(files, beside);
     try {
         file->write(titleLine() + "\n");
@@ -194,6 +198,7 @@ MessageLogFaults readMessageLog(const Files& files, std::string_view path,
 }
 
 MessageLog::MessageLog(Files& files, const std::string& path) {
+    removeQuietly(files, besideLog(path)); // of a run that was killed
     if (!FileExists(files, path)) {
         writeInOneStep(files, path, titleLine() + "\n");
     } else {

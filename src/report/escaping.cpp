@@ -83,9 +83,17 @@ std::string linkPart(std::string_view bytes) {
 }
 
 std::string folderLink(std::string_view folder) {
-    const auto first = folder.substr(0, folder.find_first_of("/?#"));
-    const bool isSafe = !first.contains(':') || folder.starts_with("file:///");
-    return (isSafe ? "" : "./") + markupText(folder);
+    std::string link;
+    for (const char character : folder) { // a browser takes the one for the other
+        link += character == '\\' ? "%5C" : std::string(1, character);
+    }
+    if (link.starts_with("//")) { // a share; on a page from a server it would be another server
+        link.insert(0, "file:");
+    }
+    const auto first = link.substr(0, link.find_first_of("/?#"));
+    const bool hasScheme = first.contains(':') && !link.starts_with("file://");
+    const bool isTrimmed = !link.empty() && static_cast<unsigned char>(link.front()) <= ' ';
+    return (hasScheme || isTrimmed ? "./" : "") + markupText(link);
 }
 
 } // namespace tarnwick

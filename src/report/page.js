@@ -127,10 +127,12 @@
         {rootMargin: '0px 0px 800px 0px'}).observe(more.parentElement);
     addEventListener('beforeprint', () => shown < onPaper && add(onPaper - shown));
 
-    document.querySelectorAll('a[data-show]').forEach(link => link.addEventListener('click', () => {
+    document.querySelectorAll('a[data-show]').forEach(link => link.addEventListener('click', event => {
+        event.preventDefault(); // which would take the focus from the filter
         filter.value = link.dataset.show;
         state.value = '';
         update();
+        at('records').scrollIntoView();
         filter.focus({preventScroll: true});
     }));
     // A link to a shape opens it, also where it is folded away.

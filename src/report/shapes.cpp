@@ -204,8 +204,7 @@ class Masker {
         at_ = end;
     }
 
-    // An apostrophe does not begin a quotation behind a letter; at the beginning of a word it is
-    // one that could not.
+    // A mark that quotes nothing is a part of its word.
     [[nodiscard]] bool endsWord(std::size_t place, bool afterLetter) const {
         constexpr std::string_view always = "()[]{}<>|;=";
         const char character = text_[place];
@@ -218,13 +217,14 @@ class Masker {
         if (isBlank(character) || always.contains(character) || isClearMark(characterAt(place))) {
             return true;
         }
-        return place > at_ && !afterLetter && opensAsApostrophe(place);
+        return place > at_ && !afterLetter && quotesAt(place);
     }
 
-    [[nodiscard]] bool opensAsApostrophe(std::size_t place) const {
+    [[nodiscard]] bool quotesAt(std::size_t place) const {
         const auto character = characterAt(place);
         return std::ranges::any_of(quotations, [&](const Quotation& quotation) {
-            return quotation.mayBeApostrophe && quotation.opens == character;
+            return quotation.mayBeApostrophe && quotation.opens == character &&
+                   endOf(quotation, place + character.size());
         });
     }
 

@@ -52,7 +52,19 @@ class JobCheck {
 
   private:
     BatchDefinition& definition() { return checked_.job.definition; }
-    void fault(std::string text) { checked_.faults.push_back(std::move(text)); }
+    void fault(std::string text) { checked_.faults.push_back(asTyped(std::move(text))); }
+
+    // A path that the user typed is told as paths are typed on this system.
+    [[nodiscard]] std::string asTyped(std::string text) const {
+        for (const std::string* const path :
+             {&request_.inputFolder, &request_.mpExecutable, &request_.cnsExecutable}) {
+            const std::string told = quoted(*path);
+            if (const auto place = text.find(told); !path->empty() && place != std::string::npos) {
+                text.replace(place, told.size(), quoted(shownPath(services_.paths, *path)));
+            }
+        }
+        return text;
+    }
 
     template <typename Step>
     void attempt(const Step& step) {
@@ -95,6 +107,12 @@ class JobCheck {
         add(configurationFault(definition(), services_.files));
         if (!request_.runsTools) {
             return;
+        }
+        if (services_.paths.separator() != '\\' &&
+            (definition().bCfgNamesInput || definition().bCfgNamesOutput)) {
+            checked_.job.remarks.emplace_back(
+                "The configuration file names files, and MP reads it as it is: these must be "
+                "paths of this system.");
         }
         if (definition().bCfgNamesOutput) {
             checked_.job.remarks.emplace_back(
@@ -165,7 +183,7 @@ class JobCheck {
     void findRecords() {
         const StampedListing& listing =
             checked_.job.listing.emplace(services_.stamps.listStamped(definition().sInputFolder));
-        if (listing.leftOut.count > 0) {
+        if (listing.leftOut.count > 0 && request_.records.empty()) { // else others are asked for
             checked_.job.refused.push_back(
                 {.name = listing.leftOut.first,
                  .why = listing.leftOut.count == 1

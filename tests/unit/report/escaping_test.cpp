@@ -69,7 +69,17 @@ TEST(FolderLink, A_folder_is_a_place_and_never_a_script) {
     EXPECT_EQ(folderLink("javascript:alert(1)/"), "./javascript:alert(1)/");
     EXPECT_EQ(folderLink("\x01javascript:alert(1)/"), "./&lt;U+0001&gt;javascript:alert(1)/");
     EXPECT_EQ(folderLink("data:text/html,x/"), "./data:text/html,x/");
+    EXPECT_EQ(folderLink(" javascript:alert(1)/"), "./ javascript:alert(1)/");
+    EXPECT_EQ(folderLink("FILE:alert/"), "./FILE:alert/");
+    EXPECT_EQ(folderLink(""), "");
     EXPECT_EQ(folderLink("a\"b&c/"), "a&quot;b&amp;c/");
+}
+
+TEST(FolderLink, A_share_is_a_file_and_never_a_server_of_the_network) {
+    EXPECT_EQ(folderLink("//server/share/"), "file://server/share/");
+    EXPECT_EQ(folderLink("file://server/share/"), "file://server/share/");
+    EXPECT_EQ(folderLink("\\\\server\\share/"), "%5C%5Cserver%5Cshare/");
+    EXPECT_EQ(folderLink(" //server/"), "./ //server/");
 }
 
 } // namespace

@@ -115,6 +115,24 @@ TEST_F(ConsoleRunner, Wrong_use_and_what_cannot_be_run_end_with_2_and_a_sentence
     EXPECT_THAT(products(), IsEmpty());
 }
 
+TEST_F(ConsoleRunner, Reports_are_UTF_8_and_lead_to_the_products_wherever_both_are_moved) {
+    place.write("in\\caf\xE9.met", "Stray t\xEDtulo\r\n" + record("Lakes"));
+    EXPECT_THAT(run({"batch.ini", "--report", "r.json", "--report", "r.html"}),
+                EndsWith(0, "1 made, 0 failed"));
+    const std::string report = place.read("r.json");
+    EXPECT_THAT(report, HasSubstr("\"caf\xC3\xA9.met\""));
+    EXPECT_THAT(report, HasSubstr("Stray t\xC3\xADtulo"));
+    EXPECT_THAT(report, HasSubstr("\"folder\":\"out/\""));
+    EXPECT_TRUE(place.exists("r.html"));
+    EXPECT_THAT(run({"batch.ini", "--fail-on", "*stray*"}),
+                EndsWith(1, "FAILED caf\xE9.met: the tools say \""));
+    EXPECT_TRUE(place.exists("out\\caf\xE9.xml"));
+    EXPECT_THAT(run({"report", "batch.ini", "--report", "r.csv"}), EndsWith(0, "r.csv"));
+    EXPECT_THAT(place.read("r.csv"), HasSubstr("the tools say"));
+    EXPECT_THAT(run({"batch.ini", "--report", "gone\\r.csv"}), EndsWith(1, "cannot be written"));
+    EXPECT_THAT(run({"batch.ini", "--report", "r.doc"}), EndsWith(2, "a report ends in .html"));
+}
+
 TEST_F(ConsoleRunner, Help_and_version_are_told_on_request) {
     EXPECT_THAT(run({"--version"}), EndsWith(0, "tarnwick-run 2.0.0.7\n"));
     EXPECT_THAT(run({"--help"}), EndsWith(0, "Exit status:"));

@@ -56,7 +56,8 @@ TEST_F(ConsoleRunner, Ended_at_any_moment_it_loses_nothing_but_what_was_in_work)
     EXPECT_TRUE(products() == expected);
     EXPECT_THAT(run({"batch.ini"}).said, testing::HasSubstr("0 made, 0 failed, 16 up to date"));
     for (const auto& entry : fs::directory_iterator(place.path("batch.state"))) {
-        EXPECT_THAT(entry.path().filename().string(), testing::AnyOf("lock", "run.log"));
+        EXPECT_THAT(entry.path().filename().string(),
+                    testing::AnyOf("lock", "run.log", "messages.log"));
     }
     std::cout << halfMade << " of " << times << " left a part of the products\n";
 }

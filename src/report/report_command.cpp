@@ -129,7 +129,7 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
                         const ReportRequest& request, const RunnerServices& services,
                         const ToUtf8& utf8) {
     Console console(services.terminal, services.clock, run.style, "");
-    const auto [job, faults] = checkJob(definition, run.job,
+    auto [job, faults] = checkJob(definition, run.job,
                                         {.files = services.files,
                                          .stamps = services.stamps,
                                          .paths = services.paths,
@@ -140,6 +140,7 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
     if (!faults.empty()) {
         return ExitStatus::NothingRun;
     }
+    job.listing.reset(); // it is asked for again only where products lie among the records
     KnownFolders folders(services.files);
     const Products products(job.definition, folders);
     const RunEndNotes notes =

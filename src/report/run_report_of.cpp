@@ -34,6 +34,9 @@ class ReportMaker {
         for (const std::string& name : names_) {
             addRecord(name);
         }
+        notes_ = {}; // the findings need the room
+        reasons_ = {};
+        history_.records = {};
         addFindings();
         countStates();
         addProducts();

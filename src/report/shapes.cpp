@@ -18,6 +18,9 @@ constexpr bool isBlank(char character) noexcept {
 constexpr bool isDigit(char character) noexcept {
     return character >= '0' && character <= '9';
 }
+constexpr bool isAscii(char character) noexcept {
+    return static_cast<unsigned char>(character) < 0x80;
+}
 constexpr bool isAsciiLetter(char character) noexcept {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
@@ -43,6 +46,11 @@ constexpr auto quotations = std::to_array<Quotation>({
     {.opens = "`", .closes = {"'", "\u2019", "`"}, .mayBeApostrophe = true},
 });
 
+// Most characters do not: they are seen at a glance.
+constexpr bool mayQuote(char first) noexcept {
+    return !isAscii(first) || first == '"' || first == '\'' || first == '`';
+}
+
 // How many bytes the first character has, in UTF-8; what is none has one.
 std::size_t lengthOfFirst(std::string_view text) noexcept {
     const auto first = static_cast<unsigned char>(text.front());
@@ -63,6 +71,9 @@ bool closes(std::string_view character, const Quotation& quotation) noexcept {
 
 // One that opens or closes, and is no apostrophe.
 bool isClearMark(std::string_view character) noexcept {
+    if (isAscii(character.front())) {
+        return character.front() == '"';
+    }
     return std::ranges::any_of(quotations, [&](const Quotation& quotation) {
         return !quotation.mayBeApostrophe &&
                (quotation.opens == character || closes(character, quotation));
@@ -70,10 +81,10 @@ bool isClearMark(std::string_view character) noexcept {
 }
 
 bool isLetter(std::string_view character) noexcept {
-    const bool isAscii = static_cast<unsigned char>(character.front()) < 0x80;
-    return isAscii ? isAsciiLetter(character.front())
-                   : character != something && !isClearMark(character) && character != "\u2018" &&
-                         character != "\u2019" && character != "\u201A";
+    return isAscii(character.front())
+               ? isAsciiLetter(character.front())
+               : character != something && !isClearMark(character) && character != "\u2018" &&
+                     character != "\u2019" && character != "\u201A";
 }
 
 bool isFileName(std::string_view word) noexcept {
@@ -149,6 +160,9 @@ class Masker {
     }
 
     bool takeQuotation() {
+        if (!mayQuote(text_[at_])) {
+            return false;
+        }
         const auto opening = characterAt(at_);
         for (const Quotation& quotation : quotations) {
             if (quotation.opens != opening) {
@@ -175,7 +189,7 @@ class Masker {
                                                    std::size_t place) const {
         while (place < text_.size()) {
             const auto character = characterAt(place);
-            if (closes(character, quotation) &&
+            if (mayQuote(character.front()) && closes(character, quotation) &&
                 !(quotation.mayBeApostrophe && isLetterAt(place + character.size()))) {
                 return place;
             }
@@ -217,7 +231,7 @@ class Masker {
         if (isBlank(character) || always.contains(character) || isClearMark(characterAt(place))) {
             return true;
         }
-        return place > at_ && !afterLetter && quotesAt(place);
+        return place > at_ && !afterLetter && mayQuote(character) && quotesAt(place);
     }
 
     [[nodiscard]] bool quotesAt(std::size_t place) const {
@@ -260,7 +274,7 @@ class Masker {
         }
         const char before = word[sign - 1];
         return !isDigit(before) && !isAsciiLetter(before) && !isSign(before) && before != '#' &&
-               static_cast<unsigned char>(before) < 0x80;
+               isAscii(before);
     }
 
     std::string_view text_;

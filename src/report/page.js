@@ -24,11 +24,11 @@
     // What a filter looks at: made when it is wanted first, for a page opens sooner without.
     let texts = null;
     const textOf = row => {
-        const [first, state, findings] = cells(row);
-        return {name: nameOf(first).toLowerCase(), state, findings: findings + ' '};
+        const [first, state, findings, messages] = cells(row);
+        return {name: nameOf(first).toLowerCase(), state, findings: findings + ' ', hasFindings: messages !== '0'};
     };
     const fits = (text, words, state) =>
-        (state === '' || (state === 'with findings' ? text.findings !== ' ' : text.state === state)) &&
+        (state === '' || (state === 'with findings' ? text.hasFindings : text.state === state)) &&
         words.every(word => /^#\d+$/.test(word) && text.findings.includes(word + ' ') ||
             text.name.includes(word) || text.state.includes(word));
 

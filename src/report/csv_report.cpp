@@ -6,11 +6,12 @@
 namespace tarnwick {
 namespace {
 
-void addLine(const ReportedRecord& record, std::string& text) {
+void addLine(const RunReport& report, const ReportedRecord& record, std::string& text) {
+    const FindingCounts counts = findingsOf(report, record);
     text.append(csvCell(record.name)).append(",").append(stateWord(record.state)).append(",");
     text.append(csvCell(record.why)).append(",");
-    text.append(std::to_string(record.findings.size())).append(",");
-    text.append(std::to_string(messagesOf(record))).append(",");
+    text.append(std::to_string(counts.shapes)).append(",");
+    text.append(std::to_string(counts.messages)).append(",");
     text.append(record.calls.empty() ? "" : secondsText(secondsOf(record))).append(",");
     text.append(csvCell(callsText(record))).append("\r\n");
 }
@@ -20,7 +21,7 @@ void addLine(const ReportedRecord& record, std::string& text) {
 std::string csvReport(const RunReport& report) {
     std::string text = "\xEF\xBB\xBFrecord,state,why,shapes,messages,seconds,calls\r\n";
     for (const ReportedRecord& record : report.records) {
-        addLine(record, text);
+        addLine(report, record, text);
     }
     return text;
 }

@@ -156,7 +156,7 @@ std::string findingsSection(const RunReport& report) {
             (shape.common ? commonRows : rows) += row(report, place, records[place]);
         }
     }
-    std::string text = sectionBegin("findings", "Findings", others + common);
+    std::string text = sectionBegin("findings", "Findings", others);
     text += others == 0 && common == 0 ? "<p>The tools found nothing.</p>\n" : "";
     if (others > 0) {
         text += table(report, rows) + moreText(others, mostShapes, "message");

@@ -81,7 +81,7 @@ void addRow(const RunReport& report, const ReportedRecord& record, std::size_t l
     page.append("><th>").append(markupText(cutText(record.name)));
     page.append("<td>").append(stateWord(record.state));
     page.append("<td>").append(shapeNumbers(report, record));
-    page.append("<td>").append(grouped(messagesOf(record)));
+    page.append("<td>").append(grouped(findingsOf(report, record).messages));
     page.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
     page.append("<td>");
     for (std::size_t product = 0; product < links; ++product) {

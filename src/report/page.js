@@ -24,11 +24,11 @@
     // What a filter looks at: made when it is wanted first, for a page opens sooner without.
     let texts = null;
     const textOf = row => {
-        const [first, state, findings] = cells(row);
-        return {name: nameOf(first).toLowerCase(), state, findings: findings + ' '};
+        const [first, state, findings, messages] = cells(row);
+        return {name: nameOf(first).toLowerCase(), state, findings: findings + ' ', hasFindings: messages !== '0'};
     };
     const fits = (text, words, state) =>
-        (state === '' || (state === 'with findings' ? text.findings !== ' ' : text.state === state)) &&
+        (state === '' || (state === 'with findings' ? text.hasFindings : text.state === state)) &&
         words.every(word => /^#\d+$/.test(word) && text.findings.includes(word + ' ') ||
             text.name.includes(word) || text.state.includes(word));
 
@@ -66,6 +66,8 @@
         return '<tr' + [first.replace('><th>', '><th scope="row">'), state, linked, ...numbers.slice(0, 2), ''].join('<td>');
     };
 
+    const nearEnd = new IntersectionObserver(
+        seen => seen.at(-1).isIntersecting && shown < matching.length && add(part), {rootMargin: '0px 0px 800px 0px'});
     const add = count => {
         const begin = shown;
         const next = matching.slice(begin, begin + count);
@@ -76,6 +78,9 @@
         });
         shown += next.length;
         more.parentElement.hidden = shown === matching.length;
+        // Anew: what was in sight and still is would not be told again.
+        nearEnd.unobserve(more.parentElement);
+        nearEnd.observe(more.parentElement);
         at('part').textContent = `${grouped(shown)} of ${grouped(matching.length)} are shown.`;
     };
     const update = () => {
@@ -123,8 +128,6 @@
         first.tabIndex = -1;
         first.focus();
     });
-    new IntersectionObserver(seen => seen.some(each => each.isIntersecting) && shown < matching.length && add(part),
-        {rootMargin: '0px 0px 800px 0px'}).observe(more.parentElement);
     addEventListener('beforeprint', () => shown < onPaper && add(onPaper - shown));
 
     document.querySelectorAll('a[data-show]').forEach(link => link.addEventListener('click', event => {

@@ -52,12 +52,15 @@ double secondsOf(const ReportedRecord& record) noexcept {
     return seconds;
 }
 
-std::uint64_t messagesOf(const ReportedRecord& record) noexcept {
-    std::uint64_t messages = 0;
+FindingCounts findingsOf(const RunReport& report, const ReportedRecord& record) {
+    FindingCounts counts;
     for (const Finding& finding : record.findings) {
-        messages += finding.messages;
+        if (!report.shapes.at(finding.shape).common) {
+            ++counts.shapes;
+            counts.messages += finding.messages;
+        }
     }
-    return messages;
+    return counts;
 }
 
 std::string callsText(const ReportedRecord& record) {

@@ -2,6 +2,7 @@
 
 #include "report/run_report.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -28,7 +29,14 @@ namespace tarnwick {
 
 // Of all calls of a record.
 [[nodiscard]] double secondsOf(const ReportedRecord& record) noexcept;
-[[nodiscard]] std::uint64_t messagesOf(const ReportedRecord& record) noexcept;
+
+// How many shapes and messages a record has, without what nearly every record has: as RunTotals
+// counts them.
+struct FindingCounts {
+    std::size_t shapes = 0;
+    std::uint64_t messages = 0;
+};
+[[nodiscard]] FindingCounts findingsOf(const RunReport& report, const ReportedRecord& record);
 
 // "CNS 0 in 0.002 s; MP 2 in 0.014 s".
 [[nodiscard]] std::string callsText(const ReportedRecord& record);

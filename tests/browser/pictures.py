@@ -36,6 +36,7 @@ with tempfile.TemporaryDirectory() as folder:
             browsers.media(browser, prefers_color_scheme=scheme)
             take(browser, f"report-{scheme}", most=4000)
         browsers.media(browser, prefers_color_scheme="light")
+        take(browser, "report", width=1000, most=1000)  # for the manual
         take(browser, "report-narrow", width=420)
         browser.execute_script("document.querySelectorAll('#s2 details, .common, #runs details')"
                                ".forEach(each => { each.open = true; })")

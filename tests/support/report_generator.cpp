@@ -1,5 +1,7 @@
 #include "support/report_generator.hpp"
 
+#include "report/report_words.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -102,10 +104,9 @@ RunTotals totalsOf(const RunReport& report) {
         totals.upToDate += record.state == State::UpToDate ? 1 : 0;
         totals.failed += record.state == State::Failed ? 1 : 0;
         totals.notRun += record.state == State::NotRun ? 1 : 0;
-        totals.recordsWithFindings += record.findings.empty() ? 0U : 1U;
-        for (const Finding& finding : record.findings) {
-            totals.messages += finding.messages;
-        }
+        const FindingCounts counts = findingsOf(report, record);
+        totals.recordsWithFindings += counts.shapes == 0 ? 0U : 1U;
+        totals.messages += counts.messages;
     }
     return totals;
 }

@@ -1,4 +1,5 @@
 #include "report/report_words.hpp"
+#include "support/report_generator.hpp"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +26,13 @@ TEST(ReportWords, A_time_that_no_clock_measures_is_none) {
     EXPECT_EQ(secondsText(-1), "0.000");
     EXPECT_EQ(secondsText(std::numeric_limits<double>::quiet_NaN()), "0.000");
     EXPECT_EQ(secondsText(std::numeric_limits<double>::infinity()), "0.000");
+}
+
+TEST(ReportWords, What_nearly_every_record_has_is_not_counted) {
+    const RunReport report = smallReport();
+    const FindingCounts counts = findingsOf(report, report.records[0]);
+    EXPECT_EQ(counts.shapes, 1U);
+    EXPECT_EQ(counts.messages, 2U);
 }
 
 } // namespace

@@ -130,10 +130,10 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
                         const ToUtf8& utf8) {
     Console console(services.terminal, services.clock, run.style, "");
     auto [job, faults] = checkJob(definition, run.job,
-                                        {.files = services.files,
-                                         .stamps = services.stamps,
-                                         .paths = services.paths,
-                                         .canStart = services.canStart});
+                                  {.files = services.files,
+                                   .stamps = services.stamps,
+                                   .paths = services.paths,
+                                   .canStart = services.canStart});
     for (const std::string& fault : faults) {
         console.complain(fault);
     }

@@ -14,7 +14,9 @@ _tarnwick_run() {
     --mp | --cns) _tarnwick_run_files -f -- "$word" ;;
     --report)
         _tarnwick_run_files -d -- "$word"
-        mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X '!*.@(html|json|csv|xml)' -- "$word")
+        for given in html json csv xml; do
+            mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X "!*.$given" -- "$word")
+        done
         ;;
     # Of "--drive T:=/srv" the last word is a folder.
     -F | --input-folder | --state | :=) _tarnwick_run_files -d -- "${word#:=}" ;;

@@ -120,7 +120,7 @@ The_completion_completes() {
     program=$(The_archive_s_program)
     completion=${program%/bin/*}/share/bash-completion/completions/tarnwick-run
     mkdir -p "$work/typing/folder"
-    touch "$work/typing/nightly.ini" "$work/typing/other.txt"
+    touch "$work/typing/nightly.ini" "$work/typing/other.txt" "$work/typing/old.html"
     complete_words() {
         (
             cd "$work/typing"
@@ -138,6 +138,9 @@ The_completion_completes() {
         [ "$(complete_words tarnwick-run n)" = nightly.ini ] &&
         [ "$(complete_words tarnwick-run commands '')" = 'folder nightly.ini' ] &&
         [ "$(complete_words tarnwick-run -F '')" = folder ] &&
+        [ "$(complete_words tarnwick-run nightly.ini --report '')" = 'folder old.html' ] &&
+        [ "$(complete_words tarnwick-run re)" = report ] &&
+        [ "$(complete_words tarnwick-run report --f)" = --fail-on ] &&
         [ "$(complete_words tarnwick-run co)" = commands ]
 }
 

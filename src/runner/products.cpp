@@ -58,7 +58,9 @@ std::vector<RecordCall> recordCalls(const BatchDefinition& job, KnownFolders& fo
 }
 
 Products::Products(const BatchDefinition& job, KnownFolders& folders)
-    : known_(!job.bCfgNamesOutput) {
+    : known_(!job.bCfgNamesOutput),
+      cutsTwice_(job.iProcessCNS == checked && job.iProcessMP == checked),
+      cnsExtension_(trim(job.sCNSOutputExtension).empty() ? "" : job.sCNSOutputExtension) {
     std::string all;
     for (const auto& [step, command] : recordCalls(job, folders, anyRecord)) {
         all.append(batchLine(command)).append("\n");
@@ -74,13 +76,11 @@ Products::Products(const BatchDefinition& job, KnownFolders& folders)
         }
     }
     hash_ = hashOf(all.append(rewritesLinks(job) ? "links" : ""));
-    cutsTwice_ = job.iProcessCNS == checked && job.iProcessMP == checked;
-    cnsExtension_ = trim(job.sCNSOutputExtension).empty() ? "" : job.sCNSOutputExtension;
 }
 
 std::string Products::stemOf(Tool tool, std::string_view record) const {
-    std::string base = GetBaseName(record);
-    return cutsTwice_ && tool == Tool::MP ? GetBaseName(base + cnsExtension_) : base;
+    return cutsTwice_ && tool == Tool::MP ? GetBaseName(GetBaseName(record) + cnsExtension_)
+                                          : GetBaseName(record);
 }
 
 std::string Products::suffixOf(const ProductKind& kind) const {

@@ -126,10 +126,11 @@ std::string RecordRun::missingProduct(Tool tool, const std::string& record,
         if (kind.tool != tool) {
             continue;
         }
-        if (!after[place]) {
+        const auto& stamp = after[place];
+        if (!stamp) {
             return "did not make " + quoted(products_.nameOf(kind, record));
         }
-        if (!written_.mayBeWritten(place, before[place], *after[place])) {
+        if (!written_.mayBeWritten(place, before[place], *stamp)) {
             return "did not write " + quoted(products_.nameOf(kind, record)) +
                    ": the one that is there is older";
         }
@@ -189,7 +190,8 @@ void RecordRun::removeProducts(Tool tool, const std::string& record, const Stamp
         if (isRecordItself(products_.kinds()[place], record)) {
             continue; // however little is left of it
         }
-        if (after[place] && written_.mayBeWritten(place, before[place], *after[place])) {
+        const auto& stamp = after[place];
+        if (stamp && written_.mayBeWritten(place, before[place], *stamp)) {
             removeQuietly(services_.files, products_.pathOf(products_.kinds()[place], record));
         }
     }

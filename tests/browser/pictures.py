@@ -4,6 +4,7 @@ and on paper. It looks at nothing: that is for people."""
 
 import base64
 import os
+import subprocess
 import sys
 import tempfile
 
@@ -36,7 +37,9 @@ with tempfile.TemporaryDirectory() as folder:
             browsers.media(browser, prefers_color_scheme=scheme)
             take(browser, f"report-{scheme}", most=4000)
         browsers.media(browser, prefers_color_scheme="light")
-        take(browser, "report", width=1000, most=1000)  # for the manual
+        take(browser, "report", width=843, most=940)  # for the manual, which has few colours
+        subprocess.run(["convert", f"{pictures}/report.png", "-strip", "-colors", "48", f"PNG8:{pictures}/report.png"],
+                       check=True)
         take(browser, "report-narrow", width=420)
         browser.execute_script("document.querySelectorAll('#s2 details, .common, #runs details')"
                                ".forEach(each => { each.open = true; })")

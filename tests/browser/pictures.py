@@ -37,8 +37,8 @@ with tempfile.TemporaryDirectory() as folder:
             browsers.media(browser, prefers_color_scheme=scheme)
             take(browser, f"report-{scheme}", most=4000)
         browsers.media(browser, prefers_color_scheme="light")
-        take(browser, "report", width=843, most=940)  # for the manual, which has few colours
-        subprocess.run(["convert", f"{pictures}/report.png", "-strip", "-colors", "48", f"PNG8:{pictures}/report.png"],
+        take(browser, "report", width=960, most=1080)  # for the manual, which has few colours
+        subprocess.run(["convert", f"{pictures}/report.png", "-strip", "+dither", "-colors", "128", f"PNG8:{pictures}/report.png"],
                        check=True)
         take(browser, "report-narrow", width=420)
         browser.execute_script("document.querySelectorAll('#s2 details, .common, #runs details')"

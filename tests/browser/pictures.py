@@ -38,8 +38,8 @@ with tempfile.TemporaryDirectory() as folder:
             take(browser, f"report-{scheme}", most=4000)
         browsers.media(browser, prefers_color_scheme="light")
         take(browser, "report", width=960, most=1080)  # for the manual, which has few colours
-        subprocess.run(["convert", f"{pictures}/report.png", "-strip", "+dither", "-colors", "128", f"PNG8:{pictures}/report.png"],
-                       check=True)
+        picture = f"{pictures}/report.png"
+        subprocess.run(["convert", picture, "-strip", "+dither", "-colors", "128", f"PNG8:{picture}"], check=True)
         take(browser, "report-narrow", width=420)
         browser.execute_script("document.querySelectorAll('#s2 details, .common, #runs details')"
                                ".forEach(each => { each.open = true; })")

@@ -136,8 +136,9 @@ screenshots: windows report-pictures
 report-pictures:
 	@$(ensure) $(native_packages) imagemagick
 	cmake --preset native
-	cmake --build --preset native --target make_report
-	/usr/bin/python3 -B tests/browser/pictures.py build/native/tests/browser/make_report build/screenshots
+	cmake --build --preset native --target make_report tarnwick-run mp cns
+	demo/run build natively build/report-demo >/dev/null
+	/usr/bin/python3 -B tests/browser/pictures.py build/native/tests/browser/make_report build/report-demo/report.html build/screenshots
 
 check-format:
 	@$(ensure) clang-format-19

@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist reproducible bench coverage screenshots help-pictures lint format check-format clean
+.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist reproducible bench coverage screenshots help-pictures report-pictures lint format check-format clean
 
 # What builds, natively; and with it what the native tests need: programs that read reports.
 build_packages   := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev
@@ -121,21 +121,24 @@ coverage:
 	  --exclude-throw-branches --fail-under-line 95 build/native-coverage
 
 # The pictures of the manual are kept with its pages; this takes them anew.
-help-pictures: windows
+help-pictures: windows report-pictures
 	@$(ensure) $(wine_packages)
 	tests/window/run.sh build/windows pictures
 	for picture in docs/help/pictures/*.png; do cp build/screenshots/$$(basename $$picture) $$picture || exit 1; done
 
-screenshots: windows
+screenshots: windows report-pictures
 	@$(ensure) $(wine_packages)
 	tests/window/run.sh build/windows dialogs
 	tests/window/run.sh build/windows controls
 	tests/window/run.sh build/windows pictures
 	tests/window/run.sh build/windows execute
-	@$(ensure) $(native_packages)
+
+report-pictures:
+	@$(ensure) $(native_packages) imagemagick
 	cmake --preset native
-	cmake --build --preset native --target make_report
-	/usr/bin/python3 -B tests/browser/pictures.py build/native/tests/browser/make_report build/screenshots
+	cmake --build --preset native --target make_report tarnwick-run mp cns
+	demo/run build natively build/report-demo >/dev/null
+	/usr/bin/python3 -B tests/browser/pictures.py build/native/tests/browser/make_report build/report-demo/report.html build/screenshots
 
 check-format:
 	@$(ensure) clang-format-19

@@ -49,7 +49,7 @@ std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
         text += "<p class=\"more\">And " + grouped(shape.records - records.size()) + " more.</p>\n";
     }
     const std::string number = shapeNumber(place);
-    return text + "<p class=\"show\"><a href=\"#records\" data-show=\"" + number + "\">" +
+    return text + R"(<p class="show"><a href="#records" data-show=")" + number + "\">" +
            (shape.records == 1 ? "Find it" : "Find all " + grouped(shape.records)) +
            " among the records</a> (in the column Findings: " + number + ")</p>\n";
 }
@@ -70,7 +70,7 @@ std::string row(const RunReport& report, ShapePlace place,
                 const std::vector<RecordPlace>& records) {
     const Shape& shape = report.shapes[place];
     const std::string number = shapeNumber(place);
-    std::string text = "<tr id=\"s" + number.substr(1) + "\"><td class=\"number\">" + number +
+    std::string text = "<tr id=\"s" + number.substr(1) + R"("><td class="number">)" + number +
                        "<th scope=\"row\"><details><summary>" + markupText(cutText(shape.text)) +
                        "</summary>\n" + examples(report, shape) +
                        names(report, shape, place, records) + "</details>" +
@@ -87,7 +87,7 @@ std::string table(const RunReport& report, std::string_view rows) {
                        "<th scope=\"col\">Message<td class=\"bar\">"
                        "<th scope=\"col\" class=\"number\">Records"
                        "<th scope=\"col\" class=\"number\">Messages";
-    text += report.hasRunBefore ? "<th scope=\"col\" class=\"number\">Change" : "";
+    text += report.hasRunBefore ? R"(<th scope="col" class="number">Change)" : "";
     return text.append("</thead><tbody>\n").append(rows).append("</tbody></table>\n");
 }
 

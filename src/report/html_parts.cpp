@@ -62,7 +62,7 @@ std::string barCell(std::uint64_t part, std::uint64_t whole) {
     const double width = part == 0 ? 0 : std::clamp(share, 0.5, 100.0);
     return "<td class=\"bar\"><svg viewBox=\"0 0 100 10\" preserveAspectRatio=\"none\" "
            "aria-hidden=\"true\"><rect width=\"" +
-           numberText(width, 1) + "\" height=\"10\"/></svg>";
+           numberText(width, 1) + R"(" height="10"/></svg>)";
 }
 
 std::string numberCell(std::uint64_t number) {

@@ -243,7 +243,8 @@ class EveryReader(Page):
         self.open("small")
         tree = self.browser.execute_cdp_cmd("Accessibility.getFullAXTree", {})["nodes"]
         told = {(node["role"]["value"], node.get("name", {}).get("value", "")) for node in tree if not node["ignored"]}
-        for wanted in [("heading", "nightly.ini"), ("heading", "Failures 1"), ("heading", "Findings 1"), ("heading", "All records 3"),
+        for wanted in [("heading", "nightly.ini"), ("heading", "Failures 1"), ("heading", "Findings 1"),
+                       ("heading", "All records 3"),
                        ("navigation", "Contents"), ("main", ""), ("searchbox", "Filter"), ("combobox", "State"),
                        ("columnheader", "Seconds"), ("rowheader", "lakes & rivers.met"), ("status", ""),
                        ("image", "1 made, 1 up to date, 1 failed, 0 not run"), ("search", "")]:

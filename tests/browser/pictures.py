@@ -1,15 +1,16 @@
 #!/usr/bin/python3
-"""pictures.py MAKE_REPORT FOLDER: leaves pictures of the page in FOLDER: in light and dark, open, narrow, hostile,
-and on paper. It looks at nothing: that is for people."""
+"""pictures.py MAKE_REPORT PAGE FOLDER: leaves pictures of pages in FOLDER: in light and dark, open, narrow, hostile,
+and on paper; and of PAGE, for the manual. It looks at nothing: that is for people."""
 
 import base64
 import os
+import subprocess
 import sys
 import tempfile
 
 import browser as browsers
 
-make_report, pictures = sys.argv[1:3]
+make_report, demo_page, pictures = sys.argv[1:4]
 os.makedirs(pictures, exist_ok=True)
 
 
@@ -31,12 +32,15 @@ with tempfile.TemporaryDirectory() as folder:
     pages = {kind: browsers.make(make_report, kind, folder)[0] for kind in ("small", "hostile", "400")}
     browser = browsers.start()
     try:
+        show(browser, os.path.abspath(demo_page))
+        take(browser, "report", width=960, most=1225)
+        picture = f"{pictures}/report.png"
+        subprocess.run(["convert", picture, "-strip", "+dither", "-colors", "128", f"PNG8:{picture}"], check=True)
         show(browser, pages["400"])
         for scheme in ("light", "dark"):
             browsers.media(browser, prefers_color_scheme=scheme)
             take(browser, f"report-{scheme}", most=4000)
         browsers.media(browser, prefers_color_scheme="light")
-        take(browser, "report", width=1000, most=1000)  # for the manual
         take(browser, "report-narrow", width=420)
         browser.execute_script("document.querySelectorAll('#s2 details, .common, #runs details')"
                                ".forEach(each => { each.open = true; })")

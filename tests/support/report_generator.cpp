@@ -131,8 +131,11 @@ void sortShapes(RunReport& report) {
     for (ShapePlace place = 0; place < order.size(); ++place) {
         order[place] = place;
     }
-    std::ranges::stable_sort(order, std::ranges::greater{},
-                             [&](ShapePlace place) { return report.shapes[place].records; });
+    std::ranges::sort(order, [&](ShapePlace one, ShapePlace other) {
+        const std::uint32_t few = report.shapes[one].records;
+        const std::uint32_t many = report.shapes[other].records;
+        return few != many ? few > many : one < other;
+    });
     std::vector<Shape> sorted;
     std::vector<ShapePlace> placeOf(order.size());
     for (const ShapePlace place : order) {
@@ -286,8 +289,8 @@ RunReport hostileReport() {
          "&lt;&amp;&#0;",
          "$& $1 %s {0} @REPORT@",
          "a,b;c\"d\"\"e\nnext line\r\nand next",
-         "no char \xEF\xBF\xBE\xEF\xBF\xBF, turned \xE2\x80\xAE txt.exe, marks "
-         "\xE2\x80\xA8\xE2\x80\xA9",
+         "no char \xEF\xBF\xBE\xEF\xBF\xBF, turned \xE2\x80\xAE exe",
+         "marks \xE2\x80\xA8\xE2\x80\xA9",
          "../../etc/passwd",
          "//elsewhere.example/x",
          "C:\\in\\a?b#c%41.met",

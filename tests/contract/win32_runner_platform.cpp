@@ -82,6 +82,17 @@ class Win32RunnerPlatform final : public RunnerPlatform {
     Win32ProcessLocks locks_;
 };
 
+// Of this process: others on the same screen listen, too.
+HWND ownWindow(const wchar_t* windowClass) {
+    DWORD owner = 0;
+    HWND window = nullptr;
+    do {
+        window = FindWindowExW(nullptr, window, windowClass, nullptr);
+        GetWindowThreadProcessId(window, &owner);
+    } while (window != nullptr && owner != GetCurrentProcessId());
+    return window;
+}
+
 } // namespace
 
 std::unique_ptr<ToolProcesses> makeToolProcesses() {
@@ -109,7 +120,7 @@ void interruptSelf(Interruption interruption) {
     // As the system tells the end of a session to every window.
     HWND window = nullptr;
     if (eventually([&] {
-            window = FindWindowW(Win32Interruptions::windowClass, nullptr);
+            window = ownWindow(Win32Interruptions::windowClass);
             return window != nullptr;
         })) {
         PostMessageW(window, WM_ENDSESSION, TRUE, ENDSESSION_LOGOFF);

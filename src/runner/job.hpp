@@ -5,6 +5,7 @@
 #include "platform/files.hpp"
 #include "platform/tool_paths.hpp"
 #include "runner/products.hpp"
+#include "runner/share.hpp"
 
 #include <functional>
 #include <optional>
@@ -20,6 +21,7 @@ struct JobRequest {
     std::string mpExecutable;
     std::string cnsExecutable;
     std::vector<std::string> records; // names or patterns; none at all: every record
+    std::optional<Share> share;       // of these records, only its own
     bool inPlace = false;             // a record may be overwritten by what is made of it
     std::vector<std::string> drives;  // that the definition names, as "T:"
     std::vector<std::string> remarks; // on what was read, for the user

@@ -67,7 +67,7 @@ class DefinitionRun {
     DefinitionRun(const RunRequest& request, const RunnerServices& services)
         : request_(request),
           services_(services),
-          logPath_(joinPath(request.stateFolder, "run.log")),
+          logPath_(joinPath(request.stateFolder, logNameOf(request.job.share))),
           console_(services.terminal, services.clock, request.style,
                    shownPath(services.paths, logPath_)) {}
 
@@ -96,27 +96,36 @@ class DefinitionRun {
         return ExitStatus::NothingRun;
     }
 
-    Plan plan(Job& job, const Products& products, const RunHistory& history,
+    Plan plan(Job& job, const Products& products, const StateHistory& history,
               const RunConditions& now) const {
         Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all);
         job.listing.clear(); // nobody needs it any longer, and it may be large
         return result;
     }
 
-    RunHistory readHistory() {
-        RunHistory history = readRunLog(services_.files, logPath_);
-        if (history.torn) {
-            console_.complain("The last line of the run log was cut short; it is dropped.");
-        }
-        if (history.damaged > 0) {
-            console_.complain(std::to_string(history.damaged) +
-                              " damaged line(s) of the run log are dropped.");
+    StateHistory readHistory() {
+        StateHistory history =
+            readStateHistory(services_.files, services_.locks, request_.stateFolder,
+                             request_.job.share, request_.holder);
+        tellDropped("the run log", history.own.torn, history.own.damaged);
+        for (const OtherLogs::Log& log : history.others.logs) {
+            tellDropped(log.name, log.torn, log.damaged);
         }
         return history;
     }
 
+    void tellDropped(const std::string& log, bool torn, std::size_t damaged) {
+        if (torn) {
+            console_.complain("The last line of " + log + " was cut short; it is dropped.");
+        }
+        if (damaged > 0) {
+            console_.complain(std::to_string(damaged) + " damaged line(s) of " + log +
+                              " are dropped.");
+        }
+    }
+
     ExitStatus tellPlan(Job& job, const Products& products) {
-        const RunHistory history = readHistory();
+        const StateHistory history = readHistory();
         const auto planned =
             plan(job, products, history, conditionsNow(job.definition, products, services_.stamps));
         Results results(services_.terminal);
@@ -142,12 +151,18 @@ class DefinitionRun {
     }
 
     // Raises, in a sentence that names the folder.
-    std::unique_ptr<HeldLock> lockState(const std::string& lockPath) {
+    std::unique_ptr<StateLock> lockState() {
         try {
             if (!FolderExists(services_.files, request_.stateFolder)) {
                 services_.files.createFolder(request_.stateFolder);
             }
-            return services_.locks.tryLock(lockPath, request_.holder);
+            return std::make_unique<StateLock>(
+                services_.files, services_.locks,
+                StateLock::Request{.folder = request_.stateFolder,
+                                   .share = request_.job.share,
+                                   .holder = request_.holder,
+                                   .times = request_.lockTimes},
+                [this](const std::string& sentence) { console_.complain(sentence); });
         } catch (const RunTimeError& error) {
             throw error.described("The folder " +
                                   quoted(shownPath(services_.paths, request_.stateFolder)) +
@@ -156,27 +171,27 @@ class DefinitionRun {
     }
 
     ExitStatus run(Job& job, const Products& products) {
-        const std::string lockPath = joinPath(request_.stateFolder, "lock");
-        const auto lock = lockState(lockPath);
-        if (!lock) {
-            return refuse({"Another tarnwick-run is at work on this definition: " +
-                           services_.locks.holderOf(lockPath) + "."});
+        const auto lock = lockState();
+        if (!lock->refusal().empty()) {
+            return refuse({lock->refusal()});
         }
-        const WrittenFiles written(products, services_.files, services_.stamps, services_.clock);
+        const WrittenFiles written(products, services_.files, services_.stamps, services_.clock,
+                                   temporaryName() + "probe.tmp");
         if (!written.faults().empty()) {
             return refuse(written.faults());
         }
-        RunHistory history = readHistory();
+        StateHistory history = readHistory();
         const RunConditions now = conditionsNow(job.definition, products, services_.stamps);
         const Plan planned = plan(job, products, history, now);
         clearLeftovers(products);
-        RunLog log(services_.files, logPath_, history);
-        const std::uint32_t number = history.lastRun() + 1;
+        RunLog log(services_.files, logPath_, history.own);
+        const std::uint32_t number = history.own.lastRun() + 1;
         history = {};
         if (!planned.toRun.empty()) {
             log.write(
                 RunLine{.run = number, .begun = services_.clock.dateAndTime(), .conditions = now});
         }
+        endWhenLost(*lock);
         const RecordServices recordServices{.files = services_.files,
                                             .stamps = services_.stamps,
                                             .paths = services_.paths,
@@ -191,16 +206,34 @@ class DefinitionRun {
                                          .run = number,
                                          .temporary = temporaryPath()},
                                         listenedInbox(), log, observers_);
+        tellLost(*lock);
         if (summary.logFault.empty()) {
             log.close();
         }
         return statusOf(summary);
     }
 
-    // No other runner has the same: pages of several definitions may lie in one folder.
+    // Nobody shall go on with records that another machine has begun, for want of locks there: not
+    // even for as long as an order to end would allow.
+    void endWhenLost(StateLock& lock) {
+        lock.whenLost([inbox = inbox_](const std::string& /*holder*/) {
+            inbox->put(Interruption::Ordered);
+            inbox->put(Interruption::Ordered);
+        });
+    }
+    void tellLost(const StateLock& lock) {
+        if (const std::string holder = lock.lostTo(); !holder.empty()) {
+            console_.complain(
+                "Another tarnwick-run has begun the same, so that this one has ended: " + holder +
+                ".");
+        }
+    }
+
+    // No other runner has the same: pages of several definitions may lie in one folder, and several
+    // shares be at work.
     [[nodiscard]] std::string temporaryName() const {
-        return "tarnwick-run-" + hexadecimal(hashOf(upperCase(request_.stateFolder))).substr(8) +
-               "-";
+        const std::string ours = request_.job.share ? logPath_ : request_.stateFolder;
+        return "tarnwick-run-" + hexadecimal(hashOf(upperCase(ours))).substr(8) + "-";
     }
     [[nodiscard]] std::string temporaryPath() const {
         return joinPath(request_.stateFolder, temporaryName());

@@ -10,6 +10,7 @@
 #include "runner/job.hpp"
 #include "runner/run_clock.hpp"
 #include "runner/run_settings.hpp"
+#include "runner/state_lock.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -44,8 +45,9 @@ struct RunRequest {
     RunSettings settings;
     ConsoleStyle style;
     std::string stateFolder; // full path
-    std::string holder;      // who we are, for another runner to tell
-    bool dryRun = false;     // only says what would be done
+    std::string holder; // who we are, for another runner to tell: "process 12 on HOST, since noon"
+    LockTimes lockTimes;
+    bool dryRun = false; // only says what would be done
 };
 
 enum class CallFormat : std::uint8_t {

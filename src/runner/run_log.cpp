@@ -62,10 +62,10 @@ struct Taker {
                                                    .stamp = line.stamp,
                                                    .products = std::move(line.products)};
     }
+    void operator()(SettledLine& line) const { history.settled.push_back(std::move(line)); }
 };
 
-// Calls `use` with the text of each whole line, and what it says. The last that was not whole is
-// nothing; what stands before it is.
+// Calls `use` with the text of each line, and what it says: nothing where it is not whole.
 template <typename Use>
 void readLines(LineReader& lines, const Use& use) {
     while (const auto text = lines.next()) {
@@ -93,6 +93,7 @@ struct IsNeeded {
     bool operator()(const RunLine& of) const { return runs.contains(of.run); }
     bool operator()(const BegunLine& of) const { return isLast(of.record); }
     bool operator()(const RecordLine& of) const { return isLast(of.record); }
+    bool operator()(const SettledLine& /*of*/) const { return true; } // there are few
     [[nodiscard]] bool isLast(const std::string& record) const {
         const auto known = history.records.find(record);
         return known != history.records.end() && known->second.line == line;
@@ -116,6 +117,18 @@ std::string neededLines(const Files& files, std::string_view path, const RunHist
     return log;
 }
 
+// Another runner may be reading it, and on Windows keeps its place by that. The next run is soon
+// enough.
+void makeAnew(Files& files, std::string_view path, const RunHistory& history) {
+    try {
+        writeInOneStep(files, path, neededLines(files, path, history));
+    } catch (const RunTimeError& error) {
+        if (!error.is(ErrorNumber::PermissionDenied)) {
+            throw;
+        }
+    }
+}
+
 bool isWorthMakingAnew(const RunHistory& history) {
     const std::size_t useful = history.records.size() + history.runs.size();
     return history.torn || history.damaged > 0 ||
@@ -129,24 +142,47 @@ void take(LogLine line, RunHistory& history) {
     ++history.lines;
 }
 
-RunHistory readRunLog(const Files& files, std::string_view path) {
-    RunHistory history;
-    if (!FileExists(files, path)) {
-        return history;
-    }
+LogEnd readLogLines(const Files& files, std::string_view path, const WantedRecords& wanted,
+                    const std::function<void(LogLine line)>& use) {
     const auto file = files.openForReading(path);
     LineReader lines(*file, LineEnds::Any);
     const std::string title(lines.next().value_or(""));
     checkTitle(title, path);
-    history.torn = title != titleLine();
-    readLines(lines, [&](std::string_view /*text*/, std::optional<LogLine> line) {
-        // What was taken for a torn end was none, when something follows it.
-        history.damaged += history.torn ? 1 : 0;
-        history.torn = !line;
-        if (line) {
-            take(*std::move(line), history);
+    LogEnd end{.torn = title != titleLine()};
+    while (const auto text = lines.next()) {
+        if (text->empty()) { // it stands between two runs
+            continue;
         }
-    });
+        // What was taken for a torn end was none, when something follows it.
+        end.damaged += end.torn ? 1 : 0;
+        end.torn = false;
+        if (wanted) {
+            const auto record = recordOfLogLine(*text);
+            if (record && !wanted(*record)) {
+                continue;
+            }
+        }
+        auto line = parseLogLine(*text);
+        end.torn = !line;
+        if (line) {
+            use(*std::move(line));
+        }
+    }
+    return end;
+}
+
+RunHistory readRunLog(const Files& files, std::string_view path) {
+    return readRunLog(files, path, {});
+}
+
+RunHistory readRunLog(const Files& files, std::string_view path, const WantedRecords& wanted) {
+    RunHistory history;
+    if (FileExists(files, path)) {
+        const auto end = readLogLines(files, path, wanted,
+                                      [&](LogLine line) { take(std::move(line), history); });
+        history.torn = end.torn;
+        history.damaged = end.damaged;
+    }
     return history;
 }
 
@@ -154,7 +190,7 @@ RunLog::RunLog(Files& files, std::string_view path, const RunHistory& history) {
     if (!FileExists(files, path)) {
         writeInOneStep(files, path, titleLine() + "\n");
     } else if (isWorthMakingAnew(history)) {
-        writeInOneStep(files, path, neededLines(files, path, history));
+        makeAnew(files, path, history);
     }
     file_ = files.append(path);
     file_->write("\n"); // also ends a line that was cut short just before its own end

@@ -38,6 +38,7 @@ struct TextHash {
 struct RunHistory {
     std::unordered_map<std::string, KnownRecord, TextHash, std::equal_to<>> records;
     std::map<std::uint32_t, RunConditions> runs;
+    std::vector<SettledLine> settled;
     std::uint32_t lines = 0; // that are whole
     std::size_t damaged = 0; // lines in the middle that are not
     bool torn = false;       // the last line is not whole: its writing was cut short
@@ -55,12 +56,27 @@ void take(LogLine line, RunHistory& history);
 // a newer version.
 [[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path);
 
+// The same, but for the lines about records that are not `wanted`, which are passed over.
+using WantedRecords = std::function<bool(std::string_view record)>;
+[[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path,
+                                    const WantedRecords& wanted);
+
+// Calls `use` with each line of a log that is whole, from its first on, and says whether its last
+// line is not. Raises as readRunLog.
+struct LogEnd {
+    bool torn = false;
+    std::size_t damaged = 0;
+};
+LogEnd readLogLines(const Files& files, std::string_view path, const WantedRecords& wanted,
+                    const std::function<void(LogLine line)>& use);
+
 // Writes the log, a line at a time; each is with the system before the next is begun.
 class RunLog {
   public:
     // Makes the log where there is none. Where most of it is stale, or something of it is damaged,
-    // it is first made anew, in one step, of the lines that `history` still needs. Raises what
-    // Files raises; the log is then as it was.
+    // it is first made anew, in one step, of the lines that `history` still needs, unless somebody
+    // is just reading it where a system does not allow that. Raises what Files raises; the log is
+    // then as it was.
     RunLog(Files& files, std::string_view path, const RunHistory& history);
 
     // Raises 61, 57.

@@ -114,7 +114,8 @@ TEST_F(RunOfRecords, Coarse_times_do_not_make_a_failure_of_a_success) {
     const CoarseStamps coarse(machine_.stamps);
     KnownFolders folders(machine_.world.files());
     const Products products(machine_.definition, folders);
-    const WrittenFiles written(products, machine_.world.files(), coarse, machine_.clock);
+    const WrittenFiles written(products, machine_.world.files(), coarse, machine_.clock,
+                               "probe.tmp");
     machine_.world.write(R"(C:\out\a.err)", "same");
     const auto before = coarse.stampOf(R"(C:\out\a.err)");
     EXPECT_TRUE(written.mayBeWritten(0, before, *before));

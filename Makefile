@@ -85,7 +85,7 @@ reproducible: dist
 bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
-	cmake --build --preset native --target engine_bench links_bench tarnwick-run small_tool
+	cmake --build --preset native --target engine_bench links_bench tarnwick-run small_tool slow_files
 	build/native/bench/engine_bench
 	build/native/bench/links_bench
 	bench/runner_bench.py build/native/src/app/runner/tarnwick-run build/native/bench/small_tool

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """runner_bench.py TARNWICK_RUN TOOL [NAME...]: what tarnwick-run costs, always against another way of doing
 the same work, in the same run. Each figure is the median of pairs, one way after the other. Names choose
-figures: start, nothing, growth, compute, memory, wait. Fails when a limit is missed."""
+figures: start, nothing, slow, growth, compute, memory, wait. Fails when a limit is missed."""
 
 import os
 import shutil
@@ -123,19 +123,31 @@ def made(records):
     return place
 
 
+def idle_ninja(place):
+    """Ninja, over the same files as its graph."""
+    with open(f"{place.root}/build.ninja", "w") as file:
+        # Of a generator Ninja compares no earlier command: it has run none.
+        file.write("rule make\n  command = make $in $out\n  generator = 1\n")
+        for record in place.records:
+            base = record[:-4].replace(" ", "$ ")
+            outputs = " ".join(f"out/{base}{end}" for _, end in place.kinds)
+            file.write(f"build {outputs}: make in/{base}.met | mp\n")
+    return ["ninja", "-C", place.root, "--quiet"]
+
+
 def nothing():
     with made(100_000) as place:
-        with open(f"{place.root}/build.ninja", "w") as file:
-            # Of a generator Ninja compares no earlier command: it has run none.
-            file.write("rule make\n  command = make $in $out\n  generator = 1\n")
-            for record in place.records:
-                base = record[:-4].replace(" ", "$ ")
-                outputs = " ".join(f"out/{base}{end}" for _, end in place.kinds)
-                file.write(f"build {outputs}: make in/{base}.met | mp\n")
-        idle = (["ninja", "-C", place.root, "--quiet"],)
-        told("nothing changed, 100,000 records of 3 products / Ninja", ratio(place.run(), idle, 5), 1.0)
+        told("nothing changed, 100,000 records of 3 products / Ninja",
+             ratio(place.run(), (idle_ninja(place),), 5), 1.0)
         _, _, memory = measured(*place.run())
         told("  peak memory", memory, 100, " MB")
+
+
+def slow():
+    with made(1_000) as place:
+        drive = {"LD_PRELOAD": f"{os.path.dirname(tool)}/libslow_files.so"}
+        told("the same of 1,000 where each question takes 1 ms more / Ninja",
+             ratio(place.run(env=drive), (idle_ninja(place), drive), 3), 0.25)
 
 
 def growth():
@@ -167,7 +179,7 @@ def wait():
         told("waiting for one slow tool, of a processor", 100 * processor / seconds, 0.1, " %")
 
 
-for figure in (start, nothing, growth, compute, wait, memory):
+for figure in (start, nothing, slow, growth, compute, wait, memory):
     if not chosen or figure.__name__ in chosen:
         figure()
 if missed:

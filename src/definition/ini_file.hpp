@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarnwick {
 
@@ -28,9 +29,18 @@ void writeDefinition(BatchDefinition& definition, Files& files);
 // stays as it was.
 void readDefinition(BatchDefinition& definition, const Files& files);
 
+// An entry that names a file or folder which is not there: the definition does without it.
+struct PassedOverEntry {
+    std::string key;
+    std::string value;
+
+    bool operator==(const PassedOverEntry&) const = default;
+};
+
 // The same for a file that holds `text`, where the file itself is in another code page than this
-// machine's. Raises 321.
-void readDefinition(BatchDefinition& definition, const Files& files, std::string_view text);
+// machine's. Gives the entries that were passed over. Raises 321.
+std::vector<PassedOverEntry> readDefinition(BatchDefinition& definition, const Files& files,
+                                            std::string_view text);
 
 // As writeDefinition. True when all went well; an error is reported.
 bool SaveINIFile(BatchDefinition& definition, Files& files, Desktop& desktop);

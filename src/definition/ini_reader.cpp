@@ -47,6 +47,8 @@ class IniReader {
     // Whether the file holds something, but nothing that is ours.
     [[nodiscard]] bool isNoDefinition() const noexcept { return holdsText_ && !knowsEntry_; }
 
+    [[nodiscard]] std::vector<PassedOverEntry> passedOver() && { return std::move(passedOver_); }
+
     void finish() {
         copyExtensions(mpExtensions_, definition_.MPOutputs);
         copyExtensions(cnsExtensions_, definition_.CNSOutputs);
@@ -74,7 +76,7 @@ class IniReader {
         const std::string_view key = trim(line.substr(0, equals));
         const std::string_view value = line.substr(equals + 1);
         if (equalIgnoringCase(key.substr(0, gridKeyPrefix.size()), gridKeyPrefix)) {
-            return readGridLine(key.substr(gridKeyPrefix.size()), value);
+            return readGridLine(key, trim(value));
         }
         return readToolEntry(key, value) || readFieldEntry(key, value) || readExtension(key, value);
     }
@@ -110,6 +112,8 @@ class IniReader {
         if (is("Input Folder")) {
             if (folders_.exists(trim(value))) {
                 definition_.sInputFolder = trim(value);
+            } else {
+                passOver(key, value);
             }
         } else if (is("Input File Extension")) {
             definition_.sInputExtensions = value;
@@ -120,9 +124,9 @@ class IniReader {
         } else if (is("CNS Output File Extension")) {
             definition_.sCNSOutputExtension = value;
         } else if (is("Aliases File")) {
-            readFile(trim(value), definition_.bUseAliases, definition_.sAliasesFile);
+            readFile(key, trim(value), definition_.bUseAliases, definition_.sAliasesFile);
         } else if (is("Configuration File")) {
-            readFile(trim(value), definition_.bUseConfigFile, definition_.sConfigFile);
+            readFile(key, trim(value), definition_.bUseConfigFile, definition_.sConfigFile);
             if (definition_.bUseConfigFile != checked) {
                 forgetConfigurationEntries(definition_);
             }
@@ -133,10 +137,18 @@ class IniReader {
     }
 
     // A file that is missing switches its use off; the old name stays in the field.
-    void readFile(std::string_view name, int& use, std::string& field) const {
+    void readFile(std::string_view key, std::string_view name, int& use, std::string& field) {
         use = FileExists(files_, resolvedFile(definition_.sAppFolder, name)) ? checked : 0;
         if (use == checked) {
             field = name;
+        } else {
+            passOver(key, name);
+        }
+    }
+
+    void passOver(std::string_view key, std::string_view value) {
+        if (!trim(value).empty()) {
+            passedOver_.push_back({.key = std::string(key), .value = std::string(trim(value))});
         }
     }
 
@@ -164,19 +176,21 @@ class IniReader {
         }
     }
 
-    bool readGridLine(std::string_view fileType, std::string_view value) {
-        return switchOn(definition_.CNSOutputs, fileType, trim(value)) ||
-               switchOn(definition_.MPOutputs, fileType, trim(value));
+    bool readGridLine(std::string_view key, std::string_view folder) {
+        return switchOn(definition_.CNSOutputs, key, folder) ||
+               switchOn(definition_.MPOutputs, key, folder);
     }
 
-    // True when a row has that type, whether or not its folder exists.
-    bool switchOn(std::span<OutputDefinition> grid, std::string_view fileType,
-                  std::string_view folder) {
+    // True when a row has the key's type, whether or not its folder exists.
+    bool switchOn(std::span<OutputDefinition> grid, std::string_view key, std::string_view folder) {
+        const auto fileType = key.substr(gridKeyPrefix.size());
         for (OutputDefinition& output : grid) {
             if (equalIgnoringCase(output.sFileType, fileType)) {
                 if (folders_.exists(resolvedFolder(definition_.sInputFolder, files_, folder))) {
                     output.bBuild = true;
                     output.sOutputFolder = folder;
+                } else {
+                    passOver(key, folder);
                 }
                 return true;
             }
@@ -189,6 +203,7 @@ class IniReader {
     KnownFolders folders_;
     Extensions<mpOutputTypes.size()> mpExtensions_{mpOutputTypes};
     Extensions<cnsOutputTypes.size()> cnsExtensions_{cnsOutputTypes};
+    std::vector<PassedOverEntry> passedOver_;
     bool begun_ = false;
     bool knowsEntry_ = false;
     bool holdsText_ = false;
@@ -208,7 +223,8 @@ class TextInput : public InputFile {
     std::string_view rest_;
 };
 
-void readDefinitionFrom(InputFile& file, BatchDefinition& definition, const Files& files) {
+std::vector<PassedOverEntry> readDefinitionFrom(InputFile& file, BatchDefinition& definition,
+                                                const Files& files) {
     const BatchDefinition before = definition;
     switchOffAllOutputs(definition);
     // The file is ours and ends its lines with CR LF, but people edit it with what they have: a
@@ -223,6 +239,7 @@ void readDefinitionFrom(InputFile& file, BatchDefinition& definition, const File
         throw RunTimeError(ErrorNumber::InvalidFileFormat);
     }
     reader.finish();
+    return std::move(reader).passedOver();
 }
 
 } // namespace
@@ -232,9 +249,10 @@ void readDefinition(BatchDefinition& definition, const Files& files) {
     readDefinitionFrom(*files.openForReading(definition.sINIFile), definition, files);
 }
 
-void readDefinition(BatchDefinition& definition, const Files& files, std::string_view text) {
+std::vector<PassedOverEntry> readDefinition(BatchDefinition& definition, const Files& files,
+                                            std::string_view text) {
     TextInput file(text);
-    readDefinitionFrom(file, definition, files);
+    return readDefinitionFrom(file, definition, files);
 }
 
 } // namespace tarnwick

@@ -222,14 +222,15 @@ SortPrefix sortPrefix(std::string_view upper) {
 
 } // namespace
 
-void sortNames(std::vector<std::string>& names, const CodePage& codePage) {
+std::vector<std::size_t> orderOfNames(std::span<const std::string_view> names,
+                                      const CodePage& codePage) {
     // Every name is upper-cased once instead of at each comparison, all of them in one block; and
     // most comparisons are settled by the first characters, which stand in the key itself: a
     // hundred thousand names would not fit into the processor's cache.
     std::string block;
     std::vector<std::size_t> starts{0}; // of each name in the block, and its end
     starts.reserve(names.size() + 1);
-    for (const auto& name : names) {
+    for (const auto name : names) {
         block.append(upperCase(name, codePage));
         starts.push_back(block.size());
     }
@@ -252,12 +253,10 @@ void sortNames(std::vector<std::string>& names, const CodePage& codePage) {
         const auto order = upper(left.index).compare(upper(right.index));
         return order != 0 ? order < 0 : names[left.index] < names[right.index];
     });
-    std::vector<std::string> sorted;
-    sorted.reserve(names.size());
-    for (const auto& key : keys) {
-        sorted.push_back(std::move(names[key.index]));
-    }
-    names = std::move(sorted);
+    std::vector<std::size_t> order;
+    order.reserve(names.size());
+    std::ranges::transform(keys, std::back_inserter(order), &Key::index);
+    return order;
 }
 
 } // namespace tarnwick

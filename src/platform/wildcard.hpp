@@ -2,8 +2,12 @@
 
 #include "platform/code_page.hpp"
 
+#include <cstddef>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarnwick {
@@ -28,7 +32,30 @@ struct NameLess {
 };
 inline constexpr NameLess nameLess{};
 
-// Puts the names into that order; several times faster than sorting with nameLess itself.
-void sortNames(std::vector<std::string>& names, const CodePage& codePage = systemCodePage());
+// The places of the names in that order; several times faster than sorting with nameLess itself.
+[[nodiscard]] std::vector<std::size_t> orderOfNames(std::span<const std::string_view> names,
+                                                    const CodePage& codePage = systemCodePage());
+
+// Puts items into the order of their names. `nameOf` gives a reference to the name of one.
+template <typename Item, typename NameOf>
+void sortByName(std::vector<Item>& items, const NameOf& nameOf,
+                const CodePage& codePage = systemCodePage()) {
+    std::vector<std::string_view> names;
+    names.reserve(items.size());
+    for (const Item& item : items) {
+        names.emplace_back(std::invoke(nameOf, item));
+    }
+    std::vector<Item> sorted;
+    sorted.reserve(items.size());
+    for (const std::size_t place : orderOfNames(names, codePage)) {
+        sorted.push_back(std::move(items[place]));
+    }
+    items = std::move(sorted);
+}
+
+inline void sortNames(std::vector<std::string>& names,
+                      const CodePage& codePage = systemCodePage()) {
+    sortByName(names, std::identity(), codePage);
+}
 
 } // namespace tarnwick

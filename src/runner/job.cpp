@@ -10,6 +10,7 @@
 #include "processing/commands/record_names.hpp"
 #include "runner/argument_list.hpp"
 #include "runner/clashes.hpp"
+#include "runner/passed_over.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -30,7 +31,7 @@ class JobCheck {
     JobCheck(BatchDefinition definition, const JobRequest& request, const JobServices& services)
         : request_(request), services_(services) {
         checked_.job.definition = std::move(definition);
-        checked_.job.remarks = request.remarks;
+        checked_.job.remarks = remarksOn(request.passedOver, checked_.job.definition);
     }
 
     CheckedJob run() {
@@ -51,7 +52,19 @@ class JobCheck {
 
   private:
     BatchDefinition& definition() { return checked_.job.definition; }
-    void fault(std::string text) { checked_.faults.push_back(std::move(text)); }
+    void fault(std::string text) { checked_.faults.push_back(asTyped(std::move(text))); }
+
+    // A path that the user typed is told as paths are typed on this system.
+    [[nodiscard]] std::string asTyped(std::string text) const {
+        for (const std::string* const path :
+             {&request_.inputFolder, &request_.mpExecutable, &request_.cnsExecutable}) {
+            const std::string told = quoted(*path);
+            if (const auto place = text.find(told); !path->empty() && place != std::string::npos) {
+                text.replace(place, told.size(), quoted(shownPath(services_.paths, *path)));
+            }
+        }
+        return text;
+    }
 
     template <typename Step>
     void attempt(const Step& step) {
@@ -92,6 +105,12 @@ class JobCheck {
             checkTool(Tool::MP, definition().sMPExecutable);
         }
         add(configurationFault(definition(), services_.files));
+        if (services_.paths.separator() != '\\' &&
+            (definition().bCfgNamesInput || definition().bCfgNamesOutput)) {
+            checked_.job.remarks.emplace_back(
+                "The configuration file names files, and MP reads it as it is: these must be "
+                "paths of this system.");
+        }
         if (definition().bCfgNamesOutput) {
             checked_.job.remarks.emplace_back(
                 "The configuration file names the outputs, so that they are not known here: the "
@@ -124,8 +143,11 @@ class JobCheck {
     }
 
     void checkInputFolder() {
-        const std::string& folder = definition().sInputFolder;
+        std::string folder = definition().sInputFolder;
         if (trim(folder).empty()) {
+            folder = valuePassedOver(request_.passedOver, "Input Folder");
+        }
+        if (folder.empty()) {
             fault("No input folder is named.");
         } else if (!FolderExists(services_.files, folder)) {
             fault("The input folder " + quoted(folder) + " does not exist.");
@@ -147,7 +169,7 @@ class JobCheck {
 
     // One cause of many faults, where a system has no drives of its own.
     void tellMissingDrives() {
-        for (const std::string& drive : request_.drives) {
+        for (const std::string& drive : drivesNamed(definition(), request_.passedOver)) {
             try {
                 static_cast<void>(services_.paths.toolPath(drive + "\\"));
             } catch (const RunTimeError& error) {
@@ -160,9 +182,9 @@ class JobCheck {
     }
 
     void findRecords() {
-        auto& listing = checked_.job.listing.emplace_back(
-            services_.stamps.listStamped(definition().sInputFolder));
-        if (listing.leftOut.count > 0) {
+        const StampedListing& listing =
+            checked_.job.listing.emplace(services_.stamps.listStamped(definition().sInputFolder));
+        if (listing.leftOut.count > 0 && request_.records.empty()) { // else others are asked for
             checked_.job.refused.push_back(
                 {.name = listing.leftOut.first,
                  .why = listing.leftOut.count == 1
@@ -175,7 +197,7 @@ class JobCheck {
             listing.files, std::back_inserter(records), [&](const StampedFile& file) {
                 return matchesAnyWildcard(file.name, definition().sInputExtensions);
             });
-        sortByName(records);
+        sortByName(records, &StampedFile::name);
         select(records);
         if (records.empty() && checked_.faults.empty() && checked_.job.refused.empty()) {
             fault("No files found in folder " + quoted(definition().sInputFolder) + ".");
@@ -193,24 +215,6 @@ class JobCheck {
             std::erase_if(checked_.job.records, isOthers);
             std::erase_if(checked_.job.refused, isOthers);
         }
-    }
-
-    static void sortByName(std::vector<StampedFile>& records) {
-        std::vector<std::pair<std::string, StampedFile*>> keys;
-        keys.reserve(records.size());
-        for (StampedFile& record : records) {
-            keys.emplace_back(upperCase(record.name), &record);
-        }
-        std::ranges::sort(keys, [](const auto& left, const auto& right) {
-            return left.first != right.first ? left.first < right.first
-                                             : left.second->name < right.second->name;
-        });
-        std::vector<StampedFile> sorted;
-        sorted.reserve(records.size());
-        for (const auto& [key, record] : keys) {
-            sorted.push_back(std::move(*record));
-        }
-        records = std::move(sorted);
     }
 
     // Only those that the user has named. A name that fits none is a mistake.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "definition/batch_definition.hpp"
+#include "definition/ini_file.hpp"
 #include "platform/file_stamps.hpp"
 #include "platform/files.hpp"
 #include "platform/tool_paths.hpp"
@@ -20,11 +21,10 @@ struct JobRequest {
     std::string inputExtensions;
     std::string mpExecutable;
     std::string cnsExecutable;
-    std::vector<std::string> records; // names or patterns; none at all: every record
-    std::optional<Share> share;       // of these records, only its own
-    bool inPlace = false;             // a record may be overwritten by what is made of it
-    std::vector<std::string> drives;  // that the definition names, as "T:"
-    std::vector<std::string> remarks; // on what was read, for the user
+    std::vector<std::string> records;        // names or patterns; none at all: every record
+    std::optional<Share> share;              // of these records, only its own
+    bool inPlace = false;                    // a record may be overwritten by what is made of it
+    std::vector<PassedOverEntry> passedOver; // by the reader of the definition
 };
 
 struct RefusedRecord {
@@ -38,9 +38,9 @@ struct RefusedRecord {
 struct Job {
     BatchDefinition definition; // its paths are full
     std::vector<StampedFile> records;
-    std::vector<RefusedRecord> refused;  // records that are not run
-    std::vector<std::string> remarks;    // for the user, who may want to know
-    std::vector<StampedListing> listing; // of the input folder, once: the planner needs it too
+    std::vector<RefusedRecord> refused;    // records that are not run
+    std::vector<std::string> remarks;      // for the user, who may want to know
+    std::optional<StampedListing> listing; // of the input folder: the planner needs it too
 };
 
 struct CheckedJob {

@@ -2,6 +2,7 @@
 
 #include "common/text.hpp"
 #include "runner/hash.hpp"
+#include "runner/number_text.hpp"
 
 #include <array>
 #include <charconv>
@@ -34,13 +35,6 @@ std::string escaped(std::string_view text) {
     return result;
 }
 
-std::string secondsText(double seconds) {
-    std::array<char, 32> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), seconds, std::chars_format::fixed, 3).ptr;
-    return {digits.begin(), end};
-}
-
 std::string stampText(const Stamp& stamp) {
     // Before 1970 too, the part behind the point counts forwards.
     auto whole = stamp.time / nanoseconds;
@@ -65,7 +59,7 @@ std::string callsText(const std::vector<CallNote>& calls) {
             .append(tool == Tool::CNS ? "cns:" : "mp:")
             .append(std::to_string(code))
             .append(":")
-            .append(secondsText(seconds));
+            .append(numberText(seconds, 3));
     }
     return result.empty() ? std::string(noStamp) : result;
 }

@@ -174,8 +174,8 @@ class Planner {
         }
         const std::string input = upperCase(withBackslash(job_.definition.sInputFolder));
         for (const std::string& folder : folders) {
-            if (folder == input && !job_.listing.empty()) {
-                lookAtProductsIn(folder, job_.listing.front());
+            if (folder == input && job_.listing) {
+                lookAtProductsIn(folder, *job_.listing);
             } else if (areFewUpToDate()) {
                 lookAtProductsIn(folder, {});
             } else {
@@ -199,7 +199,7 @@ class Planner {
         constexpr std::size_t many = 50;
         const auto count = static_cast<std::size_t>(
             std::ranges::count_if(reasons_, [](const auto& reason) { return !reason; }));
-        const std::size_t all = job_.listing.empty() ? 0 : job_.listing.front().files.size();
+        const std::size_t all = job_.listing ? job_.listing->files.size() : 0;
         return count * many <= all;
     }
 

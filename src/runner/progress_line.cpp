@@ -1,10 +1,9 @@
 #include "runner/progress_line.hpp"
 
+#include "runner/number_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace tarnwick {
@@ -23,15 +22,8 @@ std::string bar(const Progress& progress) {
     return text + "]";
 }
 
-std::string withDigits(double number, int places) {
-    std::array<char, 32> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed, places).ptr;
-    return {digits.begin(), end};
-}
-
 std::string perSecond(double rate) {
-    return withDigits(rate, rate < 10 ? 1 : 0) + "/s";
+    return numberText(rate, rate < 10 ? 1 : 0) + "/s";
 }
 
 std::string names(const Progress& progress) {
@@ -48,7 +40,7 @@ std::string durationText(double seconds) {
     const auto whole = [](double number) { return std::to_string(static_cast<long long>(number)); };
     constexpr double exact = 10; // with a digit behind the point
     if (seconds < exact) {
-        return withDigits(std::max(seconds, 0.0), 1) + " s";
+        return numberText(std::max(seconds, 0.0), 1) + " s";
     }
     if (seconds < minute) {
         return whole(seconds) + " s";

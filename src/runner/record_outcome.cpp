@@ -1,20 +1,13 @@
 #include "runner/record_outcome.hpp"
 
+#include "runner/number_text.hpp"
 #include "runner/visible_text.hpp"
 
-#include <array>
-#include <charconv>
 #include <cstring>
 #include <system_error>
 
 namespace tarnwick {
 namespace {
-
-std::string secondsText(double seconds) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), seconds).ptr;
-    return {digits.begin(), end};
-}
 
 std::string endText(const CallOutcome& outcome) {
     using enum ToolEnd::Kind;
@@ -25,7 +18,7 @@ std::string endText(const CallOutcome& outcome) {
     case Signalled:
         return "was ended by signal " + std::to_string(end.code);
     case TimedOut:
-        return "took longer than " + secondsText(outcome.call.timeLimit.value_or(0)) +
+        return "took longer than " + numberText(outcome.call.timeLimit.value_or(0)) +
                " s and was ended";
     case Halted:
         return "was interrupted";

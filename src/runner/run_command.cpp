@@ -99,7 +99,7 @@ class DefinitionRun {
     Plan plan(Job& job, const Products& products, const StateHistory& history,
               const RunConditions& now) const {
         Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all);
-        job.listing.clear(); // nobody needs it any longer, and it may be large
+        job.listing.reset(); // nobody needs it any longer, and it may be large
         return result;
     }
 

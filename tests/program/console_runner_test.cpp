@@ -103,6 +103,7 @@ TEST_F(ConsoleRunner, Wrong_use_and_what_cannot_be_run_end_with_2_and_a_sentence
     EXPECT_THAT(run({}), EndsWith(2, "tarnwick-run: "));
     EXPECT_THAT(run({"--no-such-option"}), EndsWith(2, "tarnwick-run: "));
     EXPECT_THAT(run({"gone.ini"}), EndsWith(2, "gone.ini\" does not exist."));
+    EXPECT_THAT(run({"batch.ini", "--drive", "T:=C:\\in"}), EndsWith(2, "are not for Windows"));
     EXPECT_THAT(run({"in"}), EndsWith(2, "\" is a folder."));
     EXPECT_THAT(run({"batch.ini", "none.met"}), EndsWith(2, "none.met"));
     place.write("text.exe", "no program");

@@ -88,7 +88,13 @@ has_settled() {
     ask settled $mark
     [ "${answer[0]}" != "yes $(xdotool getwindowfocus -f 2>/dev/null)" ] || return 0
     ! program_has_ended || return 0
-    [ "${answer[0]}" != no ] || xdotool key $mark
+    case ${answer[0]} in
+    no) xdotool key $mark ;;
+    'yes 0') ;;
+    # On a busy machine the window manager may leave a new window without the keyboard: the one
+    # before it was still closing. A person clicks on it.
+    *) xdotool windowactivate "${answer[0]#yes }" 2>/dev/null || true ;;
+    esac
     return 1
 }
 program_has_ended() { ! kill -0 "${gallery_pid:-0}" 2>/dev/null; }

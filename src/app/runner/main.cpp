@@ -6,7 +6,6 @@
 #include "definition/start_up.hpp"
 #include "options.hpp"
 #include "platform/run_time_error.hpp"
-#include "runner/definition_text.hpp"
 #include "runner/visible_text.hpp"
 
 #include <exception>
@@ -34,11 +33,8 @@ class RunnerMain {
 
     ExitStatus run() {
         const std::string file = platform_->typedPath(options_.definition);
-        const std::string text = textOf(file);
-        const BatchDefinition definition = definitionOf(file, text);
         RunRequest request = requestFor(file);
-        request.job.drives = drivesNamed(text);
-        request.job.remarks = outputsPassedOver(text, definition, platform_->files());
+        const BatchDefinition definition = readDefinitionFile(file, request.job.passedOver);
         return options_.command == RunnerOptions::Command::Run
                    ? runDefinition(definition, request, services_)
                    : printCalls(
@@ -62,7 +58,9 @@ class RunnerMain {
         }
     }
 
-    BatchDefinition definitionOf(const std::string& file, std::string_view text) {
+    BatchDefinition readDefinitionFile(const std::string& file,
+                                       std::vector<PassedOverEntry>& passedOver) {
+        const std::string text = textOf(file);
         BatchDefinition definition =
             definitionAtStartUp(platform_->process(), platform_->files(), platform_->settings());
         if (platform_->process().programFolder().empty()) {
@@ -70,7 +68,7 @@ class RunnerMain {
         }
         definition.sINIFile = file;
         try {
-            readDefinition(definition, platform_->files(), text);
+            passedOver = readDefinition(definition, platform_->files(), text);
         } catch (const RunTimeError& error) {
             refuse(" cannot be read: " + error.record().description + ".");
         }

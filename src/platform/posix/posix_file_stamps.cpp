@@ -29,6 +29,9 @@ StampedListing possibleFiles(ListedFolder& folder) {
     StampedListing listing;
     while (const dirent* entry = folder.next()) {
         const auto type = entry->d_type;
+        if (entry->d_name[0] == '.') { // hidden, as people mean it here
+            continue;
+        }
         if (type != DT_REG && type != DT_LNK && type != DT_UNKNOWN) {
             continue;
         }

@@ -45,17 +45,20 @@ FileDescriptor openLockFile(const std::string& hostPath) {
     return file;
 }
 
-// All of the file, however long it grows. It belongs to the open file, not to the process, and can
-// be asked for without being taken; network file systems pass it on to their servers.
-struct flock wholeFile() {
+// A byte far behind any content: where a file system keeps others from what is locked, they can
+// still read who holds it. The lock belongs to the open file, not to the process, and can be asked
+// for without being taken; network file systems pass it on to their servers.
+struct flock lockedPlace() {
     struct flock place{};
     place.l_type = F_WRLCK;
     place.l_whence = SEEK_SET;
+    place.l_start = 0x40000000;
+    place.l_len = 1;
     return place;
 }
 
 bool lock(const FileDescriptor& file) {
-    auto place = wholeFile();
+    auto place = lockedPlace();
     if (::fcntl(file.get(), F_OFD_SETLK, &place) == 0) {
         return true;
     }
@@ -81,7 +84,7 @@ std::unique_ptr<HeldLock> PosixProcessLocks::tryLock(std::string_view path,
 bool PosixProcessLocks::isHeld(std::string_view path) const {
     try {
         const FileDescriptor file = openIfThere(paths_.hostPath(path));
-        auto place = wholeFile();
+        auto place = lockedPlace();
         return file.isOpen() && ::fcntl(file.get(), F_OFD_GETLK, &place) == 0 &&
                place.l_type != F_UNLCK;
     } catch (const RunTimeError&) {

@@ -1,5 +1,6 @@
 #include "platform/console_platform.hpp"
 
+#include "platform/run_time_error.hpp"
 #include "platform/whole_file.hpp"
 #include "platform/win32/filled_text.hpp"
 #include "platform/win32/started_tool.hpp"
@@ -79,7 +80,12 @@ struct LocalFreeing {
 
 } // namespace
 
-std::unique_ptr<ConsolePlatform> makeConsolePlatform(const ConsoleOptions& /*options*/) {
+std::unique_ptr<ConsolePlatform> makeConsolePlatform(const ConsoleOptions& options) {
+    if (options != ConsoleOptions()) {
+        throw RunTimeError(ErrorNumber::BadFileName,
+                           "--drive and --code-page are not for Windows, which has drives and a "
+                           "code page of its own");
+    }
     return std::make_unique<Win32ConsolePlatform>();
 }
 

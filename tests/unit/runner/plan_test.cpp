@@ -1,4 +1,3 @@
-#include "runner/definition_text.hpp"
 #include "runner/plan.hpp"
 #include "runner/run_log.hpp"
 #include "support/outputs.hpp"
@@ -221,22 +220,6 @@ TEST(Clashes, No_record_overwrites_another_one) {
     EXPECT_THAT(machine.terminal.error, HasSubstr("FAILED a.err: \"a.met\" would make the same"));
     EXPECT_EQ(machine.world.read(R"(C:\in\a.err)"), "precious");
     EXPECT_TRUE(machine.processes.calls().empty());
-}
-
-// The reader passes over an output whose folder is not there; here nobody would see it.
-TEST(DefinitionText, Tells_the_outputs_whose_folders_are_not_there) {
-    RunnerWorld machine;
-    machine.definition.iProcessCNS = 0;
-    EXPECT_THAT(outputsPassedOver("Process MP=1\r\nGRID_Html=C:\\gone\r\nGRID_Error=C:\\out\r\n"
-                                  "grid_XML = Q:\\away \nGRID_Info_file=C:\\gone\r\nGRID_Text=\r\n"
-                                  "GRID_Nonsense=C:\\gone",
-                                  machine.definition, machine.world.files()),
-                testing::ElementsAre(
-                    "The folder \"C:\\gone\" does not exist: the output \"Html\" is not made.",
-                    "The folder \"Q:\\away\" does not exist: the output \"XML\" is not made."));
-    EXPECT_THAT(
-        drivesNamed("A=T:\\x\r\nB=T:\\y\r\nC=U:\\\r\nD=relative\r\nE=\\\\server\\share\r\n"),
-        testing::ElementsAre("T:", "U:"));
 }
 
 } // namespace

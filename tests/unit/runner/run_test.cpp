@@ -272,6 +272,50 @@ TEST_F(RunOfRecords, The_second_interruption_and_an_order_end_the_tools) {
     }
 }
 
+TEST_F(RunOfRecords, An_order_with_notice_lets_running_tools_end) {
+    machine_.request.settings.jobs = 1;
+    machine_.request.settings.notice = 3600;
+    machine_.writeRecord("a.met");
+    machine_.writeRecord("b.met");
+    act([&](const ToolCall& call) {
+        machine_.interruptions.interrupt(Interruption::Ordered);
+        return machine_.work(call);
+    });
+    EXPECT_EQ(machine_.run(), ExitStatus::Terminated);
+    EXPECT_FALSE(machine_.processes.isHalted());
+    EXPECT_THAT(machine_.terminal.output, HasSubstr("1 made, 0 failed, 0 up to date, 1 not run"));
+    EXPECT_EQ(machine_.terminal.error,
+              "tarnwick-run: Nothing more is begun; the running tools may end while there is "
+              "time.\n");
+    act([&](const ToolCall& call) { return machine_.work(call); });
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    EXPECT_EQ(machine_.processes.calls().size(), 2U);
+}
+
+TEST_F(RunOfRecords, When_the_time_after_an_order_is_over_the_tools_are_ended) {
+    for (const bool again : {false, true}) {
+        RunnerWorld machine;
+        machine.request.settings.notice = again ? 3600 : 0;
+        machine.writeRecord("a.met");
+        machine.processes.act = [&](const ToolCall& call) {
+            static_cast<void>(machine.work(call));
+            machine.interruptions.interrupt(Interruption::Ordered);
+            if (again) { // who sends it twice does not wait
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+            while (!machine.processes.isHalted()) {
+                std::this_thread::yield();
+            }
+            return toolEnd(ToolEnd::Kind::Halted);
+        };
+        EXPECT_EQ(machine.run(), ExitStatus::Terminated);
+        EXPECT_FALSE(machine.world.exists(R"(C:\out\a.html)"));
+        EXPECT_THAT(machine.terminal.error, HasSubstr("while there is time"));
+        EXPECT_THAT(machine.terminal.error, HasSubstr("Ending the running tools"));
+        EXPECT_THAT(machine.log(), Not(HasSubstr("failed")));
+    }
+}
+
 TEST_F(RunOfRecords, An_interruption_that_comes_when_the_run_is_over_meets_nobody) {
     machine_.writeRecord("a.met");
     EXPECT_EQ(machine_.run(), ExitStatus::Done);

@@ -191,11 +191,12 @@ class DefinitionRun {
             log.write(
                 RunLine{.run = number, .begun = services_.clock.dateAndTime(), .conditions = now});
         }
-        endWhenLost(*lock);
         const RecordServices recordServices{.files = services_.files,
                                             .stamps = services_.stamps,
                                             .paths = services_.paths,
                                             .processes = services_.processes};
+        Inbox<RunMessage>& inbox = listenedInbox();
+        keep(*lock);
         const auto summary = runRecords({.job = job,
                                          .products = products,
                                          .plan = planned,
@@ -205,7 +206,7 @@ class DefinitionRun {
                                          .clock = services_.clock,
                                          .run = number,
                                          .temporary = temporaryPath()},
-                                        listenedInbox(), log, observers_);
+                                        inbox, log, observers_);
         tellLost(*lock);
         if (summary.logFault.empty()) {
             log.close();
@@ -215,8 +216,8 @@ class DefinitionRun {
 
     // Nobody shall go on with records that another machine has begun, for want of locks there: not
     // even for as long as an order to end would allow.
-    void endWhenLost(StateLock& lock) {
-        lock.whenLost([inbox = inbox_](const std::string& /*holder*/) {
+    void keep(StateLock& lock) {
+        lock.keep([inbox = inbox_](const std::string& /*holder*/) {
             inbox->put(Interruption::Ordered);
             inbox->put(Interruption::Ordered);
         });

@@ -28,15 +28,13 @@ StateLock::StateLock(const Files& files, ProcessLocks& locks, Request request,
         return;
     }
     giveSign();
-    beating_ = std::jthread([this](const std::stop_token& stop) { beat(stop); });
 }
 
 StateLock::~StateLock() {
-    if (!beating_.joinable()) {
-        return;
+    if (beating_.joinable()) {
+        beating_.request_stop();
+        beating_.join();
     }
-    beating_.request_stop();
-    beating_.join();
     leave();
 }
 
@@ -51,11 +49,11 @@ void StateLock::leave() {
     held_.reset();
 }
 
-void StateLock::whenLost(std::function<void(const std::string& holder)> lost) {
-    const std::scoped_lock lock(mutex_);
+// The thread is not started before: whoever hears of interruptions must be there first.
+void StateLock::keep(std::function<void(const std::string& holder)> lost) {
     lost_ = std::move(lost);
-    if (!lostTo_.empty()) {
-        lost_(lostTo_);
+    if (!isLost()) {
+        beating_ = std::jthread([this](const std::stop_token& stop) { beat(stop); });
     }
 }
 
@@ -151,30 +149,33 @@ void StateLock::giveSign() {
     held_->write(request_.holder + "\nsign of life " + std::to_string(++signs_) + "\n");
 }
 
+bool StateLock::isLost() {
+    const std::string holder = holderIn(locks_.holderOf(path_));
+    if (holder.empty() || holder == request_.holder) {
+        return false;
+    }
+    {
+        const std::scoped_lock lock(mutex_);
+        lostTo_ = holder;
+    }
+    lost_(holder);
+    return true;
+}
+
 void StateLock::beat(const std::stop_token& stop) {
-    std::unique_lock lock(mutex_);
+    const std::chrono::duration<double> pause(request_.times.beat);
     for (;;) {
-        waiting_.wait_for(lock, stop, std::chrono::duration<double>(request_.times.beat),
-                          [] { return false; });
-        if (stop.stop_requested()) {
-            return;
+        {
+            std::unique_lock lock(mutex_);
+            waiting_.wait_for(lock, stop, pause, [] { return false; });
         }
-        const std::string holder = holderIn(locks_.holderOf(path_));
-        if (!holder.empty() && holder != request_.holder) {
-            loseTo(holder);
+        if (stop.stop_requested() || isLost()) {
             return;
         }
         try {
             giveSign();
         } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch): the next may be written
         }
-    }
-}
-
-void StateLock::loseTo(const std::string& holder) {
-    lostTo_ = holder;
-    if (lost_) {
-        lost_(holder);
     }
 }
 

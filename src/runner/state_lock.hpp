@@ -52,9 +52,10 @@ class StateLock {
     // Why the run must not begin, in a sentence; empty where it may, and nobody else will.
     [[nodiscard]] const std::string& refusal() const noexcept { return refusal_; }
 
-    // From now on `lost` is called, on a thread of its own and once, when somebody on another
-    // machine has taken the lock all the same.
-    void whenLost(std::function<void(const std::string& holder)> lost);
+    // From now on gives signs of life, on a thread of its own, and calls `lost` there, once, when
+    // somebody on another machine has taken the lock all the same; before it returns, where that
+    // has happened already. Called once, where the lock is held.
+    void keep(std::function<void(const std::string& holder)> lost);
     // Who that is; empty where nobody has.
     [[nodiscard]] std::string lostTo() const;
 
@@ -76,8 +77,8 @@ class StateLock {
                                         const std::string& said) const;
     [[nodiscard]] bool isFromElsewhere(const std::string& said) const;
     void giveSign();
+    [[nodiscard]] bool isLost();
     void beat(const std::stop_token& stop);
-    void loseTo(const std::string& holder);
 
     const Files& files_;
     ProcessLocks& locks_;
@@ -89,8 +90,8 @@ class StateLock {
     std::uint64_t signs_ = 0;
     mutable std::mutex mutex_;
     std::condition_variable_any waiting_;
-    std::function<void(const std::string& holder)> lost_; // guarded by mutex_
-    std::string lostTo_;                                  // likewise; empty: to nobody
+    std::string lostTo_; // guarded by mutex_; empty: to nobody
+    std::function<void(const std::string& holder)> lost_;
     std::jthread beating_;
 };
 

@@ -385,12 +385,14 @@ TEST_F(RunnerProgram, Nobody_who_stops_reading_stops_it) {
 // Eight of them: killed, at once, and again with as many others.
 TEST_F(RunnerProgram, Shares_at_once_make_what_one_run_makes_and_none_twice) {
     writeRecords(60);
-    script("mp", "echo \"$7\" >> \"${7%/in/*}/calls.txt\"; cat \"$7\" > \"$4\"; echo page > \"$6\"");
+    script("mp",
+           "echo \"$7\" >> \"${7%/in/*}/calls.txt\"; cat \"$7\" > \"$4\"; echo page > \"$6\"");
     std::vector<std::unique_ptr<StartedProgram>> shares;
     for (int number = 1; number <= 8; ++number) {
         const std::string share = std::to_string(number) + "/8";
-        shares.push_back(std::make_unique<StartedProgram>(
-            command({definition(), "-j2", "--shard", share}), root_ / ("share" + share.substr(0, 1))));
+        shares.push_back(
+            std::make_unique<StartedProgram>(command({definition(), "-j2", "--shard", share}),
+                                             root_ / ("share" + share.substr(0, 1))));
     }
     for (const auto& share : shares) {
         EXPECT_EQ(share->wait(), 0);
@@ -428,14 +430,14 @@ TEST_F(RunnerProgram, A_share_comes_from_the_engine_or_is_wrong_use) {
         }
         return StartedProgram(words, root_ / "said").wait();
     };
-    EXPECT_EQ(runIn({"SLURM_ARRAY_TASK_ID=4", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}),
-              0)
+    EXPECT_EQ(
+        runIn({"SLURM_ARRAY_TASK_ID=4", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}), 0)
         << error();
     EXPECT_TRUE(fs::exists(root_ / "night.state/share-3-of-5.log"));
     EXPECT_EQ(runIn({"TARNWICK_SHARD=1/5"}), 0) << error();
     EXPECT_TRUE(fs::exists(root_ / "night.state/share-1-of-5.log"));
-    EXPECT_EQ(runIn({"SLURM_ARRAY_TASK_ID=9", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}),
-              2);
+    EXPECT_EQ(
+        runIn({"SLURM_ARRAY_TASK_ID=9", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}), 2);
     EXPECT_THAT(error(), HasSubstr("not numbered one after the other"));
     EXPECT_EQ(runIn({"TARNWICK_SHARD=6/5"}), 2);
     EXPECT_EQ(runIn({}), 2);

@@ -275,21 +275,25 @@ TEST_F(RunOfRecords, The_second_interruption_and_an_order_end_the_tools) {
 TEST_F(RunOfRecords, An_order_with_notice_lets_running_tools_end) {
     machine_.request.settings.jobs = 1;
     machine_.request.settings.notice = 3600;
-    machine_.writeRecord("a.met");
-    machine_.writeRecord("b.met");
+    for (int record = 0; record < 10; ++record) {
+        machine_.writeRecord("r" + std::to_string(record) + ".met");
+    }
     act([&](const ToolCall& call) {
-        machine_.interruptions.interrupt(Interruption::Ordered);
+        if (call.arguments.back().ends_with("r0.met")) {
+            machine_.interruptions.interrupt(Interruption::Ordered);
+        }
         return machine_.work(call);
     });
     EXPECT_EQ(machine_.run(), ExitStatus::Terminated);
     EXPECT_FALSE(machine_.processes.isHalted());
-    EXPECT_THAT(machine_.terminal.output, HasSubstr("1 made, 0 failed, 0 up to date, 1 not run"));
+    EXPECT_TRUE(machine_.world.exists(R"(C:\out\r0.html)"));
+    EXPECT_FALSE(machine_.world.exists(R"(C:\out\r9.html)"));
     EXPECT_EQ(machine_.terminal.error,
               "tarnwick-run: Nothing more is begun; the running tools may end while there is "
               "time.\n");
     act([&](const ToolCall& call) { return machine_.work(call); });
     EXPECT_EQ(machine_.run(), ExitStatus::Done);
-    EXPECT_EQ(machine_.processes.calls().size(), 2U);
+    EXPECT_EQ(machine_.processes.calls().size(), 10U);
 }
 
 TEST_F(RunOfRecords, When_the_time_after_an_order_is_over_the_tools_are_ended) {

@@ -10,11 +10,12 @@ _tarnwick_run() {
     fi
     case $option in
     --color) _tarnwick_run_offer -W 'auto always never' -- "$word" ;;
+    --shard) _tarnwick_run_offer -W auto -- "$word" ;;
     --format) _tarnwick_run_offer -W 'sh null json' -- "$word" ;;
     --mp | --cns) _tarnwick_run_files -f -- "$word" ;;
     # Of "--drive T:=/srv" the last word is a folder.
     -F | --input-folder | --state | :=) _tarnwick_run_files -d -- "${word#:=}" ;;
-    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after)
+    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --notice)
         COMPREPLY=()
         ;;
     *)
@@ -38,12 +39,12 @@ _tarnwick_run() {
 }
 
 _tarnwick_run_options() { # BEGINNING
-    local options='-F --input-folder -e --extensions --mp --cns --in-place -q --quiet -v --verbose --color
+    local options='-F --input-folder -e --extensions --mp --cns --shard --in-place -q --quiet -v --verbose --color
         --drive --code-page -h --help --version'
     if [[ ${COMP_WORDS[1]} == commands ]]; then
         options+=' --format'
     else
-        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --state'
+        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --notice --state'
     fi
     _tarnwick_run_offer -W "$options" -- "$1"
 }

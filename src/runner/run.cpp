@@ -64,7 +64,9 @@ class OwnedRun {
             if (auto message = inbox_.take(untilNextLook())) {
                 std::visit([&](auto& what) { hear(what); }, *message);
                 handOut();
+                judgeEnded(false);
             } else {
+                judgeEnded(true);
                 tell([](RunObserver& observer) { observer.idle(); });
             }
             endWhatIsLate();
@@ -94,7 +96,33 @@ class OwnedRun {
         });
     }
 
+    // A tool that was asked to end did not fail, when we are asked as well: which may come a moment
+    // later.
     void hear(RecordOutcome& outcome) {
+        if (wasAskedToEnd(outcome)) {
+            ended_.push_back(std::move(outcome));
+            endedUntil_ = parts_.clock.steadySeconds() + aMoment;
+        } else {
+            take(outcome);
+        }
+    }
+
+    void judgeEnded(bool nothingCame) {
+        const bool ordered = summary_.interruption == Interruption::Ordered;
+        if (ended_.empty() ||
+            !(ordered || nothingCame || parts_.clock.steadySeconds() >= endedUntil_)) {
+            return;
+        }
+        for (RecordOutcome& outcome : std::exchange(ended_, {})) {
+            if (ordered) {
+                outcome.result = RecordOutcome::Result::Interrupted;
+            }
+            take(outcome);
+        }
+        handOut();
+    }
+
+    void take(const RecordOutcome& outcome) {
         --given_;
         using enum RecordOutcome::Result;
         switch (outcome.result) {
@@ -215,7 +243,9 @@ class OwnedRun {
     std::size_t given_ = 0;         // and not heard of again
     std::size_t failures_ = 0;
     bool ending_ = false;
-    std::optional<double> deadline_; // when running tools are ended, by the clock
+    std::vector<RecordOutcome> ended_; // whose tools were asked to end; not judged yet
+    double endedUntil_ = 0;            // when that is done at the latest, by the clock
+    std::optional<double> deadline_;   // when running tools are ended, by the clock
     RunSummary summary_;
 };
 

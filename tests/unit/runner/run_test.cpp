@@ -296,6 +296,41 @@ TEST_F(RunOfRecords, An_order_with_notice_lets_running_tools_end) {
     EXPECT_EQ(machine_.processes.calls().size(), 10U);
 }
 
+// Engines send it to all of a job at once; whoever of both is heard of first.
+TEST_F(RunOfRecords, A_tool_that_is_asked_to_end_with_the_runner_has_not_failed) {
+    for (const bool toolIsFirst : {false, true}) {
+        RunnerWorld machine;
+        machine.request.settings.notice = 3600;
+        machine.request.settings.retries = 3;
+        machine.request.settings.jobs = 1;
+        machine.writeRecord("a.met");
+        std::atomic<bool> hasEnded = false;
+        machine.clock.asked = [&] { // when the tool's end has been heard of
+            if (hasEnded.exchange(false)) {
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+        };
+        machine.processes.act = [&](const ToolCall&) {
+            if (toolIsFirst) {
+                hasEnded = true;
+            } else {
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+            return toolEnd(ToolEnd::Kind::Signalled, 15);
+        };
+        EXPECT_EQ(machine.run(), ExitStatus::Terminated);
+        EXPECT_EQ(machine.processes.calls().size(), 1U);
+        EXPECT_THAT(machine.terminal.output,
+                    HasSubstr("0 made, 0 failed, 0 up to date, 1 not run"));
+        EXPECT_THAT(machine.log(), Not(HasSubstr("failed")));
+    }
+}
+
+TEST_F(RunOfRecords, A_tool_that_somebody_else_asks_to_end_has_failed) {
+    act([](const ToolCall&) { return toolEnd(ToolEnd::Kind::Signalled, 15); });
+    EXPECT_THAT(whyFailed(), HasSubstr("FAILED a.met: MP was ended by signal 15\n"));
+}
+
 TEST_F(RunOfRecords, When_the_time_after_an_order_is_over_the_tools_are_ended) {
     for (const bool again : {false, true}) {
         RunnerWorld machine;

@@ -2,15 +2,18 @@
 .DEFAULT_GOAL := help
 .PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist test-cluster reproducible bench coverage screenshots help-pictures lint format check-format clean
 
-native_packages  := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev
-windows_packages := $(native_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
+# What builds, natively; and with it what the native tests need: programs that read reports.
+build_packages   := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev
+browser_packages := chromium chromium-driver python3-selenium fonts-liberation
+native_packages  := $(build_packages) $(browser_packages) python3-jsonschema libxml2-utils
+windows_packages := $(build_packages) g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
-linux_packages   := $(native_packages) dpkg-dev file man-db
+linux_packages   := $(build_packages) dpkg-dev file man-db
 dist_packages    := $(wine_packages) $(linux_packages) git perl fp-utils nsis zip unzip
-cluster_packages := $(native_packages) slurm-wlm munge parallel procps
-bench_packages   := $(wine_packages) libbenchmark-dev python3 parallel ninja-build findutils
+cluster_packages := $(build_packages) slurm-wlm munge parallel procps
+bench_packages   := $(wine_packages) $(browser_packages) libbenchmark-dev python3 parallel ninja-build findutils
 cover_packages   := $(native_packages) gcovr
-fuzz_packages    := $(native_packages) clang-19 libclang-rt-19-dev
+fuzz_packages    := $(build_packages) clang-19 libclang-rt-19-dev
 lint_packages    := $(windows_packages) libbenchmark-dev clang-format-19 clang-tidy-19
 
 ensure := cmake/ensure-packages
@@ -93,10 +96,11 @@ reproducible: dist
 bench:
 	@$(ensure) $(bench_packages)
 	cmake --preset native -D TARNWICK_BENCHMARKS=ON
-	cmake --build --preset native --target engine_bench links_bench tarnwick-run small_tool slow_files
+	cmake --build --preset native --target engine_bench links_bench tarnwick-run small_tool make_report slow_files
 	build/native/bench/engine_bench
 	build/native/bench/links_bench
 	bench/runner_bench.py build/native/src/app/runner/tarnwick-run build/native/bench/small_tool
+	bench/report_bench.py build/native/tests/browser/make_report
 	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset windows
 	cmake/on-virtual-screen bench/run-windows build
@@ -136,6 +140,10 @@ screenshots: windows
 	tests/window/run.sh build/windows controls
 	tests/window/run.sh build/windows pictures
 	tests/window/run.sh build/windows execute
+	@$(ensure) $(native_packages)
+	cmake --preset native
+	cmake --build --preset native --target make_report
+	/usr/bin/python3 -B tests/browser/pictures.py build/native/tests/browser/make_report build/screenshots
 
 check-format:
 	@$(ensure) clang-format-19

@@ -9,19 +9,12 @@ import statistics
 import subprocess
 import sys
 import tempfile
-import time
+
+from figures import end, measured, told
 
 runner, tool = (os.path.abspath(path) for path in sys.argv[1:3])
 chosen = sys.argv[3:]
 shm = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
-missed = []
-
-
-def told(what, figure, limit, unit=""):
-    exceeded = figure > limit
-    print(f"{what:<66} {figure:8.2f}{unit} (at most {limit}{unit}){'  EXCEEDED' if exceeded else ''}", flush=True)
-    if exceeded:
-        missed.append(what)
 
 
 class Place:
@@ -59,18 +52,6 @@ class Place:
     def check_products(self):
         made = len(os.listdir(f"{self.root}/out"))
         assert made == len(self.records) * len(self.kinds), f"{made} products"
-
-
-def measured(command, env=None, stdin=os.devnull):
-    """Seconds, seconds of processor, and peak memory in MB of a command that must succeed."""
-    with open(stdin, "rb") as given:
-        begun = time.monotonic()
-        process = subprocess.Popen(command, stdin=given, stdout=subprocess.DEVNULL,
-                                   env={**os.environ, **(env or {})})
-        _, status, used = os.wait4(process.pid, 0)
-        process.returncode = status
-    assert status == 0, f"{command[0]} ended with {status}"
-    return time.monotonic() - begun, used.ru_utime + used.ru_stime, used.ru_maxrss / 1000
 
 
 def ratio(mine, other, pairs, before=lambda: None, after=lambda: None):
@@ -218,5 +199,4 @@ def wait():
 for figure in (start, nothing, slow, growth, compute, wait, memory, shares):
     if not chosen or figure.__name__ in chosen:
         figure()
-if missed:
-    sys.exit(f"missed: {', '.join(missed)}")
+end()

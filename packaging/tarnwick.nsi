@@ -163,6 +163,7 @@ FunctionEnd
   !insertmacro ${DO} "Tarnwick.chm"
   !insertmacro ${DO} "Tarnwick.txt"
   !insertmacro ${DO} "CLI11-licence.txt"
+  !insertmacro ${DO} "JSON-licence.txt"
   !insertmacro ${DO} "Uninstall.exe"
 !macroend
 
@@ -205,6 +206,7 @@ Section "Tarnwick"
   File "${FILES}\Tarnwick.chm"
   File "${FILES}\Tarnwick.txt"
   File "${FILES}\CLI11-licence.txt"
+  File "${FILES}\JSON-licence.txt"
   WriteUninstaller "$INSTDIR\Tarnwick.new\Uninstall.exe"
   SetOutPath "$INSTDIR"
   ${If} ${Errors}
@@ -290,6 +292,7 @@ Section "Uninstall"
   Delete "$INSTDIR\Tarnwick.chm"
   Delete "$INSTDIR\Tarnwick.txt"
   Delete "$INSTDIR\CLI11-licence.txt"
+  Delete "$INSTDIR\JSON-licence.txt"
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Tarnwick\Tarnwick.lnk"

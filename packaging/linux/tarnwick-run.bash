@@ -13,9 +13,13 @@ _tarnwick_run() {
     --shard) _tarnwick_run_offer -W auto -- "$word" ;;
     --format) _tarnwick_run_offer -W 'sh null json' -- "$word" ;;
     --mp | --cns) _tarnwick_run_files -f -- "$word" ;;
+    --report)
+        _tarnwick_run_files -d -- "$word"
+        mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X '!*.@(html|json|csv|xml)' -- "$word")
+        ;;
     # Of "--drive T:=/srv" the last word is a folder.
     -F | --input-folder | --state | :=) _tarnwick_run_files -d -- "${word#:=}" ;;
-    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --notice)
+    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --notice | --ignore | --fail-on)
         COMPREPLY=()
         ;;
     *)
@@ -32,7 +36,7 @@ _tarnwick_run() {
             _tarnwick_run_files -d -X '*.state' -- "$word"
             mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X '!*.[iI][nN][iI]' -- "$word")
             ((COMP_CWORD > 1)) ||
-                mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W 'run commands' -- "$word")
+                mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W 'run commands report' -- "$word")
         fi
         ;;
     esac
@@ -41,11 +45,14 @@ _tarnwick_run() {
 _tarnwick_run_options() { # BEGINNING
     local options='-F --input-folder -e --extensions --mp --cns --shard --in-place -q --quiet -v --verbose --color
         --drive --code-page -h --help --version'
-    if [[ ${COMP_WORDS[1]} == commands ]]; then
-        options+=' --format'
-    else
-        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --notice --state'
-    fi
+    case ${COMP_WORDS[1]} in
+    commands) options+=' --format' ;;
+    report) options+=' --report --ignore --fail-on --state' ;;
+    *)
+        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --notice --state
+            --report --ignore --fail-on'
+        ;;
+    esac
     _tarnwick_run_offer -W "$options" -- "$1"
 }
 

@@ -1,6 +1,7 @@
 #include "common/full_path.hpp"
 
 #include "common/text.hpp"
+#include "platform/windows_path.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,17 +19,13 @@ bool hasDrive(std::string_view path) {
     return path.size() >= 2 && path[1] == ':';
 }
 
-bool isShare(std::string_view path) {
-    return path.starts_with(R"(\\)");
-}
-
 std::string_view upToBackslash(std::string_view text, const CodePage& codePage) {
     return text.substr(0, codePage.findFirstOf(text, "\\"));
 }
 
 // "C:\", "\\server\share", or nothing at all.
 std::string_view rootOf(std::string_view path, const CodePage& codePage) {
-    if (isShare(path)) {
+    if (isOnShare(path)) {
         const auto server = upToBackslash(path.substr(2), codePage).size() + 2;
         const auto share = path.substr(std::min(server + 1, path.size()));
         return path.substr(0, server + 1 + upToBackslash(share, codePage).size());
@@ -52,7 +49,7 @@ std::vector<std::string> namesIn(std::string_view path, const CodePage& codePage
 }
 
 std::string seenFrom(std::string_view folder, std::string path, const CodePage& codePage) {
-    if (isShare(path)) {
+    if (isOnShare(path)) {
         return path;
     }
     if (hasDrive(path)) { // without a root it is the drive's root all the same
@@ -78,7 +75,7 @@ std::string fullPath(std::string_view path, std::string_view folder, const CodeP
 
 bool isFullPath(std::string_view path) {
     const std::string text = withBackslashes(trim(path));
-    return isShare(text) || (hasDrive(text) && text.substr(2).starts_with('\\'));
+    return isOnShare(text) || (hasDrive(text) && text.substr(2).starts_with('\\'));
 }
 
 std::string driveOf(std::string_view fullPath) {

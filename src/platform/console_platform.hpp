@@ -55,6 +55,10 @@ class ConsolePlatform {
     // A text of the program's code page in UTF-8.
     [[nodiscard]] virtual std::string utf8(std::string_view text) const = 0;
 
+    // What a tool has written, in the program's code page; as it is where it is no text that a
+    // tool of this system would write. May be called from several threads.
+    [[nodiscard]] virtual std::string toolText(std::string_view text) const = 0;
+
     // This process, for people: "process 123 on HOST".
     [[nodiscard]] virtual std::string processName() const = 0;
 };

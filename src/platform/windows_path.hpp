@@ -20,6 +20,11 @@ namespace tarnwick {
 [[nodiscard]] bool isPossiblePattern(std::string_view path,
                                      const CodePage& codePage = systemCodePage()) noexcept;
 
+// Whether the path begins with a network share, or would.
+[[nodiscard]] inline bool isOnShare(std::string_view path) noexcept {
+    return path.starts_with(R"(\\)");
+}
+
 // Whether `text` holds "*" or "?".
 [[nodiscard]] bool hasWildcard(std::string_view text) noexcept;
 

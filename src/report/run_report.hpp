@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runner/run_totals.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -21,7 +23,7 @@ using RecordPlace = std::uint32_t;
 struct Example {
     RecordPlace record = 0;
     std::uint32_t line = 0; // counted from 1
-    std::string text;
+    std::string text{};
 
     bool operator==(const Example&) const = default;
 };
@@ -30,11 +32,11 @@ struct Example {
 struct Shape {
     static constexpr std::size_t mostExamples = 5;
 
-    std::string text;                // such as: Error (line #): "…" is no date
+    std::string text{};              // such as: Error (line #): "…" is no date
     std::uint32_t records = 0;       // that have it now; 0: it is gone since the run before
     std::uint64_t messages = 0;      // in all these
     std::uint32_t recordsBefore = 0; // that had it after the run before
-    std::vector<Example> examples;   // by record and line, at most mostExamples
+    std::vector<Example> examples{}; // by record and line, at most mostExamples
     bool common = false;             // nearly every record has it
 
     bool operator==(const Shape&) const = default;
@@ -50,7 +52,7 @@ struct Finding {
 };
 
 struct ReportedCall {
-    std::string tool; // "CNS" or "MP"
+    std::string tool{}; // "CNS" or "MP"
     std::int64_t code = 0;
     double seconds = 0;
 
@@ -65,25 +67,26 @@ struct ReportedRecord {
         NotRun, // the last run was ended before, or none has come to it yet
     };
 
-    std::string name;
+    std::string name{};
     State state = State::NotRun;
-    std::string why; // it failed: a sentence
-    std::vector<ReportedCall> calls;
-    std::vector<Finding> findings; // by line
-    // What the names of its products begin with: MP's, and CNS's.
-    std::string mpStem;
-    std::string cnsStem;
+    std::string why{}; // it failed: a sentence
+    std::vector<ReportedCall> calls{};
+    std::vector<Finding> findings{}; // in the order of the tools' reports
+    // What the names of its products begin with: MP's, and CNS's. Empty: it has none of these, as
+    // when it failed and they were removed, or was never made.
+    std::string mpStem{};
+    std::string cnsStem{};
 
     bool operator==(const ReportedRecord&) const = default;
 };
 
 // One file that is made of every record: its name is the record's stem and `suffix`.
 struct ReportedProduct {
-    std::string label; // "html"
-    std::string
-        folder; // as a link from the report: relative where it can be, percent-encoded, ends in "/"
-    std::string suffix; // not encoded
-    bool ofCns = false; // else MP's
+    std::string label{}; // "html"
+    // As a link from the report: relative where it can be, percent-encoded, ends in "/".
+    std::string folder{};
+    std::string suffix{}; // not encoded
+    bool ofCns = false;   // else MP's
 
     bool operator==(const ReportedProduct&) const = default;
 };
@@ -91,40 +94,26 @@ struct ReportedProduct {
 // What messages came to a record since the run before, or went from it.
 struct RecordChange {
     RecordPlace record = 0;
-    std::vector<ShapePlace> appeared;
-    std::vector<ShapePlace> gone;
+    std::vector<ShapePlace> appeared{};
+    std::vector<ShapePlace> gone{};
 
     bool operator==(const RecordChange&) const = default;
-};
-
-// How everything stood at the end of one run.
-struct RunTotals {
-    std::string begun; // date and time, UTC, as 2026-11-22T02:24:48Z
-    double seconds = 0;
-    std::size_t made = 0;
-    std::size_t upToDate = 0;
-    std::size_t failed = 0;
-    std::size_t notRun = 0;
-    std::size_t recordsWithFindings = 0;
-    std::uint64_t messages = 0;
-
-    bool operator==(const RunTotals&) const = default;
 };
 
 struct RunReport {
     static constexpr std::size_t mostRuns = 50;
 
-    std::string definition;              // its file name, without a folder
-    std::string made;                    // when this report was, UTC
-    RunTotals totals;                    // as it stands now
-    std::vector<RunTotals> runs;         // the last mostRuns, oldest first, the last among them
-    std::vector<ReportedRecord> records; // by name
-    std::vector<ReportedProduct> products;
-    std::vector<Shape> shapes; // by records that have it, most first; those that are gone last
-    bool hasRunBefore = false; // there is a run to compare with
-    std::vector<RecordChange> changes; // by record; empty where there is none
-    std::vector<std::string> remarks;  // sentences: shares that are still at work, and the like
-    bool findingsAreKnown = true;      // else the definition asks for no error reports
+    std::string definition{};              // its file name, without a folder
+    std::string made{};                    // when this report was, UTC
+    RunTotals totals{};                    // as it stands now
+    std::vector<RunTotals> runs{};         // the last mostRuns, oldest first, the last among them
+    std::vector<ReportedRecord> records{}; // by name
+    std::vector<ReportedProduct> products{};
+    std::vector<Shape> shapes{}; // by records that have it, most first; those that are gone last
+    bool hasRunBefore = false;   // there is a run to compare with
+    std::vector<RecordChange> changes{}; // by record; empty where there is none
+    std::vector<std::string> remarks;    // sentences: shares that are still at work, and the like
+    bool findingsAreKnown = true;        // else the definition asks for no error reports
 
     bool operator==(const RunReport&) const = default;
 };

@@ -36,6 +36,12 @@ void Console::complain(std::string_view sentence) {
     say("tarnwick-run: " + visibleText(sentence));
 }
 
+void Console::tell(std::string_view sentence) {
+    if (!style_.quiet) {
+        terminal_.write(Stream::Output, visibleText(sentence) + "\n");
+    }
+}
+
 void Console::planned(const Job& job, const Products& /*products*/, const Plan& plan) {
     begun_ = clock_.steadySeconds();
     drawn_ = begun_;

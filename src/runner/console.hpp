@@ -33,6 +33,9 @@ class Console final : public RunObserver {
     // A sentence for the user, at once.
     void complain(std::string_view sentence);
 
+    // A result, unless the user wants to hear of failures only.
+    void tell(std::string_view sentence);
+
     void planned(const Job& job, const Products& products, const Plan& plan) override;
     void started(std::string_view record) override;
     void finished(const RecordOutcome& outcome) override;

@@ -98,13 +98,16 @@ class JobCheck {
         if (definition().iProcessMP != checked && definition().iProcessCNS != checked) {
             fault("The definition says neither that CNS nor that MP is to run.");
         }
-        if (definition().iProcessCNS == checked) {
+        if (request_.runsTools && definition().iProcessCNS == checked) {
             checkTool(Tool::CNS, definition().sCNSExecutable);
         }
-        if (definition().iProcessMP == checked) {
+        if (request_.runsTools && definition().iProcessMP == checked) {
             checkTool(Tool::MP, definition().sMPExecutable);
         }
         add(configurationFault(definition(), services_.files));
+        if (!request_.runsTools) {
+            return;
+        }
         if (services_.paths.separator() != '\\' &&
             (definition().bCfgNamesInput || definition().bCfgNamesOutput)) {
             checked_.job.remarks.emplace_back(

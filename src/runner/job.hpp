@@ -25,6 +25,7 @@ struct JobRequest {
     std::optional<Share> share;              // of these records, only its own
     bool inPlace = false;                    // a record may be overwritten by what is made of it
     std::vector<PassedOverEntry> passedOver; // by the reader of the definition
+    bool runsTools = true; // else tools and the folders of outputs need not be there
 };
 
 struct RefusedRecord {

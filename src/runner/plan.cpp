@@ -60,13 +60,16 @@ class Planner {
         }
     }
 
-    Plan plan(bool all) {
+    Plan plan(bool all, const JudgedMessages* judged) {
         reasons_.resize(job_.records.size());
         known_.resize(job_.records.size());
         for (std::uint32_t record = 0; record < job_.records.size(); ++record) {
             reasons_[record] = reasonBeforeProducts(record, all);
         }
         lookAtProducts();
+        if (judged != nullptr) {
+            lookAtMessages(*judged);
+        }
         for (std::uint32_t record = 0; record < reasons_.size(); ++record) {
             if (const auto& reason = reasons_[record]) {
                 plan_.toRun.push_back({.record = record, .reason = *reason});
@@ -193,6 +196,17 @@ class Planner {
         return folder;
     }
 
+    void lookAtMessages(const JudgedMessages& judged) {
+        using enum Reason::Kind;
+        for (std::size_t record = 0; record < reasons_.size(); ++record) {
+            const auto found = judged.find(job_.records[record].name);
+            const bool known = found != judged.end();
+            if (!reasons_[record] && (!known || found->second)) {
+                reasons_[record] = Reason{.kind = known ? MessageFails : MessagesUnknown};
+            }
+        }
+    }
+
     // So that to ask for each of their products is less than to list all that are there; none at
     // all among them.
     [[nodiscard]] bool areFewUpToDate() const {
@@ -294,6 +308,10 @@ std::string reasonText(const Reason& reason, const Products& products) {
         return "all are to run";
     case OutputsUnknown:
         return "its outputs are not known";
+    case MessagesUnknown:
+        return "what the tools say of it is not known";
+    case MessageFails:
+        return "what the tools say of it fails it";
     }
     return {};
 }
@@ -309,8 +327,9 @@ RunConditions conditionsNow(const BatchDefinition& job, const Products& products
 }
 
 Plan planRun(const Job& job, const Products& products, const StateHistory& history,
-             const RunConditions& now, const FileStamps& stamps, bool all) {
-    return Planner(job, products, history, now, stamps).plan(all);
+             const RunConditions& now, const FileStamps& stamps, bool all,
+             const JudgedMessages* judged) {
+    return Planner(job, products, history, now, stamps).plan(all, judged);
 }
 
 } // namespace tarnwick

@@ -2,6 +2,7 @@
 
 #include "platform/file_stamps.hpp"
 #include "runner/job.hpp"
+#include "runner/judged_messages.hpp"
 #include "runner/products.hpp"
 #include "runner/state_logs.hpp"
 
@@ -28,6 +29,8 @@ struct Reason {
         ProductChanged,
         Asked, // for all
         OutputsUnknown,
+        MessagesUnknown, // and the user insists on some not being there
+        MessageFails,    // one of those is
     };
 
     Kind kind = Kind::New;
@@ -70,8 +73,10 @@ struct Plan {
 // that, under the same conditions, and it and its products are as that run left them, and no run
 // that was killed had it in work; with `all` none is.
 // Asks once for each folder that holds products, and once more for each product that a listing does
-// not show; of a few records among many, once for each product. Raises what FileStamps raises.
+// not show; of a few records among many, once for each product. With `judged`, what would be up to
+// date must run where its messages fail it, or are not known. Raises what FileStamps raises.
 [[nodiscard]] Plan planRun(const Job& job, const Products& products, const StateHistory& history,
-                           const RunConditions& now, const FileStamps& stamps, bool all);
+                           const RunConditions& now, const FileStamps& stamps, bool all,
+                           const JudgedMessages* judged = nullptr);
 
 } // namespace tarnwick

@@ -78,15 +78,22 @@ Products::Products(const BatchDefinition& job, KnownFolders& folders)
     cnsExtension_ = trim(job.sCNSOutputExtension).empty() ? "" : job.sCNSOutputExtension;
 }
 
-std::string Products::nameOf(const ProductKind& kind, std::string_view record) const {
+std::string Products::stemOf(Tool tool, std::string_view record) const {
     std::string base = GetBaseName(record);
-    if (cutsTwice_ && kind.tool == Tool::MP) {
-        base = GetBaseName(base + cnsExtension_);
-        // The extension of a name without a dot of its own is a part of the suffix already.
-        const std::string ofExtension = GetBaseName(std::string(anyRecord) + cnsExtension_);
-        return base + kind.suffix.substr(ofExtension.size() - anyRecord.size());
+    return cutsTwice_ && tool == Tool::MP ? GetBaseName(base + cnsExtension_) : base;
+}
+
+std::string Products::suffixOf(const ProductKind& kind) const {
+    if (!cutsTwice_ || kind.tool != Tool::MP) {
+        return kind.suffix;
     }
-    return base + kind.suffix;
+    // The extension of a name without a dot of its own is a part of the suffix already.
+    const std::string ofExtension = GetBaseName(std::string(anyRecord) + cnsExtension_);
+    return kind.suffix.substr(ofExtension.size() - anyRecord.size());
+}
+
+std::string Products::nameOf(const ProductKind& kind, std::string_view record) const {
+    return stemOf(kind.tool, record) + suffixOf(kind);
 }
 
 std::string Products::pathOf(const ProductKind& kind, std::string_view record) const {

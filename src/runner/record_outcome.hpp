@@ -3,8 +3,10 @@
 #include "platform/file_stamps.hpp"
 #include "platform/tool_processes.hpp"
 #include "processing/commands/tool_steps.hpp"
+#include "runner/messages.hpp"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,8 @@ struct RecordOutcome {
     Stamp stamp;                    // of the record, as the tools read it
     std::vector<CallOutcome> calls; // of the last attempt
     std::vector<Stamp> products;    // in the order of Products::kinds; where it is made
+    // Where every report that the tools were asked for was written, and could be read.
+    std::optional<RecordMessages> messages;
 };
 
 // Whether its last tool ended by the signal that asks for that. Engines send it to all of a job, to

@@ -21,7 +21,8 @@ RecordRun::RecordRun(const Job& job, const Products& products, const RunSettings
       services_(services),
       paths_(services.paths),
       folders_(services.files),
-      temporary_(std::move(temporary)) {}
+      temporary_(std::move(temporary)),
+      reports_(static_cast<std::size_t>(std::ranges::count_if(products.kinds(), holdsMessages))) {}
 
 RecordOutcome RecordRun::run(const std::string& record) {
     RecordOutcome outcome = attempt(record);
@@ -30,17 +31,22 @@ RecordOutcome RecordRun::run(const std::string& record) {
          --more) {
         outcome = attempt(record);
     }
+    judgeMessages(outcome);
     return outcome;
 }
 
 RecordOutcome RecordRun::attempt(const std::string& record) {
     RecordOutcome outcome;
     outcome.record = record;
+    reportsRead_ = 0;
     try {
         makeProducts(outcome);
     } catch (const RunTimeError& error) {
         outcome.result = RecordOutcome::Result::Failed;
         outcome.why = error.record().description;
+    }
+    if (reportsRead_ < reports_) {
+        outcome.messages.reset();
     }
     return outcome;
 }
@@ -88,6 +94,9 @@ bool RecordRun::makeCall(const RecordCall& call, RecordOutcome& outcome) {
                           std::to_string(made.end.code) + ", but " + outcome.why;
         }
     }
+    if (made.end.kind != ToolEnd::Kind::Halted) {
+        takeMessages(tool, before, outcome);
+    }
     if (!outcome.why.empty()) {
         removeProducts(tool, outcome.record, before);
     }
@@ -127,6 +136,47 @@ std::string RecordRun::missingProduct(Tool tool, const std::string& record,
         }
     }
     return {};
+}
+
+// What the tool has said of the record, be it made or not; a report that was there before says
+// nothing of this call. One that cannot be read is as good as none.
+void RecordRun::takeMessages(Tool tool, const Stamps& before, RecordOutcome& outcome) {
+    for (std::size_t place = 0; place < products_.kinds().size(); ++place) {
+        const ProductKind& kind = products_.kinds()[place];
+        if (kind.tool != tool || !holdsMessages(kind)) {
+            continue;
+        }
+        const std::string path = products_.pathOf(kind, outcome.record);
+        try {
+            const auto after = services_.stamps.stampOfExact(path);
+            if (after && written_.mayBeWritten(place, before[place], *after)) {
+                RecordMessages& messages =
+                    outcome.messages ? *outcome.messages : outcome.messages.emplace();
+                readMessages(*services_.files.openForReading(path), settings_.messages, messages,
+                             services_.toolText);
+                ++reportsRead_;
+            }
+        } catch (const RunTimeError&) {
+            return;
+        }
+    }
+}
+
+// Whoever insists on certain messages not being there must also know them all. The products are
+// whole, and stay.
+void RecordRun::judgeMessages(RecordOutcome& outcome) const {
+    if (outcome.result != RecordOutcome::Result::Made || settings_.messages.failOn.empty()) {
+        return;
+    }
+    if (!outcome.messages) {
+        outcome.why = "what the tools say of it could not be read";
+    } else if (!outcome.messages->failing.empty()) {
+        outcome.why = messageFailure(outcome.messages->failing);
+    } else {
+        return;
+    }
+    outcome.result = RecordOutcome::Result::Failed;
+    outcome.products.clear();
 }
 
 // What a call that failed has left, so that nobody takes it for whole. What was there before and

@@ -19,6 +19,7 @@ struct RecordServices {
     const FileStamps& stamps;
     const ToolPaths& paths;
     ToolProcesses& processes;
+    ToolText toolText;
 };
 
 // Does the work on records, one at a time: CNS, MP and the links of their pages. Several of these
@@ -43,6 +44,8 @@ class RecordRun {
     [[nodiscard]] Stamps stampsOf(Tool tool, const std::string& record) const;
     [[nodiscard]] std::string missingProduct(Tool tool, const std::string& record,
                                              const Stamps& before) const;
+    void takeMessages(Tool tool, const Stamps& before, RecordOutcome& outcome);
+    void judgeMessages(RecordOutcome& outcome) const;
     void removeProducts(Tool tool, const std::string& record, const Stamps& before);
     void rewriteLinks(const RecordCall& lastCall, const std::string& record);
     void takeStamps(RecordOutcome& outcome) const;
@@ -56,6 +59,8 @@ class RecordRun {
     KnownToolPaths paths_;
     KnownFolders folders_;
     std::string temporary_;
+    std::size_t reports_;         // that hold messages, of each record
+    std::size_t reportsRead_ = 0; // of the record in work
 };
 
 } // namespace tarnwick

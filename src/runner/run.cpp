@@ -26,6 +26,12 @@ std::vector<CallNote> notesOf(const std::vector<CallOutcome>& calls) {
     return notes;
 }
 
+// It runs all the same, so that its own lines in the log do not show that it is in work.
+bool wasUpToDate(Reason::Kind reason) {
+    using enum Reason::Kind;
+    return reason == Asked || reason == MessagesUnknown || reason == MessageFails;
+}
+
 class OwnedRun {
   public:
     OwnedRun(const RunParts& parts, Inbox<RunMessage>& inbox, RunLog& log,
@@ -79,7 +85,7 @@ class OwnedRun {
         while (!ending_ && given_ < 2 * workers_.size() && next_ < parts_.plan.toRun.size()) {
             const PlannedRecord& planned = parts_.plan.toRun[next_];
             // What the log says of it holds no longer, from the first tool on.
-            if (planned.reason.kind == Reason::Kind::Asked &&
+            if (wasUpToDate(planned.reason.kind) &&
                 !write(BegunLine{.run = parts_.run,
                                  .record = parts_.job.records[planned.record].name})) {
                 return;
@@ -190,6 +196,7 @@ class OwnedRun {
         if (outcome.result == RecordOutcome::Result::Interrupted) {
             return; // the log still says what held before, or nothing
         }
+        writeMessages(outcome); // first: of what counts as made they are known
         static_cast<void>(write(RecordLine{.run = parts_.run,
                                            .record = outcome.record,
                                            .why = outcome.why,
@@ -211,13 +218,30 @@ class OwnedRun {
         }
     }
 
+    void writeMessages(const RecordOutcome& outcome) {
+        if (parts_.messages == nullptr || !messagesAreKnown(parts_.products)) {
+            return;
+        }
+        MessagesLine line{.run = parts_.run,
+                          .record = outcome.record,
+                          .known = outcome.messages.has_value(),
+                          .messages = {}};
+        if (outcome.messages) {
+            line.messages = outcome.messages->kept;
+        }
+        static_cast<void>(writeInto(*parts_.messages, line));
+    }
+
+    bool write(const LogLine& line) { return writeInto(log_, line); }
+
     // Work that nobody could know of afterwards is not begun.
-    bool write(const LogLine& line) {
+    template <typename Log, typename Line>
+    bool writeInto(Log& log, const Line& line) {
         if (!summary_.logFault.empty()) {
             return false;
         }
         try {
-            log_.write(line);
+            log.write(line);
             return true;
         } catch (const RunTimeError& error) {
             summary_.logFault = error.record().description;

@@ -2,6 +2,7 @@
 
 #include "platform/interruptions.hpp"
 #include "runner/inbox.hpp"
+#include "runner/message_log.hpp"
 #include "runner/record_run.hpp"
 #include "runner/run_clock.hpp"
 #include "runner/run_log.hpp"
@@ -32,6 +33,7 @@ struct RunParts {
     const RunClock& clock;
     std::uint32_t run;     // its number in the log
     std::string temporary; // the beginning of the path of a slot's own file (see RecordRun)
+    MessageLog* messages = nullptr; // keeps what the tools say
 };
 
 // Runs what is planned, so many records at once, writes each outcome into the log and tells the

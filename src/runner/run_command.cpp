@@ -8,6 +8,8 @@
 #include "runner/call_text.hpp"
 #include "runner/hash.hpp"
 #include "runner/inbox.hpp"
+#include "runner/judged_messages.hpp"
+#include "runner/message_log.hpp"
 #include "runner/run.hpp"
 #include "runner/visible_text.hpp"
 
@@ -82,6 +84,10 @@ class DefinitionRun {
             }
             KnownFolders folders(services_.files);
             const Products products(job.definition, folders);
+            if (!request_.settings.messages.failOn.empty() && !messagesAreKnown(products)) {
+                return refuse({"Nothing could fail by --fail-on: the definition asks for no error "
+                               "report of MP and no leftovers of CNS."});
+            }
             return request_.dryRun ? tellPlan(job, products) : run(job, products);
         } catch (const RunTimeError& error) {
             return refuse({error.record().description + "."});
@@ -98,7 +104,13 @@ class DefinitionRun {
 
     Plan plan(Job& job, const Products& products, const StateHistory& history,
               const RunConditions& now) const {
-        Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all);
+        const MessagePatterns& patterns = request_.settings.messages;
+        std::optional<JudgedMessages> judged;
+        if (!patterns.failOn.empty()) {
+            judged = judgeKeptMessages(services_.files, messageLogOf(logPath_), patterns);
+        }
+        Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all,
+                              judged ? &*judged : nullptr);
         job.listing.reset(); // nobody needs it any longer, and it may be large
         return result;
     }
@@ -187,14 +199,17 @@ class DefinitionRun {
         RunLog log(services_.files, logPath_, history.own);
         const std::uint32_t number = history.own.lastRun() + 1;
         history = {};
+        const std::string begun = services_.clock.dateAndTime();
+        std::optional<MessageLog> messages; // not even looked at where there is nothing to do
         if (!planned.toRun.empty()) {
-            log.write(
-                RunLine{.run = number, .begun = services_.clock.dateAndTime(), .conditions = now});
+            messages.emplace(services_.files, messageLogOf(logPath_));
+            log.write(RunLine{.run = number, .begun = begun, .conditions = now});
         }
         const RecordServices recordServices{.files = services_.files,
                                             .stamps = services_.stamps,
                                             .paths = services_.paths,
-                                            .processes = services_.processes};
+                                            .processes = services_.processes,
+                                            .toolText = services_.toolText};
         Inbox<RunMessage>& inbox = listenedInbox();
         keep(*lock);
         const auto summary = runRecords({.job = job,
@@ -205,13 +220,44 @@ class DefinitionRun {
                                          .services = recordServices,
                                          .clock = services_.clock,
                                          .run = number,
-                                         .temporary = temporaryPath()},
+                                         .temporary = temporaryPath(),
+                                         .messages = messages ? &*messages : nullptr},
                                         inbox, log, observers_);
         tellLost(*lock);
         if (summary.logFault.empty()) {
             log.close();
         }
-        return statusOf(summary);
+        const bool whole = end({.job = job,
+                                .products = products,
+                                .summary = summary,
+                                .run = messages ? number : 0,
+                                .begun = begun},
+                               messages ? &*messages : nullptr);
+        const ExitStatus status = statusOf(summary);
+        return whole || status != ExitStatus::Done ? status : ExitStatus::SomeFailed;
+    }
+
+    // Whether all that was to follow the run could be done.
+    bool end(const RunEnd& end, MessageLog* messages) {
+        RunEndNotes notes = request_.whenEnded ? request_.whenEnded(end) : RunEndNotes();
+        if (messages != nullptr && end.summary.logFault.empty()) {
+            try {
+                if (notes.totals) {
+                    messages->write(TotalsLine{.run = end.run, .totals = *notes.totals});
+                }
+                messages->close();
+            } catch (const RunTimeError& error) {
+                notes.faults.push_back(
+                    "The message log cannot be written: " + error.record().description + ".");
+            }
+        }
+        for (const std::string& sentence : notes.told) {
+            console_.tell(sentence);
+        }
+        for (const std::string& fault : notes.faults) {
+            console_.complain(fault);
+        }
+        return notes.faults.empty();
     }
 
     // Nobody shall go on with records that another machine has begun, for want of locks there: not

@@ -9,12 +9,17 @@
 #include "runner/console.hpp"
 #include "runner/job.hpp"
 #include "runner/run_clock.hpp"
+#include "runner/run_observer.hpp"
 #include "runner/run_settings.hpp"
+#include "runner/run_totals.hpp"
 #include "runner/state_lock.hpp"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tarnwick {
 
@@ -38,6 +43,23 @@ struct RunnerServices {
     Terminal& terminal;
     const RunClock& clock;
     std::function<bool(const std::string& program)> canStart; // see JobServices
+    ToolText toolText{};
+};
+
+// A run that has ended, while nobody else can begin one.
+struct RunEnd {
+    const Job& job; // what was run; without its listing
+    const Products& products;
+    const RunSummary& summary;
+    std::uint32_t run; // its number in the log; 0: nothing was to run, and nothing was written
+    std::string begun; // date and time, UTC
+};
+
+// What was made of it.
+struct RunEndNotes {
+    std::optional<RunTotals> totals; // to be kept
+    std::vector<std::string> told;   // sentences for the user
+    std::vector<std::string> faults; // likewise, of what could not be done
 };
 
 struct RunRequest {
@@ -46,8 +68,9 @@ struct RunRequest {
     ConsoleStyle style;
     std::string stateFolder; // full path
     std::string holder; // who we are, for another runner to tell: "process 12 on HOST, since noon"
-    LockTimes lockTimes;
-    bool dryRun = false; // only says what would be done
+    LockTimes lockTimes{};
+    bool dryRun = false;                                       // only says what would be done
+    std::function<RunEndNotes(const RunEnd& end)> whenEnded{}; // may be empty; does not raise
 };
 
 enum class CallFormat : std::uint8_t {

@@ -3,10 +3,8 @@
 #include "common/line_reader.hpp"
 #include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
-#include "common/text.hpp"
-#include "platform/run_time_error.hpp"
+#include "runner/log_fields.hpp"
 
-#include <charconv>
 #include <set>
 #include <utility>
 
@@ -18,29 +16,6 @@ constexpr std::size_t fewLines = 1000;
 
 std::string titleLine() {
     return std::string(logTitle) + std::to_string(logVersion);
-}
-
-[[noreturn]] void refuse(std::string_view path, std::string_view why) {
-    throw RunTimeError(ErrorNumber::InvalidFileFormat,
-                       "The run log " + quoted(path) + " " + std::string(why));
-}
-
-// A title that was cut short while the first log was made is as good as none.
-void checkTitle(std::string_view title, std::string_view path) {
-    if (titleLine().starts_with(title)) {
-        return;
-    }
-    if (!title.starts_with(logTitle)) {
-        refuse(path, "is no log of tarnwick-run");
-    }
-    const auto digits = title.substr(logTitle.size());
-    int version = 0;
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), version);
-    if (error == std::errc() && end == digits.data() + digits.size() && version > logVersion) {
-        refuse(path, "was written by a newer version of tarnwick-run");
-    }
-    refuse(path, "is no log of tarnwick-run");
 }
 
 struct Taker {
@@ -142,46 +117,36 @@ void take(LogLine line, RunHistory& history) {
     ++history.lines;
 }
 
-LogEnd readLogLines(const Files& files, std::string_view path, const WantedRecords& wanted,
-                    const std::function<void(LogLine line)>& use) {
+RunHistory readRunLog(const Files& files, std::string_view path,
+                      const std::function<void(const LogLine& line)>& tell,
+                      const WantedRecords& wanted) {
+    RunHistory history;
+    if (!FileExists(files, path)) {
+        return history;
+    }
     const auto file = files.openForReading(path);
     LineReader lines(*file, LineEnds::Any);
     const std::string title(lines.next().value_or(""));
-    checkTitle(title, path);
-    LogEnd end{.torn = title != titleLine()};
+    history.torn = !checkLogTitle(title, logTitle, logVersion, "The run log", path);
     while (const auto text = lines.next()) {
         if (text->empty()) { // it stands between two runs
             continue;
         }
         // What was taken for a torn end was none, when something follows it.
-        end.damaged += end.torn ? 1 : 0;
-        end.torn = false;
-        if (wanted) {
-            const auto record = recordOfLogLine(*text);
-            if (record && !wanted(*record)) {
-                continue;
-            }
+        history.damaged += history.torn ? 1 : 0;
+        history.torn = false;
+        const auto record = wanted ? recordOfLogLine(*text) : std::nullopt;
+        if (record && !wanted(*record)) {
+            continue;
         }
         auto line = parseLogLine(*text);
-        end.torn = !line;
+        history.torn = !line;
         if (line) {
-            use(*std::move(line));
+            if (tell) {
+                tell(*line);
+            }
+            take(*std::move(line), history);
         }
-    }
-    return end;
-}
-
-RunHistory readRunLog(const Files& files, std::string_view path) {
-    return readRunLog(files, path, {});
-}
-
-RunHistory readRunLog(const Files& files, std::string_view path, const WantedRecords& wanted) {
-    RunHistory history;
-    if (FileExists(files, path)) {
-        const auto end = readLogLines(files, path, wanted,
-                                      [&](LogLine line) { take(std::move(line), history); });
-        history.torn = end.torn;
-        history.damaged = end.damaged;
     }
     return history;
 }

@@ -51,24 +51,14 @@ struct RunHistory {
 // Adds what the next line says.
 void take(LogLine line, RunHistory& history);
 
-// Reads a log; an empty one where there is none. Raises what Files::openForReading and
+// Reads a log; an empty one where there is none. `tell` hears of each line. Where `wanted` is
+// given, lines about other records are passed over. Raises what Files::openForReading and
 // InputFile::read raise, and 321 (with a description for people) where the file is no log or one of
 // a newer version.
-[[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path);
-
-// The same, but for the lines about records that are not `wanted`, which are passed over.
 using WantedRecords = std::function<bool(std::string_view record)>;
 [[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path,
-                                    const WantedRecords& wanted);
-
-// Calls `use` with each line of a log that is whole, from its first on, and says whether its last
-// line is not. Raises as readRunLog.
-struct LogEnd {
-    bool torn = false;
-    std::size_t damaged = 0;
-};
-LogEnd readLogLines(const Files& files, std::string_view path, const WantedRecords& wanted,
-                    const std::function<void(LogLine line)>& use);
+                                    const std::function<void(const LogLine& line)>& tell = {},
+                                    const WantedRecords& wanted = {});
 
 // Writes the log, a line at a time; each is with the system before the next is begun.
 class RunLog {

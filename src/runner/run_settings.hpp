@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runner/message_patterns.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -19,6 +21,7 @@ struct RunSettings {
     // nothing: not at all.
     std::optional<double> notice{};
     bool all = false; // also what is up to date
+    MessagePatterns messages{};
 
     bool operator==(const RunSettings&) const = default;
 };

@@ -28,13 +28,13 @@ void add(OtherLogs& others, std::uint32_t log, std::string record, KnownRecord k
 // its reader: so it is read a second time before that is told.
 RunHistory readOther(const Files& files, const std::string& path, const WantedRecords& wanted) {
     try {
-        return readRunLog(files, path, wanted);
+        return readRunLog(files, path, {}, wanted);
     } catch (const RunTimeError& error) {
         if (error.is(ErrorNumber::InvalidFileFormat)) {
             throw;
         }
     }
-    return readRunLog(files, path, wanted);
+    return readRunLog(files, path, {}, wanted);
 }
 
 class HistoryReader {

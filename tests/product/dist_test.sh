@@ -38,14 +38,15 @@ The_program_is_smaller_than_two_megabytes() {
     [ "$(stat -c %s "$build/windows/Tarnwick.exe")" -lt 2000000 ]
 }
 
-The_zip_holds_the_programs_their_help_a_note_and_a_licence() {
+The_zip_holds_the_programs_their_help_a_note_and_the_licences() {
     unzip -q -d "$work" "$dist"/Tarnwick-*.zip
     [ "$(cd "$work" && find Tarnwick -type f | LC_ALL=C sort | xargs)" = \
-        "$(printf 'Tarnwick/%s ' CLI11-licence.txt Tarnwick.chm Tarnwick.exe Tarnwick.txt)Tarnwick/tarnwick-run.exe" ] &&
+        "$(printf 'Tarnwick/%s ' CLI11-licence.txt JSON-licence.txt Tarnwick.chm Tarnwick.exe Tarnwick.txt)Tarnwick/tarnwick-run.exe" ] &&
         cmp "$work/Tarnwick/Tarnwick.exe" "$build/windows/Tarnwick.exe" &&
         cmp "$work/Tarnwick/tarnwick-run.exe" "$build/windows/tarnwick-run.exe" &&
         grep -q 'Copyright.*University of Cincinnati' "$work/Tarnwick/CLI11-licence.txt" &&
-        ! grep -qv "$(printf '\r')\$" "$work/Tarnwick/CLI11-licence.txt"
+        grep -q 'Copyright (c) 20' "$work/Tarnwick/JSON-licence.txt" &&
+        ! grep -qv "$(printf '\r')\$" "$work"/Tarnwick/*-licence.txt
 }
 
 The_help_holds_every_page_with_contents_and_index() {
@@ -90,7 +91,7 @@ installs() { # HIVE SWITCH
     run_installer "$2"
     [ "${2%/PATH}" != "$2" ] || [ "$(path_of "$1")" = "$(cat "$work/path")" ] || fail "the path is $(path_of "$1")"
     [ "$(cd "$folder" && find . -type f | LC_ALL=C sort | xargs)" = \
-        "./CLI11-licence.txt ./Tarnwick.chm ./Tarnwick.exe ./Tarnwick.txt ./Uninstall.exe ./tarnwick-run.exe" ] || fail "$(ls "$folder")"
+        "./CLI11-licence.txt ./JSON-licence.txt ./Tarnwick.chm ./Tarnwick.exe ./Tarnwick.txt ./Uninstall.exe ./tarnwick-run.exe" ] || fail "$(ls "$folder")"
     cmp "$folder/Tarnwick.exe" "$build/windows/Tarnwick.exe" || fail "another program was installed"
     files >"$work/installed"
     grep -q 'Start Menu/Programs/Tarnwick/Tarnwick.lnk$' "$work/installed" || fail "not in the start menu"
@@ -270,7 +271,7 @@ is_refused() { # FOLDER WHAT
 for test in \
     The_sums_are_those_of_the_files \
     The_program_is_smaller_than_two_megabytes \
-    The_zip_holds_the_programs_their_help_a_note_and_a_licence \
+    The_zip_holds_the_programs_their_help_a_note_and_the_licences \
     The_help_holds_every_page_with_contents_and_index \
     Packed_again_the_zip_has_the_same_bytes \
     Installed_for_the_user_it_runs_and_goes_without_a_trace \

@@ -63,7 +63,8 @@ class RunnerProgram : public testing::Test {
 
     [[nodiscard]] std::vector<std::string> command(std::vector<std::string> more) const {
         std::vector<std::string> words{TARNWICK_RUN, "--drive", "T:=" + root_.string()};
-        if (!more.empty() && (more.front() == "run" || more.front() == "commands")) {
+        if (!more.empty() &&
+            (more.front() == "run" || more.front() == "commands" || more.front() == "report")) {
             words.insert(words.begin() + 1, more.front());
             more.erase(more.begin());
         }
@@ -342,11 +343,81 @@ TEST_F(RunnerProgram, Killed_at_any_moment_it_loses_nothing_but_what_was_in_work
     writeRecords(12);
     EXPECT_EQ(run({definition(), "-j3"}), 0) << error();
     EXPECT_EQ(products(), expected);
-    EXPECT_EQ(run({definition(), "--dry-run"}), 0);
+    // Of everything that counts as made it is known what the tools said, too.
+    EXPECT_EQ(run({definition(), "--dry-run", "--fail-on", "half"}), 0);
     EXPECT_THAT(output(), Not(HasSubstr("run     ")));
     for (const auto& entry : fs::directory_iterator(root_ / "night.state")) {
-        EXPECT_THAT(entry.path().filename().string(), testing::AnyOf("lock", "run.log"));
+        EXPECT_THAT(entry.path().filename().string(),
+                    testing::AnyOf("lock", "run.log", "messages.log"));
     }
+}
+
+TEST_F(RunnerProgram, A_job_can_insist_on_clean_records) {
+    writeRecords(3);
+    write("in/r1.met", "Error: no\x09title.\r\n");
+    EXPECT_EQ(run({definition()}), 0) << error();
+    EXPECT_EQ(run({definition(), "--fail-on", "ERROR:*"}), 1);
+    EXPECT_EQ(error(), "FAILED r1.met: the tools say \"Error: no title.\"\n");
+    EXPECT_THAT(output(), HasSubstr("0 made, 1 failed, 2 up to date"));
+    EXPECT_EQ(products().size(), 6U);
+    EXPECT_EQ(run({definition(), "--fail-on", "ERROR:*", "--ignore", "*title"}), 0) << error();
+    EXPECT_THAT(output(), HasSubstr("1 made, 0 failed, 2 up to date"));
+}
+
+TEST_F(RunnerProgram,
+       Reports_tell_what_is_gone_and_stand_where_they_can_be_moved_with_the_products) {
+    writeRecords(3);
+    write("in/r1.met", "no title in \"r1\"\n");
+    EXPECT_EQ(run({definition(), "--report", root_ / "r.csv", "--report", root_ / "r.json"}), 0)
+        << error();
+    EXPECT_THAT(output(), HasSubstr("The report is " + (root_ / "r.csv").string() + "\n"));
+    EXPECT_THAT(contentOf(root_ / "r.json"), HasSubstr(R"("folder":"out/")"));
+    EXPECT_THAT(contentOf(root_ / "r.json"), HasSubstr(R"(no title in \"…\")"));
+    EXPECT_THAT(contentOf(root_ / "r.json"), HasSubstr(R"("hasRunBefore": false)"));
+
+    write("in/r1.met", "fine\n");
+    EXPECT_EQ(run({definition(), "-q"}), 0) << error();
+    EXPECT_EQ(output(), "");
+    fs::remove(root_ / "tools/mp");
+    const std::string log = contentOf(root_ / "night.state/run.log");
+    EXPECT_EQ(run({"report", definition(), "--report", root_ / "r.json"}), 0) << error();
+    EXPECT_THAT(contentOf(root_ / "r.json"), HasSubstr(R"("hasRunBefore": true)"));
+    EXPECT_EQ(contentOf(root_ / "night.state/run.log"), log);
+}
+
+TEST_F(RunnerProgram, An_interrupted_run_is_reported_on_too) {
+    writeRecords(2);
+    script("mp", "root=${7%/in/*}\necho $$ >> $root/tools.txt\n"
+                 "while [ ! -e $root/go ]; do sleep 0.1; done\n"
+                 "cat \"$7\" > \"$4\"; echo page > \"$6\"");
+    const auto program = start({definition(), "-j1", "--report", root_ / "r.csv"});
+    EXPECT_TRUE(eventually([&] { return !processesIn("tools.txt").empty(); }));
+    program->send(SIGINT);
+    EXPECT_TRUE(eventually([&] { return error().contains("the running tools may end"); }));
+    write("go", "");
+    EXPECT_EQ(program->wait(), 130);
+    const std::string report = contentOf(root_ / "r.csv");
+    EXPECT_THAT(report, HasSubstr("r0.met"));
+    EXPECT_THAT(report, HasSubstr("not run"));
+}
+
+TEST_F(RunnerProgram, A_report_of_a_wrong_kind_or_place_is_told) {
+    writeRecords(1);
+    EXPECT_EQ(run({definition(), "--report", root_ / "r.pdf"}), 2);
+    EXPECT_THAT(error(), HasSubstr("a report ends in .html, .json, .csv or .xml: "));
+    EXPECT_THAT(products(), IsEmpty());
+    EXPECT_EQ(run({definition(), "--report", root_ / "gone/r.html"}), 1);
+    EXPECT_THAT(error(), HasSubstr("gone/r.html\" cannot be written: "));
+    EXPECT_EQ(products().size(), 2U);
+    EXPECT_EQ(run({definition(), "--dry-run"}), 0);
+    EXPECT_THAT(output(), HasSubstr("keep    r0.met"));
+}
+
+TEST_F(RunnerProgram, What_tools_say_in_a_Windows_code_page_is_UTF_8_in_a_report) {
+    write("in/a.met", "falta el t\xEDtulo\n");
+    EXPECT_EQ(run({definition(), "--report", root_ / "r.json"}), 0) << error();
+    EXPECT_THAT(contentOf(root_ / "r.json"), HasSubstr("falta el t\xC3\xADtulo"));
+    EXPECT_EQ(run({definition(), "--fail-on", "*t\xC3\xADtulo"}), 1);
 }
 
 TEST_F(RunnerProgram, Other_engines_make_the_same_of_the_printed_calls) {

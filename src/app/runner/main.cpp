@@ -6,6 +6,7 @@
 #include "definition/start_up.hpp"
 #include "options.hpp"
 #include "platform/run_time_error.hpp"
+#include "report/report_command.hpp"
 #include "runner/visible_text.hpp"
 
 #include <exception>
@@ -19,28 +20,35 @@ class RunnerMain {
     RunnerMain(RunnerOptions options, Terminal& terminal)
         : options_(std::move(options)),
           platform_(makeConsolePlatform(options_.console)),
-          services_{.files = platform_->files(),
-                    .stamps = platform_->stamps(),
-                    .paths = platform_->toolPaths(),
-                    .processes = platform_->processes(),
-                    .locks = platform_->locks(),
-                    .interruptions = platform_->interruptions(),
-                    .terminal = terminal,
-                    .clock = clock_,
-                    .canStart = [this](const std::string& program) {
-                        return platform_->canStart(program);
-                    }} {}
+          services_{
+              .files = platform_->files(),
+              .stamps = platform_->stamps(),
+              .paths = platform_->toolPaths(),
+              .processes = platform_->processes(),
+              .locks = platform_->locks(),
+              .interruptions = platform_->interruptions(),
+              .terminal = terminal,
+              .clock = clock_,
+              .canStart =
+                  [this](const std::string& program) { return platform_->canStart(program); },
+              .toolText = [this](std::string_view text) { return platform_->toolText(text); }} {}
 
     ExitStatus run() {
         const std::string file = platform_->typedPath(options_.definition);
         RunRequest request = requestFor(file);
         const BatchDefinition definition = readDefinitionFile(file, request.job.passedOver);
-        return options_.command == RunnerOptions::Command::Run
-                   ? runDefinition(definition, request, services_)
-                   : printCalls(
-                         definition, request, options_.format,
-                         [this](std::string_view calls) { return platform_->utf8(calls); },
-                         services_);
+        const ToUtf8 utf8 = [this](std::string_view words) { return platform_->utf8(words); };
+        switch (options_.command) {
+        case RunnerOptions::Command::PrintCalls:
+            return printCalls(definition, request, options_.format, utf8, services_);
+        case RunnerOptions::Command::Report:
+            request.job.runsTools = false;
+            return reportOnRuns(definition, request, reportsOn(file, request), services_, utf8);
+        case RunnerOptions::Command::Run:
+            break;
+        }
+        request.whenEnded = reportsAtTheEnd(reportsOn(file, request), services_, utf8);
+        return runDefinition(definition, request, services_);
     }
 
   private:
@@ -114,6 +122,19 @@ class RunnerMain {
             jobOfEnvironment([this](std::string_view name) { return environment(name); });
         return platform_->processName() + (job.empty() ? "" : ", " + job) + ", since " +
                clock_.dateAndTime();
+    }
+
+    [[nodiscard]] ReportRequest reportsOn(const std::string& definitionFile,
+                                          const RunRequest& request) const {
+        ReportRequest reports{.files = {},
+                              .definition = GetFileName(definitionFile),
+                              .stateFolder = request.stateFolder,
+                              .patterns = request.settings.messages,
+                              .ofSomeRecords = !request.job.records.empty()};
+        for (const std::string& file : options_.reports) {
+            reports.files.push_back(platform_->typedPath(file));
+        }
+        return reports;
     }
 
     RunnerOptions options_;

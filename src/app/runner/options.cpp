@@ -1,5 +1,6 @@
 #include "options.hpp"
 
+#include "report/reports.hpp"
 #include "runner_version.hpp"
 
 #include <CLI/CLI.hpp>
@@ -15,13 +16,16 @@ constexpr const char* description =
     R"(Runs Tarnwick's batch definitions: many records at once, and only those that changed.
 
   tarnwick-run [run] DEFINITION.ini [RECORD...] [options]
-  tarnwick-run commands DEFINITION.ini [RECORD...] [options]    only prints the calls)";
+  tarnwick-run commands DEFINITION.ini [RECORD...] [options]    only prints the calls
+  tarnwick-run report DEFINITION.ini [RECORD...] --report FILE  only reports on the last runs)";
 
 constexpr const char* examples = R"(Examples:
   tarnwick-run nightly.ini             make what is new or changed, on all processors
   tarnwick-run nightly.ini --dry-run   only say what would be made, and why
   tarnwick-run nightly.ini -j4 a.met "b*.met" --all
                                        make these, changed or not, four at a time
+  tarnwick-run nightly.ini --report nightly.html
+                                       make what is new, and a page about all of it
 
 Exit status: 0 everything is made or was; 1 some records failed; 2 nothing was
 run; 130 or 143 interrupted. What is known of the last runs lies beside the
@@ -90,6 +94,22 @@ void addHow(CLI::App& app, Typed& typed) {
     app.add_option("--notice", typed.notice,
                    "after SIGTERM, let the running tools end within half of this time (a share: "
                    "30s; else they are ended at once)");
+}
+
+// What is found in the reports of the tools, and what is told of it.
+void addFindings(CLI::App& app, Typed& typed) {
+    MessagePatterns& messages = typed.options.settings.messages;
+    app.add_option("--report", typed.options.reports,
+                   "tell how everything stands in this file: .html, .json, .csv, or .xml for "
+                   "JUnit; may be given several times")
+        ->allow_extra_args(false);
+    app.add_option("--ignore", messages.ignore,
+                   "messages of the tools that do not count: a pattern with * and ? for the whole "
+                   "message; may be given several times")
+        ->allow_extra_args(false);
+    app.add_option("--fail-on", messages.failOn,
+                   "likewise, messages that make their record a failed one")
+        ->allow_extra_args(false);
     app.add_option("--state", typed.options.state, "keep what is known of runs in this folder");
 }
 
@@ -143,6 +163,18 @@ std::string readNotice(const Typed& typed, std::optional<double>& notice) {
     return readDuration(typed.notice, notice);
 }
 
+std::string wrongReports(const RunnerOptions& options) {
+    for (const std::string& file : options.reports) {
+        if (!reportKindOf(file)) {
+            return "a report ends in .html, .json, .csv or .xml: " + file;
+        }
+    }
+    if (options.command == RunnerOptions::Command::Report && options.reports.empty()) {
+        return "report needs --report FILE";
+    }
+    return options.dryRun && !options.reports.empty() ? "--dry-run makes no report" : "";
+}
+
 // What the user typed as text; a sentence where it means nothing.
 std::string readTexts(Typed& typed) {
     RunSettings& settings = typed.options.settings;
@@ -164,18 +196,23 @@ std::string readTexts(Typed& typed) {
     const std::map<std::string, CallFormat> formats{
         {"sh", CallFormat::Sh}, {"null", CallFormat::Null}, {"json", CallFormat::Json}};
     typed.options.format = formats.at(typed.format);
+    if (auto wrong = wrongReports(typed.options); !wrong.empty()) {
+        return wrong;
+    }
     return typed.timeout.empty() ? "" : readDuration(typed.timeout, settings.timeLimit);
 }
 
 // The command may be left out; a definition of that name is written as ./run.
 RunnerOptions::Command takeCommand(std::vector<std::string>& arguments) {
-    const bool named =
-        !arguments.empty() && (arguments.front() == "run" || arguments.front() == "commands");
-    const bool prints = named && arguments.front() == "commands";
-    if (named) {
-        arguments.erase(arguments.begin());
+    using enum RunnerOptions::Command;
+    const std::map<std::string, RunnerOptions::Command> commands{
+        {"run", Run}, {"commands", PrintCalls}, {"report", Report}};
+    const auto named = arguments.empty() ? commands.end() : commands.find(arguments.front());
+    if (named == commands.end()) {
+        return Run;
     }
-    return prints ? RunnerOptions::Command::PrintCalls : RunnerOptions::Command::Run;
+    arguments.erase(arguments.begin());
+    return named->second;
 }
 
 } // namespace
@@ -193,7 +230,10 @@ std::variant<RunnerOptions, PrintedText> parseOptions(std::vector<std::string> a
         app.add_option("--format", typed.format, "sh, null (ended by NULs) or json")
             ->check(CLI::IsMember({"sh", "null", "json"}));
     } else {
-        addHow(app, typed);
+        if (typed.options.command == RunnerOptions::Command::Run) {
+            addHow(app, typed);
+        }
+        addFindings(app, typed);
     }
     addShown(app, typed);
     addSystem(app, typed);

@@ -11,7 +11,7 @@ namespace tarnwick {
 
 // What the user wants of the program. Paths are as they were typed.
 struct RunnerOptions {
-    enum class Command : std::uint8_t { Run, PrintCalls };
+    enum class Command : std::uint8_t { Run, PrintCalls, Report };
 
     Command command = Command::Run;
     std::string definition;
@@ -23,6 +23,7 @@ struct RunnerOptions {
     ConsoleOptions console;
     CallFormat format = CallFormat::Sh;
     bool dryRun = false;
+    std::vector<std::string> reports; // files, each of a kind that there is
 };
 
 // What is printed instead of doing anything.

@@ -11,6 +11,7 @@
 #include "platform/posix/to_utf8.hpp"
 #include "platform/run_time_error.hpp"
 #include "platform/whole_file.hpp"
+#include "platform/windows_path.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -47,7 +48,7 @@ class NoSettings final : public SettingsStore {
 };
 
 bool isWindowsPath(std::string_view typed) {
-    return typed.starts_with(R"(\\)") || (typed.size() >= 2 && typed[1] == ':');
+    return isOnShare(typed) || (typed.size() >= 2 && typed[1] == ':');
 }
 
 class PosixConsolePlatform final : public ConsolePlatform {
@@ -86,6 +87,15 @@ class PosixConsolePlatform final : public ConsolePlatform {
 
     [[nodiscard]] std::string utf8(std::string_view text) const override {
         return std::string(text);
+    }
+
+    // Tools that come from Windows write in its code pages here, too.
+    [[nodiscard]] std::string toolText(std::string_view text) const override {
+        try {
+            return toUtf8(text, codePage_);
+        } catch (const RunTimeError&) {
+            return std::string(text);
+        }
     }
 
     [[nodiscard]] std::string processName() const override {

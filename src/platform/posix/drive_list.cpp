@@ -22,12 +22,12 @@ std::string_view withoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-bool isDrive(std::string_view volume) {
+bool isDriveName(std::string_view volume) {
     return volume.size() == 2 && volume[1] == ':' && isPossiblePath(volume);
 }
 
-bool isShare(std::string_view volume) {
-    if (!volume.starts_with(R"(\\)") || !isPossiblePath(volume) || volume.contains(':')) {
+bool isShareName(std::string_view volume) {
+    if (!isOnShare(volume) || !isPossiblePath(volume) || volume.contains(':')) {
         return false;
     }
     const auto names = volume.substr(2);
@@ -41,7 +41,7 @@ Mount entry(std::string_view text, const std::string& where) {
     std::string volume(withoutBlanks(text.substr(0, equals)));
     std::ranges::replace(volume, '/', '\\');
     const auto folder = withoutBlanks(text.substr(std::min(equals + 1, text.size())));
-    if ((!isDrive(volume) && !isShare(volume)) || folder.empty()) {
+    if ((!isDriveName(volume) && !isShareName(volume)) || folder.empty()) {
         throw RunTimeError(
             ErrorNumber::BadFileName,
             '"' + std::string(text) + '"' + where +

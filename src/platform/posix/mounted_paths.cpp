@@ -104,10 +104,6 @@ std::string normalized(std::string_view path) {
     return names;
 }
 
-bool isShare(std::string_view volume) {
-    return volume.starts_with(R"(\\)");
-}
-
 } // namespace
 
 std::string asFolder(std::string_view folder) {
@@ -178,8 +174,8 @@ std::string MountedPaths::hostVolume(std::string_view volume) const {
         exists = exists && descend(host, name);
     }
     if (!exists) {
-        throw RunTimeError(isShare(volume) ? ErrorNumber::PathNotFound
-                                           : ErrorNumber::DeviceUnavailable);
+        throw RunTimeError(isOnShare(volume) ? ErrorNumber::PathNotFound
+                                             : ErrorNumber::DeviceUnavailable);
     }
     return host;
 }
@@ -201,7 +197,7 @@ HostEntry MountedPaths::findNameByName(const Path& path) const {
 
 std::string MountedPaths::fullPath(std::string_view path) const {
     auto [volume, names] = parse(path);
-    const bool isRootOfDrive = names.empty() && !isShare(volume);
+    const bool isRootOfDrive = names.empty() && !isOnShare(volume);
     return volume + (isRootOfDrive ? "\\" : names);
 }
 
@@ -221,7 +217,7 @@ MountedPaths::Path MountedPaths::parse(std::string_view path) const {
     }
     std::string text(path.starts_with(R"(\\?\)") ? path.substr(4) : path);
     std::ranges::replace(text, '/', '\\');
-    if (isShare(text)) {
+    if (isOnShare(text)) {
         return parseShare(text);
     }
     std::string_view rest = text;

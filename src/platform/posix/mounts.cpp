@@ -16,10 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isShare(std::string_view volume) {
-    return volume.starts_with(R"(\\)");
-}
-
 std::string withoutSlashAtEnd(std::string path) {
     path.erase(path.find_last_not_of('/') + 1);
     return path;
@@ -93,13 +89,14 @@ Mounts Mounts::below(std::string drivesRoot) {
 Mounts::Place Mounts::placeOf(std::string_view volume) const {
     if (!drivesRoot_.empty()) {
         return {.hostFolder = drivesRoot_,
-                .names = isShare(volume) ? R"(\unc)" + std::string(volume.substr(1))
-                                         : std::string{'\\', static_cast<char>(volume[0] | 0x20)}};
+                .names = isOnShare(volume)
+                             ? R"(\unc)" + std::string(volume.substr(1))
+                             : std::string{'\\', static_cast<char>(volume[0] | 0x20)}};
     }
     const Mount* mount = find(volume);
     if (mount == nullptr) {
-        throw RunTimeError(isShare(volume) ? ErrorNumber::PathNotFound
-                                           : ErrorNumber::DeviceUnavailable);
+        throw RunTimeError(isOnShare(volume) ? ErrorNumber::PathNotFound
+                                             : ErrorNumber::DeviceUnavailable);
     }
     return {.hostFolder = mount->hostFolder, .names = {}};
 }
@@ -108,7 +105,7 @@ std::string Mounts::windowsPath(std::string_view hostPath) const {
     const auto full = fullHostPath(hostPath);
     const auto& [volume, folder] = drivesRoot_.empty() ? longestAbove(full) : mountBelowRoot(full);
     const auto names = windowsNames(std::string_view(full).substr(folder.size()));
-    return volume + (names.empty() && !isShare(volume) ? "\\" : names);
+    return volume + (names.empty() && !isOnShare(volume) ? "\\" : names);
 }
 
 const Mount& Mounts::longestAbove(std::string_view hostPath) const {

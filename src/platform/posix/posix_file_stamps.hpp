@@ -7,10 +7,11 @@
 
 namespace tarnwick {
 
-// A link to a file is that file; no file is hidden. A folder is read by one thread; where it holds
-// many files, up to eight ask for their stamps. To look for a file that is not there in any case of
-// letters is to read the whole folder: stampOfExact() is for products, which a tool is told to make
-// under that name and which often are not there yet. Their folders match in any case all the same.
+// A link to a file is that file; what begins with a dot is hidden. A folder is read by one thread;
+// where it holds many files, up to eight ask for their stamps. To look for a file that is not there
+// in any case of letters is to read the whole folder: stampOfExact() is for products, which a tool
+// is told to make under that name and which often are not there yet. Their folders match in any
+// case all the same.
 class PosixFileStamps : public FileStamps {
   public:
     // As PosixFiles.

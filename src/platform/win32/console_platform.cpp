@@ -56,6 +56,10 @@ class Win32ConsolePlatform final : public ConsolePlatform {
         return toCodePage(toWide(text), CP_UTF8).value_or(std::string(text));
     }
 
+    [[nodiscard]] std::string toolText(std::string_view text) const override {
+        return std::string(text);
+    }
+
     [[nodiscard]] std::string processName() const override {
         std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> host{};
         auto size = static_cast<DWORD>(host.size());

@@ -102,6 +102,19 @@ TEST(Options, The_calls_are_printed_in_the_format_that_is_asked_for) {
     EXPECT_EQ(optionsOf({"commands", "a.ini", "--format=null"}).format, CallFormat::Null);
 }
 
+TEST(Options, Reports_and_patterns_may_be_given_several_times) {
+    const RunnerOptions options =
+        optionsOf({"report", "a.ini", "--report", "out.html", "--report", "OUT.Json", "--ignore",
+                   "a*", "--ignore", "b", "--fail-on", "c*", "x.met"});
+    EXPECT_EQ(options.command, RunnerOptions::Command::Report);
+    EXPECT_EQ(options.definition, "a.ini");
+    EXPECT_THAT(options.reports, ElementsAre("out.html", "OUT.Json"));
+    EXPECT_THAT(options.settings.messages.ignore, ElementsAre("a*", "b"));
+    EXPECT_THAT(options.settings.messages.failOn, ElementsAre("c*"));
+    EXPECT_THAT(options.job.records, ElementsAre("x.met"));
+    EXPECT_THAT(optionsOf({"a.ini", "--report=out.xml"}).reports, ElementsAre("out.xml"));
+}
+
 TEST(Options, A_time_is_a_number_with_or_without_its_unit) {
     const auto seconds = [](const std::string& text) {
         return optionsOf({"a.ini", "--timeout", text}).settings.timeLimit;
@@ -150,7 +163,13 @@ TEST(Options, What_is_wrong_is_told_and_nothing_is_run) {
              {{"commands", "a.ini", "--notice", "5s"}, "--notice"},
              {{"a.ini", "--color", "red"}, "--color"},
              {{"a.ini", "--format", "json"}, "--format"}, // of the other command
-             {{"commands", "a.ini", "--format", "xml"}, "--format"}}) {
+             {{"commands", "a.ini", "--format", "xml"}, "--format"},
+             {{"a.ini", "--report", "out.htm"},
+              "a report ends in .html, .json, .csv or .xml: out.htm"},
+             {{"a.ini", "--report", "out.html", "--dry-run"}, "--dry-run makes no report"},
+             {{"report", "a.ini"}, "report needs --report FILE"},
+             {{"report", "a.ini", "--report", "o.csv", "--all"}, "--all"}, // of a run
+             {{"commands", "a.ini", "--fail-on", "x"}, "--fail-on"}}) {
         const PrintedText printed = printedBy(arguments);
         EXPECT_TRUE(printed.wrongUse) << printed.text;
         EXPECT_THAT(printed.text, HasSubstr(sentence));
@@ -162,9 +181,10 @@ TEST(Options, Help_and_version_are_no_mistakes) {
         const PrintedText help = printedBy({option});
         EXPECT_FALSE(help.wrongUse);
         for (const char* const word :
-             {"--jobs", "--accept", "--timeout", "--retries", "--stop-after", "--keep-partial",
-              "--all", "--dry-run", "--state", "--in-place", "--drive", "--code-page", "--color",
-              "--mp", "--cns", "Exit status", "Examples", "commands"}) {
+             {"--jobs",  "--accept",    "--timeout", "--retries",  "--stop-after", "--keep-partial",
+              "--all",   "--dry-run",   "--state",   "--in-place", "--drive",      "--code-page",
+              "--color", "--mp",        "--cns",     "--report",   "--ignore",     "--fail-on",
+              "report",  "Exit status", "Examples",  "commands"}) {
             EXPECT_THAT(help.text, HasSubstr(word));
         }
     }

@@ -163,8 +163,8 @@ TEST_F(Log, Goes_on_behind_a_line_without_its_end) {
 
 TEST_F(Log, Of_other_records_than_are_wanted_is_passed_over) {
     write({runLine, madeLine, failedLine, begunLine, settledLine});
-    const auto history =
-        readRunLog(world_.files(), path, [](std::string_view record) { return record == "b.met"; });
+    const auto history = readRunLog(world_.files(), path, {},
+                                    [](std::string_view record) { return record == "b.met"; });
     EXPECT_EQ(history.runs.size(), 1U);
     ASSERT_EQ(history.records.size(), 1U);
     EXPECT_EQ(history.records.begin()->first, "b.met");

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "report/run_report.hpp"
+
+#include <string>
+
+namespace tarnwick {
+
+// A line for each record, under a line of headings: RFC 4180, in UTF-8 with a byte order mark, by
+// which spreadsheets know it. No cell is a formula.
+[[nodiscard]] std::string csvReport(const RunReport& report);
+
+} // namespace tarnwick

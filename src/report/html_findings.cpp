@@ -1,0 +1,186 @@
+#include "report/html_findings.hpp"
+
+#include "report/escaping.hpp"
+#include "report/html_parts.hpp"
+#include "report/report_words.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace tarnwick {
+namespace {
+
+constexpr std::size_t mostShapes = 500;
+constexpr std::size_t mostNames = 100; // of the records that have one shape
+constexpr std::size_t mostChanges = 1000;
+
+// The first records of each shape.
+std::vector<std::vector<RecordPlace>> recordsOfShapes(const RunReport& report) {
+    std::vector<std::vector<RecordPlace>> records(report.shapes.size());
+    for (RecordPlace place = 0; place < report.records.size(); ++place) {
+        for (const Finding& finding : report.records[place].findings) {
+            if (records.at(finding.shape).size() < mostNames) {
+                records[finding.shape].push_back(place);
+            }
+        }
+    }
+    return records;
+}
+
+std::string examples(const RunReport& report, const Shape& shape) {
+    std::string text = "<ul class=\"examples\">\n";
+    for (const Example& example : shape.examples) {
+        text += "<li><q>" + markupText(cutText(example.text)) + "</q> <span>" +
+                markupText(cutText(report.records.at(example.record).name)) + ", line " +
+                grouped(example.line) + "</span>\n";
+    }
+    return text + "</ul>\n";
+}
+
+std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
+                  const std::vector<RecordPlace>& records) {
+    std::string text = "<ul class=\"names\">\n";
+    for (const RecordPlace record : records) {
+        text += "<li>" + markupText(cutText(report.records[record].name)) + "\n";
+    }
+    text += "</ul>\n";
+    if (records.size() < shape.records) {
+        text += "<p class=\"more\">And " + grouped(shape.records - records.size()) + " more.</p>\n";
+    }
+    const std::string number = shapeNumber(place);
+    return text + "<p class=\"show\"><a href=\"#records\" data-show=\"" + number + "\">" +
+           (shape.records == 1 ? "Find it" : "Find all " + grouped(shape.records)) +
+           " among the records</a> (in the column Findings: " + number + ")</p>\n";
+}
+
+std::string change(const RunReport& report, const Shape& shape) {
+    if (!report.hasRunBefore || shape.records == shape.recordsBefore) {
+        return "";
+    }
+    if (shape.recordsBefore == 0) {
+        return "<strong>new</strong>";
+    }
+    return shape.records > shape.recordsBefore
+               ? "+" + grouped(shape.records - shape.recordsBefore)
+               : "\u2212" + grouped(shape.recordsBefore - shape.records);
+}
+
+std::string row(const RunReport& report, ShapePlace place,
+                const std::vector<RecordPlace>& records) {
+    const Shape& shape = report.shapes[place];
+    const std::string number = shapeNumber(place);
+    std::string text = "<tr id=\"s" + number.substr(1) + "\"><td class=\"number\">" + number +
+                       "<th scope=\"row\"><details><summary>" + markupText(cutText(shape.text)) +
+                       "</summary>\n" + examples(report, shape) +
+                       names(report, shape, place, records) + "</details>" +
+                       barCell(shape.records, report.records.size()) + numberCell(shape.records) +
+                       numberCell(shape.messages);
+    if (report.hasRunBefore) {
+        text += "<td class=\"number\">" + change(report, shape);
+    }
+    return text + "\n";
+}
+
+std::string table(const RunReport& report, std::string_view rows) {
+    std::string text = "<table class=\"findings\"><thead><tr><th scope=\"col\" class=\"number\">No."
+                       "<th scope=\"col\">Message<td class=\"bar\">"
+                       "<th scope=\"col\" class=\"number\">Records"
+                       "<th scope=\"col\" class=\"number\">Messages";
+    text += report.hasRunBefore ? "<th scope=\"col\" class=\"number\">Change" : "";
+    return text.append("</thead><tbody>\n").append(rows).append("</tbody></table>\n");
+}
+
+// "#1 Error (line #): ..." in a list, of each shape that `wanted` holds for.
+template <typename Wanted>
+std::string shapeList(const RunReport& report, std::string_view heading, const Wanted& wanted) {
+    std::string list;
+    std::size_t count = 0;
+    for (ShapePlace place = 0; place < report.shapes.size(); ++place) {
+        const Shape& shape = report.shapes[place];
+        if (!wanted(shape) || ++count > mostShapes) {
+            continue;
+        }
+        list += "<li>" + (shape.records == 0 ? shapeNumber(place) : shapeLink(place)) + " " +
+                markupText(cutText(shape.text)) + " <span>" +
+                counted(std::max(shape.records, shape.recordsBefore), "record") + "</span>\n";
+    }
+    const std::string text = "<h3>" + std::string(heading) + ": " + grouped(count) + "</h3>\n";
+    return list.empty() ? text
+                        : text + "<ul class=\"shapes\">\n" + list + "</ul>\n" +
+                              moreText(count, mostShapes, "message");
+}
+
+std::string shapeLinks(const RunReport& report, const std::vector<ShapePlace>& places) {
+    std::string text;
+    for (const ShapePlace place : places) {
+        const bool isGone = report.shapes.at(place).records == 0;
+        text.append(text.empty() ? "" : " ");
+        text.append(isGone ? shapeNumber(place) : shapeLink(place));
+    }
+    return text;
+}
+
+std::string changedRecords(const RunReport& report) {
+    std::string text =
+        "<h3>Records with new or gone messages: " + grouped(report.changes.size()) + "</h3>\n";
+    if (report.changes.empty()) {
+        return text;
+    }
+    text += "<table class=\"changes\"><thead><tr><th scope=\"col\">Record<th scope=\"col\">New"
+            "<th scope=\"col\">Gone</thead><tbody>\n";
+    for (std::size_t place = 0; place < std::min(report.changes.size(), mostChanges); ++place) {
+        const RecordChange& each = report.changes[place];
+        text += "<tr><th scope=\"row\">" +
+                markupText(cutText(report.records.at(each.record).name)) + "<td>" +
+                shapeLinks(report, each.appeared) + "<td>" + shapeLinks(report, each.gone) + "\n";
+    }
+    return text + "</tbody></table>\n" + moreText(report.changes.size(), mostChanges, "record");
+}
+
+} // namespace
+
+std::string findingsSection(const RunReport& report) {
+    const auto records = recordsOfShapes(report);
+    std::string rows;
+    std::string commonRows;
+    std::size_t common = 0;
+    std::size_t others = 0;
+    for (ShapePlace place = 0; place < report.shapes.size(); ++place) {
+        const Shape& shape = report.shapes[place];
+        if (shape.records == 0) {
+            continue;
+        }
+        std::size_t& count = shape.common ? common : others;
+        if (++count <= mostShapes) {
+            (shape.common ? commonRows : rows) += row(report, place, records[place]);
+        }
+    }
+    std::string text = sectionBegin("findings", "Findings", others + common);
+    text += others == 0 && common == 0 ? "<p>The tools found nothing.</p>\n" : "";
+    if (others > 0) {
+        text += table(report, rows) + moreText(others, mostShapes, "message");
+    }
+    if (common > 0) {
+        text += "<details class=\"common\"><summary>" + counted(common, "message") +
+                " that nearly every record has</summary>\n" + table(report, commonRows) +
+                moreText(common, mostShapes, "message") + "</details>\n";
+    }
+    return text + "</section>\n";
+}
+
+std::string changesSection(const RunReport& report) {
+    if (!report.hasRunBefore) {
+        return {};
+    }
+    return sectionBegin("changes", "New and gone since the run before") +
+           shapeList(
+               report, "new",
+               [](const Shape& shape) { return shape.records > 0 && shape.recordsBefore == 0; }) +
+           shapeList(
+               report, "gone",
+               [](const Shape& shape) { return shape.records == 0 && shape.recordsBefore > 0; }) +
+           changedRecords(report) + "</section>\n";
+}
+
+} // namespace tarnwick

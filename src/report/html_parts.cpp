@@ -1,0 +1,80 @@
+#include "report/html_parts.hpp"
+
+#include "report/escaping.hpp"
+#include "report/report_words.hpp"
+#include "runner/number_text.hpp"
+#include "runner/visible_text.hpp"
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+// Digits where `pattern` has a 0, else the same.
+bool looksLike(std::string_view text, std::string_view pattern) {
+    return std::ranges::equal(text, pattern, [](char character, char wanted) {
+        return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
+    });
+}
+
+} // namespace
+
+std::string cutText(std::string_view text) {
+    constexpr std::size_t most = 1000;
+    return shortened(text, most, CodePage(CodePage::utf8));
+}
+
+std::string sectionBegin(std::string_view place, std::string_view heading) {
+    std::string text = "<section id=\"";
+    text.append(place)
+        .append("\" aria-labelledby=\"")
+        .append(place)
+        .append("-heading\">\n<h2 id=\"");
+    return text.append(place).append("-heading\">").append(heading).append("</h2>\n");
+}
+
+std::string sectionBegin(std::string_view place, std::string_view heading, std::uint64_t count) {
+    return sectionBegin(place, std::string(heading) + " <span class=\"count\">" + grouped(count) +
+                                   "</span>");
+}
+
+std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what) {
+    if (all <= shown) {
+        return {};
+    }
+    return "<p class=\"more\">And " + counted(all - shown, "more " + std::string(what)) +
+           ": reports as .json or .csv have all.</p>\n";
+}
+
+std::string timeElement(std::string_view time) {
+    if (!looksLike(time, "0000-00-00T00:00:00Z")) {
+        return markupText(cutText(time));
+    }
+    const std::string shown =
+        std::string(time.substr(0, 10)) + " " + std::string(time.substr(11, 5));
+    return "<time datetime=\"" + std::string(time) + "\">" + shown + " UTC</time>";
+}
+
+std::string barCell(std::uint64_t part, std::uint64_t whole) {
+    const double share =
+        whole == 0 ? 0 : 100 * static_cast<double>(part) / static_cast<double>(whole);
+    // What is there at all is seen.
+    const double width = part == 0 ? 0 : std::clamp(share, 0.5, 100.0);
+    return "<td class=\"bar\"><svg viewBox=\"0 0 100 10\" preserveAspectRatio=\"none\" "
+           "aria-hidden=\"true\"><rect width=\"" +
+           numberText(width, 1) + "\" height=\"10\"/></svg>";
+}
+
+std::string numberCell(std::uint64_t number) {
+    return "<td class=\"number\">" + grouped(number);
+}
+
+std::string shapeNumber(std::uint32_t place) {
+    return "#" + std::to_string(place + std::uint64_t{1});
+}
+
+std::string shapeLink(std::uint32_t place) {
+    return "<a href=\"#s" + shapeNumber(place).substr(1) + "\">" + shapeNumber(place) + "</a>";
+}
+
+} // namespace tarnwick

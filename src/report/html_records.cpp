@@ -1,0 +1,149 @@
+#include "report/html_records.hpp"
+
+#include "report/escaping.hpp"
+#include "report/html_parts.hpp"
+#include "report/report_words.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tarnwick {
+namespace {
+
+// For the links that stand in the rows themselves. The script adds what has no room here.
+constexpr std::size_t roomForLinks = 8'000'000;
+constexpr std::size_t mostShapesInRow = 25;
+
+const std::string& stemOf(const ReportedRecord& record, const ReportedProduct& product) {
+    return product.ofCns ? record.cnsStem : record.mpStem;
+}
+
+std::string link(const ReportedRecord& record, const ReportedProduct& product) {
+    const std::string& stem = stemOf(record, product);
+    if (stem.empty()) {
+        return {};
+    }
+    return "<a href=\"" + folderLink(product.folder) + linkPart(stem) + linkPart(product.suffix) +
+           "\">" + markupText(cutText(product.label)) + "</a> ";
+}
+
+// How many products, from the first on, every record can have a link to.
+std::size_t linkedProducts(const RunReport& report) {
+    std::size_t room = roomForLinks;
+    std::size_t count = 0;
+    for (const ReportedProduct& product : report.products) {
+        std::size_t needed = 0;
+        for (const ReportedRecord& record : report.records) {
+            needed += link(record, product).size();
+        }
+        if (needed > room) {
+            break;
+        }
+        room -= needed;
+        ++count;
+    }
+    return count;
+}
+
+// What the script takes for the stem of a record's products when the row says nothing else. It
+// knows the name as it is shown.
+std::string usualStem(const ReportedRecord& record) {
+    const std::string shown = shownText(cutText(record.name));
+    return linkPart(std::string_view(shown).substr(0, shown.rfind('.')));
+}
+
+std::string stemAttribute(std::string_view name, const std::string& stem,
+                          const std::string& usual) {
+    const std::string part = linkPart(stem);
+    return part == usual ? "" : " data-" + std::string(name) + "=\"" + part + "\"";
+}
+
+// The numbers of its shapes: those that few records have first, for they say more.
+std::string shapeNumbers(const RunReport& report, const ReportedRecord& record) {
+    std::string text;
+    std::size_t count = 0;
+    for (const bool common : {false, true}) {
+        for (const Finding& finding : record.findings) {
+            if (report.shapes.at(finding.shape).common == common && ++count <= mostShapesInRow) {
+                text.append(text.empty() ? "" : " ").append(shapeNumber(finding.shape));
+            }
+        }
+    }
+    return count <= mostShapesInRow ? text : text + " ...";
+}
+
+void addRow(const RunReport& report, const ReportedRecord& record, std::size_t links,
+            std::string& page) {
+    const std::string usual = usualStem(record);
+    page.append("<tr").append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
+    page.append(stemAttribute("m", record.mpStem, usual));
+    page.append(stemAttribute("c", record.cnsStem, usual));
+    page.append("><th>").append(markupText(cutText(record.name)));
+    page.append("<td>").append(stateWord(record.state));
+    page.append("<td>").append(shapeNumbers(report, record));
+    page.append("<td>").append(grouped(messagesOf(record)));
+    page.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
+    page.append("<td>");
+    for (std::size_t product = 0; product < links; ++product) {
+        page.append(link(record, report.products[product]));
+    }
+    page.append("\n");
+}
+
+std::string columns(bool asButtons) {
+    std::string text = "<thead><tr>";
+    for (const std::string_view name : {"Record", "State", "Findings", "Messages", "Seconds"}) {
+        text.append("<th scope=\"col\">").append(asButtons ? "<button type=\"button\">" : "");
+        text.append(name).append(asButtons ? "</button>" : "").append("</th>");
+    }
+    return text + "<th scope=\"col\">Products</th></tr></thead>";
+}
+
+std::string products(const RunReport& report) {
+    if (report.products.empty()) {
+        return {};
+    }
+    std::string text = "<p class=\"products\" id=\"products\">Folders of the products:\n";
+    for (const ReportedProduct& product : report.products) {
+        text += "<a href=\"" + folderLink(product.folder) + "\" data-suffix=\"" +
+                linkPart(product.suffix) + "\" data-of=\"" + (product.ofCns ? "c" : "m") + "\">" +
+                markupText(cutText(product.label)) + "</a>\n";
+    }
+    return text + "</p>\n";
+}
+
+// Hidden until the script is there, without which it would do nothing.
+std::string controls() {
+    return "<form class=\"controls\" id=\"controls\" role=\"search\" hidden>\n"
+           "<label>Filter <input type=\"search\" id=\"filter\" autocomplete=\"off\" "
+           "spellcheck=\"false\" placeholder=\"part of a name, or #12 for a finding\"></label>\n"
+           "<label>State <select id=\"state\"><option value=\"\">any<option>made"
+           "<option>up to date<option>failed<option>not run<option>with findings"
+           "</select></label>\n"
+           "<p id=\"shown\" role=\"status\" aria-live=\"polite\"></p>\n</form>\n"
+           "<table class=\"records\" id=\"list\" aria-describedby=\"shown\" hidden>" +
+           columns(true) +
+           "<tbody></tbody></table>\n"
+           "<p class=\"more\" hidden><button type=\"button\" id=\"more\">Show more</button> "
+           "<span id=\"part\"></span></p>\n";
+}
+
+} // namespace
+
+void addRecordsSection(const RunReport& report, std::string& page) {
+    const std::size_t links = linkedProducts(report);
+    page += sectionBegin("records", "All records", report.records.size()) + products(report) +
+            controls() + "<noscript id=\"all\">";
+    if (links < report.products.size()) {
+        page +=
+            "<p class=\"remark\">There is no room for all links: each record leads to its first " +
+            counted(links, "product") + ". With its script this page leads to all.</p>\n";
+    }
+    page += "<table class=\"records\">" + columns(false) + "<tbody>\n";
+    for (const ReportedRecord& record : report.records) {
+        addRow(report, record, links, page);
+    }
+    page += "</tbody></table></noscript>\n</section>\n";
+}
+
+} // namespace tarnwick

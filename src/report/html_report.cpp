@@ -1,0 +1,136 @@
+#include "report/html_report.hpp"
+
+#include "report/escaping.hpp"
+#include "report/html_findings.hpp"
+#include "report/html_parts.hpp"
+#include "report/html_plots.hpp"
+#include "report/html_records.hpp"
+#include "report/page_assets.hpp"
+#include "report/report_words.hpp"
+#include "runner/hash.hpp"
+#include "runner/progress_line.hpp"
+
+namespace tarnwick {
+namespace {
+
+std::string figure(std::string_view name, std::string_view value, std::string_view of = {}) {
+    const std::string attribute = of.empty() ? "" : " class=\"" + std::string(of) + "\"";
+    std::string text = "<div" + attribute + "><dt>";
+    return text.append(name).append("</dt><dd>").append(value).append("</dd></div>\n");
+}
+
+std::string figures(const RunReport& report) {
+    const RunTotals& totals = report.totals;
+    std::string text = "<dl class=\"figures\">\n" +
+                       figure("Records", grouped(report.records.size())) +
+                       figure("Made", grouped(totals.made), "made") +
+                       figure("Up to date", grouped(totals.upToDate), "kept") +
+                       figure("Failed", grouped(totals.failed), "failed") +
+                       figure("Not run", grouped(totals.notRun), "notrun");
+    if (report.findingsAreKnown) {
+        text += figure("With findings", grouped(totals.recordsWithFindings)) +
+                figure("Messages", grouped(totals.messages));
+    }
+    return text + "</dl>\n";
+}
+
+std::string remarks(const RunReport& report) {
+    std::string text;
+    for (const std::string& remark : report.remarks) {
+        text += "<p class=\"remark\">" + markupText(cutText(remark)) + "</p>\n";
+    }
+    if (!report.findingsAreKnown) {
+        text += "<p class=\"remark\">The definition asks for no error reports: what the tools "
+                "found in the records is not known.</p>\n";
+    }
+    return text;
+}
+
+// The first of them: a run in which everything fails has one cause, and would fill the page.
+std::string failures(const RunReport& report) {
+    constexpr std::size_t most = 1000;
+    std::size_t shown = 0;
+    std::string rows;
+    for (const ReportedRecord& record : report.records) {
+        if (record.state == ReportedRecord::State::Failed && shown < most) {
+            ++shown;
+            rows += "<tr><th scope=\"row\">" + markupText(cutText(record.name)) + "<td>" +
+                    markupText(cutText(record.why)) + "\n";
+        }
+    }
+    std::string text = sectionBegin("failures", "Failures", report.totals.failed);
+    if (shown == 0) {
+        return text + "<p>No record failed.</p>\n</section>\n";
+    }
+    text += "<table class=\"failures\"><thead><tr><th scope=\"col\">Record<th "
+            "scope=\"col\">Why</thead><tbody>\n" +
+            rows + "</tbody></table>\n";
+    return text + moreText(report.totals.failed, shown, "failed record") + "</section>\n";
+}
+
+std::string head(const RunReport& report) {
+    const std::string definition = markupText(cutText(report.definition));
+    const std::string when = report.totals.begun.empty()
+                                 ? ""
+                                 : "Run of " + timeElement(report.totals.begun) + ", which took " +
+                                       durationText(sensibleSeconds(report.totals.seconds)) + ". ";
+    return "<header>\n<h1>" + definition + "</h1>\n<p>" + when + "Report made " +
+           timeElement(report.made) + ".</p>\n</header>\n";
+}
+
+std::string contents(const RunReport& report) {
+    const auto entry = [](std::string_view place, std::string_view name) {
+        return "<li><a href=\"#" + std::string(place) + "\">" + std::string(name) + "</a></li>";
+    };
+    return "<nav aria-label=\"Contents\"><ul>" + entry("failures", "Failures") +
+           (report.findingsAreKnown ? entry("findings", "Findings") : "") +
+           (report.findingsAreKnown && report.hasRunBefore ? entry("changes", "New and gone")
+                                                           : "") +
+           entry("runs", "Last runs") + entry("times", "Times of the tools") +
+           entry("records", "All records") + "</ul></nav>\n";
+}
+
+std::string body(const RunReport& report) {
+    std::string text = "<body>\n" + head(report) + "<main>\n" + figures(report) + stateBar(report) +
+                       remarks(report) + contents(report) + failures(report);
+    if (report.findingsAreKnown) {
+        text += findingsSection(report) + changesSection(report);
+    }
+    text += runsSection(report) + timesSection(report);
+    addRecordsSection(report, text);
+    return text += "</main>\n";
+}
+
+// Nothing is fetched, and no script runs but the one with this mark, which nobody whose text stands
+// in the report can know before.
+std::string policy(std::string_view mark) {
+    return "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+           "img-src data:; style-src 'unsafe-inline'; script-src 'nonce-" +
+           std::string(mark) + "'; base-uri 'none'; form-action 'none'\">\n";
+}
+
+std::string title(const RunReport& report) {
+    return markupText(cutText(report.definition)) + ": " + grouped(report.totals.failed) +
+           " failed, " + grouped(report.totals.recordsWithFindings) + " with findings";
+}
+
+} // namespace
+
+std::string htmlReport(const RunReport& report) {
+    std::string page = body(report);
+    const std::string mark = hexadecimal(hashOf(page));
+    page.insert(0, "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n" +
+                       policy(mark) +
+                       "<meta name=\"viewport\" content=\"width=device-width\">\n"
+                       "<meta name=\"color-scheme\" content=\"light dark\">\n"
+                       "<link rel=\"icon\" href=\"data:,\">\n<title>" +
+                       title(report) + "</title>\n<style>\n" + std::string(pageStyle()) +
+                       "</style>\n</head>\n");
+    return page.append("<script nonce=\"")
+        .append(mark)
+        .append("\">\n")
+        .append(pageScript())
+        .append("</script>\n</body>\n</html>\n");
+}
+
+} // namespace tarnwick

@@ -1,0 +1,156 @@
+#include "report/report_command.hpp"
+
+#include "common/one_step_file.hpp"
+#include "common/text.hpp"
+#include "platform/run_time_error.hpp"
+#include "report/reports.hpp"
+#include "report/run_report_of.hpp"
+#include "runner/message_log.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+// A record that has the same path as a report would be lost.
+bool isRecord(const Job& job, std::string_view file) {
+    return std::ranges::any_of(job.records, [&](const StampedFile& record) {
+        return equalIgnoringCase(joinPath(job.definition.sInputFolder, record.name), file);
+    });
+}
+
+class ReportWriter {
+  public:
+    ReportWriter(const ReportRequest& request, const RunnerServices& services, const ToUtf8& utf8)
+        : request_(request), services_(services), utf8_(utf8) {}
+
+    // Of a run that has just ended, what it came to is among the runs before it is kept.
+    RunEndNotes writeAll(const Job& job, const Products& products, const RunEnd* end) {
+        RunEndNotes notes;
+        try {
+            RunReport report = runReportOf({.job = job,
+                                            .products = products,
+                                            .definition = request_.definition,
+                                            .stateFolder = request_.stateFolder,
+                                            .patterns = request_.patterns},
+                                           services_, utf8_);
+            if (end != nullptr && end->run != 0) {
+                report.totals.seconds = end->summary.seconds;
+                if (!request_.ofSomeRecords) {
+                    notes.totals = report.totals;
+                    addRun(report);
+                }
+            }
+            for (const std::string& file : request_.files) {
+                write(file, report, job, products, notes);
+            }
+        } catch (const RunTimeError& error) {
+            notes.faults.push_back("No report can be made: " + error.record().description + ".");
+        }
+        return notes;
+    }
+
+  private:
+    static void addRun(RunReport& report) {
+        report.runs.push_back(report.totals);
+        if (report.runs.size() > RunReport::mostRuns) {
+            report.runs.erase(report.runs.begin());
+        }
+    }
+
+    void write(const std::string& file, RunReport& report, const Job& job, const Products& products,
+               RunEndNotes& notes) {
+        const std::string shown = quoted(shownPath(services_.paths, file));
+        try {
+            if (isRecord(job, file)) {
+                notes.faults.push_back("The report " + shown +
+                                       " is not written: a record has that name.");
+                return;
+            }
+            linkProducts(report, products, file, services_.paths, utf8_);
+            writeInOneStep(services_.files, file, reportText(*reportKindOf(file), report));
+            notes.told.push_back("The report is " + shownPath(services_.paths, file));
+        } catch (const RunTimeError& error) {
+            notes.faults.push_back("The report " + shown +
+                                   " cannot be written: " + error.record().description + ".");
+        }
+    }
+
+    const ReportRequest& request_;
+    const RunnerServices& services_;
+    const ToUtf8& utf8_;
+};
+
+// Without a report to write, no folder is listed again.
+RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
+                     const RunnerServices& services, const ToUtf8& utf8) {
+    RunEndNotes notes;
+    try {
+        std::vector<std::string> names;
+        names.reserve(end.job.records.size());
+        for (const StampedFile& record : end.job.records) {
+            names.push_back(record.name);
+        }
+        const KeptFindings found = readFindings(
+            services.files, {.messageLog = messageLogOf(joinPath(request.stateFolder, "run.log")),
+                             .lastRun = end.run,
+                             .records = names,
+                             .patterns = request.patterns,
+                             .utf8 = utf8});
+        RunTotals& totals = notes.totals.emplace(RunTotals{.begun = end.begun,
+                                                           .seconds = end.summary.seconds,
+                                                           .made = end.summary.made,
+                                                           .upToDate = end.summary.upToDate,
+                                                           .failed = end.summary.failed,
+                                                           .notRun = end.summary.notRun});
+        countFindings(found, totals);
+    } catch (const RunTimeError& error) {
+        notes.faults.push_back("The message log cannot be read: " + error.record().description +
+                               ".");
+    }
+    return notes;
+}
+
+} // namespace
+
+std::function<RunEndNotes(const RunEnd& end)>
+reportsAtTheEnd(ReportRequest request, const RunnerServices& services, const ToUtf8& utf8) {
+    return [request = std::move(request), &services, &utf8](const RunEnd& end) {
+        if (!request.files.empty()) {
+            return ReportWriter(request, services, utf8).writeAll(end.job, end.products, &end);
+        }
+        return end.run == 0 || request.ofSomeRecords ? RunEndNotes()
+                                                     : totalsOf(request, end, services, utf8);
+    };
+}
+
+ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run,
+                        const ReportRequest& request, const RunnerServices& services,
+                        const ToUtf8& utf8) {
+    Console console(services.terminal, services.clock, run.style, "");
+    const auto [job, faults] = checkJob(definition, run.job,
+                                        {.files = services.files,
+                                         .stamps = services.stamps,
+                                         .paths = services.paths,
+                                         .canStart = services.canStart});
+    for (const std::string& fault : faults) {
+        console.complain(fault);
+    }
+    if (!faults.empty()) {
+        return ExitStatus::NothingRun;
+    }
+    KnownFolders folders(services.files);
+    const Products products(job.definition, folders);
+    const RunEndNotes notes =
+        ReportWriter(request, services, utf8).writeAll(job, products, nullptr);
+    for (const std::string& sentence : notes.told) {
+        console.tell(sentence);
+    }
+    for (const std::string& fault : notes.faults) {
+        console.complain(fault);
+    }
+    return notes.faults.empty() ? ExitStatus::Done : ExitStatus::SomeFailed;
+}
+
+} // namespace tarnwick

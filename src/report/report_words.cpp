@@ -1,0 +1,73 @@
+#include "report/report_words.hpp"
+
+#include "runner/number_text.hpp"
+
+#include <cmath>
+
+namespace tarnwick {
+
+std::string_view stateWord(ReportedRecord::State state) noexcept {
+    switch (state) {
+    case ReportedRecord::State::Made:
+        return "made";
+    case ReportedRecord::State::UpToDate:
+        return "up to date";
+    case ReportedRecord::State::Failed:
+        return "failed";
+    case ReportedRecord::State::NotRun:
+        break;
+    }
+    return "not run";
+}
+
+std::string grouped(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t place = digits.size(); place > 3; place -= 3) {
+        digits.insert(place - 3, ",");
+    }
+    return digits;
+}
+
+std::string counted(std::uint64_t number, std::string_view one, std::string_view many) {
+    const std::string text = grouped(number) + " ";
+    if (number == 1) {
+        return text + std::string(one);
+    }
+    return text + (many.empty() ? std::string(one) + "s" : std::string(many));
+}
+
+double sensibleSeconds(double seconds) noexcept {
+    return std::isfinite(seconds) && seconds > 0 ? seconds : 0;
+}
+
+std::string secondsText(double seconds) {
+    return numberText(sensibleSeconds(seconds), 3);
+}
+
+double secondsOf(const ReportedRecord& record) noexcept {
+    double seconds = 0;
+    for (const ReportedCall& call : record.calls) {
+        seconds += call.seconds;
+    }
+    return seconds;
+}
+
+std::uint64_t messagesOf(const ReportedRecord& record) noexcept {
+    std::uint64_t messages = 0;
+    for (const Finding& finding : record.findings) {
+        messages += finding.messages;
+    }
+    return messages;
+}
+
+std::string callsText(const ReportedRecord& record) {
+    std::string text;
+    for (const ReportedCall& call : record.calls) {
+        text.append(text.empty() ? "" : "; ").append(call.tool).append(" ");
+        text.append(std::to_string(call.code)).append(" in ");
+        text.append(secondsText(call.seconds)).append(" s");
+    }
+    return text;
+}
+
+} // namespace tarnwick

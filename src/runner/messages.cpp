@@ -1,0 +1,134 @@
+#include "runner/messages.hpp"
+
+#include "common/text.hpp"
+#include "runner/visible_text.hpp"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr bool isBlank(char character) noexcept {
+    return character == ' ' || character == '\t' || character == '\v' || character == '\f';
+}
+
+// Gathers a line of any length in little memory.
+class BoundedLine {
+  public:
+    void add(char character) {
+        if (text_.size() <= longestMessage) {
+            if (!text_.empty() || !isBlank(character)) {
+                text_ += character;
+            }
+        } else {
+            cut_ = cut_ || !isBlank(character);
+        }
+    }
+
+    // Its text, without the blanks around it; the next one begins.
+    std::string take() {
+        std::string text = std::exchange(text_, {});
+        if (std::exchange(cut_, false)) {
+            return shortened(text, longestMessage);
+        }
+        while (!text.empty() && isBlank(text.back())) {
+            text.pop_back();
+        }
+        return shortened(text, longestMessage);
+    }
+
+  private:
+    std::string text_; // at most one byte more than is kept
+    bool cut_ = false; // something that is not blank stands behind it
+};
+
+class MessageReader {
+  public:
+    MessageReader(const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText)
+        : patterns_(patterns), messages_(messages), toolText_(toolText) {}
+
+    void read(InputFile& file) {
+        std::array<char, 64UZ * 1024> block{};
+        while (const std::size_t count = file.read(block)) {
+            for (const char character : std::string_view(block.data(), count)) {
+                take(character);
+            }
+        }
+        endLine();
+        if (leftOut_ > 0) {
+            messages_.kept.push_back(
+                {.line = firstLeftOut_,
+                 .text = "[messages left out: " + std::to_string(leftOut_) + "]"});
+        }
+    }
+
+  private:
+    void take(char character) {
+        const bool isSecondHalf = character == '\n' && afterReturn_;
+        afterReturn_ = character == '\r';
+        if (isSecondHalf) {
+            return;
+        }
+        if (character == '\r' || character == '\n') {
+            endLine();
+        } else {
+            line_.add(character);
+        }
+    }
+
+    void endLine() {
+        number_ += number_ < std::numeric_limits<std::uint32_t>::max() ? 1U : 0U;
+        std::string text = line_.take();
+        if (text.empty()) {
+            return;
+        }
+        if (toolText_) {
+            text = toolText_(text);
+        }
+        if (messages_.failing.empty() && patterns_.fails(text)) {
+            messages_.failing = text;
+        }
+        if (kept_ < mostMessages) {
+            ++kept_;
+            messages_.kept.push_back({.line = number_, .text = std::move(text)});
+        } else if (leftOut_++ == 0) {
+            firstLeftOut_ = number_;
+        }
+    }
+
+    const MessagePatterns& patterns_;
+    RecordMessages& messages_;
+    const ToolText& toolText_;
+    BoundedLine line_;
+    bool afterReturn_ = false;
+    std::uint32_t number_ = 0;
+    std::size_t kept_ = 0;
+    std::uint64_t leftOut_ = 0;
+    std::uint32_t firstLeftOut_ = 0;
+};
+
+} // namespace
+
+bool holdsMessages(const ProductKind& kind) noexcept {
+    return kind.label == (kind.tool == Tool::MP ? "error" : "leftovers");
+}
+
+bool messagesAreKnown(const Products& products) {
+    return std::ranges::any_of(products.kinds(), holdsMessages);
+}
+
+std::string messageFailure(std::string_view message) {
+    return "the tools say " + quoted(message);
+}
+
+void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText) {
+    MessageReader(patterns, messages, toolText).read(file);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/files.hpp"
+#include "runner/message_patterns.hpp"
+#include "runner/products.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnwick {
+
+// Of one file so many messages are kept, and of one message so many bytes.
+inline constexpr std::size_t mostMessages = 300;
+inline constexpr std::size_t longestMessage = 300;
+
+// What a tool says of a record: one line of its report, without the blanks around it. One that is
+// too long ends in "...".
+struct ToolMessage {
+    std::uint32_t line = 0; // of its file, counted from 1
+    std::string text;
+
+    bool operator==(const ToolMessage&) const = default;
+};
+
+// What the tools have said of one record, in their reports.
+struct RecordMessages {
+    std::vector<ToolMessage> kept; // CNS's, then MP's; in the order of their files
+    std::string failing;           // the first that fails the record, be it kept or not
+
+    bool operator==(const RecordMessages&) const = default;
+};
+
+// Whether that product says what is wrong with the record: MP's error report, CNS's leftovers.
+[[nodiscard]] bool holdsMessages(const ProductKind& kind) noexcept;
+
+// Whether the tools are asked for such a product.
+[[nodiscard]] bool messagesAreKnown(const Products& products);
+
+// Why such a message fails its record, as a sentence.
+[[nodiscard]] std::string messageFailure(std::string_view message);
+
+// A text that a tool has written, in the program's code page. Empty: it is that as it is.
+using ToolText = std::function<std::string(std::string_view text)>;
+
+// Adds every line of the file that is not blank. Where there are more than mostMessages, the last
+// one that is added is "[messages left out: 1234]", in the place of the first of these. Memory:
+// what is kept, however long file and lines are. Raises what InputFile::read raises.
+void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
+                  const ToolText& toolText = {});
+
+} // namespace tarnwick

@@ -1,0 +1,3 @@
+#pragma once
+
+#include "report/run_report.hpp"

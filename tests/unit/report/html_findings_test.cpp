@@ -1,0 +1,85 @@
+#include "report/html_findings.hpp"
+#include "support/report_generator.hpp"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+namespace {
+
+TEST(FindingsSection, A_shape_opens_its_examples_and_its_records) {
+    EXPECT_TRUE(
+        findingsSection(smallReport())
+            .contains(
+                R"(<tr id="s1"><td class="number">#1<th scope="row"><details><summary>Error (line #): &quot;…&quot; is no date</summary>
+<ul class="examples">
+<li><q>Error (line 3): &quot;soon&quot; is no date</q> <span>lakes &amp; rivers.met, line 3</span>
+</ul>
+<ul class="names">
+<li>lakes &amp; rivers.met
+</ul>
+<p class="show"><a href="#records" data-show="#1">Find it among the records</a> (in the column Findings: #1)</p>
+</details><td class="bar"><svg viewBox="0 0 100 10" preserveAspectRatio="none" aria-hidden="true"><rect width="33.3" height="10"/></svg><td class="number">1<td class="number">2<td class="number"><strong>new</strong>
+)"));
+}
+
+TEST(FindingsSection, What_nearly_every_record_has_is_folded_at_the_end) {
+    const std::string text = findingsSection(smallReport());
+    const auto folded = text.find(
+        "<details class=\"common\"><summary>1 message that nearly every record has</summary>");
+    ASSERT_NE(folded, std::string::npos);
+    EXPECT_LT(text.find("id=\"s1\""), folded);
+    EXPECT_GT(text.find("id=\"s2\""), folded);
+    EXPECT_FALSE(text.contains("id=\"s3\"")); // it is gone
+}
+
+TEST(FindingsSection, Of_many_records_the_first_hundred_are_named) {
+    RunReport report;
+    report.records.assign(250, {.name = "a.met", .findings = {{0, 1, 1}}});
+    report.shapes = {{.text = "so", .records = 250, .messages = 250}};
+    const std::string text = findingsSection(report);
+    EXPECT_TRUE(text.contains("<p class=\"more\">And 150 more.</p>"));
+    EXPECT_TRUE(text.contains(">Find all 250 among the records</a>"));
+}
+
+TEST(FindingsSection, The_change_is_counted_in_records) {
+    RunReport report = smallReport();
+    report.shapes[0].recordsBefore = 4;
+    EXPECT_TRUE(findingsSection(report).contains("<td class=\"number\">\u22123\n"));
+    report.shapes[0].records = 1500;
+    EXPECT_TRUE(findingsSection(report).contains("<td class=\"number\">+1,496\n"));
+    report.hasRunBefore = false;
+    EXPECT_FALSE(findingsSection(report).contains(">Change"));
+}
+
+TEST(FindingsSection, A_run_without_messages_says_so) {
+    EXPECT_TRUE(findingsSection({}).contains("<p>The tools found nothing.</p>"));
+}
+
+TEST(ChangesSection, New_and_gone_are_told_by_shape_and_by_record) {
+    EXPECT_EQ(changesSection(smallReport()),
+              R"(<section id="changes" aria-labelledby="changes-heading">
+<h2 id="changes-heading">New and gone since the run before</h2>
+<h3>new: 1</h3>
+<ul class="shapes">
+<li><a href="#s1">#1</a> Error (line #): &quot;…&quot; is no date <span>1 record</span>
+</ul>
+<h3>gone: 1</h3>
+<ul class="shapes">
+<li>#3 … is empty <span>1 record</span>
+</ul>
+<h3>Records with new or gone messages: 1</h3>
+<table class="changes"><thead><tr><th scope="col">Record<th scope="col">New<th scope="col">Gone</thead><tbody>
+<tr><th scope="row">lakes &amp; rivers.met<td><a href="#s1">#1</a><td>#3
+</tbody></table>
+</section>
+)");
+}
+
+TEST(ChangesSection, Without_a_run_before_there_is_none) {
+    RunReport report = smallReport();
+    report.hasRunBefore = false;
+    EXPECT_EQ(changesSection(report), "");
+}
+
+} // namespace
+} // namespace tarnwick

@@ -1,0 +1,72 @@
+#include "report/html_records.hpp"
+#include "support/report_generator.hpp"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+namespace {
+
+std::string sectionOf(const RunReport& report) {
+    std::string text;
+    addRecordsSection(report, text);
+    return text;
+}
+
+TEST(RecordsSection, A_row_has_the_record_and_links_to_its_products) {
+    EXPECT_TRUE(sectionOf(smallReport())
+                    .contains(
+                        R"(<tbody>
+<tr><th>lakes &amp; rivers.met<td>made<td>#1 #2<td>3<td>0.015<td><a href="../products/html/lakes%20%26%20rivers.html">Html</a> <a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> )"
+                        R"(
+<tr data-c=""><th>tide.stations.met<td>up to date<td><td>0<td>1.500<td><a href="../products/html/tide.stations.html">Html</a> <a href="../products/errors/tide.stations.err">Error</a> )"
+                        R"(
+<tr class="f" data-m="" data-c=""><th>wells.met<td>failed<td><td>0<td>0.500<td>
+</tbody></table></noscript>
+</section>
+)"));
+}
+
+TEST(RecordsSection, The_script_is_told_where_the_products_lie) {
+    EXPECT_TRUE(sectionOf(smallReport())
+                    .contains(
+                        R"(<p class="products" id="products">Folders of the products:
+<a href="../products/html/" data-suffix=".html" data-of="m">Html</a>
+<a href="../products/errors/" data-suffix=".err" data-of="m">Error</a>
+<a href="../products/left%20overs/" data-suffix=".left" data-of="c">Leftovers</a>
+</p>)"));
+}
+
+TEST(RecordsSection, A_stem_that_the_shown_name_does_not_give_is_said) {
+    RunReport report;
+    report.products = {{"Html", "out/", ".html", false}};
+    report.records = {{.name = "caf\xE9.met", .mpStem = "caf\xE9"}};
+    EXPECT_TRUE(sectionOf(report).contains(
+        "<tr data-m=\"caf%E9\" data-c=\"\"><th>caf&lt;U+00E9&gt;.met<td>not run<td><td>0<td><td>"
+        "<a href=\"out/caf%E9.html\">Html</a> \n"));
+}
+
+TEST(RecordsSection, Messages_that_few_records_have_stand_first_and_not_too_many) {
+    RunReport report = smallReport();
+    report.records[0].findings = {{1, 1, 1}, {0, 1, 2}};
+    EXPECT_TRUE(sectionOf(report).contains("<td>#1 #2<td>"));
+    report.shapes.resize(27);
+    for (ShapePlace place = 2; place < 27; ++place) {
+        report.records[0].findings.push_back({place, 1, 1});
+    }
+    EXPECT_TRUE(sectionOf(report).contains(" #24 #25 #26 ...<td>"));
+}
+
+TEST(RecordsSection, Links_for_which_there_is_no_room_are_left_to_the_script) {
+    RunReport report;
+    report.products = {{"Html", std::string(2000, 'h') + "/", ".html", false},
+                       {"Error", std::string(3000, 'e') + "/", ".err", false}};
+    report.records.assign(2000, {.name = "a.met", .mpStem = "a"});
+    const std::string text = sectionOf(report);
+    EXPECT_TRUE(text.contains("h/a.html\">Html</a> \n<tr"));
+    EXPECT_FALSE(text.contains("a.err"));
+    EXPECT_TRUE(text.contains("There is no room for all links: each record leads to its first 1 "
+                              "product. With its script this page leads to all."));
+}
+
+} // namespace
+} // namespace tarnwick

@@ -1,0 +1,106 @@
+#include "report/html_report.hpp"
+#include "report/page_assets.hpp"
+#include "support/report_generator.hpp"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+namespace {
+
+TEST(HtmlReport, The_page_says_the_run_in_numbers) {
+    EXPECT_TRUE(htmlReport(smallReport()).contains(R"(<body>
+<header>
+<h1>nightly.ini</h1>
+<p>Run of <time datetime="2026-11-22T02:24:48Z">2026-11-22 02:24 UTC</time>, which took 12 min 34 s. Report made <time datetime="2026-11-22T02:37:22Z">2026-11-22 02:37 UTC</time>.</p>
+</header>
+<main>
+<dl class="figures">
+<div><dt>Records</dt><dd>3</dd></div>
+<div class="made"><dt>Made</dt><dd>1</dd></div>
+<div class="kept"><dt>Up to date</dt><dd>1</dd></div>
+<div class="failed"><dt>Failed</dt><dd>1</dd></div>
+<div class="notrun"><dt>Not run</dt><dd>0</dd></div>
+<div><dt>With findings</dt><dd>1</dd></div>
+<div><dt>Messages</dt><dd>3</dd></div>
+</dl>
+)"));
+}
+
+TEST(HtmlReport, A_failure_says_what_the_tool_said) {
+    EXPECT_TRUE(
+        htmlReport(smallReport())
+            .contains("<tr><th scope=\"row\">wells.met<td>MP ended with status 2: no element: "
+                      "&quot;West&quot;\n</tbody></table>\n</section>\n"));
+}
+
+TEST(HtmlReport, Of_very_many_failures_the_first_are_shown) {
+    RunReport report;
+    report.records.assign(1002,
+                          {.name = "a.met", .state = ReportedRecord::State::Failed, .why = "so"});
+    report.totals.failed = 1002;
+    const std::string page = htmlReport(report);
+    std::size_t shown = 0;
+    for (std::size_t place = 0; (place = page.find("<td>so\n", place)) != std::string::npos;
+         ++place) {
+        ++shown;
+    }
+    EXPECT_EQ(shown, 1000U);
+    EXPECT_TRUE(page.contains("And 2 more failed records: reports as .json or .csv have all."));
+}
+
+TEST(HtmlReport, Only_its_own_script_may_run_and_nothing_is_fetched) {
+    const std::string page = htmlReport(hostileReport());
+    EXPECT_TRUE(page.contains("default-src 'none'; img-src data:; style-src 'unsafe-inline'; "
+                              "script-src 'nonce-"));
+    // Its beginning and its end are the only ones, whatever the texts.
+    EXPECT_EQ(page.find("<script"), page.rfind("<script"));
+    EXPECT_EQ(page.find("</script"), page.rfind("</script"));
+    EXPECT_EQ(page.find("<noscript"), page.rfind("<noscript"));
+    EXPECT_EQ(page.find("</noscript"), page.rfind("</noscript"));
+    EXPECT_FALSE(page.contains("href=\"javascript:"));
+    EXPECT_FALSE(page.contains("href=\"data:text"));
+}
+
+TEST(HtmlReport, The_mark_of_the_script_depends_on_every_text) {
+    const auto markOf = [](const std::string& page) {
+        return page.substr(page.find("'nonce-"), 24);
+    };
+    RunReport report = smallReport();
+    const std::string one = htmlReport(report);
+    report.records[1].name = "tide,stations.met";
+    EXPECT_NE(markOf(one), markOf(htmlReport(report)));
+    EXPECT_EQ(markOf(one), markOf(htmlReport(smallReport())));
+}
+
+TEST(HtmlReport, Where_findings_are_not_known_the_page_says_so_and_shows_none) {
+    RunReport report = smallReport();
+    report.findingsAreKnown = false;
+    const std::string page = htmlReport(report);
+    EXPECT_TRUE(
+        page.contains("<p class=\"remark\">The definition asks for no error reports: what the "
+                      "tools found in the records is not known.</p>"));
+    EXPECT_FALSE(page.contains("id=\"findings\""));
+    EXPECT_FALSE(page.contains("id=\"changes\""));
+    EXPECT_FALSE(page.contains("<dt>Messages</dt>"));
+}
+
+TEST(HtmlReport, A_definition_that_has_never_run_has_a_page_too) {
+    const std::string page = htmlReport({});
+    EXPECT_TRUE(page.contains("No record failed."));
+    EXPECT_TRUE(page.contains("The tools found nothing."));
+    EXPECT_TRUE(page.contains("No run has ended yet."));
+    EXPECT_TRUE(page.contains("No tool has run yet."));
+}
+
+TEST(PageAssets, They_name_nothing_beyond_the_page) {
+    for (const std::string_view text : {pageStyle(), pageScript()}) {
+        EXPECT_FALSE(text.empty());
+        EXPECT_FALSE(text.contains("//www"));
+        EXPECT_FALSE(text.contains("http"));
+        EXPECT_FALSE(text.contains("@import"));
+        EXPECT_FALSE(text.contains("url(\""));
+    }
+}
+
+} // namespace
+} // namespace tarnwick

@@ -1,0 +1,53 @@
+#include "report/junit_report.hpp"
+#include "support/report_generator.hpp"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+namespace {
+
+TEST(JunitReport, A_record_is_a_case) {
+    EXPECT_EQ(junitReport(smallReport()), R"(<?xml version="1.0" encoding="UTF-8"?>
+<testsuites tests="3" failures="1" errors="0">
+<testsuite name="nightly.ini" tests="3" failures="1" errors="0" skipped="0" time="754.000" timestamp="2026-11-22T02:24:48Z">
+<testcase classname="nightly.ini" name="lakes &amp; rivers.met" time="0.015">
+<system-out>line 3: Error (line #): &quot;…&quot; is no date (2 messages)
+line 9: # errors
+</system-out>
+</testcase>
+<testcase classname="nightly.ini" name="tide.stations.met" time="1.500">
+</testcase>
+<testcase classname="nightly.ini" name="wells.met" time="0.500">
+<failure message="MP ended with status 2: no element: &quot;West&quot;">MP ended with status 2: no element: &quot;West&quot;
+</failure>
+</testcase>
+</testsuite>
+</testsuites>
+)");
+}
+
+TEST(JunitReport, A_failed_record_says_its_findings_too) {
+    RunReport report = smallReport();
+    report.records[2].findings = {{1, 1, 4}};
+    EXPECT_TRUE(junitReport(report).contains(
+        "MP ended with status 2: no element: &quot;West&quot;\nline 4: # errors\n</failure>"));
+}
+
+TEST(JunitReport, A_record_that_has_not_run_is_skipped_whatever_it_said_before) {
+    RunReport report = smallReport();
+    report.records[0].state = ReportedRecord::State::NotRun;
+    report.totals.notRun = 1;
+    const std::string text = junitReport(report);
+    EXPECT_TRUE(text.contains("time=\"0.015\">\n<skipped/>\n<system-out>line 3:"));
+    EXPECT_TRUE(text.contains(" skipped=\"1\" "));
+}
+
+TEST(JunitReport, Nothing_in_a_text_begins_an_element) {
+    const std::string text = junitReport(hostileReport());
+    EXPECT_FALSE(text.contains("<script"));
+    EXPECT_FALSE(text.contains("<broken"));
+    EXPECT_FALSE(text.contains("]]>"));
+}
+
+} // namespace
+} // namespace tarnwick

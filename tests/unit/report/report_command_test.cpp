@@ -1,0 +1,291 @@
+// Reports over whole runs: what was run and how, by the tools of RunnerWorld.
+
+#include "platform/run_time_error.hpp"
+#include "report/report_command.hpp"
+#include "report/reports.hpp"
+#include "report/run_report_of.hpp"
+#include "support/forwarding_files.hpp"
+#include "support/outputs.hpp"
+#include "unit/runner/runner_world.hpp"
+
+#include <gmock/gmock.h>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using State = ReportedRecord::State;
+
+class ReportsOnRuns : public testing::Test {
+  protected:
+    ReportsOnRuns() {
+        machine_.processes.act = [this](const ToolCall& call) {
+            const std::string record = RunnerWorld::lastName(call.arguments.back());
+            const ToolEnd end = machine_.work(call);
+            RunnerWorld::writeHost(call.arguments[3], machine_.world.read(R"(C:\in\)" + record));
+            return record.starts_with("fail") ? exited(3, "no such element") : end;
+        };
+        request_.definition = "night.ini";
+        request_.stateFolder = machine_.request.stateFolder;
+    }
+
+    ExitStatus run() {
+        request_.patterns = machine_.request.settings.messages;
+        machine_.request.whenEnded = reportsAtTheEnd(request_, services_, utf8_);
+        return machine_.run();
+    }
+    ExitStatus report() {
+        machine_.request.job.runsTools = false;
+        const ExitStatus status =
+            reportOnRuns(machine_.definition, machine_.request, request_, services_, utf8_);
+        machine_.request.job.runsTools = true;
+        return status;
+    }
+    // As `report` finds it.
+    RunReport value() {
+        JobRequest job = machine_.request.job;
+        job.runsTools = false;
+        const auto [checked, faults] =
+            checkJob(machine_.definition, job,
+                     {.files = *machine_.files,
+                      .stamps = machine_.stamps,
+                      .paths = machine_.paths,
+                      .canStart = [](const std::string&) { return false; }});
+        EXPECT_THAT(faults, IsEmpty());
+        KnownFolders folders(*machine_.files);
+        const Products products(checked.definition, folders);
+        RunReport made = runReportOf({.job = checked,
+                                      .products = products,
+                                      .definition = "night.ini",
+                                      .stateFolder = request_.stateFolder,
+                                      .patterns = request_.patterns},
+                                     services_, utf8_);
+        linkProducts(made, products, R"(C:\job\out.html)", machine_.paths, utf8_);
+        return made;
+    }
+    std::string states() {
+        constexpr std::string_view letters = "muf-";
+        std::string text;
+        for (const ReportedRecord& record : value().records) {
+            text.append(text.empty() ? "" : " ")
+                .append(record.name)
+                .append(":")
+                .append(1, letters[static_cast<std::size_t>(record.state)]);
+        }
+        return text;
+    }
+
+    RunnerWorld machine_;
+    ReportRequest request_;
+    RunnerServices services_{.files = *machine_.files,
+                             .stamps = machine_.stamps,
+                             .paths = machine_.paths,
+                             .processes = machine_.processes,
+                             .locks = machine_.locks,
+                             .interruptions = machine_.interruptions,
+                             .terminal = machine_.terminal,
+                             .clock = machine_.clock,
+                             .canStart = [](const std::string&) { return false; }};
+    ToUtf8 utf8_ = [](std::string_view text) { return std::string(text); };
+};
+
+TEST_F(ReportsOnRuns, Before_the_first_run_everything_is_still_to_be_run) {
+    machine_.writeRecord("a.met");
+    EXPECT_EQ(states(), "a.met:-");
+    EXPECT_EQ(value().totals, RunTotals{.notRun = 1});
+    EXPECT_EQ(value().records[0].mpStem, "");
+}
+
+TEST_F(ReportsOnRuns, Tell_what_was_made_failed_or_was_up_to_date) {
+    machine_.writeRecord("a.met", "x");
+    machine_.writeRecord("fail.met", "worse");
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_EQ(states(), "a.met:m fail.met:f");
+    machine_.writeRecord("b.met", "y");
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_EQ(states(), "a.met:u b.met:m fail.met:f");
+    machine_.writeRecord("a.met", "changed since");
+    machine_.writeRecord("c.met", "new");
+    machine_.world.files().remove(R"(C:\in\b.met)");
+    EXPECT_EQ(states(), "a.met:- c.met:- fail.met:f");
+
+    const RunReport made = value();
+    EXPECT_EQ(made.definition, "night.ini");
+    EXPECT_EQ(made.made, "2026-11-22T01:02:03Z");
+    EXPECT_EQ(made.records[2].why, "MP ended with status 3: no such element");
+    EXPECT_THAT(made.records[2].calls, ElementsAre(ReportedCall{.tool = "MP", .code = 3}));
+    EXPECT_EQ(made.records[2].mpStem, ""); // what it left was removed
+    EXPECT_EQ(made.records[0].mpStem, "a");
+    EXPECT_EQ(made.records[1].mpStem, "");
+    EXPECT_THAT(
+        made.products,
+        ElementsAre(ReportedProduct{.label = "error", .folder = "../out/", .suffix = ".err"},
+                    ReportedProduct{.label = "html", .folder = "../out/", .suffix = ".html"}));
+    EXPECT_EQ(made.records[2].findings.size(), 1U); // its report was read before
+}
+
+TEST_F(ReportsOnRuns, Records_that_are_refused_have_failed) {
+    machine_.definition.sInputExtensions = "*.met;*.txt";
+    machine_.writeRecord("a.met");
+    machine_.writeRecord("a.txt");
+    machine_.writeRecord("b.met");
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_EQ(states(), "a.met:f a.txt:f b.met:m");
+    EXPECT_THAT(value().records[0].why, HasSubstr("a.txt"));
+}
+
+TEST_F(ReportsOnRuns, Each_run_leaves_its_totals) {
+    machine_.writeRecord("a.met", "bad 1\nbad 2");
+    machine_.writeRecord("b.met");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.writeRecord("a.met", "");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(run(), ExitStatus::Done); // nothing to do
+    const RunTotals first{
+        .begun = "2026-11-22T01:02:03Z", .made = 2, .recordsWithFindings = 2, .messages = 3};
+    const RunTotals second{.begun = "2026-11-22T01:02:03Z",
+                           .made = 1,
+                           .upToDate = 1,
+                           .recordsWithFindings = 1,
+                           .messages = 1};
+    EXPECT_THAT(value().runs, ElementsAre(first, second));
+    EXPECT_EQ(value().totals, second);
+}
+
+TEST_F(ReportsOnRuns, A_run_of_some_records_says_nothing_of_how_everything_stands) {
+    machine_.writeRecord("a.met");
+    machine_.writeRecord("b.met");
+    machine_.request.job.records = {"a.met"};
+    request_.ofSomeRecords = true;
+    EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.request.job.records.clear();
+    EXPECT_THAT(value().runs, IsEmpty());
+}
+
+TEST_F(ReportsOnRuns, The_same_totals_come_with_and_without_a_report) {
+    machine_.writeRecord("a.met", "bad 1\nbad 2");
+    machine_.writeRecord("fail.met");
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    machine_.world.files().remove(R"(C:\job\night.state\messages.log)");
+    machine_.world.files().remove(R"(C:\job\night.state\run.log)");
+    const RunTotals without{.begun = "2026-11-22T01:02:03Z",
+                            .made = 1,
+                            .failed = 1,
+                            .recordsWithFindings = 2,
+                            .messages = 3};
+    request_.files = {R"(C:\job\out.csv)"};
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_THAT(value().runs, ElementsAre(without));
+}
+
+TEST_F(ReportsOnRuns, Are_written_when_a_run_has_ended_and_again_without_tools) {
+    machine_.writeRecord("a.met", "bad");
+    request_.files = {R"(C:\job\out.html)", R"(C:\job\OUT.JSON)", R"(C:\job\out.csv)",
+                      R"(C:\job\out.xml)"};
+    EXPECT_EQ(run(), ExitStatus::Done) << machine_.terminal.error;
+    const std::string root = machine_.world.drivesRoot() + "/c/job/";
+    EXPECT_THAT(machine_.terminal.output, HasSubstr("\nThe report is " + root + "out.html\n"));
+    EXPECT_EQ(machine_.world.read(R"(C:\job\out.csv)"), reportText(ReportKind::Csv, value()));
+    const std::string page = machine_.world.read(R"(C:\job\out.html)");
+    EXPECT_EQ(page, reportText(ReportKind::Html, value()));
+    EXPECT_EQ(machine_.world.read(R"(C:\job\OUT.JSON)"), reportText(ReportKind::Json, value()));
+    EXPECT_EQ(machine_.world.read(R"(C:\job\out.xml)"), reportText(ReportKind::JUnit, value()));
+
+    machine_.world.files().remove(R"(C:\tools\mp.exe)");
+    machine_.world.files().remove(R"(C:\job\out.html)");
+    machine_.processes.forget();
+    const std::string log = machine_.log();
+    EXPECT_EQ(report(), ExitStatus::Done) << machine_.terminal.error;
+    EXPECT_EQ(machine_.world.read(R"(C:\job\out.html)"), page);
+    EXPECT_THAT(machine_.processes.calls(), IsEmpty());
+    EXPECT_EQ(machine_.log(), log);
+}
+
+TEST_F(ReportsOnRuns, That_cannot_be_written_are_told_and_change_nothing_else) {
+    machine_.writeRecord("a.met", "bad");
+    request_.files = {R"(C:\gone\out.html)", R"(C:\job\out.csv)"};
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_THAT(machine_.terminal.output, HasSubstr("1 made, 0 failed, 0 up to date"));
+    EXPECT_THAT(machine_.terminal.error, HasSubstr("out.html\" cannot be written: "));
+    EXPECT_TRUE(machine_.world.exists(R"(C:\job\out.csv)"));
+    EXPECT_EQ(states(), "a.met:m");
+    EXPECT_EQ(value().runs.size(), 1U);
+    EXPECT_EQ(report(), ExitStatus::SomeFailed);
+}
+
+TEST_F(ReportsOnRuns, A_report_never_takes_the_place_of_a_record) {
+    machine_.definition.sInputExtensions = "*.xml";
+    machine_.writeRecord("a.xml", "record");
+    request_.files = {R"(C:\in\A.XML)"};
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_THAT(machine_.terminal.error, HasSubstr("is not written: a record has that name.\n"));
+    EXPECT_EQ(machine_.world.read(R"(C:\in\a.xml)"), "record");
+}
+
+TEST_F(ReportsOnRuns, A_record_with_a_message_that_nobody_wants_has_failed) {
+    machine_.writeRecord("a.met", "bad");
+    machine_.writeRecord("b.met", "fine");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    request_.patterns.failOn = {"bad"};
+    EXPECT_EQ(states(), "a.met:f b.met:m");
+    EXPECT_EQ(value().records[0].why, "the tools say \"bad\"");
+    EXPECT_EQ(value().records[0].mpStem, "a"); // its products are whole
+    EXPECT_EQ(value().totals.failed, 1U);
+}
+
+TEST_F(ReportsOnRuns, What_is_gone_since_the_run_before_is_told) {
+    machine_.writeRecord("a.met", "no date in \"x\"\nErrors: 1");
+    machine_.writeRecord("b.met", "no date in \"y\"\nErrors: 1");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_THAT(value().changes, IsEmpty());
+    machine_.writeRecord("a.met", "Errors: 0, mended");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    const RunReport made = value();
+    ASSERT_EQ(made.changes.size(), 1U);
+    EXPECT_EQ(made.records[made.changes[0].record].name, "a.met");
+    EXPECT_TRUE(made.hasRunBefore);
+}
+
+TEST_F(ReportsOnRuns, Say_where_nothing_was_asked_of_the_tools) {
+    output(machine_.definition, "Error").bBuild = false;
+    machine_.processes.act = [&](const ToolCall& call) { return machine_.work(call); };
+    machine_.writeRecord("a.met");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_FALSE(value().findingsAreKnown);
+    output(machine_.definition, "Error").bBuild = true;
+    EXPECT_TRUE(value().findingsAreKnown);
+}
+
+TEST_F(ReportsOnRuns, A_definition_that_cannot_be_gets_no_report) {
+    request_.files = {R"(C:\job\out.html)"};
+    machine_.definition.sInputFolder = R"(C:\gone)";
+    EXPECT_EQ(report(), ExitStatus::NothingRun);
+    EXPECT_THAT(machine_.terminal.error, HasSubstr("does not exist.\n"));
+    EXPECT_FALSE(machine_.world.exists(R"(C:\job\out.html)"));
+}
+
+TEST_F(ReportsOnRuns, A_log_of_a_newer_version_is_told) {
+    machine_.writeRecord("a.met");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.world.write(R"(C:\job\night.state\messages.log)", "tarnwick-run messages 2\n");
+    request_.files = {R"(C:\job\out.html)"};
+    EXPECT_EQ(report(), ExitStatus::SomeFailed);
+    EXPECT_THAT(machine_.terminal.error, HasSubstr("No report can be made: The message log "));
+    EXPECT_FALSE(machine_.world.exists(R"(C:\job\out.html)"));
+}
+
+TEST(KindsOfReports, Go_by_the_extension) {
+    EXPECT_EQ(reportKindOf("a.html"), ReportKind::Html);
+    EXPECT_EQ(reportKindOf("a.b.JSON"), ReportKind::Json);
+    EXPECT_EQ(reportKindOf("x\\a.csv"), ReportKind::Csv);
+    EXPECT_EQ(reportKindOf("a.xml"), ReportKind::JUnit);
+    EXPECT_EQ(reportKindOf("a.htm"), std::nullopt);
+    EXPECT_EQ(reportKindOf("html"), std::nullopt);
+    EXPECT_EQ(reportKindOf(".html"), std::nullopt);
+}
+
+} // namespace
+} // namespace tarnwick

@@ -1,6 +1,6 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
-.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist reproducible bench coverage screenshots help-pictures report-pictures lint format check-format clean
+.PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist test-cluster reproducible bench coverage screenshots help-pictures report-pictures lint format check-format clean
 
 # What builds, natively; and with it what the native tests need: programs that read reports.
 build_packages   := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev
@@ -10,6 +10,7 @@ windows_packages := $(build_packages) g++-mingw-w64-x86-64-posix binutils-mingw-
 wine_packages    := $(windows_packages) wine wine64 xvfb openbox xdotool imagemagick x11-utils fonts-liberation
 linux_packages   := $(build_packages) dpkg-dev file man-db
 dist_packages    := $(wine_packages) $(linux_packages) git perl fp-utils nsis zip unzip
+cluster_packages := $(build_packages) slurm-wlm munge parallel procps
 bench_packages   := $(wine_packages) $(browser_packages) libbenchmark-dev python3 parallel ninja-build findutils
 cover_packages   := $(native_packages) gcovr
 fuzz_packages    := $(build_packages) clang-19 libclang-rt-19-dev
@@ -80,6 +81,13 @@ dist: windows linux
 test-dist: dist
 	cmake/on-virtual-screen tests/product/dist_test.sh build
 	tests/product/linux_dist_test.sh build
+
+# Daemons of a cluster on this machine, as root, and therefore no part of `make test`.
+test-cluster:
+	@$(ensure) $(cluster_packages)
+	cmake --preset native
+	cmake --build --preset native --target tarnwick-run
+	tests/cluster/cluster_test.sh build build/native/src/app/runner/tarnwick-run
 
 # Builds everything once more, elsewhere: minutes, and therefore no part of `make test`.
 reproducible: dist

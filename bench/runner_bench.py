@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """runner_bench.py TARNWICK_RUN TOOL [NAME...]: what tarnwick-run costs, always against another way of doing
 the same work, in the same run. Each figure is the median of pairs, one way after the other. Names choose
-figures: start, nothing, slow, growth, compute, memory, wait. Fails when a limit is missed."""
+figures: start, nothing, slow, growth, compute, memory, shares, wait. Fails when a limit is missed."""
 
 import os
 import shutil
@@ -155,6 +155,42 @@ def memory():
         told("peak memory, 1,000,000 records planned", peak, 700, " MB")
 
 
+# A share among a thousand, when a thousand logs of another number of shares tell of all records: it reads all of them.
+def shared(records):
+    place = Place(records, products=3)
+    os.mkdir(f"{place.root}/bench.state")
+    stamp = "0@1700000000.000000000"
+    logs = [open(f"{place.root}/bench.state/share-{number}-of-999.log", "wb") for number in range(1, 1000)]
+    logs.append(open(f"{place.root}/bench.state/run.log", "wb"))
+    for log in logs:
+        log.write(b"tarnwick-run log 1\n\n" + log_line(
+            f"run\t1\t2026-11-22T01:02:03Z\tcommands={'0' * 16}\tmp={stamp}\tcns=-\tconfiguration=-\taliases=-"))
+    for number, record in enumerate(place.records):
+        logs[number % 1000].write(log_line(f"made\t1\t{record}\t{stamp}\tmp:0:1.000" + 3 * f"\t{stamp}"))
+    for log in logs:
+        log.close()
+    return place
+
+
+def log_line(fields):
+    number = 14695981039346656037
+    for byte in fields.encode():
+        number = (number ^ byte) * 1099511628211 % 2**64
+    number ^= number >> 32
+    return f"{fields}\t{number * 0xD6E8FEB86659FD93 % 2**64:016x}"[:len(fields) + 9].encode() + b"\n"
+
+
+def shares():
+    with shared(100_000) as few, shared(1_000_000) as many:
+        plan = ("--dry-run", "--shard", "617/1000")
+        said = subprocess.run(many.run(*plan)[0], capture_output=True, text=True, check=True).stdout
+        assert 800 < said.count("another command") < 1200, said[:200]  # they are known, by the logs
+        seconds, _, peak = measured(*many.run(*plan))
+        told("planning share 617 of 1,000 of 1,000,000 records, 1,000 logs", seconds, 10, " s")
+        told("  peak memory", peak, 700, " MB")
+        told("  1,000,000 / 100,000 records", ratio(many.run(*plan), few.run(*plan), 5), 11)
+
+
 def wait():
     with Place(1) as place:
         command, env = place.run(env={"TARNWICK_TOOL_SLEEP": "20"})
@@ -163,7 +199,7 @@ def wait():
         told("waiting for one slow tool, of a processor", 100 * processor / seconds, 0.1, " %")
 
 
-for figure in (start, nothing, slow, growth, compute, wait, memory):
+for figure in (start, nothing, slow, growth, compute, wait, memory, shares):
     if not chosen or figure.__name__ in chosen:
         figure()
 end()

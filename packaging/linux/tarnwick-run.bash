@@ -10,6 +10,7 @@ _tarnwick_run() {
     fi
     case $option in
     --color) _tarnwick_run_offer -W 'auto always never' -- "$word" ;;
+    --shard) _tarnwick_run_offer -W auto -- "$word" ;;
     --format) _tarnwick_run_offer -W 'sh null json' -- "$word" ;;
     --mp | --cns) _tarnwick_run_files -f -- "$word" ;;
     --report)
@@ -20,7 +21,7 @@ _tarnwick_run() {
         ;;
     # Of "--drive T:=/srv" the last word is a folder.
     -F | --input-folder | --state | :=) _tarnwick_run_files -d -- "${word#:=}" ;;
-    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --ignore | --fail-on)
+    --drive | --code-page | -e | --extensions | -j | --jobs | --accept | --timeout | --retries | --stop-after | --notice | --ignore | --fail-on)
         COMPREPLY=()
         ;;
     *)
@@ -44,13 +45,13 @@ _tarnwick_run() {
 }
 
 _tarnwick_run_options() { # BEGINNING
-    local options='-F --input-folder -e --extensions --mp --cns --in-place -q --quiet -v --verbose --color
+    local options='-F --input-folder -e --extensions --mp --cns --shard --in-place -q --quiet -v --verbose --color
         --drive --code-page -h --help --version'
     case ${COMP_WORDS[1]} in
     commands) options+=' --format' ;;
     report) options+=' --report --ignore --fail-on --state' ;;
     *)
-        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --state
+        options+=' -j --jobs --all --dry-run --accept --timeout --retries --stop-after --keep-partial --notice --state
             --report --ignore --fail-on'
         ;;
     esac

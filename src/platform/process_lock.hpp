@@ -10,6 +10,9 @@ namespace tarnwick {
 class HeldLock {
   public:
     virtual ~HeldLock() = default;
+
+    // Replaces what the lock file says. Raises 61, 57.
+    virtual void write(std::string_view holder) = 0;
 };
 
 // One process at a time, by a file.
@@ -22,6 +25,10 @@ class ProcessLocks {
     // Raises 75 (not allowed), 76, 61, 70.
     [[nodiscard]] virtual std::unique_ptr<HeldLock> tryLock(std::string_view path,
                                                             std::string_view holder) = 0;
+
+    // Whether a process holds it now. Nobody is kept from taking it by the question. Never raises:
+    // false where that cannot be told.
+    [[nodiscard]] virtual bool isHeld(std::string_view path) const = 0;
 
     // What the holder wrote, as far as it can be read; else empty. Never raises.
     [[nodiscard]] virtual std::string holderOf(std::string_view path) const = 0;

@@ -8,6 +8,7 @@
 #include "runner/messages.hpp"
 #include "runner/plan.hpp"
 #include "runner/run_log.hpp"
+#include "runner/state_logs.hpp"
 
 #include <algorithm>
 #include <map>
@@ -48,7 +49,8 @@ class ReportMaker {
 
     void readLog() {
         const std::string path = joinPath(subject_.stateFolder, "run.log");
-        history_ = readRunLog(services_.files, path, [&](const LogLine& line) {
+        history_.ownName = "run.log";
+        history_.own = readRunLog(services_.files, path, [&](const LogLine& line) {
             if (const auto* const run = std::get_if<RunLine>(&line)) {
                 report_.totals.begun = run->begun;
             } else if (const auto* const record = std::get_if<RecordLine>(&line)) {
@@ -73,9 +75,9 @@ class ReportMaker {
     // What would have to run if the tools and all else were as the last run found them: whether
     // they still are, nobody can say where they are not.
     void plan() {
-        const auto last = history_.runs.find(history_.lastRun());
+        const auto last = history_.own.runs.find(history_.own.lastRun());
         const RunConditions conditions =
-            last == history_.runs.end() ? RunConditions() : last->second;
+            last == history_.own.runs.end() ? RunConditions() : last->second;
         for (const auto& [record, reason] :
              planRun(job(), subject_.products, history_, conditions, services_.stamps, false)
                  .toRun) {
@@ -110,8 +112,8 @@ class ReportMaker {
     }
 
     [[nodiscard]] State stateOf(const std::string& name) const {
-        const auto found = history_.records.find(name);
-        if (found == history_.records.end()) {
+        const auto found = history_.own.records.find(name);
+        if (found == history_.own.records.end()) {
             return State::NotRun;
         }
         const auto& [state, run, line, stamp, products] = found->second;
@@ -124,7 +126,7 @@ class ReportMaker {
         if (!isAsItWas) {
             return State::NotRun;
         }
-        return run == history_.lastRun() ? State::Made : State::UpToDate;
+        return run == history_.own.lastRun() ? State::Made : State::UpToDate;
     }
 
     // Of what is made all are there. What failed may have left those of an earlier run, of another
@@ -144,7 +146,7 @@ class ReportMaker {
 
     void addFindings() {
         KeptFindings found = readFindings(services_.files, {.messageLog = messageLog_,
-                                                            .lastRun = history_.lastRun(),
+                                                            .lastRun = history_.own.lastRun(),
                                                             .records = names_,
                                                             .patterns = subject_.patterns,
                                                             .utf8 = utf8_});
@@ -206,7 +208,7 @@ class ReportMaker {
     const ReportSubject& subject_;
     const RunnerServices& services_;
     const ToUtf8& utf8_;
-    RunHistory history_;
+    StateHistory history_;
     std::string messageLog_;
     std::unordered_map<std::string, Note> notes_;
     std::vector<std::string> names_;

@@ -88,6 +88,8 @@ void Console::ending(bool now, Interruption why) {
         complain("Ending the running tools.");
     } else if (why == Interruption::Asked) {
         complain("Nothing more is begun; the running tools may end. Once more (Ctrl+C) ends them.");
+    } else {
+        complain("Nothing more is begun; the running tools may end while there is time.");
     }
     draw(true);
 }

@@ -118,6 +118,10 @@ class JobCheck {
             checked_.job.remarks.emplace_back(
                 "The configuration file names the outputs, so that they are not known here: the "
                 "records are run one at a time, and always.");
+            if (request_.share && request_.share->count > 1) {
+                fault(
+                    "Such records cannot be shared out: those of two shares would be run at once.");
+            }
         } else {
             std::ranges::for_each(outputFaults(definition(), services_.files),
                                   [&](const BatchFault& one) { fault(onOneLine(one.text)); });
@@ -204,6 +208,16 @@ class JobCheck {
         refuseNames(records);
         checked_.job.records = std::move(records);
         refuseClashes(checked_.job, request_.inPlace, services_.files);
+        keepShare();
+    }
+
+    // Last of all: two records that would make one file may be in two shares.
+    void keepShare() {
+        if (const auto& share = request_.share) {
+            const auto isOthers = [&](const auto& record) { return !isIn(*share, record.name); };
+            std::erase_if(checked_.job.records, isOthers);
+            std::erase_if(checked_.job.refused, isOthers);
+        }
     }
 
     // Only those that the user has named. A name that fits none is a mistake.

@@ -6,6 +6,7 @@
 #include "platform/files.hpp"
 #include "platform/tool_paths.hpp"
 #include "runner/products.hpp"
+#include "runner/share.hpp"
 
 #include <functional>
 #include <optional>
@@ -21,6 +22,7 @@ struct JobRequest {
     std::string mpExecutable;
     std::string cnsExecutable;
     std::vector<std::string> records;        // names or patterns; none at all: every record
+    std::optional<Share> share;              // of these records, only its own
     bool inPlace = false;                    // a record may be overwritten by what is made of it
     std::vector<PassedOverEntry> passedOver; // by the reader of the definition
     bool runsTools = true; // else tools and the folders of outputs need not be there

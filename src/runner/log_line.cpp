@@ -54,6 +54,10 @@ struct FieldsOf {
     std::string operator()(const BegunLine& line) const {
         return "begun\t" + std::to_string(line.run) + "\t" + asLogField(line.record);
     }
+    std::string operator()(const SettledLine& line) const {
+        return "settled\t" + std::to_string(line.run) + "\t" + asLogField(line.record) + "\t" +
+               asLogField(line.log) + "\t" + std::to_string(line.begunIn);
+    }
     std::string operator()(const RecordLine& line) const {
         std::string fields = (line.why.empty() ? "made\t" : "failed\t") + std::to_string(line.run) +
                              "\t" + asLogField(line.record) + "\t" + stampText(line.stamp) + "\t" +
@@ -139,6 +143,15 @@ BegunLine begunLine(LineParts& parts) {
     return line;
 }
 
+SettledLine settledLine(LineParts& parts) {
+    SettledLine line;
+    line.run = parts.number<std::uint32_t>();
+    line.record = parts.text();
+    line.log = parts.text();
+    line.begunIn = parts.number<std::uint32_t>();
+    return line;
+}
+
 RecordLine recordLine(LineParts& parts, bool made) {
     RecordLine line;
     line.run = parts.number<std::uint32_t>();
@@ -174,10 +187,22 @@ std::optional<LogLine> parseLogLine(std::string_view text) {
         line = runLine(parts);
     } else if (kind == "begun") {
         line = begunLine(parts);
+    } else if (kind == "settled") {
+        line = settledLine(parts);
     } else if (kind == "made" || kind == "failed") {
         line = recordLine(parts, kind == "made");
     }
     return parts.isWhole() && !parts.hasMore() ? line : std::nullopt;
+}
+
+std::optional<std::string> recordOfLogLine(std::string_view text) {
+    LineParts parts(text);
+    if (parts.field() == "run") {
+        return std::nullopt;
+    }
+    static_cast<void>(parts.field());
+    std::string record = parts.text();
+    return parts.isWhole() ? std::optional(std::move(record)) : std::nullopt;
 }
 
 } // namespace tarnwick

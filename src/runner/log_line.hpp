@@ -3,6 +3,7 @@
 #include "platform/file_stamps.hpp"
 #include "processing/commands/tool_steps.hpp"
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -66,12 +67,27 @@ struct RecordLine {
     bool operator==(const RecordLine&) const = default;
 };
 
-using LogLine = std::variant<RunLine, BegunLine, RecordLine>;
+// A `begun` line of another log holds no longer: a run of this one, which knew of it, has made the
+// record since.
+struct SettledLine {
+    std::uint32_t run = 0;
+    std::string record;
+    std::string log;           // its file's name
+    std::uint32_t begunIn = 0; // the run of that log
+
+    auto operator<=>(const SettledLine&) const = default;
+};
+
+using LogLine = std::variant<RunLine, BegunLine, RecordLine, SettledLine>;
 
 // With its "\n".
 [[nodiscard]] std::string logLineText(const LogLine& line);
 
 // `text` without its "\n"; nothing where it is no such line, or not whole.
 [[nodiscard]] std::optional<LogLine> parseLogLine(std::string_view text);
+
+// The record that such a line is about, whole or not; nothing where it is about none. Quicker than
+// to read all of the line.
+[[nodiscard]] std::optional<std::string> recordOfLogLine(std::string_view text);
 
 } // namespace tarnwick

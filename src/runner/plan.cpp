@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <unordered_map>
 #include <utility>
 
 namespace tarnwick {
@@ -35,57 +36,116 @@ std::optional<Reason::Kind> changeOf(const RunConditions& before, const RunCondi
     return before.mp != now.mp ? std::optional(MpChanged) : std::nullopt;
 }
 
+using Changes = std::map<std::uint32_t, std::optional<Reason::Kind>>; // since each run of a log
+
+Changes changesSince(const std::map<std::uint32_t, RunConditions>& runs, const RunConditions& now) {
+    Changes changes;
+    for (const auto& [run, conditions] : runs) {
+        changes[run] = changeOf(conditions, now);
+    }
+    return changes;
+}
+
 class Planner {
   public:
-    Planner(const Job& job, const Products& products, const RunHistory& history,
+    Planner(const Job& job, const Products& products, const StateHistory& history,
             const RunConditions& now, const FileStamps& stamps)
-        : job_(job), products_(products), history_(history), stamps_(stamps) {
-        for (const auto& [run, conditions] : history.runs) {
-            changes_[run] = changeOf(conditions, now);
+        : job_(job),
+          products_(products),
+          history_(history),
+          stamps_(stamps),
+          changes_(changesSince(history.own.runs, now)) {
+        for (const OtherLogs::Log& log : history.others.logs) {
+            changesElsewhere_.push_back(changesSince(log.runs, now));
         }
     }
 
     Plan plan(bool all, const JudgedMessages* judged) {
         reasons_.resize(job_.records.size());
         known_.resize(job_.records.size());
-        for (std::size_t record = 0; record < job_.records.size(); ++record) {
+        for (std::uint32_t record = 0; record < job_.records.size(); ++record) {
             reasons_[record] = reasonBeforeProducts(record, all);
         }
         lookAtProducts();
         if (judged != nullptr) {
             lookAtMessages(*judged);
         }
-        Plan plan;
         for (std::uint32_t record = 0; record < reasons_.size(); ++record) {
             if (const auto& reason = reasons_[record]) {
-                plan.toRun.push_back({.record = record, .reason = *reason});
+                plan_.toRun.push_back({.record = record, .reason = *reason});
             }
         }
-        plan.upToDate = reasons_.size() - plan.toRun.size();
-        return plan;
+        plan_.upToDate = reasons_.size() - plan_.toRun.size();
+        return std::move(plan_);
     }
 
   private:
-    std::optional<Reason> reasonBeforeProducts(std::size_t record, bool all) {
+    std::optional<Reason> reasonBeforeProducts(std::uint32_t record, bool all) {
         using enum Reason::Kind;
-        const StampedFile& file = job_.records[record];
-        const auto found = history_.records.find(file.name);
+        const bool begun = findBegun(record);
         if (!products_.areKnown()) {
             return Reason{.kind = OutputsUnknown};
         }
         if (all) {
             return Reason{.kind = Asked};
         }
-        if (found == history_.records.end()) {
-            return Reason{.kind = New};
+        return begun ? Reason{.kind = Interrupted} : reasonOfKnown(record);
+    }
+
+    // Whether a killed run had it in work, and nobody has made it since who knew of that.
+    bool findBegun(std::uint32_t record) {
+        using enum KnownRecord::State;
+        const std::string& name = job_.records[record].name;
+        const auto own = history_.own.records.find(name);
+        bool begun = own != history_.own.records.end() && own->second.state == Begun &&
+                     !history_.isSettled(name, history_.ownName, own->second.run);
+        forEachElsewhere(name, [&](const OtherKnown& other) {
+            const std::string& log = history_.others.logs[other.log].name;
+            if (other.known.state == Begun && !history_.isSettled(name, log, other.known.run)) {
+                plan_.toSettle.push_back({.record = record, .log = log, .run = other.known.run});
+                begun = true;
+            }
+        });
+        return begun;
+    }
+
+    // Of what the logs say of the record, all that may be true is kept for a look at the products.
+    // Where nothing is, the first reason is told: that of the own log, if it has one.
+    std::optional<Reason> reasonOfKnown(std::uint32_t record) {
+        std::optional<Reason> reason;
+        const StampedFile& file = job_.records[record];
+        const auto look = [&](const KnownRecord& known, const Changes& changes) {
+            const auto wrong = reasonOf(known, changes, file.stamp);
+            if (wrong) {
+                reason = reason ? reason : wrong;
+            } else if (known_[record] == nullptr) {
+                known_[record] = &known;
+            } else {
+                alsoKnown_[record].push_back(&known);
+            }
+        };
+        const auto own = history_.own.records.find(file.name);
+        if (own != history_.own.records.end()) {
+            look(own->second, changes_);
         }
-        const KnownRecord& known = found->second;
-        known_[record] = &known;
+        forEachElsewhere(file.name, [&](const OtherKnown& other) {
+            look(other.known, changesElsewhere_[other.log]);
+        });
+        if (known_[record] != nullptr) {
+            return std::nullopt;
+        }
+        return reason ? reason : Reason{.kind = Reason::Kind::New};
+    }
+
+    // Why that is no longer true; nothing where it may be.
+    [[nodiscard]] std::optional<Reason> reasonOf(const KnownRecord& known, const Changes& changes,
+                                                 const Stamp& now) const {
+        using enum Reason::Kind;
         if (known.state != KnownRecord::State::Made) {
             return Reason{.kind = known.state == KnownRecord::State::Begun ? Interrupted : Failed};
         }
-        const auto change = changes_.find(known.run);
-        if (change == changes_.end()) { // the line of its run is damaged
+        const auto change = changes.find(known.run);
+        if (change == changes.end()) { // the line of its run is damaged
             return Reason{.kind = OtherCommand};
         }
         if (const auto& kind = change->second) {
@@ -94,8 +154,19 @@ class Planner {
         if (known.products.size() != products_.kinds().size()) {
             return Reason{.kind = OtherCommand};
         }
-        return known.stamp == file.stamp ? std::nullopt
-                                         : std::optional(Reason{.kind = RecordChanged});
+        return known.stamp == now ? std::nullopt : std::optional(Reason{.kind = RecordChanged});
+    }
+
+    template <typename Look>
+    void forEachElsewhere(const std::string& record, const Look& look) const {
+        const auto& records = history_.others.records;
+        if (records.empty()) {
+            return;
+        }
+        const auto [first, last] = records.equal_range(record);
+        for (auto entry = first; entry != last; ++entry) {
+            look(entry->second);
+        }
     }
 
     // Folder by folder, so that one listing at a time is held.
@@ -108,7 +179,9 @@ class Planner {
         for (const std::string& folder : folders) {
             if (folder == input && job_.listing) {
                 lookAtProductsIn(folder, *job_.listing);
-            } else if (isAnythingUpToDate()) {
+            } else if (areFewUpToDate()) {
+                lookAtProductsIn(folder, {});
+            } else {
                 lookAtProductsIn(folder, stamps_.listStamped(spelled(folder)));
             }
         }
@@ -134,9 +207,14 @@ class Planner {
         }
     }
 
-    // Else no product needs to be looked at.
-    [[nodiscard]] bool isAnythingUpToDate() const {
-        return std::ranges::any_of(reasons_, [](const auto& reason) { return !reason; });
+    // So that to ask for each of their products is less than to list all that are there; none at
+    // all among them.
+    [[nodiscard]] bool areFewUpToDate() const {
+        constexpr std::size_t many = 50;
+        const auto count = static_cast<std::size_t>(
+            std::ranges::count_if(reasons_, [](const auto& reason) { return !reason; }));
+        const std::size_t all = job_.listing ? job_.listing->files.size() : 0;
+        return count * many <= all;
     }
 
     void lookAtProductsIn(const std::string& folder, const StampedListing& listing) {
@@ -154,28 +232,49 @@ class Planner {
     }
 
     [[nodiscard]] std::optional<Reason> reasonOfProduct(std::size_t record, std::uint32_t place,
-                                                        const NameIndex& index) const {
+                                                        const NameIndex& index) {
         const ProductKind& kind = products_.kinds()[place];
         const std::string& name = job_.records[record].name;
         auto stamp = index.find(products_.nameOf(kind, name));
-        if (!stamp) { // or it is spelled otherwise, or a listing does not show it
+        if (!stamp) { // or there is no listing, or it is spelled otherwise there, or not shown
             stamp = stamps_.stampOf(products_.pathOf(kind, name));
         }
         if (!stamp) {
             return Reason{.kind = Reason::Kind::ProductRemoved, .product = place};
         }
-        return *stamp == known_[record]->products[place]
+        return isAsKnown(record, place, *stamp)
                    ? std::nullopt
                    : std::optional(Reason{.kind = Reason::Kind::ProductChanged, .product = place});
     }
 
+    // What is known of the record from now on is what fits this product, too.
+    bool isAsKnown(std::size_t record, std::uint32_t place, const Stamp& stamp) {
+        const auto fits = [&](const KnownRecord* known) { return known->products[place] == stamp; };
+        const auto also = alsoKnown_.find(record);
+        if (also == alsoKnown_.end()) {
+            return fits(known_[record]);
+        }
+        std::erase_if(also->second, [&](const KnownRecord* known) { return !fits(known); });
+        if (!fits(known_[record])) {
+            if (also->second.empty()) {
+                return false;
+            }
+            known_[record] = also->second.back();
+            also->second.pop_back();
+        }
+        return true;
+    }
+
     const Job& job_;
     const Products& products_;
-    const RunHistory& history_;
+    const StateHistory& history_;
     const FileStamps& stamps_;
-    std::map<std::uint32_t, std::optional<Reason::Kind>> changes_; // since each run
-    std::vector<std::optional<Reason>> reasons_;                   // of each record
-    std::vector<const KnownRecord*> known_;                        // likewise
+    Changes changes_;                            // since the runs of the own log
+    std::vector<Changes> changesElsewhere_;      // likewise of the others
+    std::vector<std::optional<Reason>> reasons_; // of each record
+    std::vector<const KnownRecord*> known_;      // likewise: that it was made, if it is true
+    std::unordered_map<std::size_t, std::vector<const KnownRecord*>> alsoKnown_; // by other runs
+    Plan plan_;
 };
 
 } // namespace
@@ -227,7 +326,7 @@ RunConditions conditionsNow(const BatchDefinition& job, const Products& products
                                job.sAliasesFile)};
 }
 
-Plan planRun(const Job& job, const Products& products, const RunHistory& history,
+Plan planRun(const Job& job, const Products& products, const StateHistory& history,
              const RunConditions& now, const FileStamps& stamps, bool all,
              const JudgedMessages* judged) {
     return Planner(job, products, history, now, stamps).plan(all, judged);

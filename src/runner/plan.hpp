@@ -4,7 +4,7 @@
 #include "runner/job.hpp"
 #include "runner/judged_messages.hpp"
 #include "runner/products.hpp"
-#include "runner/run_log.hpp"
+#include "runner/state_logs.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -49,21 +49,33 @@ struct PlannedRecord {
     bool operator==(const PlannedRecord&) const = default;
 };
 
+// That a record was in work when a run of another log was killed: told there for ever, were it not
+// settled once the record is made.
+struct BegunElsewhere {
+    std::uint32_t record = 0; // of Job::records
+    std::string log;
+    std::uint32_t run = 0;
+
+    bool operator==(const BegunElsewhere&) const = default;
+};
+
 struct Plan {
     std::vector<PlannedRecord> toRun; // by name
     std::size_t upToDate = 0;
+    std::vector<BegunElsewhere> toSettle; // by record
 };
 
 // The files that a run depends on beside the records, as they are now.
 [[nodiscard]] RunConditions conditionsNow(const BatchDefinition& job, const Products& products,
                                           const FileStamps& stamps);
 
-// What of the job must run. A record is up to date when its last run made it, under the same
-// conditions, and it and its products are as that run left them; with `all` none is.
+// What of the job must run. A record is up to date when a run made it, whose log ever tells of
+// that, under the same conditions, and it and its products are as that run left them, and no run
+// that was killed had it in work; with `all` none is.
 // Asks once for each folder that holds products, and once more for each product that a listing does
-// not show. With `judged`, what would be up to date must run where its messages fail it, or are not
-// known. Raises what FileStamps raises.
-[[nodiscard]] Plan planRun(const Job& job, const Products& products, const RunHistory& history,
+// not show; of a few records among many, once for each product. With `judged`, what would be up to
+// date must run where its messages fail it, or are not known. Raises what FileStamps raises.
+[[nodiscard]] Plan planRun(const Job& job, const Products& products, const StateHistory& history,
                            const RunConditions& now, const FileStamps& stamps, bool all,
                            const JudgedMessages* judged = nullptr);
 

@@ -31,6 +31,12 @@ std::string endText(const CallOutcome& outcome) {
 
 } // namespace
 
+bool wasAskedToEnd(const RecordOutcome& outcome) {
+    constexpr std::int64_t sigterm = 15;
+    return !outcome.calls.empty() && outcome.calls.back().end.kind == ToolEnd::Kind::Signalled &&
+           outcome.calls.back().end.code == sigterm;
+}
+
 std::string failureText(const CallOutcome& outcome) {
     std::string text = std::string(nameOf(outcome.tool)) + " " + endText(outcome);
     const std::string said = lastLineOf(outcome.end.said);

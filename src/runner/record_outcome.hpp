@@ -33,6 +33,10 @@ struct RecordOutcome {
     std::optional<RecordMessages> messages;
 };
 
+// Whether its last tool ended by the signal that asks for that. Engines send it to all of a job, to
+// us and to the tools that we run.
+[[nodiscard]] bool wasAskedToEnd(const RecordOutcome& outcome);
+
 // "MP ended with status 2: no such element". Of a call whose status is not accepted.
 [[nodiscard]] std::string failureText(const CallOutcome& outcome);
 

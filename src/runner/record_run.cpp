@@ -27,7 +27,8 @@ RecordRun::RecordRun(const Job& job, const Products& products, const RunSettings
 RecordOutcome RecordRun::run(const std::string& record) {
     RecordOutcome outcome = attempt(record);
     for (std::size_t more = settings_.retries;
-         more > 0 && outcome.result == RecordOutcome::Result::Failed; --more) {
+         more > 0 && outcome.result == RecordOutcome::Result::Failed && !wasAskedToEnd(outcome);
+         --more) {
         outcome = attempt(record);
     }
     judgeMessages(outcome);

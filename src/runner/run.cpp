@@ -4,8 +4,10 @@
 #include "platform/run_time_error.hpp"
 #include "runner/slots.hpp"
 
+#include <algorithm>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -65,12 +67,15 @@ class OwnedRun {
         slots_ = &slots; // as long as they work
         handOut();
         while (given_ > 0) {
-            if (auto message = inbox_.take(aMoment)) {
+            if (auto message = inbox_.take(untilNextLook())) {
                 std::visit([&](auto& what) { hear(what); }, *message);
                 handOut();
+                judgeEnded(false);
             } else {
+                judgeEnded(true);
                 tell([](RunObserver& observer) { observer.idle(); });
             }
+            endWhatIsLate();
         }
         slots_ = nullptr;
     }
@@ -97,7 +102,33 @@ class OwnedRun {
         });
     }
 
+    // A tool that was asked to end did not fail, when we are asked as well: which may come a moment
+    // later.
     void hear(RecordOutcome& outcome) {
+        if (wasAskedToEnd(outcome)) {
+            ended_.push_back(std::move(outcome));
+            endedUntil_ = parts_.clock.steadySeconds() + aMoment;
+        } else {
+            take(outcome);
+        }
+    }
+
+    void judgeEnded(bool nothingCame) {
+        const bool ordered = summary_.interruption == Interruption::Ordered;
+        if (ended_.empty() ||
+            !(ordered || nothingCame || parts_.clock.steadySeconds() >= endedUntil_)) {
+            return;
+        }
+        for (RecordOutcome& outcome : std::exchange(ended_, {})) {
+            if (ordered) {
+                outcome.result = RecordOutcome::Result::Interrupted;
+            }
+            take(outcome);
+        }
+        handOut();
+    }
+
+    void take(const RecordOutcome& outcome) {
         --given_;
         using enum RecordOutcome::Result;
         switch (outcome.result) {
@@ -120,14 +151,38 @@ class OwnedRun {
         }
     }
 
+    // After the first interruption what runs may end, for as long as there is time.
     void hear(Interruption interruption) {
-        const bool now = interruption == Interruption::Ordered || summary_.interruption;
+        const bool ordered = interruption == Interruption::Ordered;
+        const std::optional<double> notice = parts_.settings.notice;
+        const bool now = summary_.interruption || (ordered && !notice);
         summary_.interruption = interruption;
         endHandingOut();
-        tell([&](RunObserver& observer) { observer.ending(now, interruption); });
         if (now) {
-            parts_.services.processes.halt();
+            endTools();
+            return;
         }
+        if (ordered) { // the other half is for what is to be done when the tools have ended
+            deadline_ = parts_.clock.steadySeconds() + *notice / 2;
+        }
+        tell([&](RunObserver& observer) { observer.ending(false, interruption); });
+    }
+
+    void endTools() {
+        deadline_.reset();
+        tell([&](RunObserver& observer) { observer.ending(true, *summary_.interruption); });
+        parts_.services.processes.halt();
+    }
+
+    void endWhatIsLate() {
+        if (deadline_ && parts_.clock.steadySeconds() >= *deadline_) {
+            endTools();
+        }
+    }
+
+    [[nodiscard]] double untilNextLook() const {
+        return deadline_ ? std::clamp(*deadline_ - parts_.clock.steadySeconds(), 0.0, aMoment)
+                         : aMoment;
     }
 
     void endHandingOut() {
@@ -148,6 +203,19 @@ class OwnedRun {
                                            .stamp = outcome.stamp,
                                            .calls = notesOf(outcome.calls),
                                            .products = outcome.products}));
+        if (outcome.result == RecordOutcome::Result::Made) {
+            settle(outcome.record);
+        }
+    }
+
+    // There are none but after a run of another log was killed.
+    void settle(const std::string& record) {
+        for (const BegunElsewhere& begun : parts_.plan.toSettle) {
+            if (parts_.job.records[begun.record].name == record) {
+                static_cast<void>(write(SettledLine{
+                    .run = parts_.run, .record = record, .log = begun.log, .begunIn = begun.run}));
+            }
+        }
     }
 
     void writeMessages(const RecordOutcome& outcome) {
@@ -199,6 +267,9 @@ class OwnedRun {
     std::size_t given_ = 0;         // and not heard of again
     std::size_t failures_ = 0;
     bool ending_ = false;
+    std::vector<RecordOutcome> ended_; // whose tools were asked to end; not judged yet
+    double endedUntil_ = 0;            // when that is done at the latest, by the clock
+    std::optional<double> deadline_;   // when running tools are ended, by the clock
     RunSummary summary_;
 };
 

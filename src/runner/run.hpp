@@ -38,7 +38,8 @@ struct RunParts {
 
 // Runs what is planned, so many records at once, writes each outcome into the log and tells the
 // observers. Interruptions come through `inbox`: after the first that is only asked for, what runs
-// may end; after any other, it is ended. Raises only for want of memory or threads.
+// may end; after an order, too, for half of the notice that the settings promise; after any other,
+// it is ended. Raises only for want of memory or threads.
 [[nodiscard]] RunSummary runRecords(const RunParts& parts, Inbox<RunMessage>& inbox, RunLog& log,
                                     std::span<RunObserver* const> observers);
 

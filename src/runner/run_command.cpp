@@ -69,7 +69,7 @@ class DefinitionRun {
     DefinitionRun(const RunRequest& request, const RunnerServices& services)
         : request_(request),
           services_(services),
-          logPath_(joinPath(request.stateFolder, "run.log")),
+          logPath_(joinPath(request.stateFolder, logNameOf(request.job.share))),
           console_(services.terminal, services.clock, request.style,
                    shownPath(services.paths, logPath_)) {}
 
@@ -102,7 +102,7 @@ class DefinitionRun {
         return ExitStatus::NothingRun;
     }
 
-    Plan plan(Job& job, const Products& products, const RunHistory& history,
+    Plan plan(Job& job, const Products& products, const StateHistory& history,
               const RunConditions& now) const {
         const MessagePatterns& patterns = request_.settings.messages;
         std::optional<JudgedMessages> judged;
@@ -115,20 +115,29 @@ class DefinitionRun {
         return result;
     }
 
-    RunHistory readHistory() {
-        RunHistory history = readRunLog(services_.files, logPath_);
-        if (history.torn) {
-            console_.complain("The last line of the run log was cut short; it is dropped.");
-        }
-        if (history.damaged > 0) {
-            console_.complain(std::to_string(history.damaged) +
-                              " damaged line(s) of the run log are dropped.");
+    StateHistory readHistory() {
+        StateHistory history =
+            readStateHistory(services_.files, services_.locks, request_.stateFolder,
+                             request_.job.share, request_.holder);
+        tellDropped("the run log", history.own.torn, history.own.damaged);
+        for (const OtherLogs::Log& log : history.others.logs) {
+            tellDropped(log.name, log.torn, log.damaged);
         }
         return history;
     }
 
+    void tellDropped(const std::string& log, bool torn, std::size_t damaged) {
+        if (torn) {
+            console_.complain("The last line of " + log + " was cut short; it is dropped.");
+        }
+        if (damaged > 0) {
+            console_.complain(std::to_string(damaged) + " damaged line(s) of " + log +
+                              " are dropped.");
+        }
+    }
+
     ExitStatus tellPlan(Job& job, const Products& products) {
-        const RunHistory history = readHistory();
+        const StateHistory history = readHistory();
         const auto planned =
             plan(job, products, history, conditionsNow(job.definition, products, services_.stamps));
         Results results(services_.terminal);
@@ -154,12 +163,18 @@ class DefinitionRun {
     }
 
     // Raises, in a sentence that names the folder.
-    std::unique_ptr<HeldLock> lockState(const std::string& lockPath) {
+    std::unique_ptr<StateLock> lockState() {
         try {
             if (!FolderExists(services_.files, request_.stateFolder)) {
                 services_.files.createFolder(request_.stateFolder);
             }
-            return services_.locks.tryLock(lockPath, request_.holder);
+            return std::make_unique<StateLock>(
+                services_.files, services_.locks,
+                StateLock::Request{.folder = request_.stateFolder,
+                                   .share = request_.job.share,
+                                   .holder = request_.holder,
+                                   .times = request_.lockTimes},
+                [this](const std::string& sentence) { console_.complain(sentence); });
         } catch (const RunTimeError& error) {
             throw error.described("The folder " +
                                   quoted(shownPath(services_.paths, request_.stateFolder)) +
@@ -168,22 +183,21 @@ class DefinitionRun {
     }
 
     ExitStatus run(Job& job, const Products& products) {
-        const std::string lockPath = joinPath(request_.stateFolder, "lock");
-        const auto lock = lockState(lockPath);
-        if (!lock) {
-            return refuse({"Another tarnwick-run is at work on this definition: " +
-                           services_.locks.holderOf(lockPath) + "."});
+        const auto lock = lockState();
+        if (!lock->refusal().empty()) {
+            return refuse({lock->refusal()});
         }
-        const WrittenFiles written(products, services_.files, services_.stamps, services_.clock);
+        const WrittenFiles written(products, services_.files, services_.stamps, services_.clock,
+                                   temporaryName() + "probe.tmp");
         if (!written.faults().empty()) {
             return refuse(written.faults());
         }
-        RunHistory history = readHistory();
+        StateHistory history = readHistory();
         const RunConditions now = conditionsNow(job.definition, products, services_.stamps);
         const Plan planned = plan(job, products, history, now);
         clearLeftovers(products);
-        RunLog log(services_.files, logPath_, history);
-        const std::uint32_t number = history.lastRun() + 1;
+        RunLog log(services_.files, logPath_, history.own);
+        const std::uint32_t number = history.own.lastRun() + 1;
         history = {};
         const std::string begun = services_.clock.dateAndTime();
         std::optional<MessageLog> messages; // not even looked at where there is nothing to do
@@ -196,6 +210,8 @@ class DefinitionRun {
                                             .paths = services_.paths,
                                             .processes = services_.processes,
                                             .toolText = services_.toolText};
+        Inbox<RunMessage>& inbox = listenedInbox();
+        keep(*lock);
         const auto summary = runRecords({.job = job,
                                          .products = products,
                                          .plan = planned,
@@ -206,7 +222,8 @@ class DefinitionRun {
                                          .run = number,
                                          .temporary = temporaryPath(),
                                          .messages = messages ? &*messages : nullptr},
-                                        listenedInbox(), log, observers_);
+                                        inbox, log, observers_);
+        tellLost(*lock);
         if (summary.logFault.empty()) {
             log.close();
         }
@@ -243,10 +260,27 @@ class DefinitionRun {
         return notes.faults.empty();
     }
 
-    // No other runner has the same: pages of several definitions may lie in one folder.
+    // Nobody shall go on with records that another machine has begun, for want of locks there: not
+    // even for as long as an order to end would allow.
+    void keep(StateLock& lock) {
+        lock.keep([inbox = inbox_](const std::string& /*holder*/) {
+            inbox->put(Interruption::Ordered);
+            inbox->put(Interruption::Ordered);
+        });
+    }
+    void tellLost(const StateLock& lock) {
+        if (const std::string holder = lock.lostTo(); !holder.empty()) {
+            console_.complain(
+                "Another tarnwick-run has begun the same, so that this one has ended: " + holder +
+                ".");
+        }
+    }
+
+    // No other runner has the same: pages of several definitions may lie in one folder, and several
+    // shares be at work.
     [[nodiscard]] std::string temporaryName() const {
-        return "tarnwick-run-" + hexadecimal(hashOf(upperCase(request_.stateFolder))).substr(8) +
-               "-";
+        const std::string ours = request_.job.share ? logPath_ : request_.stateFolder;
+        return "tarnwick-run-" + hexadecimal(hashOf(upperCase(ours))).substr(8) + "-";
     }
     [[nodiscard]] std::string temporaryPath() const {
         return joinPath(request_.stateFolder, temporaryName());

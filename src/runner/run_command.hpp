@@ -12,6 +12,7 @@
 #include "runner/run_observer.hpp"
 #include "runner/run_settings.hpp"
 #include "runner/run_totals.hpp"
+#include "runner/state_lock.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -66,8 +67,9 @@ struct RunRequest {
     RunSettings settings;
     ConsoleStyle style;
     std::string stateFolder; // full path
-    std::string holder;      // who we are, for another runner to tell
-    bool dryRun = false;     // only says what would be done
+    std::string holder; // who we are, for another runner to tell: "process 12 on HOST, since noon"
+    LockTimes lockTimes{};
+    bool dryRun = false;                                       // only says what would be done
     std::function<RunEndNotes(const RunEnd& end)> whenEnded{}; // may be empty; does not raise
 };
 

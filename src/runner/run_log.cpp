@@ -37,10 +37,10 @@ struct Taker {
                                                    .stamp = line.stamp,
                                                    .products = std::move(line.products)};
     }
+    void operator()(SettledLine& line) const { history.settled.push_back(std::move(line)); }
 };
 
-// Calls `use` with the text of each whole line, and what it says. The last that was not whole is
-// nothing; what stands before it is.
+// Calls `use` with the text of each line, and what it says: nothing where it is not whole.
 template <typename Use>
 void readLines(LineReader& lines, const Use& use) {
     while (const auto text = lines.next()) {
@@ -68,6 +68,7 @@ struct IsNeeded {
     bool operator()(const RunLine& of) const { return runs.contains(of.run); }
     bool operator()(const BegunLine& of) const { return isLast(of.record); }
     bool operator()(const RecordLine& of) const { return isLast(of.record); }
+    bool operator()(const SettledLine& /*of*/) const { return true; } // there are few
     [[nodiscard]] bool isLast(const std::string& record) const {
         const auto known = history.records.find(record);
         return known != history.records.end() && known->second.line == line;
@@ -91,6 +92,18 @@ std::string neededLines(const Files& files, std::string_view path, const RunHist
     return log;
 }
 
+// Another runner may be reading it, and on Windows keeps its place by that. The next run is soon
+// enough.
+void makeAnew(Files& files, std::string_view path, const RunHistory& history) {
+    try {
+        writeInOneStep(files, path, neededLines(files, path, history));
+    } catch (const RunTimeError& error) {
+        if (!error.is(ErrorNumber::PermissionDenied)) {
+            throw;
+        }
+    }
+}
+
 bool isWorthMakingAnew(const RunHistory& history) {
     const std::size_t useful = history.records.size() + history.runs.size();
     return history.torn || history.damaged > 0 ||
@@ -105,7 +118,8 @@ void take(LogLine line, RunHistory& history) {
 }
 
 RunHistory readRunLog(const Files& files, std::string_view path,
-                      const std::function<void(const LogLine& line)>& tell) {
+                      const std::function<void(const LogLine& line)>& tell,
+                      const WantedRecords& wanted) {
     RunHistory history;
     if (!FileExists(files, path)) {
         return history;
@@ -114,9 +128,18 @@ RunHistory readRunLog(const Files& files, std::string_view path,
     LineReader lines(*file, LineEnds::Any);
     const std::string title(lines.next().value_or(""));
     history.torn = !checkLogTitle(title, logTitle, logVersion, "The run log", path);
-    readLines(lines, [&](std::string_view /*text*/, std::optional<LogLine> line) {
+    while (const auto text = lines.next()) {
+        if (text->empty()) { // it stands between two runs
+            continue;
+        }
         // What was taken for a torn end was none, when something follows it.
         history.damaged += history.torn ? 1 : 0;
+        history.torn = false;
+        const auto record = wanted ? recordOfLogLine(*text) : std::nullopt;
+        if (record && !wanted(*record)) {
+            continue;
+        }
+        auto line = parseLogLine(*text);
         history.torn = !line;
         if (line) {
             if (tell) {
@@ -124,7 +147,7 @@ RunHistory readRunLog(const Files& files, std::string_view path,
             }
             take(*std::move(line), history);
         }
-    });
+    }
     return history;
 }
 
@@ -132,7 +155,7 @@ RunLog::RunLog(Files& files, std::string_view path, const RunHistory& history) {
     if (!FileExists(files, path)) {
         writeInOneStep(files, path, titleLine() + "\n");
     } else if (isWorthMakingAnew(history)) {
-        writeInOneStep(files, path, neededLines(files, path, history));
+        makeAnew(files, path, history);
     }
     file_ = files.append(path);
     file_->write("\n"); // also ends a line that was cut short just before its own end

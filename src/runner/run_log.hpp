@@ -38,6 +38,7 @@ struct TextHash {
 struct RunHistory {
     std::unordered_map<std::string, KnownRecord, TextHash, std::equal_to<>> records;
     std::map<std::uint32_t, RunConditions> runs;
+    std::vector<SettledLine> settled;
     std::uint32_t lines = 0; // that are whole
     std::size_t damaged = 0; // lines in the middle that are not
     bool torn = false;       // the last line is not whole: its writing was cut short
@@ -50,18 +51,22 @@ struct RunHistory {
 // Adds what the next line says.
 void take(LogLine line, RunHistory& history);
 
-// Reads a log; an empty one where there is none. `tell` hears of each line. Raises what
-// Files::openForReading and InputFile::read raise, and 321 (with a description for people) where
-// the file is no log or one of a newer version.
+// Reads a log; an empty one where there is none. `tell` hears of each line. Where `wanted` is
+// given, lines about other records are passed over. Raises what Files::openForReading and
+// InputFile::read raise, and 321 (with a description for people) where the file is no log or one of
+// a newer version.
+using WantedRecords = std::function<bool(std::string_view record)>;
 [[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path,
-                                    const std::function<void(const LogLine& line)>& tell = {});
+                                    const std::function<void(const LogLine& line)>& tell = {},
+                                    const WantedRecords& wanted = {});
 
 // Writes the log, a line at a time; each is with the system before the next is begun.
 class RunLog {
   public:
     // Makes the log where there is none. Where most of it is stale, or something of it is damaged,
-    // it is first made anew, in one step, of the lines that `history` still needs. Raises what
-    // Files raises; the log is then as it was.
+    // it is first made anew, in one step, of the lines that `history` still needs, unless somebody
+    // is just reading it where a system does not allow that. Raises what Files raises; the log is
+    // then as it was.
     RunLog(Files& files, std::string_view path, const RunHistory& history);
 
     // Raises 61, 57.

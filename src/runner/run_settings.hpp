@@ -17,7 +17,10 @@ struct RunSettings {
     std::size_t retries = 0;              // more attempts, when a record fails
     std::optional<std::size_t> stopAfter; // so many failures; nothing more is begun then
     bool keepPartial = false;             // what a failed call leaves of its products stays
-    bool all = false;                     // also what is up to date
+    // How long the system waits after an order to end before it ends everything, in seconds;
+    // nothing: not at all.
+    std::optional<double> notice{};
+    bool all = false; // also what is up to date
     MessagePatterns messages{};
 
     bool operator==(const RunSettings&) const = default;

@@ -19,8 +19,9 @@ std::int64_t nanoseconds(const RunClock& clock) {
 }
 
 // The file system's time, by a file made for that.
-std::int64_t timeIn(const std::string& folder, Files& files, const FileStamps& stamps) {
-    const std::string probe = joinPath(folder, "tarnwick-run", ".tmp");
+std::int64_t timeIn(const std::string& folder, const std::string& name, Files& files,
+                    const FileStamps& stamps) {
+    const std::string probe = joinPath(folder, name);
     createAnew(files, probe)->close();
     const auto stamp = stamps.stampOf(probe);
     files.remove(probe);
@@ -30,14 +31,14 @@ std::int64_t timeIn(const std::string& folder, Files& files, const FileStamps& s
 } // namespace
 
 WrittenFiles::WrittenFiles(const Products& products, Files& files, const FileStamps& stamps,
-                           const RunClock& clock)
+                           const RunClock& clock, const std::string& probe)
     : clock_(clock) {
     std::map<std::string, std::int64_t> known;
     for (const ProductKind& kind : products.kinds()) {
         const auto [folder, isNew] = known.try_emplace(upperCase(kind.folder), 0);
         if (isNew) {
             try {
-                folder->second = timeIn(kind.folder, files, stamps) - nanoseconds(clock);
+                folder->second = timeIn(kind.folder, probe, files, stamps) - nanoseconds(clock);
             } catch (const RunTimeError& error) {
                 faults_.push_back("Nothing can be made in the folder " + quoted(kind.folder) +
                                   ": " + error.record().description + ".");

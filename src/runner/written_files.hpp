@@ -16,10 +16,11 @@ namespace tarnwick {
 // may be as coarse as two seconds, and the file system's clock may be another than ours.
 class WrittenFiles {
   public:
-    // Makes and removes a file in each folder of `products`: so it is known that products can be
-    // made there, and what time the file system has. Refers to `clock`.
+    // Makes and removes a file named `probe` in each folder of `products`, which no other runner
+    // may call so: thus it is known that products can be made there, and what time the file system
+    // has. Refers to `clock`.
     WrittenFiles(const Products& products, Files& files, const FileStamps& stamps,
-                 const RunClock& clock);
+                 const RunClock& clock, const std::string& probe);
 
     // Of the folders where nothing can be made, a sentence each.
     [[nodiscard]] const std::vector<std::string>& faults() const noexcept { return faults_; }

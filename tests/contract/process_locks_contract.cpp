@@ -2,6 +2,9 @@
 #include "contract/runner_platform.hpp"
 #include "support/eventually.hpp"
 
+#include <atomic>
+#include <thread>
+
 namespace tarnwick {
 namespace {
 
@@ -34,6 +37,44 @@ TEST_F(ProcessLocksContract, A_file_that_lies_there_is_taken) {
     const auto held = locks.tryLock(in("lock"), "me");
     ASSERT_NE(held, nullptr);
     EXPECT_EQ(locks.holderOf(in("lock")), "me");
+}
+
+TEST_F(ProcessLocksContract, Its_holder_may_say_more_and_less_later) {
+    const auto held = locks.tryLock(in("lock"), "process 12");
+    ASSERT_NE(held, nullptr);
+    held->write("process 12, still there");
+    EXPECT_EQ(locks.holderOf(in("lock")), "process 12, still there");
+    held->write("");
+    EXPECT_EQ(locks.holderOf(in("lock")), "");
+    EXPECT_TRUE(locks.isHeld(in("lock")));
+}
+
+TEST_F(ProcessLocksContract, Others_see_whether_it_is_held) {
+    EXPECT_FALSE(locks.isHeld(in("lock")));
+    EXPECT_FALSE(exists("lock"));
+    EXPECT_FALSE(locks.isHeld(in("a?b")));
+    auto held = locks.tryLock(in("lock"), "me");
+    ASSERT_NE(held, nullptr);
+    EXPECT_TRUE(locks.isHeld(in("lock")));
+    EXPECT_TRUE(locks.isHeld(in("LOCK")));
+    held.reset();
+    EXPECT_FALSE(locks.isHeld(in("lock")));
+    const auto other = runner->start(runner->program("runner_stub"),
+                                     {"hold_lock", platform->libraryPath(in("lock"))});
+    EXPECT_TRUE(eventually([&] { return locks.isHeld(in("lock")); }));
+}
+
+TEST_F(ProcessLocksContract, Whoever_looks_keeps_nobody_from_taking_it) {
+    std::atomic<bool> enough = false;
+    const std::jthread looking([&] {
+        while (!enough) {
+            static_cast<void>(locks.isHeld(in("lock")));
+        }
+    });
+    for (int time = 0; time < 500; ++time) {
+        EXPECT_NE(locks.tryLock(in("lock"), "me"), nullptr) << time;
+    }
+    enough = true;
 }
 
 TEST_F(ProcessLocksContract, Nobody_has_to_give_his_name) {

@@ -20,6 +20,9 @@ fail() {
 contents="bin/tarnwick-run
 share/bash-completion/completions/tarnwick-run
 share/doc/tarnwick-run/README
+share/doc/tarnwick-run/cluster/README
+share/doc/tarnwick-run/cluster/tarnwick.sbatch
+share/doc/tarnwick-run/cluster/tarnwick.submit
 share/doc/tarnwick-run/copyright
 share/man/man1/tarnwick-run.1"
 
@@ -93,7 +96,7 @@ Installed_the_deb_works_and_removed_it_leaves_nothing() {
     works "$root/usr/bin/tarnwick-run"
     package -L tarnwick-run
     grep '/tarnwick-run' "$work/dpkg" >"$work/owned" # what is nobody else's
-    [ "$(wc -l <"$work/owned")" -eq 6 ] || fail "$(cat "$work/owned")"
+    [ "$(wc -l <"$work/owned")" -eq 10 ] || fail "$(cat "$work/owned")"
     package -r tarnwick-run
     while read -r file; do [ ! -e "$root$file" ] || fail "$file was left"; done <"$work/owned"
     ! dpkg ${root:+--root="$root"} -s tarnwick-run >/dev/null 2>&1

@@ -8,6 +8,7 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -283,6 +284,26 @@ TEST_F(InterruptedRunner, Ctrl_C_once_more_and_SIGTERM_end_every_tool_with_its_t
     }
 }
 
+TEST_F(InterruptedRunner, SIGTERM_with_notice_lets_tools_end_and_ends_those_that_do_not) {
+    auto program = start({definition(), "-j2", "--notice", "2h"});
+    waitForTools(2);
+    program->send(SIGTERM);
+    EXPECT_TRUE(eventually([&] { return error().contains("may end while there is time"); }));
+    write("go", "");
+    EXPECT_EQ(program->wait(), 143);
+    EXPECT_THAT(output(), HasSubstr("2 made, 0 failed, 0 up to date, 18 not run"));
+    fs::remove(root_ / "go");
+    program = start({definition(), "-j2", "--notice", "0.5"});
+    waitForTools(4);
+    program->send(SIGTERM);
+    EXPECT_EQ(program->wait(), 143);
+    EXPECT_THAT(output(), HasSubstr("0 made, 0 failed, 2 up to date, 18 not run"));
+    expectNoToolIsLeft();
+    write("go", "");
+    EXPECT_EQ(run({definition()}), 0) << error();
+    EXPECT_THAT(output(), HasSubstr("18 made"));
+}
+
 TEST_F(InterruptedRunner, A_runner_that_is_killed_leaves_no_tool) {
     const auto program = start({definition(), "-j4"});
     waitForTools(4);
@@ -428,6 +449,90 @@ TEST_F(RunnerProgram, Nobody_who_stops_reading_stops_it) {
     EXPECT_TRUE(eventually([&] { return !contentOf(root_ / "status").empty(); }));
     EXPECT_EQ(contentOf(root_ / "status"), "0\n");
     EXPECT_EQ(products().size(), 6U);
+}
+
+// --- shares of a definition ---
+
+// Eight of them: killed, at once, and again with as many others.
+TEST_F(RunnerProgram, Shares_at_once_make_what_one_run_makes_and_none_twice) {
+    writeRecords(60);
+    script("mp",
+           "echo \"$7\" >> \"${7%/in/*}/calls.txt\"; cat \"$7\" > \"$4\"; echo page > \"$6\"");
+    std::vector<std::unique_ptr<StartedProgram>> shares;
+    for (int number = 1; number <= 8; ++number) {
+        const std::string share = std::to_string(number) + "/8";
+        shares.push_back(
+            std::make_unique<StartedProgram>(command({definition(), "-j2", "--shard", share}),
+                                             root_ / ("share" + share.substr(0, 1))));
+    }
+    for (const auto& share : shares) {
+        EXPECT_EQ(share->wait(), 0);
+    }
+    EXPECT_EQ(products().size(), 120U);
+    const std::string calls = contentOf(root_ / "calls.txt");
+    EXPECT_EQ(std::ranges::count(calls, '\n'), 60);
+    for (const std::string number : {"1/3", "2/3", "3/3"}) {
+        EXPECT_EQ(run({definition(), "--shard", number}), 0) << error();
+        EXPECT_THAT(output(), HasSubstr("0 made, 0 failed"));
+    }
+    EXPECT_EQ(run({definition()}), 0) << error();
+    EXPECT_THAT(output(), HasSubstr("0 made, 0 failed, 60 up to date"));
+    EXPECT_EQ(contentOf(root_ / "calls.txt"), calls);
+}
+
+TEST_F(RunnerProgram, The_calls_of_a_share_are_printed_alone) {
+    writeRecords(30);
+    std::ptrdiff_t calls = 0;
+    for (const char* const share : {"1/4", "2/4", "3/4", "4/4"}) {
+        EXPECT_EQ(run({"commands", definition(), "--shard", share}), 0) << error();
+        const std::string printed = output();
+        calls += std::ranges::count(printed, '\n');
+    }
+    EXPECT_EQ(calls, 30);
+}
+
+TEST_F(RunnerProgram, A_share_comes_from_the_engine_or_is_wrong_use) {
+    writeRecords(9);
+    const auto runIn = [&](std::vector<std::string> environment) {
+        std::vector<std::string> words{"env"};
+        words.insert(words.end(), environment.begin(), environment.end());
+        for (const std::string& word : command({definition(), "--shard", "auto"})) {
+            words.push_back(word);
+        }
+        return StartedProgram(words, root_ / "said").wait();
+    };
+    EXPECT_EQ(
+        runIn({"SLURM_ARRAY_TASK_ID=4", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}), 0)
+        << error();
+    EXPECT_TRUE(fs::exists(root_ / "night.state/share-3-of-5.log"));
+    EXPECT_EQ(runIn({"TARNWICK_SHARD=1/5"}), 0) << error();
+    EXPECT_TRUE(fs::exists(root_ / "night.state/share-1-of-5.log"));
+    EXPECT_EQ(
+        runIn({"SLURM_ARRAY_TASK_ID=9", "SLURM_ARRAY_TASK_MIN=2", "SLURM_ARRAY_TASK_COUNT=5"}), 2);
+    EXPECT_THAT(error(), HasSubstr("not numbered one after the other"));
+    EXPECT_EQ(runIn({"TARNWICK_SHARD=6/5"}), 2);
+    EXPECT_EQ(runIn({}), 2);
+    EXPECT_THAT(error(), HasSubstr("--shard auto is for a task of a Slurm array"));
+    EXPECT_EQ(run({definition(), "--shard", "0/5"}), 2);
+}
+
+TEST_F(RunnerProgram, A_share_and_a_run_over_all_records_are_told_who_is_at_work) {
+    writeRecords(4);
+    script("mp", "while [ ! -e \"${7%/in/*}/go\" ]; do sleep 0.1; done; "
+                 "cat \"$7\" > \"$4\"; echo page > \"$6\"");
+    const auto first = start({definition(), "--shard", "1/1"});
+    EXPECT_TRUE(eventually([&] { return fs::exists(root_ / "night.state/share-1-of-1.log"); }));
+    for (const std::vector<std::string>& more :
+         {std::vector<std::string>{}, {"--shard", "1/1"}, {"--shard", "1/2"}}) {
+        std::vector<std::string> words{definition()};
+        words.insert(words.end(), more.begin(), more.end());
+        StartedProgram second(command(words), root_ / "second");
+        EXPECT_EQ(second.wait(), 2);
+        EXPECT_THAT(contentOf(root_ / "second.err"), HasSubstr("at work on share 1 of 1"));
+    }
+    write("go", "");
+    EXPECT_EQ(first->wait(), 0) << error();
+    EXPECT_EQ(run({definition()}), 0) << error();
 }
 
 } // namespace

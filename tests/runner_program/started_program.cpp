@@ -42,7 +42,9 @@ StartedProgram::~StartedProgram() {
 }
 
 void StartedProgram::send(int signal) const {
-    ::kill(process_, signal);
+    if (process_ > 0) { // of -1 the system would think that everybody is meant
+        ::kill(process_, signal);
+    }
 }
 
 bool StartedProgram::hasEnded() {

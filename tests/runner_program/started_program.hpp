@@ -18,6 +18,7 @@ class StartedProgram {
     StartedProgram& operator=(StartedProgram&&) = delete;
     ~StartedProgram();
 
+    // Nothing where it has been waited for.
     void send(int signal) const;
     [[nodiscard]] bool hasEnded();
     // Waits; its exit status, or the negative number of the signal that ended it.

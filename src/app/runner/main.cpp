@@ -95,9 +95,14 @@ class RunnerMain {
                            .stateFolder = options_.state.empty()
                                               ? stateFolderOf(file)
                                               : platform_->typedPath(options_.state),
-                           .holder = platform_->processName() + ", since " + clock_.dateAndTime(),
+                           .holder = holder(),
+                           .lockTimes = {},
                            .dryRun = options_.dryRun};
-        request.style.noColour = !platform_->process().environmentVariable("NO_COLOR").empty();
+        request.style.noColour = !environment("NO_COLOR").empty();
+        if (options_.shareOfEngine) {
+            request.job.share =
+                shareOfEnvironment([this](std::string_view name) { return environment(name); });
+        }
         for (std::string* const path :
              {&request.job.inputFolder, &request.job.mpExecutable, &request.job.cnsExecutable}) {
             if (!path->empty()) {
@@ -105,6 +110,18 @@ class RunnerMain {
             }
         }
         return request;
+    }
+
+    [[nodiscard]] std::string environment(std::string_view name) const {
+        return platform_->process().environmentVariable(name);
+    }
+
+    // Who we are, for whoever finds us at work.
+    [[nodiscard]] std::string holder() const {
+        const std::string job =
+            jobOfEnvironment([this](std::string_view name) { return environment(name); });
+        return platform_->processName() + (job.empty() ? "" : ", " + job) + ", since " +
+               clock_.dateAndTime();
     }
 
     [[nodiscard]] ReportRequest reportsOn(const std::string& definitionFile,

@@ -55,6 +55,8 @@ struct Typed {
     std::string mp;
     std::string cns;
     std::string timeout;
+    std::string notice;
+    std::string shard;
     std::string accept = "0";
     std::string colour = "auto";
     std::string format = "sh";
@@ -70,6 +72,9 @@ void addWhat(CLI::App& app, Typed& typed) {
     app.add_option("-e,--extensions", job.inputExtensions, "only these, as \"*.met;*.txt\"");
     app.add_option("--mp", job.mpExecutable, "this MP, in place of the definition's");
     app.add_option("--cns", job.cnsExecutable, "this CNS, likewise");
+    app.add_option("--shard", typed.shard,
+                   "of several equal parts of the records, only this: K/N, or auto (a task of a "
+                   "Slurm array, or TARNWICK_SHARD=K/N)");
     app.add_flag("--in-place", job.inPlace, "a record may be overwritten by what is made of it");
 }
 
@@ -86,6 +91,9 @@ void addHow(CLI::App& app, Typed& typed) {
     app.add_option("--stop-after", typed.stopAfter, "begin nothing more after so many failures")
         ->check(CLI::Range(1, 1'000'000'000));
     app.add_flag("--keep-partial", settings.keepPartial, "keep what a failed tool has made");
+    app.add_option("--notice", typed.notice,
+                   "after SIGTERM, let the running tools end within half of this time (a share: "
+                   "30s; else they are ended at once)");
 }
 
 // What is found in the reports of the tools, and what is told of it.
@@ -135,6 +143,26 @@ std::string readAccept(const std::string& text, std::vector<std::int64_t>& accep
     return {};
 }
 
+std::string readShard(const std::string& text, RunnerOptions& options) {
+    options.shareOfEngine = text == "auto";
+    if (text.empty() || options.shareOfEngine) {
+        return {};
+    }
+    options.job.share = parseShare(text);
+    return options.job.share ? "" : "a share is K/N, with K from 1 to N, or auto: " + text;
+}
+
+// An engine that gives a share to a process ends it with notice.
+std::string readNotice(const Typed& typed, std::optional<double>& notice) {
+    constexpr double usual = 30;
+    if (typed.notice.empty()) {
+        const bool isShared = typed.options.job.share || typed.options.shareOfEngine;
+        notice = isShared ? std::optional(usual) : std::nullopt;
+        return {};
+    }
+    return readDuration(typed.notice, notice);
+}
+
 std::string wrongReports(const RunnerOptions& options) {
     for (const std::string& file : options.reports) {
         if (!reportKindOf(file)) {
@@ -150,6 +178,12 @@ std::string wrongReports(const RunnerOptions& options) {
 // What the user typed as text; a sentence where it means nothing.
 std::string readTexts(Typed& typed) {
     RunSettings& settings = typed.options.settings;
+    if (auto wrong = readShard(typed.shard, typed.options); !wrong.empty()) {
+        return wrong;
+    }
+    if (auto wrong = readNotice(typed, settings.notice); !wrong.empty()) {
+        return wrong;
+    }
     if (auto wrong = readAccept(typed.accept, settings.accept); !wrong.empty()) {
         return wrong;
     }

@@ -17,6 +17,7 @@ struct RunnerOptions {
     std::string definition;
     std::string state;
     JobRequest job;
+    bool shareOfEngine = false; // the share is the one that the environment tells
     RunSettings settings;
     ConsoleStyle style;
     ConsoleOptions console;

@@ -4,7 +4,6 @@
 #include "platform/posix/posix_open_files.hpp"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -16,6 +15,20 @@ namespace {
 class PosixHeldLock : public HeldLock {
   public:
     explicit PosixHeldLock(FileDescriptor file) : file_(std::move(file)) {}
+
+    // Over what is there: a reader never finds nothing.
+    void write(std::string_view holder) override {
+        if (::lseek(file_.get(), 0, SEEK_SET) != 0) {
+            raiseSystemError(errno);
+        }
+        const auto size = static_cast<off_t>(holder.size());
+        while (!holder.empty()) {
+            holder.remove_prefix(writeSome(file_, holder));
+        }
+        if (::ftruncate(file_.get(), size) != 0) {
+            raiseSystemError(errno);
+        }
+    }
 
   private:
     FileDescriptor file_; // the system gives the lock free when it is closed
@@ -32,11 +45,24 @@ FileDescriptor openLockFile(const std::string& hostPath) {
     return file;
 }
 
+// A byte far behind any content: where a file system keeps others from what is locked, they can
+// still read who holds it. The lock belongs to the open file, not to the process, and can be asked
+// for without being taken; network file systems pass it on to their servers.
+struct flock lockedPlace() {
+    struct flock place{};
+    place.l_type = F_WRLCK;
+    place.l_whence = SEEK_SET;
+    place.l_start = 0x40000000;
+    place.l_len = 1;
+    return place;
+}
+
 bool lock(const FileDescriptor& file) {
-    if (::flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
+    auto place = lockedPlace();
+    if (::fcntl(file.get(), F_OFD_SETLK, &place) == 0) {
         return true;
     }
-    if (errno != EWOULDBLOCK) {
+    if (errno != EAGAIN && errno != EACCES) {
         raiseSystemError(errno);
     }
     return false;
@@ -50,13 +76,20 @@ std::unique_ptr<HeldLock> PosixProcessLocks::tryLock(std::string_view path,
     if (!lock(file)) {
         return nullptr;
     }
-    if (::ftruncate(file.get(), 0) != 0) {
-        raiseSystemError(errno);
+    auto held = std::make_unique<PosixHeldLock>(std::move(file));
+    held->write(holder);
+    return held;
+}
+
+bool PosixProcessLocks::isHeld(std::string_view path) const {
+    try {
+        const FileDescriptor file = openIfThere(paths_.hostPath(path));
+        auto place = lockedPlace();
+        return file.isOpen() && ::fcntl(file.get(), F_OFD_GETLK, &place) == 0 &&
+               place.l_type != F_UNLCK;
+    } catch (const RunTimeError&) {
+        return false;
     }
-    while (!holder.empty()) {
-        holder.remove_prefix(writeSome(file, holder));
-    }
-    return std::make_unique<PosixHeldLock>(std::move(file));
 }
 
 std::string PosixProcessLocks::holderOf(std::string_view path) const {

@@ -16,6 +16,7 @@ class PosixProcessLocks : public ProcessLocks {
 
     [[nodiscard]] std::unique_ptr<HeldLock> tryLock(std::string_view path,
                                                     std::string_view holder) override;
+    [[nodiscard]] bool isHeld(std::string_view path) const override;
     [[nodiscard]] std::string holderOf(std::string_view path) const override;
 
   private:

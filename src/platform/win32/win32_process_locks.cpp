@@ -18,15 +18,27 @@ class Win32HeldLock : public HeldLock {
   public:
     explicit Win32HeldLock(Handle file) : file_(std::move(file)) {}
 
+    // Over what is there: a reader never finds nothing.
+    void write(std::string_view holder) override {
+        requireDone(SetFilePointerEx(file_.get(), {}, nullptr, FILE_BEGIN));
+        while (!holder.empty()) {
+            holder.remove_prefix(writeSome(file_, holder));
+        }
+        requireDone(SetEndOfFile(file_.get()));
+    }
+
   private:
     Handle file_; // the system gives the lock free when it is closed
 };
 
-bool lock(const Handle& file) {
+enum Byte : DWORD { ForTakers = 0, ForOthers = 1 };
+
+// False where it is another's. Without LOCKFILE_FAIL_IMMEDIATELY it waits.
+bool lock(const Handle& file, Byte byte, DWORD flags) {
     OVERLAPPED place{};
+    place.Offset = byte;
     place.OffsetHigh = 0x40000000;
-    if (LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
-                   &place) != 0) {
+    if (LockFileEx(file.get(), flags, 0, 1, 0, &place) != 0) {
         return true;
     }
     const auto systemError = GetLastError();
@@ -43,15 +55,24 @@ std::unique_ptr<HeldLock> Win32ProcessLocks::tryLock(std::string_view path,
     // Another may have it open as well, and write into it only when it has the lock.
     Handle file = openToWrite(possible(path), Existing::Kept, GENERIC_READ | GENERIC_WRITE,
                               FILE_SHARE_READ | FILE_SHARE_WRITE);
-    if (!lock(file)) {
+    if (!lock(file, ForTakers, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY)) {
         return nullptr;
     }
-    requireDone(SetFilePointerEx(file.get(), {}, nullptr, FILE_BEGIN));
-    requireDone(SetEndOfFile(file.get()));
-    while (!holder.empty()) {
-        holder.remove_prefix(writeSome(file, holder));
+    static_cast<void>(lock(file, ForOthers, LOCKFILE_EXCLUSIVE_LOCK));
+    auto held = std::make_unique<Win32HeldLock>(std::move(file));
+    held->write(holder);
+    return held;
+}
+
+bool Win32ProcessLocks::isHeld(std::string_view path) const {
+    const Handle file(CreateFileW(toWidePath(possible(path)).c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                  nullptr));
+    try {
+        return file.isOpen() && !lock(file, ForOthers, LOCKFILE_FAIL_IMMEDIATELY);
+    } catch (const RunTimeError&) {
+        return false;
     }
-    return std::make_unique<Win32HeldLock>(std::move(file));
 }
 
 std::string Win32ProcessLocks::holderOf(std::string_view path) const {

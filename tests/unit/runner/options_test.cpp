@@ -124,6 +124,26 @@ TEST(Options, A_time_is_a_number_with_or_without_its_unit) {
     EXPECT_EQ(seconds("2h"), 7200);
 }
 
+TEST(Options, A_share_is_given_or_left_to_the_engine) {
+    EXPECT_EQ(optionsOf({"a.ini"}).job.share, std::nullopt);
+    EXPECT_EQ(optionsOf({"a.ini", "--shard", "3/8"}).job.share, (Share{.number = 3, .count = 8}));
+    EXPECT_EQ(optionsOf({"commands", "a.ini", "--shard=3/8"}).job.share,
+              (Share{.number = 3, .count = 8}));
+    EXPECT_FALSE(optionsOf({"a.ini", "--shard", "3/8"}).shareOfEngine);
+    EXPECT_TRUE(optionsOf({"a.ini", "--shard", "auto"}).shareOfEngine);
+}
+
+TEST(Options, A_share_has_notice_and_else_only_who_asks_for_it) {
+    const auto notice = [](std::vector<std::string> arguments) {
+        return optionsOf(std::move(arguments)).settings.notice;
+    };
+    EXPECT_EQ(notice({"a.ini"}), std::nullopt);
+    EXPECT_EQ(notice({"a.ini", "--notice", "2m"}), 120);
+    EXPECT_EQ(notice({"a.ini", "--shard", "1/2"}), 30);
+    EXPECT_EQ(notice({"a.ini", "--shard", "auto"}), 30);
+    EXPECT_EQ(notice({"a.ini", "--shard", "1/2", "--notice", "10"}), 10);
+}
+
 TEST(Options, What_is_wrong_is_told_and_nothing_is_run) {
     for (const auto& [arguments, sentence] :
          std::vector<std::pair<std::vector<std::string>, std::string>>{
@@ -137,6 +157,10 @@ TEST(Options, What_is_wrong_is_told_and_nothing_is_run) {
              {{"a.ini", "--timeout", "soon"}, "soon"},
              {{"a.ini", "--timeout", "-1"}, "-1"},
              {{"a.ini", "--accept", "0,x"}, "0,x"},
+             {{"a.ini", "--shard", "9/8"}, "a share is K/N, with K from 1 to N, or auto: 9/8"},
+             {{"a.ini", "--shard"}, "--shard"},
+             {{"a.ini", "--notice", "soon"}, "soon"},
+             {{"commands", "a.ini", "--notice", "5s"}, "--notice"},
              {{"a.ini", "--color", "red"}, "--color"},
              {{"a.ini", "--format", "json"}, "--format"}, // of the other command
              {{"commands", "a.ini", "--format", "xml"}, "--format"},

@@ -166,7 +166,8 @@ TEST_F(WhatMustRun, Is_planned_with_one_question_for_each_folder) {
     const auto [job, faults] = checkJob(machine_.definition, {}, services);
     KnownFolders folders(machine_.world.files());
     const Products products(job.definition, folders);
-    const auto history = readRunLog(machine_.world.files(), R"(C:\job\night.state\run.log)");
+    const auto history = readStateHistory(machine_.world.files(), machine_.locks,
+                                          R"(C:\job\night.state)", {}, "process 1 on HERE");
     const auto now = conditionsNow(job.definition, products, counting);
     EXPECT_EQ(planRun(job, products, history, now, counting, false).upToDate, 52U);
     EXPECT_EQ(counting.files, 1); // MP

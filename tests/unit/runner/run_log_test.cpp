@@ -36,10 +36,12 @@ const RecordLine failedLine{.run = 8,
                             .calls = {},
                             .products = {}};
 const BegunLine begunLine{.run = 8, .record = "b.met"};
+const SettledLine settledLine{
+    .run = 9, .record = "b\t.met", .log = "share-2-of-5.log", .begunIn = 4};
 
 TEST(LogLine, Is_read_as_it_was_written) {
-    for (const LogLine& line :
-         {LogLine(runLine), LogLine(madeLine), LogLine(failedLine), LogLine(begunLine)}) {
+    for (const LogLine& line : {LogLine(runLine), LogLine(madeLine), LogLine(failedLine),
+                                LogLine(begunLine), LogLine(settledLine)}) {
         const std::string text = logLineText(line);
         EXPECT_THAT(text, testing::EndsWith("\n"));
         EXPECT_EQ(parseLogLine(text.substr(0, text.size() - 1)), line) << text;
@@ -53,10 +55,23 @@ TEST(LogLine, Can_be_read_by_a_person) {
     EXPECT_THAT(logLineText(failedLine),
                 StartsWith("failed\t8\ta\\x09b\\x5c\\x0a\x7F\xE9.met\t5@0.000000006\t-\t"
                            "MP ended with status 2: no\\x09such\t"));
+    EXPECT_THAT(logLineText(settledLine),
+                StartsWith("settled\t9\tb\\x09.met\tshare-2-of-5.log\t4\t"));
     EXPECT_THAT(logLineText(runLine),
                 StartsWith("run\t7\t2026-11-22T01:02:03Z\tcommands=0123456789abcdef\t"
                            "mp=12@1700000000.123456789\tcns=-\tconfiguration=0@-1.999999999\t"
                            "aliases=-\t"));
+}
+
+TEST(LogLine, Says_its_record_before_it_is_read_and_whole_or_not) {
+    EXPECT_EQ(recordOfLogLine(logLineText(madeLine)), madeLine.record);
+    EXPECT_EQ(recordOfLogLine(logLineText(failedLine)), failedLine.record);
+    EXPECT_EQ(recordOfLogLine(logLineText(settledLine)), settledLine.record);
+    EXPECT_EQ(recordOfLogLine(logLineText(runLine)), std::nullopt);
+    EXPECT_EQ(recordOfLogLine("begun\t8\tb.m"), "b.m");
+    for (const char* const none : {"", "begun", "begun\t8", "begun\t8\tb\\x0", "\t"}) {
+        EXPECT_EQ(recordOfLogLine(none), std::nullopt) << none;
+    }
 }
 
 TEST(LogLine, Is_nothing_when_one_byte_of_it_is_another) {
@@ -144,6 +159,18 @@ TEST_F(Log, Goes_on_behind_a_line_without_its_end) {
     EXPECT_EQ(history.records.size(), 2U);
     EXPECT_EQ(history.damaged, 0U);
     EXPECT_FALSE(history.torn);
+}
+
+TEST_F(Log, Of_other_records_than_are_wanted_is_passed_over) {
+    write({runLine, madeLine, failedLine, begunLine, settledLine});
+    const auto history = readRunLog(world_.files(), path, {},
+                                    [](std::string_view record) { return record == "b.met"; });
+    EXPECT_EQ(history.runs.size(), 1U);
+    ASSERT_EQ(history.records.size(), 1U);
+    EXPECT_EQ(history.records.begin()->first, "b.met");
+    EXPECT_TRUE(history.settled.empty());
+    EXPECT_FALSE(history.torn);
+    EXPECT_EQ(history.damaged, 0U);
 }
 
 TEST_F(Log, Is_made_anew_after_a_torn_end) {

@@ -114,7 +114,8 @@ TEST_F(RunOfRecords, Coarse_times_do_not_make_a_failure_of_a_success) {
     const CoarseStamps coarse(machine_.stamps);
     KnownFolders folders(machine_.world.files());
     const Products products(machine_.definition, folders);
-    const WrittenFiles written(products, machine_.world.files(), coarse, machine_.clock);
+    const WrittenFiles written(products, machine_.world.files(), coarse, machine_.clock,
+                               "probe.tmp");
     machine_.world.write(R"(C:\out\a.err)", "same");
     const auto before = coarse.stampOf(R"(C:\out\a.err)");
     EXPECT_TRUE(written.mayBeWritten(0, before, *before));
@@ -267,6 +268,89 @@ TEST_F(RunOfRecords, The_second_interruption_and_an_order_end_the_tools) {
         EXPECT_THAT(machine.terminal.error, HasSubstr("Ending the running tools"));
         EXPECT_THAT(machine.terminal.output,
                     HasSubstr("0 made, 0 failed, 0 up to date, 2 not run"));
+        EXPECT_THAT(machine.log(), Not(HasSubstr("failed")));
+    }
+}
+
+TEST_F(RunOfRecords, An_order_with_notice_lets_running_tools_end) {
+    machine_.request.settings.jobs = 1;
+    machine_.request.settings.notice = 3600;
+    for (int record = 0; record < 10; ++record) {
+        machine_.writeRecord("r" + std::to_string(record) + ".met");
+    }
+    act([&](const ToolCall& call) {
+        if (call.arguments.back().ends_with("r0.met")) {
+            machine_.interruptions.interrupt(Interruption::Ordered);
+        }
+        return machine_.work(call);
+    });
+    EXPECT_EQ(machine_.run(), ExitStatus::Terminated);
+    EXPECT_FALSE(machine_.processes.isHalted());
+    EXPECT_TRUE(machine_.world.exists(R"(C:\out\r0.html)"));
+    EXPECT_FALSE(machine_.world.exists(R"(C:\out\r9.html)"));
+    EXPECT_EQ(machine_.terminal.error,
+              "tarnwick-run: Nothing more is begun; the running tools may end while there is "
+              "time.\n");
+    act([&](const ToolCall& call) { return machine_.work(call); });
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    EXPECT_EQ(machine_.processes.calls().size(), 10U);
+}
+
+// Engines send it to all of a job at once; whoever of both is heard of first.
+TEST_F(RunOfRecords, A_tool_that_is_asked_to_end_with_the_runner_has_not_failed) {
+    for (const bool toolIsFirst : {false, true}) {
+        RunnerWorld machine;
+        machine.request.settings.notice = 3600;
+        machine.request.settings.retries = 3;
+        machine.request.settings.jobs = 1;
+        machine.writeRecord("a.met");
+        std::atomic<bool> hasEnded = false;
+        machine.clock.asked = [&] { // when the tool's end has been heard of
+            if (hasEnded.exchange(false)) {
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+        };
+        machine.processes.act = [&](const ToolCall&) {
+            if (toolIsFirst) {
+                hasEnded = true;
+            } else {
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+            return toolEnd(ToolEnd::Kind::Signalled, 15);
+        };
+        EXPECT_EQ(machine.run(), ExitStatus::Terminated);
+        EXPECT_EQ(machine.processes.calls().size(), 1U);
+        EXPECT_THAT(machine.terminal.output,
+                    HasSubstr("0 made, 0 failed, 0 up to date, 1 not run"));
+        EXPECT_THAT(machine.log(), Not(HasSubstr("failed")));
+    }
+}
+
+TEST_F(RunOfRecords, A_tool_that_somebody_else_asks_to_end_has_failed) {
+    act([](const ToolCall&) { return toolEnd(ToolEnd::Kind::Signalled, 15); });
+    EXPECT_THAT(whyFailed(), HasSubstr("FAILED a.met: MP was ended by signal 15\n"));
+}
+
+TEST_F(RunOfRecords, When_the_time_after_an_order_is_over_the_tools_are_ended) {
+    for (const bool again : {false, true}) {
+        RunnerWorld machine;
+        machine.request.settings.notice = again ? 3600 : 0;
+        machine.writeRecord("a.met");
+        machine.processes.act = [&](const ToolCall& call) {
+            static_cast<void>(machine.work(call));
+            machine.interruptions.interrupt(Interruption::Ordered);
+            if (again) { // who sends it twice does not wait
+                machine.interruptions.interrupt(Interruption::Ordered);
+            }
+            while (!machine.processes.isHalted()) {
+                std::this_thread::yield();
+            }
+            return toolEnd(ToolEnd::Kind::Halted);
+        };
+        EXPECT_EQ(machine.run(), ExitStatus::Terminated);
+        EXPECT_FALSE(machine.world.exists(R"(C:\out\a.html)"));
+        EXPECT_THAT(machine.terminal.error, HasSubstr("while there is time"));
+        EXPECT_THAT(machine.terminal.error, HasSubstr("Ending the running tools"));
         EXPECT_THAT(machine.log(), Not(HasSubstr("failed")));
     }
 }

@@ -64,8 +64,12 @@ class FakeToolProcesses final : public ToolProcesses {
 class FakeRunClock final : public RunClock {
   public:
     double now = 1000;
+    std::function<void()> asked = [] {}; // when somebody wants to know the time
 
-    [[nodiscard]] double steadySeconds() const override { return now; }
+    [[nodiscard]] double steadySeconds() const override {
+        asked();
+        return now;
+    }
     [[nodiscard]] std::string dateAndTime() const override { return "2026-11-22T01:02:03Z"; }
 };
 

@@ -68,8 +68,9 @@ class ReportWriter {
                                        " is not written: a record has that name.");
                 return;
             }
+            const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
             linkProducts(report, products, file, services_.paths, utf8_);
-            writeInOneStep(services_.files, file, reportText(*reportKindOf(file), report));
+            writeInOneStep(services_.files, file, reportText(kind, report));
             notes.told.push_back("The report is " + shownPath(services_.paths, file));
         } catch (const RunTimeError& error) {
             notes.faults.push_back("The report " + shown +

@@ -94,9 +94,9 @@ std::string_view LogFields::after(std::string_view nameAndSign) {
 
 std::uint64_t LogFields::hexadecimalNumber(std::string_view digits) {
     std::uint64_t result = 0;
-    const auto* const end = digits.data() + digits.size();
-    const auto [behind, error] = std::from_chars(digits.data(), end, result, 16);
-    require(error == std::errc() && behind == end);
+    const auto [behind, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), result, 16);
+    require(error == std::errc() && behind == digits.data() + digits.size());
     return result;
 }
 

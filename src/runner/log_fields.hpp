@@ -49,9 +49,9 @@ class LogFields {
     template <typename Number>
     Number number(std::string_view digits) {
         Number result{};
-        const auto* const end = digits.data() + digits.size();
-        const auto [behind, error] = std::from_chars(digits.data(), end, result);
-        require(error == std::errc() && behind == end);
+        const auto [behind, error] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), result);
+        require(error == std::errc() && behind == digits.data() + digits.size());
         if constexpr (std::is_floating_point_v<Number>) {
             require(std::isfinite(result)); // "nan" and "inf" are no numbers here
         }

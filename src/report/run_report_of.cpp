@@ -37,7 +37,7 @@ class ReportMaker {
         }
         notes_ = {}; // the findings need the room
         reasons_ = {};
-        history_.records = {};
+        history_.own.records = {};
         addFindings();
         countStates();
         addProducts();

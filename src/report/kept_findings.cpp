@@ -5,7 +5,6 @@
 #include "runner/run_log.hpp"
 
 #include <algorithm>
-#include <numeric>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -140,7 +139,8 @@ class FindingsReader {
             }
         }
         std::ranges::sort(shapes);
-        shapes.erase(std::unique(shapes.begin(), shapes.end()), shapes.end());
+        const auto again = std::ranges::unique(shapes);
+        shapes.erase(again.begin(), again.end());
     }
 
     ShapePlace placeOf(std::string text) {
@@ -187,7 +187,9 @@ class FindingsReader {
     // By records that have it, those that are gone last; and every place follows.
     void sortShapes() {
         std::vector<ShapePlace> order(found_.shapes.size());
-        std::iota(order.begin(), order.end(), 0U);
+        for (ShapePlace place = 0; place < order.size(); ++place) {
+            order[place] = place;
+        }
         const auto key = [&](ShapePlace place) {
             const Shape& shape = found_.shapes[place];
             return std::tuple(~std::uint64_t{shape.records}, ~shape.messages,

@@ -1,5 +1,6 @@
 #include "report/kept_findings.hpp"
 
+#include "report/joined_runs.hpp"
 #include "report/shapes.hpp"
 #include "runner/message_log.hpp"
 #include "runner/run_log.hpp"
@@ -56,7 +57,7 @@ class FindingsReader {
 
     KeptFindings read() {
         eachMessagesLine([&](RecordPlace record, std::size_t number, const MessagesLine& line) {
-            const bool ofLastRun = line.run == request_.lastRun;
+            const bool ofLastRun = line.run == logOf(record).lastRun;
             found_.hasRunBefore = found_.hasRunBefore || !ofLastRun;
             lines_[record].take(number, line.known, ofLastRun);
         });
@@ -69,6 +70,7 @@ class FindingsReader {
                 takeBefore(record, line.messages);
             }
         });
+        found_.runs = runsOf(std::move(ended_), request_.logs);
         compare();
         markCommon();
         sortShapes();
@@ -76,24 +78,30 @@ class FindingsReader {
     }
 
   private:
-    // Also gathers the totals of the runs, which stand between them.
+    [[nodiscard]] const MessageSource& logOf(RecordPlace record) const {
+        return request_.logs[request_.logOf[record]];
+    }
+
+    // Of each log the lines about the records for which it counts. Also gathers the totals of the
+    // runs, which stand between them.
     template <typename Use>
     void eachMessagesLine(const Use& use) {
         std::size_t number = 0;
-        found_.runs.clear();
-        readMessageLog(files_, request_.messageLog, [&](MessageLogLine& line) {
-            ++number;
-            if (auto* const ended = std::get_if<TotalsLine>(&line)) {
-                found_.runs.push_back(std::move(ended->totals));
-                return;
-            }
-            const auto& messages = std::get<MessagesLine>(line);
-            if (const auto place = places_.find(messages.record); place != places_.end()) {
-                use(place->second, number, messages);
-            }
-        });
-        if (found_.runs.size() > RunReport::mostRuns) {
-            found_.runs.erase(found_.runs.begin(), found_.runs.end() - RunReport::mostRuns);
+        ended_.clear();
+        for (std::uint32_t log = 0; log < request_.logs.size(); ++log) {
+            readMessageLog(files_, request_.logs[log].path, [&](MessageLogLine& line) {
+                ++number;
+                if (auto* const ended = std::get_if<TotalsLine>(&line)) {
+                    ended_.push_back(
+                        {.log = log, .run = ended->run, .totals = std::move(ended->totals)});
+                    return;
+                }
+                const auto& messages = std::get<MessagesLine>(line);
+                const auto place = places_.find(messages.record);
+                if (place != places_.end() && request_.logOf[place->second] == log) {
+                    use(place->second, number, messages);
+                }
+            });
         }
     }
 
@@ -226,6 +234,7 @@ class FindingsReader {
     std::vector<CountingLines> lines_;                  // of each record
     std::vector<std::vector<ShapePlace>> shapesBefore_; // likewise, where they were others
     std::unordered_map<std::string, ShapePlace> shapePlaces_;
+    std::vector<EndedRun> ended_;
     KeptFindings found_;
 };
 

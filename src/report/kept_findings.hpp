@@ -16,11 +16,18 @@ namespace tarnwick {
 // A text of the program's code page, or of a tool's, in UTF-8.
 using ToUtf8 = std::function<std::string(std::string_view text)>;
 
-// What is asked of a message log.
+// A message log, and the runs that it is of.
+struct MessageSource {
+    std::string path;
+    std::uint32_t lastRun = 0; // of the run log beside it; 0 where another was run since
+    std::uint32_t shares = 0;  // so many together are all records; 0: it is of all by itself
+};
+
+// What is asked of the message logs.
 struct FindingsRequest {
-    std::string messageLog; // its path
-    std::uint32_t lastRun = 0;
+    std::vector<MessageSource> logs;
     const std::vector<std::string>& records; // their names, as the logs have them
+    std::vector<std::uint32_t> logOf;        // of each record, the one of `logs` that counts
     const MessagePatterns& patterns;
     const ToUtf8& utf8;
 };
@@ -35,6 +42,7 @@ struct KeptFindings {
     bool hasRunBefore = false;
 };
 
+// Of shares, `runs` has what all of them came to together, each time that they were run.
 // Memory: the findings, and no message but the examples. Raises what readMessageLog raises.
 [[nodiscard]] KeptFindings readFindings(const Files& files, const FindingsRequest& request);
 

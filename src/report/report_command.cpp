@@ -33,7 +33,9 @@ class ReportWriter {
                                             .products = products,
                                             .definition = request_.definition,
                                             .stateFolder = request_.stateFolder,
-                                            .patterns = request_.patterns},
+                                            .patterns = request_.patterns,
+                                            .share = request_.share,
+                                            .holder = request_.holder},
                                            services_, utf8_);
             if (end != nullptr && end->run != 0) {
                 report.totals.seconds = end->summary.seconds;
@@ -83,7 +85,7 @@ class ReportWriter {
     const ToUtf8& utf8_;
 };
 
-// Without a report to write, no folder is listed again.
+// Without a report to write, no folder is listed again, and of the logs only the own one is read.
 RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
                      const RunnerServices& services, const ToUtf8& utf8) {
     RunEndNotes notes;
@@ -93,12 +95,13 @@ RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
         for (const StampedFile& record : end.job.records) {
             names.push_back(record.name);
         }
-        const KeptFindings found = readFindings(
-            services.files, {.messageLog = messageLogOf(joinPath(request.stateFolder, "run.log")),
-                             .lastRun = end.run,
-                             .records = names,
-                             .patterns = request.patterns,
-                             .utf8 = utf8});
+        const std::string log = joinPath(request.stateFolder, logNameOf(request.share));
+        const KeptFindings found =
+            readFindings(services.files, {.logs = {{.path = messageLogOf(log), .lastRun = end.run}},
+                                          .records = names,
+                                          .logOf = std::vector<std::uint32_t>(names.size()),
+                                          .patterns = request.patterns,
+                                          .utf8 = utf8});
         RunTotals& totals = notes.totals.emplace(RunTotals{.begun = end.begun,
                                                            .seconds = end.summary.seconds,
                                                            .made = end.summary.made,

@@ -3,6 +3,7 @@
 #include "report/kept_findings.hpp"
 #include "runner/run_command.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct ReportRequest {
     std::string definition;         // the name of its file
     std::string stateFolder;
     MessagePatterns patterns;
+    std::optional<Share> share; // of the run that reports
+    std::string holder;         // who we are, as RunRequest::holder
     bool ofSomeRecords = false; // else of all that the definition has
 };
 

@@ -4,11 +4,10 @@
 #include "platform/run_time_error.hpp"
 #include "platform/wildcard.hpp"
 #include "report/folder_links.hpp"
-#include "runner/message_log.hpp"
+#include "report/ruling_logs.hpp"
+#include "report/writer_remarks.hpp"
 #include "runner/messages.hpp"
 #include "runner/plan.hpp"
-#include "runner/run_log.hpp"
-#include "runner/state_logs.hpp"
 
 #include <algorithm>
 #include <map>
@@ -23,21 +22,26 @@ using State = ReportedRecord::State;
 class ReportMaker {
   public:
     ReportMaker(const ReportSubject& subject, const RunnerServices& services, const ToUtf8& utf8)
-        : subject_(subject), services_(services), utf8_(utf8) {}
+        : subject_(subject),
+          services_(services),
+          utf8_(utf8),
+          logs_(services.files, services.locks, subject.stateFolder, subject.share,
+                subject.holder) {}
 
     RunReport make() {
         report_.definition = utf8_(subject_.definition);
         report_.made = services_.clock.dateAndTime();
         report_.findingsAreKnown = messagesAreKnown(subject_.products);
-        readLog();
+        report_.remarks = remarksOnWriters(services_.files, services_.locks, subject_.stateFolder,
+                                           subject_.holder);
         gatherNames();
         plan();
-        for (const std::string& name : names_) {
-            addRecord(name);
+        findRulings();
+        for (std::size_t place = 0; place < names_.size(); ++place) {
+            addRecord(names_[place], rulings_[place]);
         }
-        notes_ = {}; // the findings need the room
-        reasons_ = {};
-        history_.own.records = {};
+        reasons_ = {}; // the findings need the room
+        logs_.letGo();
         addFindings();
         countStates();
         addProducts();
@@ -46,19 +50,6 @@ class ReportMaker {
 
   private:
     const Job& job() const { return subject_.job; }
-
-    void readLog() {
-        const std::string path = joinPath(subject_.stateFolder, "run.log");
-        history_.ownName = "run.log";
-        history_.own = readRunLog(services_.files, path, [&](const LogLine& line) {
-            if (const auto* const run = std::get_if<RunLine>(&line)) {
-                report_.totals.begun = run->begun;
-            } else if (const auto* const record = std::get_if<RecordLine>(&line)) {
-                notes_[record->record] = {.why = record->why, .calls = record->calls};
-            }
-        });
-        messageLog_ = messageLogOf(path);
-    }
 
     void gatherNames() {
         names_.reserve(job().records.size() + job().refused.size());
@@ -72,20 +63,33 @@ class ReportMaker {
         sortNames(names_);
     }
 
-    // What would have to run if the tools and all else were as the last run found them: whether
-    // they still are, nobody can say where they are not.
     void plan() {
-        const auto last = history_.own.runs.find(history_.own.lastRun());
-        const RunConditions conditions =
-            last == history_.own.runs.end() ? RunConditions() : last->second;
         for (const auto& [record, reason] :
-             planRun(job(), subject_.products, history_, conditions, services_.stamps, false)
+             planRun(job(), subject_.products, logs_.history(), {}, services_.stamps, false)
                  .toRun) {
             reasons_[job().records[record].name] = reason.kind;
         }
     }
 
-    void addRecord(const std::string& name) {
+    void findRulings() {
+        std::unordered_map<std::string_view, const Stamp*> stamps;
+        for (const StampedFile& record : job().records) {
+            stamps.emplace(record.name, &record.stamp);
+        }
+        for (const std::string& name : names_) {
+            const auto stamp = stamps.find(name);
+            rulings_.push_back(stamp == stamps.end()
+                                   ? RulingLogs::Ruling()
+                                   : logs_.rulingOf(name, isUpToDate(name), *stamp->second));
+        }
+    }
+
+    [[nodiscard]] bool isUpToDate(const std::string& name) const {
+        const auto reason = reasons_.find(name);
+        return reason == reasons_.end() || reason->second == Reason::Kind::OutputsUnknown;
+    }
+
+    void addRecord(const std::string& name, const RulingLogs::Ruling& ruling) {
         ReportedRecord& record = report_.records.emplace_back();
         record.name = utf8_(name);
         if (const auto refused = refused_.find(name); refused != refused_.end()) {
@@ -93,9 +97,10 @@ class ReportMaker {
             record.why = utf8_(refused->second);
             return;
         }
-        record.state = stateOf(name);
-        if (const auto note = notes_.find(name);
-            note != notes_.end() && record.state != State::NotRun) {
+        record.state = stateOf(name, ruling);
+        const auto& notes = logs_.logs()[ruling.log].notes;
+        if (const auto note = notes.find(name);
+            note != notes.end() && record.state != State::NotRun) {
             record.why = utf8_(note->second.why);
             for (const CallNote& call : note->second.calls) {
                 record.calls.push_back({.tool = std::string(nameOf(call.tool)),
@@ -111,22 +116,18 @@ class ReportMaker {
         }
     }
 
-    [[nodiscard]] State stateOf(const std::string& name) const {
-        const auto found = history_.own.records.find(name);
-        if (found == history_.own.records.end()) {
+    [[nodiscard]] State stateOf(const std::string& name, const RulingLogs::Ruling& ruling) const {
+        if (ruling.known == nullptr) {
             return State::NotRun;
         }
-        const auto& [state, run, line, stamp, products] = found->second;
-        if (state != KnownRecord::State::Made) {
-            return state == KnownRecord::State::Failed ? State::Failed : State::NotRun;
+        if (ruling.known->state != KnownRecord::State::Made) {
+            const bool failed = ruling.known->state == KnownRecord::State::Failed;
+            return failed ? State::Failed : State::NotRun;
         }
-        const auto reason = reasons_.find(name);
-        const bool isAsItWas =
-            reason == reasons_.end() || reason->second == Reason::Kind::OutputsUnknown;
-        if (!isAsItWas) {
+        if (!isUpToDate(name)) {
             return State::NotRun;
         }
-        return run == history_.own.lastRun() ? State::Made : State::UpToDate;
+        return logs_.isOfLastRun(ruling) ? State::Made : State::UpToDate;
     }
 
     // Of what is made all are there. What failed may have left those of an earlier run, of another
@@ -145,11 +146,14 @@ class ReportMaker {
     }
 
     void addFindings() {
-        KeptFindings found = readFindings(services_.files, {.messageLog = messageLog_,
-                                                            .lastRun = history_.own.lastRun(),
-                                                            .records = names_,
-                                                            .patterns = subject_.patterns,
-                                                            .utf8 = utf8_});
+        FindingsRequest request{.logs = logs_.messageSources(subject_.stateFolder),
+                                .records = names_,
+                                .logOf = {},
+                                .patterns = subject_.patterns,
+                                .utf8 = utf8_};
+        std::ranges::transform(rulings_, std::back_inserter(request.logOf),
+                               &RulingLogs::Ruling::log);
+        KeptFindings found = readFindings(services_.files, request);
         countFindings(found, report_.totals);
         for (RecordPlace place = 0; place < names_.size(); ++place) {
             ReportedRecord& record = report_.records[place];
@@ -165,6 +169,7 @@ class ReportMaker {
         report_.changes = std::move(found.changes);
         report_.hasRunBefore = found.hasRunBefore;
         report_.runs = std::move(found.runs);
+        report_.totals.begun = logs_.lastBegun();
         if (!report_.runs.empty() && report_.runs.back().begun == report_.totals.begun) {
             report_.totals.seconds = report_.runs.back().seconds;
         }
@@ -199,19 +204,12 @@ class ReportMaker {
         }
     }
 
-    // What the log says of a record beyond what a plan needs.
-    struct Note {
-        std::string why;
-        std::vector<CallNote> calls;
-    };
-
     const ReportSubject& subject_;
     const RunnerServices& services_;
     const ToUtf8& utf8_;
-    StateHistory history_;
-    std::string messageLog_;
-    std::unordered_map<std::string, Note> notes_;
+    RulingLogs logs_;
     std::vector<std::string> names_;
+    std::vector<RulingLogs::Ruling> rulings_;    // of each
     std::map<std::string, std::string> refused_; // and why
     std::unordered_map<std::string, Reason::Kind> reasons_;
     RunReport report_;

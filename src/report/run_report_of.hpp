@@ -6,6 +6,7 @@
 #include "runner/products.hpp"
 #include "runner/run_command.hpp"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ struct ReportSubject {
     std::string definition; // the name of its file
     std::string stateFolder;
     const MessagePatterns& patterns;
+    std::optional<Share> share; // of the run that reports, where it is of one
+    std::string holder;         // who we are, as RunRequest::holder
 };
 
 // What the runs left, by their logs, the definition's products and the input folder; nothing is

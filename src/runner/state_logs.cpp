@@ -26,26 +26,29 @@ void add(OtherLogs& others, std::uint32_t log, std::string record, KnownRecord k
 
 // A log may be made anew while it is read, and some file systems then take the old one away from
 // its reader: so it is read a second time before that is told.
-RunHistory readOther(const Files& files, const std::string& path, const WantedRecords& wanted) {
+RunHistory readOther(const Files& files, const std::string& path,
+                     const std::function<void(const LogLine& line)>& tell,
+                     const WantedRecords& wanted) {
     try {
-        return readRunLog(files, path, {}, wanted);
+        return readRunLog(files, path, tell, wanted);
     } catch (const RunTimeError& error) {
         if (error.is(ErrorNumber::InvalidFileFormat)) {
             throw;
         }
     }
-    return readRunLog(files, path, {}, wanted);
+    return readRunLog(files, path, tell, wanted);
 }
 
 class HistoryReader {
   public:
     HistoryReader(const Files& files, const ProcessLocks& locks, const std::string& stateFolder,
-                  std::string_view me)
-        : files_(files), locks_(locks), stateFolder_(stateFolder), me_(me) {}
+                  std::string_view me, const TellLine& tell)
+        : files_(files), locks_(locks), stateFolder_(stateFolder), me_(me), tell_(tell) {}
 
     StateHistory read(const std::optional<Share>& share) {
         history_.ownName = logNameOf(share);
-        history_.own = readRunLog(files_, joinPath(stateFolder_, history_.ownName));
+        history_.own =
+            readRunLog(files_, joinPath(stateFolder_, history_.ownName), told(history_.ownName));
         settle(history_.own.settled);
         const WantedRecords wanted =
             share ? [share](std::string_view record) { return isIn(*share, record); }
@@ -62,7 +65,8 @@ class HistoryReader {
 
   private:
     void readLog(const StateLog& log, const WantedRecords& wanted) {
-        RunHistory read = readOther(files_, joinPath(stateFolder_, log.name), wanted);
+        RunHistory read =
+            readOther(files_, joinPath(stateFolder_, log.name), told(log.name), wanted);
         settle(read.settled);
         const auto place = static_cast<std::uint32_t>(history_.others.logs.size());
         history_.others.logs.push_back({.name = log.name,
@@ -73,6 +77,13 @@ class HistoryReader {
             auto record = read.records.extract(read.records.begin());
             add(history_.others, place, std::move(record.key()), std::move(record.mapped()));
         }
+    }
+
+    [[nodiscard]] std::function<void(const LogLine& line)> told(const std::string& log) const {
+        if (!tell_) {
+            return {};
+        }
+        return [this, log](const LogLine& line) { tell_(log, line); };
     }
 
     [[nodiscard]] bool isEnded(const StateLog& log) const {
@@ -91,6 +102,7 @@ class HistoryReader {
     const ProcessLocks& locks_;
     const std::string& stateFolder_;
     std::string_view me_;
+    const TellLine& tell_;
     StateHistory history_;
 };
 
@@ -147,8 +159,8 @@ bool StateHistory::isSettled(const std::string& record, const std::string& log,
 
 StateHistory readStateHistory(const Files& files, const ProcessLocks& locks,
                               const std::string& stateFolder, const std::optional<Share>& share,
-                              std::string_view me) {
-    return HistoryReader(files, locks, stateFolder, me).read(share);
+                              std::string_view me, const TellLine& tell) {
+    return HistoryReader(files, locks, stateFolder, me, tell).read(share);
 }
 
 } // namespace tarnwick

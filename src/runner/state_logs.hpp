@@ -85,10 +85,12 @@ struct StateHistory {
                                  std::uint32_t run) const;
 };
 
-// Reads all logs. Of others it takes only the lines about records that are in `share`. Raises what
-// readRunLog raises.
+// Reads all logs. Of others it takes only the lines about records that are in `share`. `tell` hears
+// of each line that it takes, and of whose log it is. Raises what readRunLog raises.
+using TellLine = std::function<void(const std::string& log, const LogLine& line)>;
 [[nodiscard]] StateHistory readStateHistory(const Files& files, const ProcessLocks& locks,
                                             const std::string& stateFolder,
-                                            const std::optional<Share>& share, std::string_view me);
+                                            const std::optional<Share>& share, std::string_view me,
+                                            const TellLine& tell = {});
 
 } // namespace tarnwick

@@ -130,6 +130,8 @@ class RunnerMain {
                               .definition = GetFileName(definitionFile),
                               .stateFolder = request.stateFolder,
                               .patterns = request.settings.messages,
+                              .share = request.job.share,
+                              .holder = request.holder,
                               .ofSomeRecords = !request.job.records.empty()};
         for (const std::string& file : options_.reports) {
             reports.files.push_back(platform_->typedPath(file));

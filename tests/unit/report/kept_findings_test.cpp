@@ -35,9 +35,9 @@ class KeptFindingsOfRuns : public testing::Test {
                       const std::vector<std::string>& records = {"a", "b", "c"},
                       const MessagePatterns& patterns = {}) {
         const ToUtf8 utf8 = [](std::string_view text) { return std::string(text); };
-        return readFindings(world_.files(), {.messageLog = path,
-                                             .lastRun = lastRun,
+        return readFindings(world_.files(), {.logs = {{.path = path, .lastRun = lastRun}},
                                              .records = records,
+                                             .logOf = std::vector<std::uint32_t>(records.size()),
                                              .patterns = patterns,
                                              .utf8 = utf8});
     }

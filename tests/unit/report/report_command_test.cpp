@@ -1,12 +1,10 @@
 // Reports over whole runs: what was run and how, by the tools of RunnerWorld.
 
 #include "platform/run_time_error.hpp"
-#include "report/report_command.hpp"
 #include "report/reports.hpp"
-#include "report/run_report_of.hpp"
 #include "support/forwarding_files.hpp"
 #include "support/outputs.hpp"
-#include "unit/runner/runner_world.hpp"
+#include "unit/report/reports_world.hpp"
 
 #include <gmock/gmock.h>
 
@@ -18,79 +16,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using State = ReportedRecord::State;
-
-class ReportsOnRuns : public testing::Test {
-  protected:
-    ReportsOnRuns() {
-        machine_.processes.act = [this](const ToolCall& call) {
-            const std::string record = RunnerWorld::lastName(call.arguments.back());
-            const ToolEnd end = machine_.work(call);
-            RunnerWorld::writeHost(call.arguments[3], machine_.world.read(R"(C:\in\)" + record));
-            return record.starts_with("fail") ? exited(3, "no such element") : end;
-        };
-        request_.definition = "night.ini";
-        request_.stateFolder = machine_.request.stateFolder;
-    }
-
-    ExitStatus run() {
-        request_.patterns = machine_.request.settings.messages;
-        machine_.request.whenEnded = reportsAtTheEnd(request_, services_, utf8_);
-        return machine_.run();
-    }
-    ExitStatus report() {
-        machine_.request.job.runsTools = false;
-        const ExitStatus status =
-            reportOnRuns(machine_.definition, machine_.request, request_, services_, utf8_);
-        machine_.request.job.runsTools = true;
-        return status;
-    }
-    // As `report` finds it.
-    RunReport value() {
-        JobRequest job = machine_.request.job;
-        job.runsTools = false;
-        const auto [checked, faults] =
-            checkJob(machine_.definition, job,
-                     {.files = *machine_.files,
-                      .stamps = machine_.stamps,
-                      .paths = machine_.paths,
-                      .canStart = [](const std::string&) { return false; }});
-        EXPECT_THAT(faults, IsEmpty());
-        KnownFolders folders(*machine_.files);
-        const Products products(checked.definition, folders);
-        RunReport made = runReportOf({.job = checked,
-                                      .products = products,
-                                      .definition = "night.ini",
-                                      .stateFolder = request_.stateFolder,
-                                      .patterns = request_.patterns},
-                                     services_, utf8_);
-        linkProducts(made, products, R"(C:\job\out.html)", machine_.paths, utf8_);
-        return made;
-    }
-    std::string states() {
-        constexpr std::string_view letters = "muf-";
-        std::string text;
-        for (const ReportedRecord& record : value().records) {
-            text.append(text.empty() ? "" : " ")
-                .append(record.name)
-                .append(":")
-                .append(1, letters[static_cast<std::size_t>(record.state)]);
-        }
-        return text;
-    }
-
-    RunnerWorld machine_;
-    ReportRequest request_;
-    RunnerServices services_{.files = *machine_.files,
-                             .stamps = machine_.stamps,
-                             .paths = machine_.paths,
-                             .processes = machine_.processes,
-                             .locks = machine_.locks,
-                             .interruptions = machine_.interruptions,
-                             .terminal = machine_.terminal,
-                             .clock = machine_.clock,
-                             .canStart = [](const std::string&) { return false; }};
-    ToUtf8 utf8_ = [](std::string_view text) { return std::string(text); };
-};
 
 TEST_F(ReportsOnRuns, Before_the_first_run_everything_is_still_to_be_run) {
     machine_.writeRecord("a.met");

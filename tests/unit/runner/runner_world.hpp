@@ -70,7 +70,9 @@ class FakeRunClock final : public RunClock {
         asked();
         return now;
     }
-    [[nodiscard]] std::string dateAndTime() const override { return "2026-11-22T01:02:03Z"; }
+    [[nodiscard]] std::string dateAndTime() const override { return date; }
+
+    std::string date = "2026-11-22T01:02:03Z";
 };
 
 // Interrupts when the test says so.

@@ -1,0 +1,155 @@
+// Reports over the shares of a definition: as over a single run.
+
+#include "platform/windows_path.hpp"
+#include "report/joined_runs.hpp"
+#include "unit/report/reports_world.hpp"
+
+#include <gmock/gmock.h>
+
+namespace tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class ReportsOnShares : public ReportsOnRuns {
+  protected:
+    ReportsOnShares() {
+        for (int record = 0; record < 12; ++record) {
+            machine_.writeRecord("r" + std::to_string(record) + ".met",
+                                 "Error (line " + std::to_string(record) + "): no \"title\"");
+        }
+        machine_.writeRecord("fail.met", "Error: worse");
+    }
+
+    ExitStatus run(std::uint32_t number, std::uint32_t count) {
+        machine_.request.job.share = Share{.number = number, .count = count};
+        request_.share = machine_.request.job.share;
+        const ExitStatus status = ReportsOnRuns::run();
+        machine_.request.job.share = {};
+        request_.share = {};
+        return status;
+    }
+    void runAll(std::uint32_t count) {
+        for (std::uint32_t number = 1; number <= count; ++number) {
+            EXPECT_NE(run(number, count), ExitStatus::NothingRun) << machine_.terminal.error;
+        }
+    }
+    void forgetRuns() {
+        for (const std::string& name :
+             machine_.world.files().listFiles(request_.stateFolder, "*").names) {
+            machine_.world.files().remove(joinPath(request_.stateFolder, name));
+        }
+        for (const std::string& name : machine_.world.files().listFiles(R"(C:\out)", "*").names) {
+            machine_.world.files().remove(joinPath(R"(C:\out)", name));
+        }
+    }
+};
+
+TEST_F(ReportsOnShares, Say_what_one_over_a_single_run_says) {
+    EXPECT_EQ(ReportsOnRuns::run(), ExitStatus::SomeFailed);
+    RunReport single = value();
+    EXPECT_EQ(single.totals.failed, 1U);
+    EXPECT_EQ(single.totals.made, 12U);
+    forgetRuns();
+    runAll(3);
+    RunReport shares = value();
+    for (RunReport* const report : {&single, &shares}) {
+        report->made.clear();
+        report->totals.begun.clear();
+        report->totals.seconds = 0;
+        ASSERT_THAT(report->runs, SizeIs(1));
+        report->runs.clear();
+        for (ReportedRecord& record : report->records) {
+            for (ReportedCall& call : record.calls) {
+                call.seconds = 0;
+            }
+        }
+    }
+    EXPECT_EQ(shares, single);
+}
+
+TEST_F(ReportsOnShares, A_share_that_is_run_again_tells_what_is_new_and_gone) {
+    runAll(2);
+    machine_.writeRecord("r3.met", "Error: another\n");
+    machine_.clock.date = "2026-11-23T01:02:03Z";
+    runAll(2);
+    const RunReport report = value();
+    EXPECT_TRUE(report.hasRunBefore);
+    ASSERT_THAT(report.changes, SizeIs(1));
+    EXPECT_EQ(report.records[report.changes[0].record].name, "r3.met");
+    EXPECT_EQ(report.totals.upToDate + report.totals.made, 12U);
+    EXPECT_EQ(report.totals.begun, "2026-11-23T01:02:03Z");
+    ASSERT_THAT(report.runs, SizeIs(2));
+    EXPECT_EQ(report.runs[1].made + report.runs[1].upToDate, 12U);
+    EXPECT_EQ(report.runs[1].failed, 1U);
+}
+
+TEST_F(ReportsOnShares, What_a_plain_run_has_mended_since_is_no_failure) {
+    runAll(2);
+    machine_.writeRecord("fail.met", "fine now");
+    machine_.clock.date = "2026-11-23T01:02:03Z";
+    machine_.processes.act = [this](const ToolCall& call) {
+        const ToolEnd end = machine_.work(call);
+        RunnerWorld::writeHost(call.arguments[3], "fine now");
+        return end;
+    };
+    EXPECT_EQ(ReportsOnRuns::run(), ExitStatus::Done);
+    const RunReport report = value();
+    EXPECT_EQ(report.totals.failed, 0U);
+    EXPECT_EQ(report.records[0].name, "fail.met");
+    EXPECT_EQ(report.records[0].state, ReportedRecord::State::Made);
+    EXPECT_EQ(report.totals.upToDate, 12U);
+    EXPECT_EQ(report.shapes.back().text, "fine now");
+}
+
+TEST_F(ReportsOnShares, Shares_at_work_are_told) {
+    runAll(3);
+    EXPECT_THAT(value().remarks, IsEmpty());
+    const auto hold = [this](std::string_view name) {
+        return machine_.locks.tryLock(joinPath(request_.stateFolder, name), "process 7 on HERE");
+    };
+    const auto first = hold("share-1-of-3.lock");
+    EXPECT_THAT(value().remarks, ElementsAre("Share 1 of 3 is still at work."));
+    const auto third = hold("share-3-of-3.lock");
+    EXPECT_THAT(value().remarks, ElementsAre("Shares 1 and 3 of 3 are still at work."));
+    request_.holder = "process 7 on HERE"; // it is itself that reports
+    EXPECT_THAT(value().remarks, IsEmpty());
+}
+
+RunTotals totals(const std::string& begun, std::size_t made, double seconds = 1) {
+    return {.begun = begun, .seconds = seconds, .made = made};
+}
+
+TEST(JoinedRuns, Of_one_log_are_its_runs) {
+    EXPECT_THAT(runsOf({{.log = 0, .run = 1, .totals = totals("2", 5)},
+                        {.log = 0, .run = 2, .totals = totals("1", 7)}},
+                       std::vector<MessageSource>(1)),
+                ElementsAre(totals("2", 5), totals("1", 7)));
+}
+
+TEST(JoinedRuns, Of_shares_are_one_run_until_one_is_run_again) {
+    const std::vector<MessageSource> sources{{.path = "plain"},
+                                             {.path = "1 of 2", .lastRun = 2, .shares = 2},
+                                             {.path = "2 of 2", .lastRun = 1, .shares = 2}};
+    EXPECT_THAT(runsOf({{.log = 0, .run = 1, .totals = totals("0", 1)},
+                        {.log = 1, .run = 1, .totals = totals("1", 10, 4)},
+                        {.log = 1, .run = 2, .totals = totals("3", 12)},
+                        {.log = 2, .run = 1, .totals = totals("2", 20, 9)}},
+                       sources),
+                ElementsAre(totals("0", 1), totals("1", 30, 9), totals("3", 32)));
+}
+
+TEST(JoinedRuns, No_more_than_a_page_can_show_are_given) {
+    std::vector<EndedRun> ended;
+    for (std::size_t run = 0; run < RunReport::mostRuns + 3; ++run) {
+        ended.push_back({.log = 0, .run = 0, .totals = totals("x", run)});
+    }
+    const auto runs = runsOf(ended, std::vector<MessageSource>(1));
+    ASSERT_THAT(runs, SizeIs(RunReport::mostRuns));
+    EXPECT_EQ(runs.front().made, 3U);
+}
+
+} // namespace
+} // namespace tarnwick

@@ -22,6 +22,7 @@ class ProcessLocks {
 
     // Takes the lock that is the file `path`, making it where there is none, and writes `holder`
     // into it, for whoever comes next. Null where another process (or this one) holds it.
+    // Where it is held, that may take a second to be certain.
     // Raises 75 (not allowed), 76, 61, 70.
     [[nodiscard]] virtual std::unique_ptr<HeldLock> tryLock(std::string_view path,
                                                             std::string_view holder) = 0;

@@ -2,6 +2,7 @@
 
 #include "report/report_words.hpp"
 
+#include <cstddef>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -71,6 +72,16 @@ Json changeValue(const RunReport& report, const RecordChange& change) {
             {"gone", change.gone}};
 }
 
+// Of the text, roughly: most of it are records.
+std::size_t expectedSize(const RunReport& report) {
+    std::size_t size = 64UZ * 1024;
+    for (const ReportedRecord& record : report.records) {
+        size += 120 + record.name.size() + record.why.size() + record.mpStem.size() +
+                record.cnsStem.size() + 50 * record.calls.size() + 45 * record.findings.size();
+    }
+    return size;
+}
+
 // A list, an entry on a line: only one entry at a time is held as a value, for a hundred thousand
 // of them take ten times the memory of their text.
 template <typename Entries, typename Value>
@@ -87,7 +98,9 @@ void addList(std::string_view name, const Entries& entries, const Value& value, 
 } // namespace
 
 std::string jsonReport(const RunReport& report) {
-    std::string text = "{\"format\": \"tarnwick-run report 1\"";
+    std::string text;
+    text.reserve(expectedSize(report)); // else it is twice in memory each time that it grows
+    text += "{\"format\": \"tarnwick-run report 1\"";
     const auto add = [&](std::string_view name, const Json& value) {
         text.append(",\n\"").append(name).append("\": ").append(dumped(value));
     };

@@ -66,6 +66,35 @@ lines() { cat "$place"/night.state/*.log | grep -c "^$1	"; }
 made() { sed -n 's/^made	[0-9]*	\([^	]*\)	.*/\1/p' "$place"/night.state/*.log | sort; }
 products_equal_those_of() { diff -r "$1/out" "$place/out" >"$place/diff" || fail "other products: $(head "$place/diff")"; }
 
+# What a report says of the place, without what differs by times and by the number of runs.
+report_of() { # PLACE
+    "$program" report "$1/night.ini" --drive "T:=$1" --report "$1/report.json" -q || fail "no report over $1"
+    /usr/bin/python3 - "$1/report.json" <<'PYTHON'
+import json
+import sys
+
+report = json.load(open(sys.argv[1]))
+for name in ("made", "runs", "changes", "hasRunBefore"):
+    del report[name]
+totals = report["totals"]
+totals["made"] += totals.pop("upToDate")
+del totals["begun"], totals["seconds"]
+for shape in report["shapes"]:
+    del shape["recordsBefore"]
+for record in report["records"]:
+    record["state"] = record["state"].replace("up to date", "made")
+    for call in record["calls"]:
+        del call["seconds"]
+print(json.dumps(report, indent=1))
+PYTHON
+}
+report_equals_that_of() {
+    report_of "$1" >"$1/report.txt"
+    report_of "$place" >"$place/report.txt"
+    [ "$(wc -l <"$place/report.txt")" -gt $records ] || fail 'the report is empty'
+    diff "$1/report.txt" "$place/report.txt" >"$place/diff" || fail "another report: $(head "$place/diff")"
+}
+
 A_single_run_makes_everything() {
     new_place single
     single=$place
@@ -104,6 +133,7 @@ A_cancelled_task_and_a_killed_runner_lose_nothing_but_what_was_in_work() {
     # What a tool has begun twice was in work when its task was ended.
     diff <(sed 's|.*/in/||' "$place/begun.txt" | sort | uniq -d) <(echo "$lost") >"$place/diff" ||
         fail "run again without need: $(head "$place/diff")"
+    report_equals_that_of "$single"
     run_alone || fail "$(cat "$place/alone.out")"
     grep -q "0 made, 0 failed, $records up to date" "$place/alone.out" || fail "$(cat "$place/alone.out")"
 }

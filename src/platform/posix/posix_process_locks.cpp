@@ -7,7 +7,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <optional>
+#include <thread>
 
 namespace tarnwick {
 namespace {
@@ -57,7 +59,7 @@ struct flock lockedPlace() {
     return place;
 }
 
-bool lock(const FileDescriptor& file) {
+bool lockAtOnce(const FileDescriptor& file) {
     auto place = lockedPlace();
     if (::fcntl(file.get(), F_OFD_SETLK, &place) == 0) {
         return true;
@@ -66,6 +68,21 @@ bool lock(const FileDescriptor& file) {
         raiseSystemError(errno);
     }
     return false;
+}
+
+// What a process was just starting when it was killed has its open files until it is a program of
+// its own: so that a lock may outlive its owner for a moment.
+bool lock(const FileDescriptor& file) {
+    using namespace std::chrono_literals;
+    constexpr auto moment = 1s;
+    const auto end = std::chrono::steady_clock::now() + moment;
+    while (!lockAtOnce(file)) {
+        if (std::chrono::steady_clock::now() >= end) {
+            return false;
+        }
+        std::this_thread::sleep_for(5ms);
+    }
+    return true;
 }
 
 } // namespace

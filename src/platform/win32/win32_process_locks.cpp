@@ -65,10 +65,10 @@ std::unique_ptr<HeldLock> Win32ProcessLocks::tryLock(std::string_view path,
 }
 
 bool Win32ProcessLocks::isHeld(std::string_view path) const {
-    const Handle file(CreateFileW(toWidePath(possible(path)).c_str(), GENERIC_READ,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                  nullptr));
     try {
+        const Handle file(CreateFileW(toWidePath(possible(path)).c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                      nullptr));
         return file.isOpen() && !lock(file, ForOthers, LOCKFILE_FAIL_IMMEDIATELY);
     } catch (const RunTimeError&) {
         return false;

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sstream>
+
 namespace tarnwick {
 namespace {
 
@@ -189,6 +191,15 @@ TEST(Options, Help_and_version_are_no_mistakes) {
         }
     }
     EXPECT_THAT(printedBy({"--version"}).text, testing::StartsWith("tarnwick-run 2."));
+}
+
+TEST(Options, No_line_of_the_help_is_longer_than_a_terminal_is_wide) {
+    for (const char* const command : {"run", "commands", "report"}) {
+        std::istringstream help(printedBy({command, "--help"}).text);
+        for (std::string line; std::getline(help, line);) {
+            EXPECT_LT(line.size(), 80U) << line;
+        }
+    }
 }
 
 TEST(Options, A_definition_named_as_a_command_has_a_folder_before_it) {

@@ -16,7 +16,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using testing::UnorderedElementsAre;
 
 class RunOfRecords : public testing::Test {
   protected:

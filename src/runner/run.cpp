@@ -115,8 +115,8 @@ class OwnedRun {
 
     void judgeEnded(bool nothingCame) {
         const bool ordered = summary_.interruption == Interruption::Ordered;
-        if (ended_.empty() ||
-            !(ordered || nothingCame || parts_.clock.steadySeconds() >= endedUntil_)) {
+        const bool isTime = ordered || nothingCame || parts_.clock.steadySeconds() >= endedUntil_;
+        if (ended_.empty() || !isTime) {
             return;
         }
         for (RecordOutcome& outcome : std::exchange(ended_, {})) {
@@ -162,7 +162,8 @@ class OwnedRun {
             endTools();
             return;
         }
-        if (ordered) { // the other half is for what is to be done when the tools have ended
+        if (ordered &&
+            notice) { // the other half is for what is to be done when the tools have ended
             deadline_ = parts_.clock.steadySeconds() + *notice / 2;
         }
         tell([&](RunObserver& observer) { observer.ending(false, interruption); });

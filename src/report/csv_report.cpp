@@ -19,7 +19,7 @@ void addLine(const RunReport& report, const ReportedRecord& record, std::string&
 } // namespace
 
 std::string csvReport(const RunReport& report) {
-    std::string text = "\xEF\xBB\xBFrecord,state,why,shapes,messages,seconds,calls\r\n";
+    std::string text = "\xEF\xBB\xBF" + std::string(csvMark) + "\r\n";
     for (const ReportedRecord& record : report.records) {
         addLine(report, record, text);
     }

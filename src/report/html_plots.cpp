@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ranges>
 #include <string_view>
 #include <vector>
 
@@ -62,7 +63,7 @@ std::string plot(const RunReport& report, std::string_view name, const NumberOf&
     double x = plotWidth - step * static_cast<double>(report.runs.size());
     std::string text = "<figure><figcaption>" + std::string(name) + " <strong>" + grouped(now) +
                        "</strong> <span>at most " + grouped(most) + "</span></figcaption>\n" +
-                       "<svg viewBox=\"0 0 " + numberText(plotWidth, 0) + " " +
+                       R"(<svg viewBox="0 0 )" + numberText(plotWidth, 0) + " " +
                        numberText(plotHeight + 1, 0) +
                        "\" preserveAspectRatio=\"none\" role=\"img\" aria-label=\"" +
                        std::string(name) + " in the last " + counted(report.runs.size(), "run") +
@@ -87,12 +88,12 @@ std::string runsTable(const RunReport& report) {
         text.append("<th scope=\"col\" class=\"number\">").append(column);
     }
     text += "</thead><tbody>\n";
-    for (auto run = report.runs.rbegin(); run != report.runs.rend(); ++run) {
-        text += "<tr><th scope=\"row\">" + timeElement(run->begun) + "<td class=\"number\">" +
-                durationText(sensibleSeconds(run->seconds));
+    for (const RunTotals& run : report.runs | std::views::reverse) {
+        text += R"(<tr><th scope="row">)" + timeElement(run.begun) + R"(<td class="number">)" +
+                durationText(sensibleSeconds(run.seconds));
         for (const std::uint64_t number :
-             {std::uint64_t{run->made}, std::uint64_t{run->upToDate}, std::uint64_t{run->failed},
-              std::uint64_t{run->notRun}, std::uint64_t{run->recordsWithFindings}, run->messages}) {
+             {std::uint64_t{run.made}, std::uint64_t{run.upToDate}, std::uint64_t{run.failed},
+              std::uint64_t{run.notRun}, std::uint64_t{run.recordsWithFindings}, run.messages}) {
             text += numberCell(number);
         }
         text += "\n";
@@ -123,10 +124,8 @@ const ReportedCall& callOf(const RunReport& report, const TimedCall& call) {
 
 // Steps of 1, 2, 5 from a millisecond to an hour; a call belongs to the first that is longer.
 std::vector<double> steps() {
-    constexpr double shortest = 0.001;
-    constexpr double longest = 3600;
     std::vector<double> result;
-    for (double decade = shortest; decade < longest; decade *= 10) {
+    for (const double decade : {0.001, 0.01, 0.1, 1.0, 10.0, 100.0, 1000.0}) {
         for (const double factor : {1.0, 2.0, 5.0}) {
             result.push_back(decade * factor);
         }
@@ -165,7 +164,7 @@ std::string histogram(const RunReport& report, const std::vector<TimedCall>& cal
     std::string text = "<table class=\"times\"><caption>" + std::string(tool) +
                        "</caption><thead><tr><th scope=\"col\">A call took<td class=\"bar\">"
                        "<th scope=\"col\" class=\"number\">Calls</thead><tbody>\n";
-    const auto end = std::find_if(counts.rbegin(), counts.rend(), isUsed).base();
+    const auto end = std::ranges::find_if(counts.rbegin(), counts.rend(), isUsed).base();
     const std::uint64_t most = std::ranges::max(counts);
     for (auto count = first; count != end; ++count) {
         text +=
@@ -214,8 +213,8 @@ std::string stateBar(const RunReport& report) {
         }
     }
     // Stripes tell failed records also from what has the same colour on paper or to some eyes.
-    return "<svg class=\"states\" viewBox=\"0 0 " + numberText(std::max(width, 1.0), 1) +
-           " 28\" preserveAspectRatio=\"none\" role=\"img\" aria-label=\"" + barLabel(parts) +
+    return R"(<svg class="states" viewBox="0 0 )" + numberText(std::max(width, 1.0), 1) +
+           R"( 28" preserveAspectRatio="none" role="img" aria-label=")" + barLabel(parts) +
            "\">\n<defs><pattern id=\"stripes\" width=\"6\" height=\"6\" "
            "patternUnits=\"userSpaceOnUse\" patternTransform=\"rotate(45)\"><rect class=\"ground\" "
            "width=\"6\" height=\"6\"/><rect class=\"stripe\" width=\"2\" height=\"6\"/>"
@@ -242,7 +241,7 @@ std::string runsSection(const RunReport& report) {
 
 std::string timesSection(const RunReport& report) {
     std::vector<TimedCall> calls = callsOf(report);
-    std::string text = sectionBegin("times", "How long the tools took");
+    const std::string text = sectionBegin("times", "How long the tools took");
     if (calls.empty()) {
         return text + "<p>No tool has run yet.</p>\n</section>\n";
     }

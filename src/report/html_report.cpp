@@ -120,7 +120,7 @@ std::string htmlReport(const RunReport& report) {
     std::string page = body(report);
     const std::string mark = hexadecimal(hashOf(page));
     page.insert(0, "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n" +
-                       policy(mark) +
+                       std::string(htmlMark) + "\n" + policy(mark) +
                        "<meta name=\"viewport\" content=\"width=device-width\">\n"
                        "<meta name=\"color-scheme\" content=\"light dark\">\n"
                        "<link rel=\"icon\" href=\"data:,\">\n<title>" +

@@ -100,7 +100,7 @@ void addList(std::string_view name, const Entries& entries, const Value& value, 
 std::string jsonReport(const RunReport& report) {
     std::string text;
     text.reserve(expectedSize(report)); // else it is twice in memory each time that it grows
-    text += R"({"format": "tarnwick-run report 1")";
+    text.append(jsonMark).append(" 1\"");
     const auto add = [&](std::string_view name, const Json& value) {
         text.append(",\n\"").append(name).append("\": ").append(dumped(value));
     };

@@ -50,8 +50,8 @@ std::string junitReport(const RunReport& report) {
     const std::string counts = attribute("tests", std::to_string(report.records.size())) +
                                attribute("failures", std::to_string(report.totals.failed)) +
                                attribute("errors", "0");
-    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites" + counts +
-                       ">\n<testsuite" + attribute("name", report.definition) + counts +
+    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + std::string(junitMark) +
+                       counts + ">\n<testsuite" + attribute("name", report.definition) + counts +
                        attribute("skipped", std::to_string(report.totals.notRun)) +
                        attribute("time", secondsText(report.totals.seconds)) +
                        attribute("timestamp", report.totals.begun) + ">\n";

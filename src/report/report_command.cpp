@@ -1,5 +1,6 @@
 #include "report/report_command.hpp"
 
+#include "common/mod_main.hpp"
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "platform/run_time_error.hpp"
@@ -7,17 +8,19 @@
 #include "report/run_report_of.hpp"
 #include "runner/message_log.hpp"
 
-#include <algorithm>
 #include <utility>
 
 namespace tarnwick {
 namespace {
 
-// A record that has the same path as a report would be lost.
-bool isRecord(const Job& job, std::string_view file) {
-    return std::ranges::any_of(job.records, [&](const StampedFile& record) {
-        return equalIgnoringCase(joinPath(job.definition.sInputFolder, record.name), file);
-    });
+// Whatever else has that name would be lost: a record, a product, the definition.
+bool isFree(const Files& files, const std::string& path, ReportKind kind) {
+    if (!FileExists(files, path)) {
+        return true;
+    }
+    std::string beginning(reportBeginning, '\0');
+    beginning.resize(files.openForReading(path)->read(beginning));
+    return isReport(kind, beginning);
 }
 
 class ReportWriter {
@@ -45,7 +48,7 @@ class ReportWriter {
                 }
             }
             for (const std::string& file : request_.files) {
-                write(file, report, job, products, notes);
+                write(file, report, products, notes);
             }
         } catch (const RunTimeError& error) {
             notes.faults.push_back("No report can be made: " + error.record().description + ".");
@@ -61,16 +64,16 @@ class ReportWriter {
         }
     }
 
-    void write(const std::string& file, RunReport& report, const Job& job, const Products& products,
+    void write(const std::string& file, RunReport& report, const Products& products,
                RunEndNotes& notes) {
         const std::string shown = quoted(shownPath(services_.paths, file));
         try {
-            if (isRecord(job, file)) {
+            const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
+            if (!isFree(services_.files, file, kind)) {
                 notes.faults.push_back("The report " + shown +
-                                       " is not written: a record has that name.");
+                                       " is not written: another file has that name.");
                 return;
             }
-            const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
             linkProducts(report, products, file, services_.paths, utf8_);
             writeInOneStep(services_.files, file, reportText(kind, report));
             notes.told.push_back("The report is " + shownPath(services_.paths, file));

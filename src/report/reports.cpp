@@ -6,6 +6,7 @@
 #include "report/json_report.hpp"
 #include "report/junit_report.hpp"
 
+#include <algorithm>
 #include <array>
 
 namespace tarnwick {
@@ -14,13 +15,14 @@ namespace {
 struct KnownKind {
     std::string_view extension;
     ReportKind kind;
+    std::string_view mark; // which stands at the beginning of such a report, and of no product
     std::string (*text)(const RunReport& report);
 };
 constexpr auto kinds = std::to_array<KnownKind>({
-    {.extension = ".html", .kind = ReportKind::Html, .text = htmlReport},
-    {.extension = ".json", .kind = ReportKind::Json, .text = jsonReport},
-    {.extension = ".csv", .kind = ReportKind::Csv, .text = csvReport},
-    {.extension = ".xml", .kind = ReportKind::JUnit, .text = junitReport},
+    {.extension = ".html", .kind = ReportKind::Html, .mark = htmlMark, .text = htmlReport},
+    {.extension = ".json", .kind = ReportKind::Json, .mark = jsonMark, .text = jsonReport},
+    {.extension = ".csv", .kind = ReportKind::Csv, .mark = csvMark, .text = csvReport},
+    {.extension = ".xml", .kind = ReportKind::JUnit, .mark = junitMark, .text = junitReport},
 });
 
 } // namespace
@@ -33,6 +35,12 @@ std::optional<ReportKind> reportKindOf(std::string_view file) {
         }
     }
     return std::nullopt;
+}
+
+bool isReport(ReportKind kind, std::string_view beginning) {
+    return beginning.empty() || std::ranges::any_of(kinds, [&](const KnownKind& known) {
+               return known.kind == kind && beginning.contains(known.mark);
+           });
 }
 
 std::string reportText(ReportKind kind, const RunReport& report) {

@@ -60,15 +60,15 @@ class Planner {
         }
     }
 
-    Plan plan(bool all, const JudgedMessages* judged) {
+    Plan plan(bool all, std::span<const JudgedMessages> judged) {
         reasons_.resize(job_.records.size());
         known_.resize(job_.records.size());
         for (std::uint32_t record = 0; record < job_.records.size(); ++record) {
             reasons_[record] = reasonBeforeProducts(record, all);
         }
         lookAtProducts();
-        if (judged != nullptr) {
-            lookAtMessages(*judged);
+        if (!judged.empty()) {
+            lookAtMessages(judged);
         }
         for (std::uint32_t record = 0; record < reasons_.size(); ++record) {
             if (const auto& reason = reasons_[record]) {
@@ -196,15 +196,29 @@ class Planner {
         return folder;
     }
 
-    void lookAtMessages(const JudgedMessages& judged) {
+    void lookAtMessages(std::span<const JudgedMessages> judged) {
         using enum Reason::Kind;
         for (std::size_t record = 0; record < reasons_.size(); ++record) {
-            const auto found = judged.find(job_.records[record].name);
-            const bool known = found != judged.end();
-            if (!reasons_[record] && (!known || found->second)) {
+            if (reasons_[record]) {
+                continue;
+            }
+            const std::string& name = job_.records[record].name;
+            const JudgedMessages& ofLog = judged[logOf(name, known_[record])];
+            const auto found = ofLog.find(name);
+            const bool known = found != ofLog.end();
+            if (!known || found->second) {
                 reasons_[record] = Reason{.kind = known ? MessageFails : MessagesUnknown};
             }
         }
+    }
+
+    // The log that has it: 0 is the own one, 1 the first of the others.
+    [[nodiscard]] std::size_t logOf(const std::string& name, const KnownRecord* known) const {
+        std::size_t log = 0;
+        forEachElsewhere(name, [&](const OtherKnown& other) {
+            log = &other.known == known ? other.log + 1 : log;
+        });
+        return log;
     }
 
     // So that to ask for each of their products is less than to list all that are there; none at
@@ -328,7 +342,7 @@ RunConditions conditionsNow(const BatchDefinition& job, const Products& products
 
 Plan planRun(const Job& job, const Products& products, const StateHistory& history,
              const RunConditions& now, const FileStamps& stamps, bool all,
-             const JudgedMessages* judged) {
+             std::span<const JudgedMessages> judged) {
     return Planner(job, products, history, now, stamps).plan(all, judged);
 }
 

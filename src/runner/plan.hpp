@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -73,10 +74,11 @@ struct Plan {
 // that, under the same conditions, and it and its products are as that run left them, and no run
 // that was killed had it in work; with `all` none is.
 // Asks once for each folder that holds products, and once more for each product that a listing does
-// not show; of a few records among many, once for each product. With `judged`, what would be up to
-// date must run where its messages fail it, or are not known. Raises what FileStamps raises.
+// not show; of a few records among many, once for each product. With `judged`, the messages of
+// each log (the own one, then history.others.logs), what would be up to date must run where they
+// fail it, or are not known. Raises what FileStamps raises.
 [[nodiscard]] Plan planRun(const Job& job, const Products& products, const StateHistory& history,
                            const RunConditions& now, const FileStamps& stamps, bool all,
-                           const JudgedMessages* judged = nullptr);
+                           std::span<const JudgedMessages> judged = {});
 
 } // namespace tarnwick

@@ -105,12 +105,19 @@ class DefinitionRun {
     Plan plan(Job& job, const Products& products, const StateHistory& history,
               const RunConditions& now) const {
         const MessagePatterns& patterns = request_.settings.messages;
-        std::optional<JudgedMessages> judged;
+        std::vector<JudgedMessages> judged; // of each log
+        const auto judge = [&](const std::string& log) {
+            const std::string path = joinPath(request_.stateFolder, log);
+            judged.push_back(judgeKeptMessages(services_.files, messageLogOf(path), patterns));
+        };
         if (!patterns.failOn.empty()) {
-            judged = judgeKeptMessages(services_.files, messageLogOf(logPath_), patterns);
+            judge(history.ownName);
+            for (const OtherLogs::Log& log : history.others.logs) {
+                judge(log.name);
+            }
         }
-        Plan result = planRun(job, products, history, now, services_.stamps, request_.settings.all,
-                              judged ? &*judged : nullptr);
+        Plan result =
+            planRun(job, products, history, now, services_.stamps, request_.settings.all, judged);
         job.listing.reset(); // nobody needs it any longer, and it may be large
         return result;
     }

@@ -61,9 +61,13 @@ std::optional<Share> shareOfArray(const Environment& environment) {
     const auto task = number("SLURM_ARRAY_TASK_ID");
     const auto first = number("SLURM_ARRAY_TASK_MIN");
     const auto count = number("SLURM_ARRAY_TASK_COUNT");
+    const auto last = number("SLURM_ARRAY_TASK_MAX");
     const auto step = number("SLURM_ARRAY_TASK_STEP").value_or(1);
     if (!task || !first || !count || *task < *first || step == 0 || (*task - *first) % step != 0) {
         return std::nullopt;
+    }
+    if (last && (*last < *first || (*last - *first) / step + 1 != *count)) {
+        return std::nullopt; // there are gaps
     }
     const auto place = (*task - *first) / step;
     return place < *count ? std::optional(Share{.number = place + 1, .count = *count})

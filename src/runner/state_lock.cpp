@@ -110,9 +110,10 @@ void StateLock::watchDoubts(const std::function<void(const std::string& sentence
     }
     waits("Waiting whether another tarnwick-run is still at work: " +
           holderIn(doubts_.front().said) + ".");
-    constexpr double betweenLooks = 1; // seconds
-    for (double left = request_.times.watch; left > 0; left -= betweenLooks) {
-        std::this_thread::sleep_for(std::chrono::duration<double>(std::min(left, betweenLooks)));
+    using Seconds = std::chrono::duration<double>;
+    constexpr Seconds betweenLooks(1);
+    for (Seconds left(request_.times.watch); left > Seconds(0); left -= betweenLooks) {
+        std::this_thread::sleep_for(std::min(left, betweenLooks));
         const auto alive =
             std::ranges::find_if(doubts_, [&](const Doubt& doubt) { return showsLife(doubt); });
         if (alive != doubts_.end()) {

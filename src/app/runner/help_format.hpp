@@ -24,8 +24,9 @@ class HelpFormat : public CLI::Formatter {
             const std::string taken = option->get_type_name(); // and behind ":" what is checked
             name += " " + taken.substr(0, taken.find(':'));
         }
-        std::string text = name.size() < column ? name + std::string(column - name.size(), ' ')
-                                                : name + "\n" + std::string(column, ' ');
+        const std::string text = name.size() < column
+                                     ? name + std::string(column - name.size(), ' ')
+                                     : name + "\n" + std::string(column, ' ');
         return text + wrapped(option->get_description()) + "\n";
     }
 

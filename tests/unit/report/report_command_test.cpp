@@ -1,6 +1,7 @@
 // Reports over whole runs: what was run and how, by the tools of RunnerWorld.
 
 #include "platform/run_time_error.hpp"
+#include "platform/windows_path.hpp"
 #include "report/reports.hpp"
 #include "support/forwarding_files.hpp"
 #include "support/outputs.hpp"
@@ -141,13 +142,22 @@ TEST_F(ReportsOnRuns, That_cannot_be_written_are_told_and_change_nothing_else) {
     EXPECT_EQ(report(), ExitStatus::SomeFailed);
 }
 
-TEST_F(ReportsOnRuns, A_report_never_takes_the_place_of_a_record) {
+TEST_F(ReportsOnRuns, A_report_takes_the_place_of_none_but_a_report_of_its_kind) {
     machine_.definition.sInputExtensions = "*.xml";
     machine_.writeRecord("a.xml", "record");
-    request_.files = {R"(C:\in\A.XML)"};
+    machine_.world.write(R"(C:\job\page.html)", "<!DOCTYPE html>\n<html>of somebody");
+    request_.files = {R"(C:\in\A.XML)", R"(C:\job\page.html)"};
     EXPECT_EQ(run(), ExitStatus::SomeFailed);
-    EXPECT_THAT(machine_.terminal.error, HasSubstr("is not written: a record has that name.\n"));
+    EXPECT_THAT(machine_.terminal.error,
+                HasSubstr("is not written: another file has that name.\n"));
     EXPECT_EQ(machine_.world.read(R"(C:\in\a.xml)"), "record");
+    EXPECT_EQ(machine_.world.read(R"(C:\job\page.html)"), "<!DOCTYPE html>\n<html>of somebody");
+    machine_.world.write(R"(C:\job\page.html)", "");
+    for (const char* const name : {"page.html", "x.json", "x.csv", "x.xml"}) {
+        request_.files = {joinPath(R"(C:\job)", name)};
+        EXPECT_EQ(report(), ExitStatus::Done) << name;
+        EXPECT_EQ(report(), ExitStatus::Done) << name << ", once more";
+    }
 }
 
 TEST_F(ReportsOnRuns, A_record_with_a_message_that_nobody_wants_has_failed) {

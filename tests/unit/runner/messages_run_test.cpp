@@ -69,6 +69,21 @@ TEST_F(MessagesOfARun, Are_kept_for_every_record) {
                     said(1, "b.met", {})));
 }
 
+// What a share has made was said to its own log.
+TEST_F(MessagesOfARun, Of_the_log_that_has_the_record_fail_it) {
+    machine_.writeRecord("a.met", "fine");
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    machine_.writeRecord("a.met", "bad, now");
+    machine_.request.job.share = Share{.number = 1, .count = 1};
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    machine_.request.job.share = {};
+    EXPECT_EQ(dryRun(), "keep    a.met  up to date\n");
+    patterns().failOn = {"bad*"};
+    EXPECT_EQ(dryRun(), "run     a.met  what the tools say of it fails it\n");
+    patterns().failOn = {"worse"};
+    EXPECT_EQ(dryRun(), "keep    a.met  up to date\n");
+}
+
 TEST_F(MessagesOfARun, Are_CNSs_leftovers_and_then_MPs_errors) {
     machine_.definition.iProcessCNS = checked;
     output(machine_.definition, "Leftovers").bBuild = true;

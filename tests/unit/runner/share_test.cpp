@@ -110,6 +110,9 @@ TEST_F(ShareOfAnEngine, Is_the_place_of_a_task_in_its_array) {
 TEST_F(ShareOfAnEngine, Is_refused_where_the_tasks_do_not_follow_each_other) {
     array("9", "2", "3"); // of 2,5,9
     EXPECT_THAT(refusal(), HasSubstr("not numbered one after the other"));
+    array("3", "1", "3");
+    variables_["SLURM_ARRAY_TASK_MAX"] = "7"; // of 1,3,7
+    EXPECT_THAT(refusal(), HasSubstr("not numbered one after the other"));
     array("6", "5", "6", "5");
     EXPECT_THAT(refusal(), HasSubstr("not numbered one after the other"));
     array("x", "1", "8");

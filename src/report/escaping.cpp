@@ -26,6 +26,26 @@ bool beginsFormula(std::string_view text) noexcept {
            std::ranges::any_of(wide, [&](std::string_view sign) { return text.starts_with(sign); });
 }
 
+// A blank in front keeps no spreadsheet from seeing a formula behind it, nor does a quotation mark.
+bool seemsFormula(std::string_view text) noexcept {
+    return beginsFormula(text.substr(std::min(text.find_first_not_of(" \""), text.size())));
+}
+
+// Where ";" or "," is what lies between cells for a spreadsheet, what stands behind one begins a
+// cell.
+std::string withoutFormulas(std::string_view text) {
+    std::string safe;
+    while (!text.empty()) {
+        const auto end = std::min(text.find_first_of(";,"), text.size() - 1) + 1;
+        safe += text.substr(0, end);
+        text.remove_prefix(end);
+        if (safe.find_last_of(";,") == safe.size() - 1 && seemsFormula(text)) {
+            safe += '\'';
+        }
+    }
+    return safe;
+}
+
 } // namespace
 
 std::string shownText(std::string_view text) {
@@ -60,9 +80,7 @@ std::string markupText(std::string_view text) {
 }
 
 std::string csvCell(std::string_view text) {
-    // A blank in front keeps no spreadsheet from seeing a formula behind it.
-    const auto first = std::min(text.find_first_not_of(' '), text.size());
-    const std::string cell = (beginsFormula(text.substr(first)) ? "'" : "") + shownText(text);
+    const std::string cell = (seemsFormula(text) ? "'" : "") + withoutFormulas(shownText(text));
     const bool needsQuotes = cell.find_first_of(",;\"") != std::string::npos ||
                              cell.starts_with(' ') || cell.ends_with(' ');
     return needsQuotes ? quoted(withDoubled(cell, '"')) : cell;

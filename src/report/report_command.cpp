@@ -4,6 +4,8 @@
 #include "common/one_step_file.hpp"
 #include "common/text.hpp"
 #include "platform/run_time_error.hpp"
+#include "platform/wildcard.hpp"
+#include "platform/windows_path.hpp"
 #include "report/reports.hpp"
 #include "report/run_report_of.hpp"
 #include "runner/message_log.hpp"
@@ -21,6 +23,13 @@ bool isFree(const Files& files, const std::string& path, ReportKind kind) {
     std::string beginning(reportBeginning, '\0');
     beginning.resize(files.openForReading(path)->read(beginning));
     return isReport(kind, beginning);
+}
+
+// The next run would take the report for a record.
+bool seemsRecord(const BatchDefinition& definition, const std::string& path) {
+    return equalIgnoringCase(withBackslash(GetFolderPath(path)),
+                             withBackslash(definition.sInputFolder)) &&
+           matchesAnyWildcard(GetFileName(path), definition.sInputExtensions);
 }
 
 class ReportWriter {
@@ -48,7 +57,7 @@ class ReportWriter {
                 }
             }
             for (const std::string& file : request_.files) {
-                write(file, report, products, notes);
+                write(file, report, job, products, notes);
             }
         } catch (const RunTimeError& error) {
             notes.faults.push_back("No report can be made: " + error.record().description + ".");
@@ -64,11 +73,16 @@ class ReportWriter {
         }
     }
 
-    void write(const std::string& file, RunReport& report, const Products& products,
+    void write(const std::string& file, RunReport& report, const Job& job, const Products& products,
                RunEndNotes& notes) {
         const std::string shown = quoted(shownPath(services_.paths, file));
         try {
             const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
+            if (seemsRecord(job.definition, file)) {
+                notes.faults.push_back("The report " + shown +
+                                       " is not written: it would be taken for a record.");
+                return;
+            }
             if (!isFree(services_.files, file, kind)) {
                 notes.faults.push_back("The report " + shown +
                                        " is not written: another file has that name.");

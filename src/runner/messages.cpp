@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -16,11 +17,17 @@ constexpr bool isBlank(char character) noexcept {
     return character == ' ' || character == '\t' || character == '\v' || character == '\f';
 }
 
+// So much of a line is looked at by patterns.
+constexpr std::size_t longestJudged = 64UZ * 1024;
+
 // Gathers a line of any length in little memory.
 class BoundedLine {
   public:
+    // `most` bytes and one more are kept.
+    explicit BoundedLine(std::size_t most) : most_(most) {}
+
     void add(char character) {
-        if (text_.size() <= longestMessage) {
+        if (text_.size() <= most_) {
             if (!text_.empty() || !isBlank(character)) {
                 text_ += character;
             }
@@ -32,17 +39,17 @@ class BoundedLine {
     // Its text, without the blanks around it; the next one begins.
     std::string take() {
         std::string text = std::exchange(text_, {});
-        if (std::exchange(cut_, false)) {
-            return shortened(text, longestMessage);
+        if (!std::exchange(cut_, false)) {
+            while (!text.empty() && isBlank(text.back())) {
+                text.pop_back();
+            }
         }
-        while (!text.empty() && isBlank(text.back())) {
-            text.pop_back();
-        }
-        return shortened(text, longestMessage);
+        return text;
     }
 
   private:
-    std::string text_; // at most one byte more than is kept
+    std::size_t most_;
+    std::string text_;
     bool cut_ = false; // something that is not blank stands behind it
 };
 
@@ -50,11 +57,20 @@ class MessageReader {
   public:
     MessageReader(const MessagePatterns& patterns, RecordMessages& messages,
                   const ToolText& toolText)
-        : patterns_(patterns), messages_(messages), toolText_(toolText) {}
+        : patterns_(patterns),
+          messages_(messages),
+          toolText_(toolText),
+          line_(patterns.failOn.empty() ? longestMessage : longestJudged) {}
 
-    void read(InputFile& file) {
+    void read(InputFile& file, std::uint64_t most) {
         std::array<char, 64UZ * 1024> block{};
-        while (const std::size_t count = file.read(block)) {
+        while (most > 0) {
+            const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(most, block.size()));
+            const std::size_t count = file.read(std::span(block).first(room));
+            if (count == 0) {
+                break;
+            }
+            most -= count;
             for (const char character : std::string_view(block.data(), count)) {
                 take(character);
             }
@@ -90,7 +106,9 @@ class MessageReader {
         if (toolText_) {
             text = toolText_(text);
         }
-        if (messages_.failing.empty() && patterns_.fails(text)) {
+        const bool fails = messages_.failing.empty() && patterns_.fails(text);
+        text = shortened(text, longestMessage);
+        if (fails) {
             messages_.failing = text;
         }
         if (kept_ < mostMessages) {
@@ -126,9 +144,9 @@ std::string messageFailure(std::string_view message) {
     return "the tools say " + quoted(message);
 }
 
-void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
-                  const ToolText& toolText) {
-    MessageReader(patterns, messages, toolText).read(file);
+void readMessages(InputFile& file, std::uint64_t size, const MessagePatterns& patterns,
+                  RecordMessages& messages, const ToolText& toolText) {
+    MessageReader(patterns, messages, toolText).read(file, size);
 }
 
 } // namespace tarnwick

@@ -46,10 +46,15 @@ struct RecordMessages {
 // A text that a tool has written, in the program's code page. Empty: it is that as it is.
 using ToolText = std::function<std::string(std::string_view text)>;
 
-// Adds every line of the file that is not blank. Where there are more than mostMessages, the last
-// one that is added is "[messages left out: 1234]", in the place of the first of these. Memory:
-// what is kept, however long file and lines are. Raises what InputFile::read raises.
-void readMessages(InputFile& file, const MessagePatterns& patterns, RecordMessages& messages,
-                  const ToolText& toolText = {});
+// The largest report that is read, in bytes: what is more is damage, or has no end.
+inline constexpr std::uint64_t largestReport = 1'000'000'000;
+
+// Adds every line of the first `size` bytes of the file that is not blank: what is written behind
+// them meanwhile is not followed. Patterns see 64 KB of a line. Where there are more than
+// mostMessages, the last one that is added is "[messages left out: 1234]", in the place of the
+// first of these. Memory: what is kept, however long file and lines are. Raises what
+// InputFile::read raises.
+void readMessages(InputFile& file, std::uint64_t size, const MessagePatterns& patterns,
+                  RecordMessages& messages, const ToolText& toolText = {});
 
 } // namespace tarnwick

@@ -150,11 +150,14 @@ void RecordRun::takeMessages(Tool tool, const Stamps& before, RecordOutcome& out
         const std::string path = products_.pathOf(kind, outcome.record);
         try {
             const auto after = services_.stamps.stampOfExact(path);
+            if (after && after->size > largestReport) {
+                return; // what it says is not known
+            }
             if (after && written_.mayBeWritten(place, before[place], *after)) {
                 RecordMessages& messages =
                     outcome.messages ? *outcome.messages : outcome.messages.emplace();
-                readMessages(*services_.files.openForReading(path), settings_.messages, messages,
-                             services_.toolText);
+                readMessages(*services_.files.openForReading(path), after->size, settings_.messages,
+                             messages, services_.toolText);
                 ++reportsRead_;
             }
         } catch (const RunTimeError&) {

@@ -54,7 +54,8 @@ bool WrittenFiles::mayBeWritten(std::size_t kind, const std::optional<Stamp>& be
         return true;
     }
     // The same size and time: it was written, if at all, within what the times cannot tell apart.
-    return after.time + coarsest > nanoseconds(clock_) + ahead_[kind];
+    const std::int64_t now = nanoseconds(clock_) + ahead_[kind];
+    return after.time + coarsest > now && after.time < now + coarsest;
 }
 
 } // namespace tarnwick

@@ -38,12 +38,16 @@ class PosixHeldLock : public HeldLock {
 
 FileDescriptor openLockFile(const std::string& hostPath) {
     constexpr mode_t everybody = 0666; // less what the user's mask takes away
-    FileDescriptor file(
-        ::open(hostPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, everybody));
+    FileDescriptor file(::open(hostPath.c_str(),
+                               O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW, everybody));
     if (!file.isOpen()) {
         raiseSystemError(errno);
     }
-    requireReplaceable(statusOf(file));
+    const auto status = statusOf(file);
+    requireReplaceable(status);
+    if (status.st_nlink > 1) { // what is written here would be written elsewhere
+        raiseSystemError(EACCES);
+    }
     return file;
 }
 

@@ -45,6 +45,9 @@ TEST(CsvCell, A_cell_is_quoted_where_it_must_be) {
 TEST(CsvCell, No_cell_is_a_formula) {
     EXPECT_EQ(csvCell("=cmd|' /C calc'!A0"), "'=cmd|' /C calc'!A0");
     EXPECT_EQ(csvCell("+1"), "'+1");
+    EXPECT_EQ(csvCell("x;=HYPERLINK(1);y"), "\"x;'=HYPERLINK(1);y\"");
+    EXPECT_EQ(csvCell("x, \"=1"), "\"x,' \"\"=1\"");
+    EXPECT_EQ(csvCell("\"=1"), "\"'\"\"=1\"");
     EXPECT_EQ(csvCell("-1"), "'-1");
     EXPECT_EQ(csvCell("@SUM(A1)"), "'@SUM(A1)");
     EXPECT_EQ(csvCell("\t=1"), "' =1");

@@ -149,6 +149,8 @@ TEST_F(ReportsOnRuns, A_report_takes_the_place_of_none_but_a_report_of_its_kind)
     request_.files = {R"(C:\in\A.XML)", R"(C:\job\page.html)"};
     EXPECT_EQ(run(), ExitStatus::SomeFailed);
     EXPECT_THAT(machine_.terminal.error,
+                HasSubstr("is not written: it would be taken for a record.\n"));
+    EXPECT_THAT(machine_.terminal.error,
                 HasSubstr("is not written: another file has that name.\n"));
     EXPECT_EQ(machine_.world.read(R"(C:\in\a.xml)"), "record");
     EXPECT_EQ(machine_.world.read(R"(C:\job\page.html)"), "<!DOCTYPE html>\n<html>of somebody");

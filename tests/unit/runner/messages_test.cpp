@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <limits>
 #include <span>
 
 namespace tarnwick {
@@ -10,6 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+constexpr auto everything = std::numeric_limits<std::uint64_t>::max();
 
 // Gives a text in pieces of so many bytes.
 class TextInPieces final : public InputFile {
@@ -48,7 +51,7 @@ RecordMessages messagesOf(const std::string& text, const MessagePatterns& patter
                           std::size_t piece = 4096) {
     RecordMessages messages;
     TextInPieces file(text, piece);
-    readMessages(file, patterns, messages);
+    readMessages(file, everything, patterns, messages);
     return messages;
 }
 
@@ -93,16 +96,31 @@ TEST(Messages, Of_two_files_stand_behind_each_other) {
     RecordMessages messages;
     TextInPieces leftovers("a", 9);
     TextInPieces errors("b", 9);
-    readMessages(leftovers, {}, messages);
-    readMessages(errors, {}, messages);
+    readMessages(leftovers, everything, {}, messages);
+    readMessages(errors, everything, {}, messages);
     EXPECT_THAT(messages.kept, ElementsAre(ToolMessage{.line = 1, .text = "a"},
                                            ToolMessage{.line = 1, .text = "b"}));
+}
+
+TEST(Messages, Behind_the_size_that_a_report_had_are_not_followed) {
+    RecordMessages messages;
+    TextInPieces file("one\ntwo\nthree", 2);
+    readMessages(file, 6, {}, messages);
+    EXPECT_THAT(messages.kept, ElementsAre(ToolMessage{.line = 1, .text = "one"},
+                                           ToolMessage{.line = 2, .text = "tw"}));
+}
+
+TEST(Messages, Fail_also_by_what_is_not_kept_of_a_long_line) {
+    const auto messages =
+        messagesOf(std::string(5000, 'x') + " FATAL broken", {.ignore = {}, .failOn = {"*fatal*"}});
+    EXPECT_EQ(messages.failing.size(), longestMessage);
+    EXPECT_EQ(messages.kept.front().text, messages.failing);
 }
 
 TEST(Messages, In_a_long_report_without_an_end_of_line_take_little_memory) {
     RecordMessages messages;
     EndlessLine endless('x', 50'000'000);
-    readMessages(endless, {}, messages);
+    readMessages(endless, everything, {}, messages);
     ASSERT_EQ(messages.kept.size(), 1U);
     EXPECT_EQ(messages.kept.front().text.size(), longestMessage);
     EXPECT_LE(messages.kept.front().text.capacity(), 2 * longestMessage + 64);

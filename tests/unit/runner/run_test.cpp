@@ -120,6 +120,8 @@ TEST_F(RunOfRecords, Coarse_times_do_not_make_a_failure_of_a_success) {
     EXPECT_TRUE(written.mayBeWritten(0, before, *before));
     const Stamp old{.size = 4, .time = before->time - 10'000'000'000};
     EXPECT_FALSE(written.mayBeWritten(0, old, old));
+    const Stamp ofTheFuture{.size = 4, .time = before->time + 10'000'000'000};
+    EXPECT_FALSE(written.mayBeWritten(0, ofTheFuture, ofTheFuture)); // a clock was set back
     machine_.clock.now += 3600; // the file has been there for an hour
     EXPECT_FALSE(written.mayBeWritten(0, before, *before));
     EXPECT_TRUE(written.mayBeWritten(0, std::nullopt, *before));

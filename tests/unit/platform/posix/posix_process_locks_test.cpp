@@ -110,5 +110,15 @@ TEST_F(LocksHere, Others_may_read_who_holds_it) {
     EXPECT_EQ(status.st_mode & 0777, 0644U);
 }
 
+TEST_F(LocksHere, A_link_is_no_lock_and_what_it_leads_to_stays) {
+    std::ofstream(host_ + "/victim") << "precious";
+    fs::create_symlink("victim", host_ + "/lock");
+    fs::create_hard_link(host_ + "/victim", host_ + "/other lock");
+    for (const char* const path : {R"(T:\lock)", R"(T:\other lock)"}) {
+        EXPECT_EQ(raisedBy([&] { return locks_.tryLock(path, "me"); }), 75) << path;
+    }
+    EXPECT_EQ(fs::file_size(host_ + "/victim"), 8U);
+}
+
 } // namespace
 } // namespace tarnwick

@@ -41,7 +41,7 @@ FileDescriptor openLockFile(const std::string& hostPath) {
     FileDescriptor file(::open(hostPath.c_str(),
                                O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW, everybody));
     if (!file.isOpen()) {
-        raiseSystemError(errno);
+        raiseSystemError(errno == ELOOP ? EACCES : errno);
     }
     const auto status = statusOf(file);
     requireReplaceable(status);

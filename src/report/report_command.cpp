@@ -49,12 +49,12 @@ class ReportWriter {
                                             .share = request_.share,
                                             .holder = request_.holder},
                                            services_, utf8_);
-            if (end != nullptr && end->run != 0) {
+            if (end != nullptr) {
                 report.totals.seconds = end->summary.seconds;
-                if (!request_.ofSomeRecords) {
-                    notes.totals = report.totals;
-                    addRun(report);
-                }
+            }
+            if (end != nullptr && end->run != 0 && !request_.ofSomeRecords) {
+                notes.totals = report.totals;
+                addRun(report);
             }
             for (const std::string& file : request_.files) {
                 write(file, report, job, products, notes);

@@ -210,8 +210,8 @@ class DefinitionRun {
         std::optional<MessageLog> messages; // not even looked at where there is nothing to do
         if (!planned.toRun.empty()) {
             messages.emplace(services_.files, messageLogOf(logPath_));
-            log.write(RunLine{.run = number, .begun = begun, .conditions = now});
         }
+        log.write(RunLine{.run = number, .begun = begun, .conditions = now});
         const RecordServices recordServices{.files = services_.files,
                                             .stamps = services_.stamps,
                                             .paths = services_.paths,

@@ -105,9 +105,11 @@ void makeAnew(Files& files, std::string_view path, const RunHistory& history) {
 }
 
 bool isWorthMakingAnew(const RunHistory& history) {
-    const std::size_t useful = history.records.size() + history.runs.size();
-    return history.torn || history.damaged > 0 ||
-           (history.lines > fewLines && history.lines > 2 * useful);
+    if (history.torn || history.damaged > 0) {
+        return true;
+    }
+    return history.lines > fewLines &&
+           history.lines > 2 * (history.records.size() + usedRuns(history).size());
 }
 
 } // namespace

@@ -78,7 +78,10 @@ TEST_F(ReportsOnRuns, Each_run_leaves_its_totals) {
                            .recordsWithFindings = 1,
                            .messages = 1};
     EXPECT_THAT(value().runs, ElementsAre(first, second));
-    EXPECT_EQ(value().totals, second);
+    EXPECT_EQ(value().totals, (RunTotals{.begun = "2026-11-22T01:02:03Z",
+                                         .upToDate = 2,
+                                         .recordsWithFindings = 1,
+                                         .messages = 1}));
 }
 
 TEST_F(ReportsOnRuns, A_run_of_some_records_says_nothing_of_how_everything_stands) {
@@ -171,6 +174,20 @@ TEST_F(ReportsOnRuns, A_record_with_a_message_that_nobody_wants_has_failed) {
     EXPECT_EQ(value().records[0].why, "the tools say \"bad\"");
     EXPECT_EQ(value().records[0].mpStem, "a"); // its products are whole
     EXPECT_EQ(value().totals.failed, 1U);
+}
+
+TEST_F(ReportsOnRuns, Of_a_run_with_nothing_to_do_say_that_all_is_up_to_date) {
+    machine_.writeRecord("a.met", "x");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.writeRecord("a.met", "another");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(value().changes.size(), 1U);
+    machine_.clock.date = "2026-11-23T01:02:03Z";
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(states(), "a.met:u");
+    EXPECT_THAT(value().changes, IsEmpty());
+    EXPECT_EQ(value().totals.begun, "2026-11-23T01:02:03Z");
+    EXPECT_EQ(value().runs.size(), 2U);
 }
 
 TEST_F(ReportsOnRuns, What_is_gone_since_the_run_before_is_told) {

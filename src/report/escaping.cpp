@@ -48,9 +48,13 @@ std::string withoutFormulas(std::string_view text) {
 
 } // namespace
 
+const CodePage& utf8Page() noexcept {
+    static const CodePage page(CodePage::utf8);
+    return page;
+}
+
 std::string shownText(std::string_view text) {
-    static const CodePage utf8(CodePage::utf8);
-    return isPlain(text) ? std::string(text) : visibleText(text, utf8);
+    return isPlain(text) ? std::string(text) : visibleText(text, utf8Page());
 }
 
 std::string markupText(std::string_view text) {

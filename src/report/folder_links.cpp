@@ -44,11 +44,10 @@ std::string absoluteRoot(const std::string& root) {
 } // namespace
 
 std::string linkToFolder(std::string_view from, std::string_view to, char separator) {
-    static const CodePage utf8(CodePage::utf8);
     const PathParts here = partsOf(from, separator);
     const PathParts there = partsOf(to, separator);
     const auto isSame = [&](std::string_view left, std::string_view right) {
-        return separator == '\\' ? equalIgnoringCase(left, right, utf8) : left == right;
+        return separator == '\\' ? equalIgnoringCase(left, right, utf8Page()) : left == right;
     };
     std::string link;
     auto rest = there.folders.begin();

@@ -21,7 +21,7 @@ bool looksLike(std::string_view text, std::string_view pattern) {
 
 std::string cutText(std::string_view text) {
     constexpr std::size_t most = 1000;
-    return shortened(text, most, CodePage(CodePage::utf8));
+    return shortened(text, most, utf8Page());
 }
 
 std::string sectionBegin(std::string_view place, std::string_view heading) {

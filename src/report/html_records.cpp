@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <vector>
 
 namespace tarnwick {
 namespace {
@@ -18,31 +19,42 @@ const std::string& stemOf(const ReportedRecord& record, const ReportedProduct& p
     return product.ofCns ? record.cnsStem : record.mpStem;
 }
 
-std::string link(const ReportedRecord& record, const ReportedProduct& product) {
-    const std::string& stem = stemOf(record, product);
-    if (stem.empty()) {
-        return {};
-    }
-    return "<a href=\"" + folderLink(product.folder) + linkPart(stem) + linkPart(product.suffix) +
-           "\">" + markupText(cutText(product.label)) + "</a> ";
-}
+// The links to one product: what is the same in all of them.
+class ProductLinks {
+  public:
+    explicit ProductLinks(const ReportedProduct& product)
+        : product_(product),
+          begin_("<a href=\"" + folderLink(product.folder)),
+          end_(linkPart(product.suffix) + "\">" + markupText(cutText(product.label)) + "</a> ") {}
 
-// How many products, from the first on, every record can have a link to.
-std::size_t linkedProducts(const RunReport& report) {
+    [[nodiscard]] std::string of(const ReportedRecord& record) const {
+        const std::string& stem = stemOf(record, product_);
+        return stem.empty() ? "" : begin_ + linkPart(stem) + end_;
+    }
+
+  private:
+    const ReportedProduct& product_;
+    std::string begin_;
+    std::string end_;
+};
+
+// Of the products, from the first on, to which every record can have a link.
+std::vector<ProductLinks> linkedProducts(const RunReport& report) {
     std::size_t room = roomForLinks;
-    std::size_t count = 0;
+    std::vector<ProductLinks> linked;
     for (const ReportedProduct& product : report.products) {
+        const ProductLinks links(product);
         std::size_t needed = 0;
         for (const ReportedRecord& record : report.records) {
-            needed += link(record, product).size();
+            needed += links.of(record).size();
         }
         if (needed > room) {
             break;
         }
         room -= needed;
-        ++count;
+        linked.push_back(links);
     }
-    return count;
+    return linked;
 }
 
 // What the script takes for the stem of a record's products when the row says nothing else. It
@@ -72,8 +84,8 @@ std::string shapeNumbers(const RunReport& report, const ReportedRecord& record) 
     return count <= mostShapesInRow ? text : text + " ...";
 }
 
-void addRow(const RunReport& report, const ReportedRecord& record, std::size_t links,
-            std::string& page) {
+void addRow(const RunReport& report, const ReportedRecord& record,
+            const std::vector<ProductLinks>& linked, std::string& page) {
     const std::string usual = usualStem(record);
     page.append("<tr").append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
     page.append(stemAttribute("m", record.mpStem, usual));
@@ -84,8 +96,8 @@ void addRow(const RunReport& report, const ReportedRecord& record, std::size_t l
     page.append("<td>").append(grouped(findingsOf(report, record).messages));
     page.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
     page.append("<td>");
-    for (std::size_t product = 0; product < links; ++product) {
-        page.append(link(record, report.products[product]));
+    for (const ProductLinks& links : linked) {
+        page.append(links.of(record));
     }
     page.append("\n");
 }
@@ -131,17 +143,17 @@ std::string controls() {
 } // namespace
 
 void addRecordsSection(const RunReport& report, std::string& page) {
-    const std::size_t links = linkedProducts(report);
+    const std::vector<ProductLinks> linked = linkedProducts(report);
     page += sectionBegin("records", "All records", report.records.size()) + products(report) +
             controls() + "<noscript id=\"all\">";
-    if (links < report.products.size()) {
+    if (linked.size() < report.products.size()) {
         page +=
             "<p class=\"remark\">There is no room for all links: each record leads to its first " +
-            counted(links, "product") + ". With its script this page leads to all.</p>\n";
+            counted(linked.size(), "product") + ". With its script this page leads to all.</p>\n";
     }
     page += "<table class=\"records\">" + columns(false) + "<tbody>\n";
     for (const ReportedRecord& record : report.records) {
-        addRow(report, record, links, page);
+        addRow(report, record, linked, page);
     }
     page += "</tbody></table></noscript>\n</section>\n";
 }

@@ -1,5 +1,7 @@
 #include "report/shapes.hpp"
 
+#include "report/escaping.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -49,20 +51,6 @@ constexpr auto quotations = std::to_array<Quotation>({
 // Most characters do not: they are seen at a glance.
 constexpr bool mayQuote(char first) noexcept {
     return !isAscii(first) || first == '"' || first == '\'' || first == '`';
-}
-
-// How many bytes the first character has, in UTF-8; what is none has one.
-std::size_t lengthOfFirst(std::string_view text) noexcept {
-    const auto first = static_cast<unsigned char>(text.front());
-    const std::size_t length = first < 0xC2 || first > 0xF4 ? 1
-                               : first < 0xE0               ? 2
-                               : first < 0xF0               ? 3
-                                                            : 4;
-    const bool isWhole =
-        length <= text.size() && std::ranges::all_of(text.substr(1, length - 1), [](char byte) {
-            return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-        });
-    return isWhole ? length : 1;
 }
 
 bool closes(std::string_view character, const Quotation& quotation) noexcept {
@@ -146,7 +134,7 @@ class Masker {
         return place < text_.size() ? text_[place] : '\0';
     }
     [[nodiscard]] std::string_view characterAt(std::size_t place) const noexcept {
-        return text_.substr(place, lengthOfFirst(text_.substr(place)));
+        return text_.substr(place, utf8Page().lengthOfFirst(text_.substr(place)));
     }
     [[nodiscard]] bool isLetterAt(std::size_t place) const noexcept {
         return place < text_.size() && isLetter(characterAt(place));

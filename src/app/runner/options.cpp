@@ -57,8 +57,6 @@ std::string readDuration(const std::string& text, std::optional<double>& seconds
 
 struct Typed {
     RunnerOptions options;
-    std::string mp;
-    std::string cns;
     std::string timeout;
     std::string notice;
     std::string shard;

@@ -161,6 +161,8 @@ class RunnerWorld {
         return hostPath.substr(hostPath.rfind('/') + 1);
     }
     static void writeHost(const std::string& path, std::string_view text);
+    // Over what is there, as who holds a lock does: a reader never finds nothing.
+    static void overwriteHost(const std::string& path, std::string_view text);
     // Makes the file look as if it had been written so many seconds ago.
     void makeOlder(std::string_view path, int seconds);
 

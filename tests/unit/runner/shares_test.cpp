@@ -310,9 +310,9 @@ class Rival {
     Rival(RunnerWorld& machine, std::string path) {
         living_ = std::jthread([&machine, path = std::move(path)](const std::stop_token& stop) {
             for (int sign = 1; !stop.stop_requested(); ++sign) {
-                RunnerWorld::writeHost(machine.world.files().hostPath(path),
-                                       "process 7 on NEXT, since noon\nsign of life " +
-                                           std::to_string(sign) + "\n");
+                RunnerWorld::overwriteHost(machine.world.files().hostPath(path),
+                                           "process 7 on NEXT, since noon\nsign of life " +
+                                               std::to_string(sign) + "\n");
                 std::this_thread::sleep_for(std::chrono::milliseconds(5));
             }
         });
@@ -339,7 +339,7 @@ TEST_F(SharesAtWork, Whose_lock_is_taken_from_another_machine_ends) {
     machine_.request.settings.notice = 1e9; // which counts for the system's order alone
     const auto lock = machine_.world.drivesRoot() + "/c/job/night.state/share-2-of-3.lock";
     machine_.processes.act = [&](const ToolCall&) {
-        RunnerWorld::writeHost(lock, "process 7 on NEXT, since noon\nsign of life 0\n");
+        RunnerWorld::overwriteHost(lock, "process 7 on NEXT, since noon\nsign of life 0\n");
         EXPECT_TRUE(eventually([&] { return machine_.processes.isHalted(); }));
         return toolEnd(ToolEnd::Kind::Halted);
     };

@@ -8,17 +8,6 @@
 #include <algorithm>
 
 namespace tarnwick {
-namespace {
-
-// Digits where `pattern` has a 0, else the same.
-bool looksLike(std::string_view text, std::string_view pattern) {
-    return std::ranges::equal(text, pattern, [](char character, char wanted) {
-        return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
-    });
-}
-
-} // namespace
-
 std::string cutText(std::string_view text) {
     constexpr std::size_t most = 1000;
     return shortened(text, most, utf8Page());
@@ -47,7 +36,7 @@ std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view wh
 }
 
 std::string timeElement(std::string_view time) {
-    if (!looksLike(time, "0000-00-00T00:00:00Z")) {
+    if (!isDateAndTime(time)) {
         return markupText(cutText(time));
     }
     const std::string shown =

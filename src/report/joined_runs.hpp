@@ -4,24 +4,32 @@
 #include "runner/run_totals.hpp"
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace tarnwick {
 
 // Runs of several logs, in the order in which they began: which of them are one run together.
-// Shares of as many are, until one of them is run again.
+// Shares of as many are, until one of them is run again, or none has begun for half a day: shares
+// that one machine runs one after another follow each other sooner, and those of the next night
+// later, also where the night before some were left out.
 class JoinedRun {
   public:
-    // Whether that run of a log begins another one together. `shares` as in MessageSource.
-    bool begins(std::uint32_t log, std::uint32_t shares);
+    static constexpr double longestPause = 12.0 * 60 * 60; // seconds between two beginnings
+
+    // Whether that run of a log begins another one together. `shares` as in MessageSource; `begun`
+    // as in RunTotals: by any other text no pause is seen.
+    bool begins(std::uint32_t log, std::uint32_t shares, std::string_view begun);
 
     // The logs whose runs are in the one that was begun last.
     [[nodiscard]] const std::set<std::uint32_t>& logs() const noexcept { return logs_; }
 
   private:
     std::uint32_t shares_ = 0;
+    std::optional<double> lastBegun_; // in seconds
     std::set<std::uint32_t> logs_;
 };
 
@@ -30,10 +38,13 @@ struct EndedRun {
     std::uint32_t log = 0; // of the sources
     std::uint32_t run = 0; // its number there
     RunTotals totals;
+    bool findingsAsBefore = false; // as in TotalsLine
 };
 
 // How everything stood at the end of each run together, the last RunReport::mostRuns, oldest first:
-// shares that were not run again count as they were.
+// shares that were not run again count as they were. The findings of a run with nothing to do are
+// those of that log's run before; where it has none, those of the run together before, for then
+// other logs tell of the same records.
 [[nodiscard]] std::vector<RunTotals> runsOf(std::vector<EndedRun> ended,
                                             std::span<const MessageSource> sources);
 

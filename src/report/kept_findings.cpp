@@ -92,8 +92,10 @@ class FindingsReader {
             readMessageLog(files_, request_.logs[log].path, [&](MessageLogLine& line) {
                 ++number;
                 if (auto* const ended = std::get_if<TotalsLine>(&line)) {
-                    ended_.push_back(
-                        {.log = log, .run = ended->run, .totals = std::move(ended->totals)});
+                    ended_.push_back({.log = log,
+                                      .run = ended->run,
+                                      .totals = std::move(ended->totals),
+                                      .findingsAsBefore = ended->findingsAsBefore});
                     return;
                 }
                 const auto& messages = std::get<MessagesLine>(line);

@@ -52,7 +52,7 @@ class ReportWriter {
             if (end != nullptr) {
                 report.totals.seconds = end->summary.seconds;
             }
-            if (end != nullptr && end->run != 0 && !request_.ofSomeRecords) {
+            if (end != nullptr && !request_.ofSomeRecords) {
                 notes.totals = report.totals;
                 addRun(report);
             }
@@ -102,10 +102,25 @@ class ReportWriter {
     const ToUtf8& utf8_;
 };
 
-// Without a report to write, no folder is listed again, and of the logs only the own one is read.
+RunTotals countsOf(const RunEnd& end) {
+    return {.begun = end.begun,
+            .seconds = end.summary.seconds,
+            .made = end.summary.made,
+            .upToDate = end.summary.upToDate,
+            .failed = end.summary.failed,
+            .notRun = end.summary.notRun};
+}
+
+// Without a report to write, no folder is listed again, and of the logs only the own one is read;
+// not even that where nothing was to do.
 RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
                      const RunnerServices& services, const ToUtf8& utf8) {
     RunEndNotes notes;
+    if (!end.hadWork) {
+        notes.totals = countsOf(end);
+        notes.findingsAsBefore = true;
+        return notes;
+    }
     try {
         std::vector<std::string> names;
         names.reserve(end.job.records.size());
@@ -119,13 +134,7 @@ RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
                                           .logOf = std::vector<std::uint32_t>(names.size()),
                                           .patterns = request.patterns,
                                           .utf8 = utf8});
-        RunTotals& totals = notes.totals.emplace(RunTotals{.begun = end.begun,
-                                                           .seconds = end.summary.seconds,
-                                                           .made = end.summary.made,
-                                                           .upToDate = end.summary.upToDate,
-                                                           .failed = end.summary.failed,
-                                                           .notRun = end.summary.notRun});
-        countFindings(found, totals);
+        countFindings(found, notes.totals.emplace(countsOf(end)));
     } catch (const RunTimeError& error) {
         notes.faults.push_back("The message log cannot be read: " + error.record().description +
                                ".");
@@ -141,8 +150,7 @@ reportsAtTheEnd(ReportRequest request, const RunnerServices& services, const ToU
         if (!request.files.empty()) {
             return ReportWriter(request, services, utf8).writeAll(end.job, end.products, &end);
         }
-        return end.run == 0 || request.ofSomeRecords ? RunEndNotes()
-                                                     : totalsOf(request, end, services, utf8);
+        return request.ofSomeRecords ? RunEndNotes() : totalsOf(request, end, services, utf8);
     };
 }
 

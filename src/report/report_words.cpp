@@ -2,6 +2,7 @@
 
 #include "runner/number_text.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnwick {
@@ -34,6 +35,13 @@ std::string counted(std::uint64_t number, std::string_view one, std::string_view
         return text + std::string(one);
     }
     return text + (many.empty() ? std::string(one) + "s" : std::string(many));
+}
+
+bool isDateAndTime(std::string_view text) noexcept {
+    constexpr std::string_view pattern = "0000-00-00T00:00:00Z";
+    return std::ranges::equal(text, pattern, [](char character, char wanted) {
+        return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
+    });
 }
 
 double sensibleSeconds(double seconds) noexcept {

@@ -21,6 +21,9 @@ namespace tarnwick {
 [[nodiscard]] std::string counted(std::uint64_t number, std::string_view one,
                                   std::string_view many = {});
 
+// Whether it is such a text as 2026-11-22T02:24:48Z, in digits.
+[[nodiscard]] bool isDateAndTime(std::string_view text) noexcept;
+
 // 0 for what no clock that only goes forwards can have measured.
 [[nodiscard]] double sensibleSeconds(double seconds) noexcept;
 

@@ -78,7 +78,7 @@ void RulingLogs::findLastRun() {
     JoinedRun joined;
     for (const Begun& begun : begun_) {
         const std::uint32_t log = places.at(begun.log);
-        if (joined.begins(log, sharesOf(logs_[log]))) {
+        if (joined.begins(log, sharesOf(logs_[log]), begun.when)) {
             lastBegun_ = begun.when;
         }
     }

@@ -17,6 +17,9 @@ namespace {
 // A log of less is never made anew: there is nothing to gain.
 constexpr std::size_t fewLines = 1000;
 
+// In place of a number: it is that of the run before.
+constexpr std::string_view notCounted = "-";
+
 std::string titleLine() {
     return std::string(messageLogTitle) + std::to_string(messageLogVersion);
 }
@@ -32,13 +35,16 @@ struct FieldsOf {
     }
     std::string operator()(const TotalsLine& line) const {
         const RunTotals& totals = line.totals;
+        const auto counted = [&](std::uint64_t number) {
+            return line.findingsAsBefore ? std::string(notCounted) : std::to_string(number);
+        };
         return "ended\t" + std::to_string(line.run) + "\t" + asLogField(totals.begun) + "\t" +
                numberText(totals.seconds, 3) + "\tmade=" + std::to_string(totals.made) +
                "\tup-to-date=" + std::to_string(totals.upToDate) +
                "\tfailed=" + std::to_string(totals.failed) +
                "\tnot-run=" + std::to_string(totals.notRun) +
-               "\twith-findings=" + std::to_string(totals.recordsWithFindings) +
-               "\tmessages=" + std::to_string(totals.messages);
+               "\twith-findings=" + counted(totals.recordsWithFindings) +
+               "\tmessages=" + counted(totals.messages);
     }
 };
 
@@ -71,8 +77,13 @@ TotalsLine totalsLine(LogFields& fields) {
     line.totals.upToDate = count("up-to-date=");
     line.totals.failed = count("failed=");
     line.totals.notRun = count("not-run=");
-    line.totals.recordsWithFindings = count("with-findings=");
-    line.totals.messages = fields.number<std::uint64_t>(fields.after("messages="));
+    const auto withFindings = fields.after("with-findings=");
+    const auto messages = fields.after("messages=");
+    line.findingsAsBefore = withFindings == notCounted && messages == notCounted;
+    if (!line.findingsAsBefore) {
+        line.totals.recordsWithFindings = fields.number<std::size_t>(withFindings);
+        line.totals.messages = fields.number<std::uint64_t>(messages);
+    }
     return line;
 }
 
@@ -110,7 +121,9 @@ class NeededLines {
         if (const auto* const messages = std::get_if<MessagesLine>(&line)) {
             lastOf_[messages->record] = lines_;
         } else {
-            totals_.push_back(lines_);
+            const bool counted = !std::get<TotalsLine>(line).findingsAsBefore;
+            totals_.push_back(
+                {lines_, counted || totals_.empty() ? lines_ : totals_.back().counted});
         }
         ++lines_;
     }
@@ -125,12 +138,21 @@ class NeededLines {
             const auto last = lastOf_.find(messages->record);
             return last != lastOf_.end() && last->second == place;
         }
-        return totals_.size() <= keptTotals || place >= totals_[totals_.size() - keptTotals];
+        if (totals_.size() <= keptTotals) {
+            return true;
+        }
+        const Totals& first = totals_[totals_.size() - keptTotals];
+        return place >= first.place || place == first.counted;
     }
 
   private:
+    struct Totals {
+        std::size_t place;
+        std::size_t counted; // the place of those whose findings are its own
+    };
+
     std::unordered_map<std::string, std::size_t> lastOf_;
-    std::vector<std::size_t> totals_;
+    std::vector<Totals> totals_;
     std::size_t lines_ = 0;
 };
 
@@ -195,6 +217,27 @@ MessageLogFaults readMessageLog(const Files& files, std::string_view path,
                                 const std::function<void(MessageLogLine& line)>& use) {
     return readLines(files, path,
                      [&](std::string_view /*text*/, MessageLogLine& line) { use(line); });
+}
+
+void addTotals(Files& files, const std::string& path, const TotalsLine& line) {
+    if (!FileExists(files, path)) {
+        writeInOneStep(files, path, titleLine() + "\n");
+    }
+    try {
+        const auto file = files.openForReading(path);
+        const std::string title(LineReader(*file, LineEnds::Any).next().value_or(""));
+        static_cast<void>(
+            checkLogTitle(title, messageLogTitle, messageLogVersion, "The message log", path));
+    } catch (const RunTimeError& error) {
+        if (error.is(ErrorNumber::InvalidFileFormat)) {
+            return;
+        }
+        throw;
+    }
+    const auto file = files.append(path);
+    file->write("\n" + messageLogLineText(line)); // what was cut short there ends here
+    file->flush();
+    file->close();
 }
 
 MessageLog::MessageLog(Files& files, const std::string& path) {

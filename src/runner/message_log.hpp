@@ -37,6 +37,9 @@ struct MessagesLine {
 struct TotalsLine {
     std::uint32_t run = 0;
     RunTotals totals;
+    // Nothing was to do, and so nobody counted what the tools say: that is as the run before left
+    // it. `totals` then has none of it.
+    bool findingsAsBefore = false;
 
     bool operator==(const TotalsLine&) const = default;
 };
@@ -66,6 +69,12 @@ struct MessageLogFaults {
 // the file is no message log or one of a newer version.
 MessageLogFaults readMessageLog(const Files& files, std::string_view path,
                                 const std::function<void(MessageLogLine& line)>& use);
+
+// Adds the totals of a run with nothing to do, and reads nothing of the log but its title: it may
+// be large. Makes it where there is none; a log of a newer version, or what is none, stays as it
+// is, for it is no use to tell of it before the next run that has something to do. Raises what
+// Files::openForReading, append and InputFile::read raise, and 61, 57.
+void addTotals(Files& files, const std::string& path, const TotalsLine& line);
 
 // Writes the log, a line at a time; each is with the system before the next is begun.
 class MessageLog {

@@ -237,8 +237,9 @@ class DefinitionRun {
         const bool whole = end({.job = job,
                                 .products = products,
                                 .summary = summary,
-                                .run = messages ? number : 0,
-                                .begun = begun},
+                                .run = number,
+                                .begun = begun,
+                                .hadWork = messages.has_value()},
                                messages ? &*messages : nullptr);
         const ExitStatus status = statusOf(summary);
         return whole || status != ExitStatus::Done ? status : ExitStatus::SomeFailed;
@@ -247,12 +248,9 @@ class DefinitionRun {
     // Whether all that was to follow the run could be done.
     bool end(const RunEnd& end, MessageLog* messages) {
         RunEndNotes notes = request_.whenEnded ? request_.whenEnded(end) : RunEndNotes();
-        if (messages != nullptr && end.summary.logFault.empty()) {
+        if (end.summary.logFault.empty()) {
             try {
-                if (notes.totals) {
-                    messages->write(TotalsLine{.run = end.run, .totals = *notes.totals});
-                }
-                messages->close();
+                keepTotals(end, notes, messages);
             } catch (const RunTimeError& error) {
                 notes.faults.push_back(
                     "The message log cannot be written: " + error.record().description + ".");
@@ -265,6 +263,20 @@ class DefinitionRun {
             console_.complain(fault);
         }
         return notes.faults.empty();
+    }
+
+    void keepTotals(const RunEnd& end, const RunEndNotes& notes, MessageLog* messages) {
+        const TotalsLine line{.run = end.run,
+                              .totals = notes.totals.value_or(RunTotals()),
+                              .findingsAsBefore = notes.findingsAsBefore};
+        if (messages != nullptr) {
+            if (notes.totals) {
+                messages->write(line);
+            }
+            messages->close();
+        } else if (notes.totals) {
+            addTotals(services_.files, messageLogOf(logPath_), line);
+        }
     }
 
     // Nobody shall go on with records that another machine has begun, for want of locks there: not

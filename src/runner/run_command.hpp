@@ -51,13 +51,15 @@ struct RunEnd {
     const Job& job; // what was run; without its listing
     const Products& products;
     const RunSummary& summary;
-    std::uint32_t run; // its number in the log; 0: nothing was to run, and nothing was written
+    std::uint32_t run; // its number in the log
     std::string begun; // date and time, UTC
+    bool hadWork;      // else nothing was to run, and the tools said nothing
 };
 
 // What was made of it.
 struct RunEndNotes {
     std::optional<RunTotals> totals; // to be kept
+    bool findingsAsBefore = false;   // of these: as TotalsLine has it
     std::vector<std::string> told;   // sentences for the user
     std::vector<std::string> faults; // likewise, of what could not be done
 };

@@ -69,6 +69,7 @@ TEST_F(ReportsOnRuns, Each_run_leaves_its_totals) {
     EXPECT_EQ(run(), ExitStatus::Done);
     machine_.writeRecord("a.met", "");
     EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.clock.date = "2026-11-23T01:02:03Z";
     EXPECT_EQ(run(), ExitStatus::Done); // nothing to do
     const RunTotals first{
         .begun = "2026-11-22T01:02:03Z", .made = 2, .recordsWithFindings = 2, .messages = 3};
@@ -77,11 +78,10 @@ TEST_F(ReportsOnRuns, Each_run_leaves_its_totals) {
                            .upToDate = 1,
                            .recordsWithFindings = 1,
                            .messages = 1};
-    EXPECT_THAT(value().runs, ElementsAre(first, second));
-    EXPECT_EQ(value().totals, (RunTotals{.begun = "2026-11-22T01:02:03Z",
-                                         .upToDate = 2,
-                                         .recordsWithFindings = 1,
-                                         .messages = 1}));
+    const RunTotals third{
+        .begun = "2026-11-23T01:02:03Z", .upToDate = 2, .recordsWithFindings = 1, .messages = 1};
+    EXPECT_THAT(value().runs, ElementsAre(first, second, third));
+    EXPECT_EQ(value().totals, third);
 }
 
 TEST_F(ReportsOnRuns, A_run_of_some_records_says_nothing_of_how_everything_stands) {
@@ -90,6 +90,7 @@ TEST_F(ReportsOnRuns, A_run_of_some_records_says_nothing_of_how_everything_stand
     machine_.request.job.records = {"a.met"};
     request_.ofSomeRecords = true;
     EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(run(), ExitStatus::Done); // nothing to do
     machine_.request.job.records.clear();
     EXPECT_THAT(value().runs, IsEmpty());
 }
@@ -187,7 +188,13 @@ TEST_F(ReportsOnRuns, Of_a_run_with_nothing_to_do_say_that_all_is_up_to_date) {
     EXPECT_EQ(states(), "a.met:u");
     EXPECT_THAT(value().changes, IsEmpty());
     EXPECT_EQ(value().totals.begun, "2026-11-23T01:02:03Z");
-    EXPECT_EQ(value().runs.size(), 2U);
+    EXPECT_EQ(value().runs.size(), 3U);
+    EXPECT_EQ(value().runs.back(), value().totals);
+    request_.files = {R"(C:\job\out.csv)"}; // a report counts for itself, to the same end
+    EXPECT_EQ(run(), ExitStatus::Done);
+    request_.files.clear();
+    EXPECT_EQ(value().runs.size(), 4U);
+    EXPECT_EQ(value().runs.back(), value().runs[2]);
 }
 
 TEST_F(ReportsOnRuns, What_is_gone_since_the_run_before_is_told) {

@@ -35,5 +35,13 @@ TEST(ReportWords, What_nearly_every_record_has_is_not_counted) {
     EXPECT_EQ(counts.messages, 2U);
 }
 
+TEST(ReportWords, A_date_and_time_is_known_by_its_digits) {
+    EXPECT_TRUE(isDateAndTime("2026-11-22T02:24:48Z"));
+    EXPECT_FALSE(isDateAndTime("2026-11-22T02:24:48"));
+    EXPECT_FALSE(isDateAndTime("2026-11-22 02:24:48Z"));
+    EXPECT_FALSE(isDateAndTime("2026-1x-22T02:24:48Z"));
+    EXPECT_FALSE(isDateAndTime(""));
+}
+
 } // namespace
 } // namespace tarnwick

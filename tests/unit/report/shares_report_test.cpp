@@ -141,6 +141,76 @@ TEST(JoinedRuns, Of_shares_are_one_run_until_one_is_run_again) {
                 ElementsAre(totals("0", 1), totals("1", 30, 9), totals("3", 32)));
 }
 
+std::vector<MessageSource> shares(std::uint32_t count) {
+    std::vector<MessageSource> sources(1); // the plain one
+    sources.resize(1 + count, MessageSource{.path = {}, .lastRun = 1, .shares = count});
+    return sources;
+}
+
+std::vector<std::string> beginnings(const std::vector<RunTotals>& runs) {
+    std::vector<std::string> result;
+    for (const RunTotals& run : runs) {
+        result.push_back(run.begun);
+    }
+    return result;
+}
+
+TEST(JoinedRuns, A_night_in_which_a_share_was_left_out_does_not_reach_into_the_next) {
+    const auto runs = runsOf({{.log = 1, .run = 1, .totals = totals("2026-11-20T02:00:00Z", 10)},
+                              {.log = 1, .run = 2, .totals = totals("2026-11-21T02:00:02Z", 11)},
+                              {.log = 2, .run = 1, .totals = totals("2026-11-21T02:00:01Z", 20)}},
+                             shares(2));
+    EXPECT_THAT(beginnings(runs), ElementsAre("2026-11-20T02:00:00Z", "2026-11-21T02:00:01Z"));
+    EXPECT_EQ(runs[0].made, 10U);
+    EXPECT_EQ(runs[1].made, 31U);
+}
+
+TEST(JoinedRuns, Shares_that_follow_one_another_for_days_are_one_run) {
+    const auto runs = runsOf({{.log = 1, .run = 1, .totals = totals("2026-02-27T20:00:00Z", 1)},
+                              {.log = 2, .run = 1, .totals = totals("2026-02-28T08:00:00Z", 2)},
+                              {.log = 3, .run = 1, .totals = totals("2026-02-28T20:00:00Z", 4)},
+                              {.log = 4, .run = 1, .totals = totals("2026-03-01T08:00:01Z", 8)}},
+                             shares(4));
+    EXPECT_THAT(beginnings(runs), ElementsAre("2026-02-27T20:00:00Z", "2026-03-01T08:00:01Z"));
+    EXPECT_EQ(runs[0].made, 7U);
+    EXPECT_EQ(runs[1].made, 15U); // what was not run again counts as it was
+}
+
+RunTotals said(const std::string& begun, std::uint64_t messages) {
+    return {.begun = begun, .upToDate = 1, .recordsWithFindings = 1, .messages = messages};
+}
+EndedRun idle(std::uint32_t log, std::uint32_t run, const std::string& begun) {
+    return {.log = log,
+            .run = run,
+            .totals = {.begun = begun, .upToDate = 1},
+            .findingsAsBefore = true};
+}
+
+TEST(JoinedRuns, Of_a_run_with_nothing_to_do_the_findings_are_those_before) {
+    EXPECT_THAT(runsOf({idle(0, 1, "0"),
+                        {.log = 0, .run = 2, .totals = said("1", 7)},
+                        idle(0, 3, "2"),
+                        idle(0, 4, "3")},
+                       std::vector<MessageSource>(1)),
+                ElementsAre(RunTotals{.begun = "0", .upToDate = 1}, said("1", 7), said("2", 7),
+                            said("3", 7)));
+}
+
+TEST(JoinedRuns, Of_shares_with_nothing_to_do_the_findings_are_those_before_of_each_or_of_all) {
+    auto runs = runsOf({{.log = 1, .run = 1, .totals = said("1", 7)},
+                        {.log = 2, .run = 1, .totals = said("2", 8)},
+                        idle(1, 2, "3"),
+                        {.log = 2, .run = 2, .totals = said("4", 1)},
+                        idle(0, 1, "5"),
+                        idle(0, 2, "6")},
+                       shares(2));
+    std::vector<std::uint64_t> messages;
+    for (const RunTotals& run : runs) {
+        messages.push_back(run.messages);
+    }
+    EXPECT_THAT(messages, ElementsAre(15, 8, 8, 8)); // a plain run has found all made by shares
+}
+
 TEST(JoinedRuns, No_more_than_a_page_can_show_are_given) {
     std::vector<EndedRun> ended;
     for (std::size_t run = 0; run < RunReport::mostRuns + 3; ++run) {

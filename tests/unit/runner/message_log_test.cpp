@@ -1,5 +1,6 @@
 #include "platform/run_time_error.hpp"
 #include "runner/judged_messages.hpp"
+#include "runner/log_fields.hpp"
 #include "runner/message_log.hpp"
 #include "support/hosted_world.hpp"
 
@@ -126,6 +127,47 @@ TEST_F(MessageLogFile, Is_made_anew_of_the_last_lines_when_most_of_it_is_stale) 
               MessageLogLine(said(400, "a.met", {{.line = 400, .text = "x"}})));
     EXPECT_EQ(kept[keptTotals], MessageLogLine(said(400, "b.met", {})));
     EXPECT_EQ(kept.back(), MessageLogLine(ended(400)));
+}
+
+TEST_F(MessageLogFile, Takes_the_totals_of_a_run_with_nothing_to_do_without_being_read) {
+    const TotalsLine idle{
+        .run = 2, .totals = {.begun = "then", .upToDate = 3}, .findingsAsBefore = true};
+    addTotals(world_.files(), path, idle);
+    EXPECT_THAT(lines(), ElementsAre(idle)); // it was made for it
+    EXPECT_THAT(text(), HasSubstr("\nended\t2\tthen\t0.000\tmade=0\tup-to-date=3\tfailed=0\t"
+                                  "not-run=0\twith-findings=-\tmessages=-\t"));
+    const std::string torn = "tarnwick-run messages 1\nmessages\t1\tcut sho";
+    world_.write(path, torn);
+    addTotals(world_.files(), path, idle);
+    EXPECT_EQ(text(), torn + "\n" + messageLogLineText(idle));
+    EXPECT_THAT(lines(), ElementsAre(idle));
+    for (const char* const other : {"tarnwick-run messages 2\n", "my letters"}) {
+        world_.write(path, other);
+        addTotals(world_.files(), path, idle);
+        EXPECT_EQ(text(), other);
+    }
+}
+
+TEST_F(MessageLogFile, Only_findings_that_nobody_counted_are_those_before) {
+    std::string half = messageLogLineText(ended(1));
+    half = half.substr(0, half.rfind('\t'));
+    half.replace(half.find("findings=5"), 10, "findings=-");
+    EXPECT_FALSE(parseMessageLogLine(logLineOf(half).substr(0, logLineOf(half).size() - 1)));
+}
+
+TEST_F(MessageLogFile, Keeps_the_findings_that_runs_with_nothing_to_do_go_by) {
+    MessageLog log(world_.files(), path);
+    for (std::uint32_t run = 1; run <= 1200; ++run) {
+        TotalsLine line = ended(run);
+        line.findingsAsBefore = run > 2;
+        log.write(line);
+    }
+    log.close();
+    MessageLog(world_.files(), path).close();
+    const auto kept = lines();
+    ASSERT_EQ(kept.size(), 1 + keptTotals);
+    EXPECT_EQ(kept[0], MessageLogLine(ended(2)));
+    EXPECT_EQ(std::get<TotalsLine>(kept[1]).run, 1200 - keptTotals + 1);
 }
 
 TEST_F(MessageLogFile, Is_left_as_it_is_while_most_of_it_is_needed) {

@@ -180,6 +180,9 @@ TEST_F(MessagesOfARun, What_is_up_to_date_runs_again_where_its_messages_are_not_
 }
 
 TEST_F(MessagesOfARun, Are_not_even_looked_at_when_there_is_nothing_to_do) {
+    machine_.request.whenEnded = [](const RunEnd&) {
+        return RunEndNotes{.totals = RunTotals(), .told = {}, .faults = {}};
+    };
     machine_.writeRecord("a.met", "fine");
     EXPECT_EQ(machine_.run(), ExitStatus::Done);
     machine_.world.write(messageLog, "tarnwick-run messages 2\n");
@@ -203,28 +206,36 @@ TEST_F(MessagesOfARun, A_log_of_a_newer_version_is_refused_before_anything_runs)
 
 TEST_F(MessagesOfARun, At_its_end_it_is_handed_on_and_its_totals_are_kept) {
     machine_.writeRecord("a.met", "fine");
-    std::vector<std::uint32_t> runs;
+    std::vector<std::pair<std::uint32_t, bool>> runs;
     const RunTotals totals{.begun = "then", .seconds = 1.5, .made = 1};
     machine_.request.whenEnded = [&](const RunEnd& end) {
-        runs.push_back(end.run);
+        runs.emplace_back(end.run, end.hadWork);
         EXPECT_EQ(end.job.records.size(), 1U);
         EXPECT_EQ(end.summary.made + end.summary.upToDate, 1U);
         EXPECT_EQ(kept().size(), 1 + runs.size() - 1); // all of its messages are there
-        return RunEndNotes{.totals = totals, .told = {"All is well."}, .faults = {}};
+        return RunEndNotes{.totals = totals,
+                           .findingsAsBefore = !end.hadWork,
+                           .told = {"All is well."},
+                           .faults = {}};
     };
     EXPECT_EQ(machine_.run(), ExitStatus::Done);
     EXPECT_THAT(kept(), ElementsAre(said(1, "a.met", {{.line = 1, .text = "fine"}}),
                                     TotalsLine{.run = 1, .totals = totals}));
     EXPECT_THAT(machine_.terminal.output, testing::EndsWith("\nAll is well.\n"));
     EXPECT_EQ(machine_.run(), ExitStatus::Done);
-    EXPECT_THAT(runs, ElementsAre(1, 0)); // the second had nothing to do
-    EXPECT_EQ(kept().size(), 2U);
+    EXPECT_THAT(runs, ElementsAre(std::pair(1, true), std::pair(2, false)));
+    ASSERT_EQ(kept().size(), 3U);
+    EXPECT_TRUE(std::get<TotalsLine>(kept()[2]).findingsAsBefore);
+    EXPECT_EQ(std::get<TotalsLine>(kept()[2]).totals.upToDate, 0U);
 }
 
 TEST_F(MessagesOfARun, What_could_not_be_done_at_its_end_shows_in_the_status) {
     machine_.writeRecord("a.met", "fine");
     machine_.request.whenEnded = [](const RunEnd&) {
-        return RunEndNotes{.totals = {}, .told = {}, .faults = {"No room for a report."}};
+        return RunEndNotes{.totals = {},
+                           .findingsAsBefore = false,
+                           .told = {},
+                           .faults = {"No room for a report."}};
     };
     EXPECT_EQ(machine_.run(), ExitStatus::SomeFailed);
     EXPECT_THAT(machine_.terminal.error, HasSubstr("tarnwick-run: No room for a report.\n"));

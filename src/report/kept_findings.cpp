@@ -109,6 +109,7 @@ class FindingsReader {
 
     void takeNow(RecordPlace record, const std::vector<ToolMessage>& messages) {
         std::vector<Finding>& findings = found_.findings[record];
+        const std::string name = request_.utf8(request_.records[record]);
         for (const auto& [line, text] : messages) {
             if (request_.patterns.isIgnored(text)) {
                 continue;
@@ -117,7 +118,7 @@ class FindingsReader {
                 found_.failing[record] = text;
             }
             std::string shown = request_.utf8(text);
-            const ShapePlace place = placeOf(shapeOf(shown));
+            const ShapePlace place = placeOf(shapeOf(shown, name));
             Shape& shape = found_.shapes[place];
             ++shape.messages;
             const auto known = std::ranges::find(findings, place, &Finding::shape);
@@ -143,9 +144,10 @@ class FindingsReader {
 
     void takeBefore(RecordPlace record, const std::vector<ToolMessage>& messages) {
         std::vector<ShapePlace>& shapes = shapesBefore_[record];
+        const std::string name = request_.utf8(request_.records[record]);
         for (const auto& [line, text] : messages) {
             if (!request_.patterns.isIgnored(text)) {
-                shapes.push_back(placeOf(shapeOf(request_.utf8(text))));
+                shapes.push_back(placeOf(shapeOf(request_.utf8(text), name)));
             }
         }
         std::ranges::sort(shapes);

@@ -37,6 +37,9 @@ class ReportWriter {
     ReportWriter(const ReportRequest& request, const RunnerServices& services, const ToUtf8& utf8)
         : request_(request), services_(services), utf8_(utf8) {}
 
+    // What the reports say of others who are at work.
+    [[nodiscard]] const std::vector<std::string>& remarks() const noexcept { return remarks_; }
+
     // Of a run that has just ended, what it came to is among the runs before it is kept.
     RunEndNotes writeAll(const Job& job, const Products& products, const RunEnd* end) {
         RunEndNotes notes;
@@ -49,6 +52,7 @@ class ReportWriter {
                                             .share = request_.share,
                                             .holder = request_.holder},
                                            services_, utf8_);
+            remarks_ = report.remarks;
             if (end != nullptr) {
                 report.totals.seconds = end->summary.seconds;
             }
@@ -100,6 +104,7 @@ class ReportWriter {
     const ReportRequest& request_;
     const RunnerServices& services_;
     const ToUtf8& utf8_;
+    std::vector<std::string> remarks_;
 };
 
 RunTotals countsOf(const RunEnd& end) {
@@ -172,8 +177,11 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
     job.listing.reset(); // it is asked for again only where products lie among the records
     KnownFolders folders(services.files);
     const Products products(job.definition, folders);
-    const RunEndNotes notes =
-        ReportWriter(request, services, utf8).writeAll(job, products, nullptr);
+    ReportWriter writer(request, services, utf8);
+    const RunEndNotes notes = writer.writeAll(job, products, nullptr);
+    for (const std::string& remark : writer.remarks()) {
+        console.complain(remark); // a table in CSV has no place for it
+    }
     for (const std::string& sentence : notes.told) {
         console.tell(sentence);
     }

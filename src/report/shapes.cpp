@@ -1,6 +1,8 @@
 #include "report/shapes.hpp"
 
+#include "report/digits.hpp"
 #include "report/escaping.hpp"
+#include "report/own_name.hpp"
 
 #include <algorithm>
 #include <array>
@@ -16,9 +18,6 @@ constexpr std::string_view cutEnd = "...";
 
 constexpr bool isBlank(char character) noexcept {
     return character == ' ' || (character >= '\t' && character <= '\r');
-}
-constexpr bool isDigit(char character) noexcept {
-    return character >= '0' && character <= '9';
 }
 constexpr bool isAscii(char character) noexcept {
     return static_cast<unsigned char>(character) < 0x80;
@@ -69,22 +68,15 @@ bool isClearMark(std::string_view character) noexcept {
 }
 
 bool isLetter(std::string_view character) noexcept {
-    return isAscii(character.front())
-               ? isAsciiLetter(character.front())
-               : character != something && !isClearMark(character) && character != "\u2018" &&
-                     character != "\u2019" && character != "\u201A";
+    return isAscii(character.front()) ? isAsciiLetter(character.front())
+                                      : character != something && !isClearMark(character) &&
+                                            character != "\u2018" && character != "\u2019" &&
+                                            character != "\u201A" && lengthOfDigit(character) == 0;
 }
 
 bool isFileName(std::string_view word) noexcept {
     const auto dot = word.rfind('.');
-    if (dot == std::string_view::npos || dot == 0) {
-        return false;
-    }
-    const auto extension = word.substr(dot + 1);
-    return extension.size() >= 2 && extension.size() <= 5 && isAsciiLetter(extension.front()) &&
-           std::ranges::all_of(extension, [](char character) {
-               return isDigit(character) || isAsciiLetter(character);
-           });
+    return dot != std::string_view::npos && dot != 0 && isExtension(word.substr(dot + 1));
 }
 
 bool isPath(std::string_view word) noexcept {
@@ -189,11 +181,11 @@ class Masker {
     // What is no word is one character, and stays.
     void takeWord() {
         std::size_t end = at_ + characterAt(at_).size();
-        if (!endsWord(at_, false)) {
-            bool afterLetter = isLetterAt(at_);
-            while (end < text_.size() && !endsWord(end, afterLetter)) {
-                afterLetter = isLetterAt(end);
-                end += characterAt(end).size();
+        if (!endsWord(at_, {})) {
+            auto before = characterAt(at_);
+            while (end < text_.size() && !endsWord(end, before)) {
+                before = characterAt(end);
+                end += before.size();
             }
         }
         const auto word = text_.substr(at_, end - at_);
@@ -206,12 +198,13 @@ class Masker {
         at_ = end;
     }
 
-    // A mark that quotes nothing is a part of its word.
-    [[nodiscard]] bool endsWord(std::size_t place, bool afterLetter) const {
+    // A mark that quotes nothing is a part of its word. `before` is its character in front of that
+    // place.
+    [[nodiscard]] bool endsWord(std::size_t place, std::string_view before) const {
         constexpr std::string_view always = "()[]{}<>|;=";
         const char character = text_[place];
         if (character == ',') {
-            return place == 0 || !isDigit(text_[place - 1]) || !isDigit(byteAt(place + 1));
+            return lengthOfDigit(before) == 0 || lengthOfDigit(text_.substr(place + 1)) == 0;
         }
         if (character == ':') {
             return !isOfDrive(place) && !text_.substr(place).starts_with("://");
@@ -219,7 +212,7 @@ class Masker {
         if (isBlank(character) || always.contains(character) || isClearMark(characterAt(place))) {
             return true;
         }
-        return place > at_ && !afterLetter && mayQuote(character) && quotesAt(place);
+        return place > at_ && mayQuote(character) && !isLetter(before) && quotesAt(place);
     }
 
     [[nodiscard]] bool quotesAt(std::size_t place) const {
@@ -237,23 +230,32 @@ class Masker {
     }
 
     void maskNumbers(std::string_view word) {
-        for (std::size_t place = 0; place < word.size(); ++place) {
-            const auto next = [&](std::size_t further) {
-                return place + further < word.size() && isDigit(word[place + further]);
-            };
-            if (!isDigit(word[place])) {
-                if (!(isSign(word[place]) && next(1) && beginsNumber(word, place))) {
-                    shape_ += word[place];
-                }
-                continue;
+        for (std::size_t place = 0; place < word.size();) {
+            const bool isSigned = isSign(word[place]) &&
+                                  lengthOfDigit(word.substr(place + 1)) > 0 &&
+                                  beginsNumber(word, place);
+            const std::size_t end = endOfNumber(word, place + (isSigned ? 1 : 0));
+            if (end == place) {
+                shape_ += word[place++];
+            } else {
+                shape_ += '#';
+                place = end;
             }
-            shape_ += '#';
-            while (next(1) || ((word.substr(place + 1).starts_with('.') ||
-                                word.substr(place + 1).starts_with(',')) &&
-                               next(2))) {
+        }
+    }
+
+    // Of the digits that stand there, with single dots and commas between them; the place itself
+    // where there are none.
+    static std::size_t endOfNumber(std::string_view word, std::size_t place) {
+        while (const std::size_t digit = lengthOfDigit(word.substr(place))) {
+            place += digit;
+            const auto rest = word.substr(place);
+            if ((rest.starts_with('.') || rest.starts_with(',')) &&
+                lengthOfDigit(rest.substr(1)) > 0) {
                 ++place;
             }
         }
+        return place;
     }
 
     static bool beginsNumber(std::string_view word, std::size_t sign) {
@@ -261,8 +263,8 @@ class Masker {
             return true;
         }
         const char before = word[sign - 1];
-        return !isDigit(before) && !isAsciiLetter(before) && !isSign(before) && before != '#' &&
-               isAscii(before);
+        return lengthOfDigit({&before, 1}) == 0 && !isAsciiLetter(before) && !isSign(before) &&
+               before != '#' && isAscii(before);
     }
 
     std::string_view text_;
@@ -272,8 +274,8 @@ class Masker {
 
 } // namespace
 
-std::string shapeOf(std::string_view message) {
-    return Masker(message).shape();
+std::string shapeOf(std::string_view message, std::string_view record) {
+    return Masker(withoutOwnName(message, record)).shape();
 }
 
 bool isCommon(std::size_t records, std::size_t known) noexcept {

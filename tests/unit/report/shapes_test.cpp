@@ -70,6 +70,54 @@ TEST(ShapesOfMessages, What_only_looks_like_a_path_stays) {
                   {"A: b / c \\ d ... .hidden", "A: b / c \\ d ... .hidden"}});
 }
 
+TEST(ShapesOfMessages, The_name_of_the_record_is_masked_also_with_blanks_and_with_its_path) {
+    const std::vector<std::pair<std::string, std::string>> expected{
+        {"cannot read My Record (7).met: gone", "cannot read …: gone"},
+        {R"(in C:\My Records\in\My Record (7).met:12)", "in …:#"},
+        {R"(in C:/My Records/My Record (7).met!)", "in …!"},
+        {R"(see x.txt and \\server\my share\My Record (7).html.)", "see … and …."},
+        {"/srv/my records/My Record (7).met, line 3", "…, line #"},
+        {"see /srv/a and /srv/my records/My Record (7).met", "see … and …"},
+        {"(../old records/My Record (7).met)", "(…)"},
+        {"in sub/My Record (7).met", "in …"},
+        {"a|b/My Record (7).met", "a|…"},
+        {"'My Record (7).met' “My Record (7).met”", "'…' “…”"},
+        {"「My Record (7).met」", "「…」"},
+        {"My Record (7).cns and My Record (7).met...", "… and …..."},
+        {"My Record (7).metre", "…"}};
+    for (const auto& [message, shape] : expected) {
+        EXPECT_EQ(shapeOf(message, "My Record (7).met"), shape) << message;
+        EXPECT_EQ(shapeOf(shape), shape) << message;
+    }
+    EXPECT_EQ(shapeOf("a b.metadata is bad", "a b.metadata"), "… is bad");
+    EXPECT_EQ(shapeOf("a b.c and a b.d", "a b.c"), "… and a b.d");
+}
+
+TEST(ShapesOfMessages, What_only_looks_like_the_name_of_the_record_stays) {
+    EXPECT_EQ(shapeOf("error in line 1: no error.met", "error.met"), "error in line #: no …");
+    EXPECT_EQ(shapeOf("line 1.5 of 1", "1.met"), "line # of #");
+    EXPECT_EQ(shapeOf("line 1.5 of 1", "1.5"), "line # of #");
+    EXPECT_EQ(shapeOf("error of error", "error"), "error of error");
+    EXPECT_EQ(shapeOf("error. Text", "error.met"), "error. Text");
+    EXPECT_EQ(shapeOf("my a b.met.old", "a b.met"), shapeOf("my a b.met.old"));
+    EXPECT_EQ(shapeOf("my-a b.met", "a b.met"), "my-a …");
+    EXPECT_EQ(shapeOf("A B.met", "a b.met"), "A …"); // another file
+    EXPECT_EQ(shapeOf("a .met", ".met"), "a .met");
+}
+
+TEST(ShapesOfMessages, Digits_of_every_script_are_digits) {
+    expectShapes({{"سطر ٧: ٢٠٢٦-١١-٢٢", "سطر #: #-#-#"},
+                  {"पंक्ति १२,३४५.६", "पंक्ति #"},
+                  {"第３行、-５", "第#行、-#"},
+                  {"x ٣,٤; ‘७’ 𝟘𝟡", "x #; ‘…’ #"},
+                  {"५'x' 5'x'", "#'…' #'…'"},
+                  {"½ ② ⅷ 三", "½ ② ⅷ 三"}}); // numbers, and no digits
+    for (const char* const zero : {"٠", "۰", "߀", "०", "০", "੦", "૦", "୦", "௦", "౦",  "೦", "൦",
+                                   "෦", "๐", "໐", "༠", "၀", "០", "᠐", "꘠", "꯰", "０", "𐒠", "𞥐"}) {
+        EXPECT_EQ(shapeOf(std::string("n ") + zero), "n #") << zero;
+    }
+}
+
 TEST(ShapesOfMessages, Blanks_are_one_and_none_at_the_ends) {
     expectShapes({{"  a \t b  ", "a b"}, {"", ""}, {" \t", ""}});
 }

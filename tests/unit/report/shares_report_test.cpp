@@ -114,6 +114,10 @@ TEST_F(ReportsOnShares, Shares_at_work_are_told) {
     EXPECT_THAT(value().remarks, ElementsAre("Share 1 of 3 is still at work."));
     const auto third = hold("share-3-of-3.lock");
     EXPECT_THAT(value().remarks, ElementsAre("Shares 1 and 3 of 3 are still at work."));
+    request_.files = {R"(C:\job\out.csv)"}; // which has no place for it
+    machine_.terminal.error.clear();
+    EXPECT_EQ(report(), ExitStatus::Done);
+    EXPECT_EQ(machine_.terminal.error, "tarnwick-run: Shares 1 and 3 of 3 are still at work.\n");
     request_.holder = "process 7 on HERE"; // it is itself that reports
     EXPECT_THAT(value().remarks, IsEmpty());
 }

@@ -86,6 +86,24 @@ TEST_F(ReportsOnShares, A_share_that_is_run_again_tells_what_is_new_and_gone) {
     EXPECT_EQ(report.runs[1].failed, 1U);
 }
 
+TEST_F(ReportsOnShares, A_share_of_the_next_night_is_a_run_by_itself) {
+    EXPECT_NE(run(1, 2), ExitStatus::NothingRun);
+    machine_.clock.date = "2026-11-22T13:02:03Z"; // twelve hours later
+    EXPECT_NE(run(2, 2), ExitStatus::NothingRun);
+    EXPECT_EQ(value().totals.begun, "2026-11-22T01:02:03Z");
+    EXPECT_EQ(value().totals.made, 12U);
+    forgetRuns();
+    machine_.clock.date = "2026-11-22T01:02:03Z";
+    EXPECT_NE(run(1, 2), ExitStatus::NothingRun);
+    machine_.clock.date = "2026-11-22T13:02:04Z"; // and a second
+    EXPECT_NE(run(2, 2), ExitStatus::NothingRun);
+    const RunReport report = value();
+    EXPECT_EQ(report.totals.begun, "2026-11-22T13:02:04Z");
+    EXPECT_GT(report.totals.upToDate, 0U); // by the run before
+    ASSERT_THAT(report.runs, SizeIs(2));
+    EXPECT_EQ(report.runs[1].made, 12U); // what was not run again counts as it was
+}
+
 TEST_F(ReportsOnShares, What_a_plain_run_has_mended_since_is_no_failure) {
     runAll(2);
     machine_.writeRecord("fail.met", "fine now");

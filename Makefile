@@ -83,11 +83,12 @@ test-dist: dist
 	tests/product/linux_dist_test.sh build
 
 # Daemons of a cluster on this machine, as root, and therefore no part of `make test`.
+as_root := $(if $(filter 0,$(shell id -u)),,sudo)
 test-cluster:
 	@$(ensure) $(cluster_packages)
 	cmake --preset native
 	cmake --build --preset native --target tarnwick-run
-	tests/cluster/cluster_test.sh build build/native/src/app/runner/tarnwick-run
+	$(as_root) tests/cluster/cluster_test.sh build build/native/src/app/runner/tarnwick-run
 
 # Builds everything once more, elsewhere: minutes, and therefore no part of `make test`.
 reproducible: dist

@@ -4,9 +4,9 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 
 #include <cstdarg>
+#include <ctime>
 
 namespace {
 

@@ -13,7 +13,7 @@ namespace {
 
 long numberIn(const char* variable) {
     const char* const text = std::getenv(variable);
-    return text == nullptr ? 0 : std::atol(text);
+    return text == nullptr ? 0 : std::strtol(text, nullptr, 10);
 }
 
 // By the processor's time, so that it is as much work however busy the machine is.

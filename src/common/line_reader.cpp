@@ -8,8 +8,8 @@ namespace {
 constexpr std::size_t blockSize = std::size_t{64} * 1024;
 }
 
-LineReader::LineReader(InputFile& file, LineEnds lineEnds)
-    : file_(file), lineEnds_(lineEnds), block_(blockSize) {}
+LineReader::LineReader(InputFile& file, LineEnds lineEnds, std::size_t longest)
+    : file_(file), lineEnds_(lineEnds), longest_(longest), block_(blockSize) {}
 
 std::optional<std::string_view> LineReader::next() {
     line_.clear();
@@ -25,10 +25,11 @@ std::optional<std::string_view> LineReader::next() {
         begun = true;
         const auto* const end =
             std::ranges::find_if(unread_, [this](char c) { return endsLine(c); });
-        line_.append(unread_.begin(), end);
+        const auto length = static_cast<std::size_t>(end - unread_.begin());
+        line_.append(unread_.substr(0, std::min(length, longest_ - line_.size())));
         if (end != unread_.end()) {
             skipLineFeed_ = *end == '\r';
-            unread_.remove_prefix(static_cast<std::size_t>(end - unread_.begin()) + 1);
+            unread_.remove_prefix(length + 1);
             return line_;
         }
         unread_ = {};

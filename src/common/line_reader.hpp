@@ -2,6 +2,7 @@
 
 #include "platform/files.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,8 +19,8 @@ enum class LineEnds {
 // Reads a text file line by line, byte-transparently. Memory: one line and one block.
 class LineReader {
   public:
-    // Refers to `file`, which must outlive it.
-    LineReader(InputFile& file, LineEnds lineEnds);
+    // Refers to `file`, which must outlive it. Of a line so many bytes are seen.
+    LineReader(InputFile& file, LineEnds lineEnds, std::size_t longest = std::string::npos);
 
     // The next line without its end; nothing at the end of the file. What stands behind the last
     // line end is a line, unless it is empty. The view holds until the next call.
@@ -32,6 +33,7 @@ class LineReader {
 
     InputFile& file_;
     LineEnds lineEnds_;
+    std::size_t longest_;
     std::vector<char> block_;
     std::string_view unread_; // of block_
     std::string line_;

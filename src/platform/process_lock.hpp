@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace tarnwick {
+
+// In bytes. What stands behind that in the file is nobody's name.
+inline constexpr std::size_t longestHolder = 4096;
 
 // Held as long as it lives. The system gives it free when the process ends in whatever way.
 class HeldLock {
@@ -31,7 +35,8 @@ class ProcessLocks {
     // false where that cannot be told.
     [[nodiscard]] virtual bool isHeld(std::string_view path) const = 0;
 
-    // What the holder wrote, as far as it can be read; else empty. Never raises.
+    // What the holder wrote, as far as it can be read, and at most longestHolder; else empty. Never
+    // raises.
     [[nodiscard]] virtual std::string holderOf(std::string_view path) const = 0;
 };
 

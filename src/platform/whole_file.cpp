@@ -1,12 +1,18 @@
 #include "platform/whole_file.hpp"
 
+#include <algorithm>
+
 namespace tarnwick {
 
-std::string contentOf(InputFile& file) {
+std::string contentOf(InputFile& file, std::size_t most) {
     std::string content;
     std::string block(16UZ * 1024, '\0');
-    while (const auto count = file.read(block)) {
-        content.append(block, 0, count);
+    while (content.size() < most) {
+        const auto count = file.read(block);
+        if (count == 0) {
+            break;
+        }
+        content.append(block, 0, std::min(count, most - content.size()));
     }
     return content;
 }

@@ -32,6 +32,19 @@ bool seemsRecord(const BatchDefinition& definition, const std::string& path) {
            matchesAnyWildcard(GetFileName(path), definition.sInputExtensions);
 }
 
+// Why no report may be written there, behind a colon; empty where one may. Raises what
+// Files::openForReading and InputFile::read raise.
+std::string_view objection(const Files& files, const BatchDefinition& definition,
+                           const std::string& path) {
+    if (seemsRecord(definition, path)) {
+        return "it would be taken for a record";
+    }
+    if (!isFree(files, path, reportKindOf(path).value_or(ReportKind::Html))) {
+        return "another file has that name";
+    }
+    return "";
+}
+
 class ReportWriter {
   public:
     ReportWriter(const ReportRequest& request, const RunnerServices& services, const ToUtf8& utf8)
@@ -81,17 +94,12 @@ class ReportWriter {
                RunEndNotes& notes) {
         const std::string shown = quoted(shownPath(services_.paths, file));
         try {
+            if (const auto why = objection(services_.files, job.definition, file); !why.empty()) {
+                notes.faults.push_back("The report " + shown +
+                                       " is not written: " + std::string(why) + ".");
+                return;
+            }
             const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
-            if (seemsRecord(job.definition, file)) {
-                notes.faults.push_back("The report " + shown +
-                                       " is not written: it would be taken for a record.");
-                return;
-            }
-            if (!isFree(services_.files, file, kind)) {
-                notes.faults.push_back("The report " + shown +
-                                       " is not written: another file has that name.");
-                return;
-            }
             linkProducts(report, products, file, services_.paths, utf8_);
             writeInOneStep(services_.files, file, reportText(kind, report));
             notes.told.push_back("The report is " + shownPath(services_.paths, file));
@@ -148,6 +156,30 @@ RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
 }
 
 } // namespace
+
+std::function<std::vector<std::string>(const BatchDefinition& definition)>
+remarksOnReports(ReportRequest request, const RunnerServices& services) {
+    return [request = std::move(request), &services](const BatchDefinition& definition) {
+        std::vector<std::string> remarks;
+        for (const std::string& file : request.files) {
+            const std::string folder = GetFolderPath(file);
+            std::string why;
+            try {
+                const bool willBeThere = equalIgnoringCase(folder, request.stateFolder);
+                why = willBeThere || FolderExists(services.files, folder)
+                          ? objection(services.files, definition, file)
+                          : "its folder does not exist";
+            } catch (const RunTimeError& error) {
+                why = error.record().description;
+            }
+            if (!why.empty()) {
+                remarks.push_back("The report " + quoted(shownPath(services.paths, file)) +
+                                  " could not be written: " + why + ".");
+            }
+        }
+        return remarks;
+    };
+}
 
 std::function<RunEndNotes(const RunEnd& end)>
 reportsAtTheEnd(ReportRequest request, const RunnerServices& services, const ToUtf8& utf8) {

@@ -20,6 +20,12 @@ struct ReportRequest {
     bool ofSomeRecords = false; // else of all that the definition has
 };
 
+// For RunRequest::remarksBefore: which reports could not be written as things are. The run is worth
+// more than its reports, which can be made at any time after it: so it is not refused. Refers to
+// `services`.
+[[nodiscard]] std::function<std::vector<std::string>(const BatchDefinition& definition)>
+remarksOnReports(ReportRequest request, const RunnerServices& services);
+
 // For RunRequest::whenEnded: writes the reports, and says how everything stands. A run of some
 // records says nothing of how everything stands. Copies what it needs but for `services` and
 // `utf8`, which it refers to.

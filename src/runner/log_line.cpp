@@ -5,6 +5,7 @@
 #include "runner/number_text.hpp"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace tarnwick {
@@ -127,6 +128,7 @@ class LineParts : public LogFields {
 RunLine runLine(LineParts& parts) {
     RunLine line;
     line.run = parts.number<std::uint32_t>();
+    parts.require(line.run < std::numeric_limits<std::uint32_t>::max()); // another must follow it
     line.begun = parts.text();
     line.conditions.commands = parts.hexadecimalNumber(parts.after("commands="));
     line.conditions.mp = parts.named("mp=");

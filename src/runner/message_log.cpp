@@ -1,9 +1,5 @@
 #include "runner/message_log.hpp"
 
-#include "common/line_reader.hpp"
-#include "common/mod_main.hpp"
-#include "common/one_step_file.hpp"
-#include "platform/run_time_error.hpp"
 #include "runner/log_fields.hpp"
 #include "runner/number_text.hpp"
 
@@ -20,9 +16,8 @@ constexpr std::size_t fewLines = 1000;
 // In place of a number: it is that of the run before.
 constexpr std::string_view notCounted = "-";
 
-std::string titleLine() {
-    return std::string(messageLogTitle) + std::to_string(messageLogVersion);
-}
+constexpr LogKind kind{
+    .title = messageLogTitle, .version = messageLogVersion, .name = "The message log"};
 
 struct FieldsOf {
     std::string operator()(const MessagesLine& line) const {
@@ -87,33 +82,6 @@ TotalsLine totalsLine(LogFields& fields) {
     return line;
 }
 
-MessageLogFaults
-readLines(const Files& files, std::string_view path,
-          const std::function<void(std::string_view text, MessageLogLine& line)>& use) {
-    MessageLogFaults faults;
-    if (!FileExists(files, path)) {
-        return faults;
-    }
-    const auto file = files.openForReading(path);
-    LineReader lines(*file, LineEnds::Any);
-    const std::string title(lines.next().value_or(""));
-    faults.torn =
-        !checkLogTitle(title, messageLogTitle, messageLogVersion, "The message log", path);
-    while (const auto text = lines.next()) {
-        if (text->empty()) {
-            continue;
-        }
-        auto line = parseMessageLogLine(*text);
-        // What was taken for a torn end was none, when something follows it.
-        faults.damaged += faults.torn ? 1 : 0;
-        faults.torn = !line;
-        if (line) {
-            use(*text, *line);
-        }
-    }
-    return faults;
-}
-
 // Which lines the next runs need.
 class NeededLines {
   public:
@@ -156,31 +124,12 @@ class NeededLines {
     std::size_t lines_ = 0;
 };
 
-std::string besideLog(const std::string& path) {
-    return path + ".new";
-}
-
-// Beside the log, and then in its place: it may be too large to be held.
 void makeAnew(Files& files, const std::string& path, const NeededLines& needed) {
-    const std::string beside = besideLog(path);
-    auto file = createAnew(files, beside);
-    try {
-        file->write(titleLine() + "\n");
-        std::size_t place = 0;
-        readLines(files, path, [&](std::string_view text, const MessageLogLine& line) {
-            if (needed.needs(line, place++)) {
-                file->write(text);
-                file->write("\n");
-            }
-        });
-        file->flush();
-        file->close();
-        files.moveOver(beside, path);
-    } catch (const RunTimeError&) {
-        file.reset();
-        removeQuietly(files, beside);
-        throw;
-    }
+    std::size_t place = 0;
+    makeLogAnew(files, path, kind, [&](std::string_view text) {
+        const auto line = parseMessageLogLine(text);
+        return line && needed.needs(*line, place++);
+    });
 }
 
 } // namespace
@@ -195,11 +144,11 @@ std::optional<MessageLogLine> parseMessageLogLine(std::string_view text) {
         return std::nullopt;
     }
     LogFields fields(*whole);
-    const auto kind = fields.field();
+    const auto word = fields.field();
     std::optional<MessageLogLine> line;
-    if (kind == "messages" || kind == "unknown") {
-        line = messagesLine(fields, kind == "messages");
-    } else if (kind == "ended") {
+    if (word == "messages" || word == "unknown") {
+        line = messagesLine(fields, word == "messages");
+    } else if (word == "ended") {
         line = totalsLine(fields);
     }
     return fields.isWhole() && !fields.hasMore() ? line : std::nullopt;
@@ -213,58 +162,41 @@ std::string messageLogOf(std::string_view runLog) {
            (runLog.ends_with(plain) ? "messages.log" : ".messages.log");
 }
 
-MessageLogFaults readMessageLog(const Files& files, std::string_view path,
-                                const std::function<void(MessageLogLine& line)>& use) {
-    return readLines(files, path,
-                     [&](std::string_view /*text*/, MessageLogLine& line) { use(line); });
+LogFaults readMessageLog(const Files& files, std::string_view path,
+                         const std::function<void(MessageLogLine& line)>& use) {
+    return readCheckedLog(files, path, kind, [&](std::string_view text) {
+        auto line = parseMessageLogLine(text);
+        if (line) {
+            use(*line);
+        }
+        return line.has_value();
+    });
 }
 
 void addTotals(Files& files, const std::string& path, const TotalsLine& line) {
-    if (!FileExists(files, path)) {
-        writeInOneStep(files, path, titleLine() + "\n");
+    if (isThatLog(files, path, kind)) {
+        LogEnd end(files, path, kind);
+        end.write(messageLogLineText(line));
+        end.close();
     }
-    try {
-        const auto file = files.openForReading(path);
-        const std::string title(LineReader(*file, LineEnds::Any).next().value_or(""));
-        static_cast<void>(
-            checkLogTitle(title, messageLogTitle, messageLogVersion, "The message log", path));
-    } catch (const RunTimeError& error) {
-        if (error.is(ErrorNumber::InvalidFileFormat)) {
-            return;
-        }
-        throw;
-    }
-    const auto file = files.append(path);
-    file->write("\n" + messageLogLineText(line)); // what was cut short there ends here
-    file->flush();
-    file->close();
 }
 
 MessageLog::MessageLog(Files& files, const std::string& path) {
-    removeQuietly(files, besideLog(path)); // of a run that was killed
-    if (!FileExists(files, path)) {
-        writeInOneStep(files, path, titleLine() + "\n");
-    } else {
-        NeededLines needed;
-        const auto [damaged, torn] =
-            readMessageLog(files, path, [&](const MessageLogLine& line) { needed.add(line); });
-        if (torn || damaged > 0 || needed.isLittleOfAll()) {
-            makeAnew(files, path, needed);
-        }
+    NeededLines needed;
+    const auto [damaged, torn] =
+        readMessageLog(files, path, [&](const MessageLogLine& line) { needed.add(line); });
+    if (torn || damaged > 0 || needed.isLittleOfAll()) {
+        makeAnew(files, path, needed);
     }
-    file_ = files.append(path);
-    file_->write("\n"); // also ends a line that was cut short just before its own end
-    file_->drain();
+    end_.emplace(files, path, kind);
 }
 
 void MessageLog::write(const MessageLogLine& line) {
-    file_->write(messageLogLineText(line));
-    file_->drain();
+    end_->write(messageLogLineText(line));
 }
 
 void MessageLog::close() {
-    file_->flush();
-    file_->close();
+    end_->close();
 }
 
 } // namespace tarnwick

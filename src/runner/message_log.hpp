@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/files.hpp"
+#include "runner/checked_log.hpp"
 #include "runner/messages.hpp"
 #include "runner/run_totals.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,19 +56,9 @@ using MessageLogLine = std::variant<MessagesLine, TotalsLine>;
 // share-1-of-8.log.
 [[nodiscard]] std::string messageLogOf(std::string_view runLog);
 
-// What is wrong with a log: those lines are dropped.
-struct MessageLogFaults {
-    std::size_t damaged = 0; // lines in the middle that are not whole
-    bool torn = false;       // the last line is not: its writing was cut short
-
-    bool operator==(const MessageLogFaults&) const = default;
-};
-
-// Calls `use` with each whole line, in their order; never where there is no such file. Raises what
-// Files::openForReading and InputFile::read raise, and 321 (with a description for people) where
-// the file is no message log or one of a newer version.
-MessageLogFaults readMessageLog(const Files& files, std::string_view path,
-                                const std::function<void(MessageLogLine& line)>& use);
+// Calls `use` with each whole line, in their order. Raises what readCheckedLog raises.
+LogFaults readMessageLog(const Files& files, std::string_view path,
+                         const std::function<void(MessageLogLine& line)>& use);
 
 // Adds the totals of a run with nothing to do, and reads nothing of the log but its title: it may
 // be large. Makes it where there is none; a log of a newer version, or what is none, stays as it
@@ -80,8 +70,8 @@ void addTotals(Files& files, const std::string& path, const TotalsLine& line);
 class MessageLog {
   public:
     // Before a run. Makes the log where there is none; where most of it is stale, or something of
-    // it is damaged, it is first made anew, in one step, of the last line of each record and the
-    // last keptTotals runs. Raises what readMessageLog and Files raise; the log is then as it was.
+    // it is damaged, it is first made anew of the last line of each record and the last keptTotals
+    // runs. Raises what makeLogAnew and Files raise; the log is then as it was.
     MessageLog(Files& files, const std::string& path);
 
     // Raises 61, 57.
@@ -91,7 +81,7 @@ class MessageLog {
     void close();
 
   private:
-    std::unique_ptr<OutputFile> file_;
+    std::optional<LogEnd> end_;
 };
 
 } // namespace tarnwick

@@ -82,6 +82,11 @@ class DefinitionRun {
             for (const std::string& remark : job.remarks) {
                 console_.complain(remark);
             }
+            if (request_.remarksBefore) {
+                for (const std::string& remark : request_.remarksBefore(job.definition)) {
+                    console_.complain(remark);
+                }
+            }
             KnownFolders folders(services_.files);
             const Products products(job.definition, folders);
             if (!request_.settings.messages.failOn.empty() && !messagesAreKnown(products)) {

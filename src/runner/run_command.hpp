@@ -71,8 +71,11 @@ struct RunRequest {
     std::string stateFolder; // full path
     std::string holder; // who we are, for another runner to tell: "process 12 on HOST, since noon"
     LockTimes lockTimes{};
-    bool dryRun = false;                                       // only says what would be done
-    std::function<RunEndNotes(const RunEnd& end)> whenEnded{}; // may be empty; does not raise
+    bool dryRun = false; // only says what would be done
+    // Both may be empty, and do not raise. Remarks for the user before anything is run; then what
+    // is made of its end.
+    std::function<std::vector<std::string>(const BatchDefinition& definition)> remarksBefore{};
+    std::function<RunEndNotes(const RunEnd& end)> whenEnded{};
 };
 
 enum class CallFormat : std::uint8_t {

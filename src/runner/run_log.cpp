@@ -1,10 +1,5 @@
 #include "runner/run_log.hpp"
 
-#include "common/line_reader.hpp"
-#include "common/mod_main.hpp"
-#include "common/one_step_file.hpp"
-#include "runner/log_fields.hpp"
-
 #include <set>
 #include <utility>
 
@@ -14,9 +9,7 @@ namespace {
 // A log of less is never made anew: there is nothing to gain.
 constexpr std::size_t fewLines = 1000;
 
-std::string titleLine() {
-    return std::string(logTitle) + std::to_string(logVersion);
-}
+constexpr LogKind kind{.title = logTitle, .version = logVersion, .name = "The run log"};
 
 struct Taker {
     RunHistory& history;
@@ -39,16 +32,6 @@ struct Taker {
     }
     void operator()(SettledLine& line) const { history.settled.push_back(std::move(line)); }
 };
-
-// Calls `use` with the text of each line, and what it says: nothing where it is not whole.
-template <typename Use>
-void readLines(LineReader& lines, const Use& use) {
-    while (const auto text = lines.next()) {
-        if (!text->empty()) { // a blank line stands between two runs
-            use(*text, parseLogLine(*text));
-        }
-    }
-}
 
 // Which runs the last lines of the records belong to.
 std::set<std::uint32_t> usedRuns(const RunHistory& history) {
@@ -75,33 +58,14 @@ struct IsNeeded {
     }
 };
 
-std::string neededLines(const Files& files, std::string_view path, const RunHistory& history) {
-    std::string log = titleLine() + "\n";
-    const auto file = files.openForReading(path);
-    LineReader lines(*file, LineEnds::Any);
-    static_cast<void>(lines.next());
+void makeAnew(Files& files, const std::string& path, const RunHistory& history) {
     IsNeeded isNeeded{.history = history, .runs = usedRuns(history), .line = 0};
-    readLines(lines, [&](std::string_view text, const std::optional<LogLine>& line) {
-        if (line) {
-            if (std::visit(isNeeded, *line)) {
-                log.append(text).append("\n");
-            }
-            ++isNeeded.line;
-        }
+    makeLogAnew(files, path, kind, [&](std::string_view text) {
+        const auto line = parseLogLine(text);
+        const bool needed = line && std::visit(isNeeded, *line);
+        isNeeded.line += line ? 1U : 0U;
+        return needed;
     });
-    return log;
-}
-
-// Another runner may be reading it, and on Windows keeps its place by that. The next run is soon
-// enough.
-void makeAnew(Files& files, std::string_view path, const RunHistory& history) {
-    try {
-        writeInOneStep(files, path, neededLines(files, path, history));
-    } catch (const RunTimeError& error) {
-        if (!error.is(ErrorNumber::PermissionDenied)) {
-            throw;
-        }
-    }
 }
 
 bool isWorthMakingAnew(const RunHistory& history) {
@@ -123,55 +87,39 @@ RunHistory readRunLog(const Files& files, std::string_view path,
                       const std::function<void(const LogLine& line)>& tell,
                       const WantedRecords& wanted) {
     RunHistory history;
-    if (!FileExists(files, path)) {
-        return history;
-    }
-    const auto file = files.openForReading(path);
-    LineReader lines(*file, LineEnds::Any);
-    const std::string title(lines.next().value_or(""));
-    history.torn = !checkLogTitle(title, logTitle, logVersion, "The run log", path);
-    while (const auto text = lines.next()) {
-        if (text->empty()) { // it stands between two runs
-            continue;
-        }
-        // What was taken for a torn end was none, when something follows it.
-        history.damaged += history.torn ? 1 : 0;
-        history.torn = false;
-        const auto record = wanted ? recordOfLogLine(*text) : std::nullopt;
+    const LogFaults faults = readCheckedLog(files, path, kind, [&](std::string_view text) {
+        const auto record = wanted ? recordOfLogLine(text) : std::nullopt;
         if (record && !wanted(*record)) {
-            continue;
+            return true;
         }
-        auto line = parseLogLine(*text);
-        history.torn = !line;
-        if (line) {
-            if (tell) {
-                tell(*line);
-            }
-            take(*std::move(line), history);
+        auto line = parseLogLine(text);
+        if (!line) {
+            return false;
         }
-    }
+        if (tell) {
+            tell(*line);
+        }
+        take(*std::move(line), history);
+        return true;
+    });
+    history.damaged = faults.damaged;
+    history.torn = faults.torn;
     return history;
 }
 
-RunLog::RunLog(Files& files, std::string_view path, const RunHistory& history) {
-    if (!FileExists(files, path)) {
-        writeInOneStep(files, path, titleLine() + "\n");
-    } else if (isWorthMakingAnew(history)) {
+RunLog::RunLog(Files& files, const std::string& path, const RunHistory& history) {
+    if (isWorthMakingAnew(history)) {
         makeAnew(files, path, history);
     }
-    file_ = files.append(path);
-    file_->write("\n"); // also ends a line that was cut short just before its own end
-    file_->drain();
+    end_.emplace(files, path, kind);
 }
 
 void RunLog::write(const LogLine& line) {
-    file_->write(logLineText(line));
-    file_->drain();
+    end_->write(logLineText(line));
 }
 
 void RunLog::close() {
-    file_->flush();
-    file_->close();
+    end_->close();
 }
 
 } // namespace tarnwick

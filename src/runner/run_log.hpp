@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/files.hpp"
+#include "runner/checked_log.hpp"
 #include "runner/log_line.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,9 +52,7 @@ struct RunHistory {
 void take(LogLine line, RunHistory& history);
 
 // Reads a log; an empty one where there is none. `tell` hears of each line. Where `wanted` is
-// given, lines about other records are passed over. Raises what Files::openForReading and
-// InputFile::read raise, and 321 (with a description for people) where the file is no log or one of
-// a newer version.
+// given, lines about other records are passed over. Raises what readCheckedLog raises.
 using WantedRecords = std::function<bool(std::string_view record)>;
 [[nodiscard]] RunHistory readRunLog(const Files& files, std::string_view path,
                                     const std::function<void(const LogLine& line)>& tell = {},
@@ -64,10 +62,9 @@ using WantedRecords = std::function<bool(std::string_view record)>;
 class RunLog {
   public:
     // Makes the log where there is none. Where most of it is stale, or something of it is damaged,
-    // it is first made anew, in one step, of the lines that `history` still needs, unless somebody
-    // is just reading it where a system does not allow that. Raises what Files raises; the log is
-    // then as it was.
-    RunLog(Files& files, std::string_view path, const RunHistory& history);
+    // it is first made anew of the lines that `history`, which was read from it, still needs.
+    // Raises what makeLogAnew and Files raise; the log is then as it was.
+    RunLog(Files& files, const std::string& path, const RunHistory& history);
 
     // Raises 61, 57.
     void write(const LogLine& line);
@@ -76,7 +73,7 @@ class RunLog {
     void close();
 
   private:
-    std::unique_ptr<OutputFile> file_;
+    std::optional<LogEnd> end_;
 };
 
 } // namespace tarnwick

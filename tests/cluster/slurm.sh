@@ -96,4 +96,6 @@ stop_slurm() {
             sleep 0.5
         done
     done
+    # Who has it as root by sudo can take it away himself.
+    [ -z "${SUDO_UID:-}" ] || chown -R "$SUDO_UID:$SUDO_GID" "$cluster"
 }

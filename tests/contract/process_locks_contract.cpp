@@ -34,6 +34,7 @@ TEST_F(ProcessLocksContract, Whoever_wants_can_read_who_holds_it) {
 
 TEST_F(ProcessLocksContract, A_file_that_lies_there_is_taken) {
     put("lock", std::string(100'000, 'x'));
+    EXPECT_EQ(locks.holderOf(in("lock")), std::string(longestHolder, 'x'));
     const auto held = locks.tryLock(in("lock"), "me");
     ASSERT_NE(held, nullptr);
     EXPECT_EQ(locks.holderOf(in("lock")), "me");

@@ -9,6 +9,7 @@
 #include "report/report_command.hpp"
 #include "runner/visible_text.hpp"
 
+#include <algorithm>
 #include <exception>
 #include <thread>
 
@@ -47,7 +48,9 @@ class RunnerMain {
         case RunnerOptions::Command::Run:
             break;
         }
-        request.whenEnded = reportsAtTheEnd(reportsOn(file, request), services_, utf8);
+        ReportRequest reports = reportsOn(file, request);
+        request.remarksBefore = remarksOnReports(reports, services_);
+        request.whenEnded = reportsAtTheEnd(std::move(reports), services_, utf8);
         return runDefinition(definition, request, services_);
     }
 
@@ -134,7 +137,10 @@ class RunnerMain {
                               .holder = request.holder,
                               .ofSomeRecords = !request.job.records.empty()};
         for (const std::string& file : options_.reports) {
-            reports.files.push_back(platform_->typedPath(file));
+            const std::string path = platform_->typedPath(file);
+            if (std::ranges::find(reports.files, path) == reports.files.end()) {
+                reports.files.push_back(path);
+            }
         }
         return reports;
     }

@@ -76,8 +76,9 @@ const dirent* ListedFolder::next() {
 
 std::optional<struct stat> ListedFolder::statusOf(const char* name) const {
     struct stat status{};
-    return ::fstatat(::dirfd(folder_.get()), name, &status, 0) == 0 ? std::optional(status)
-                                                                    : std::nullopt;
+    const int folder = ::dirfd(folder_.get());
+    const bool known = folder >= 0 && ::fstatat(folder, name, &status, 0) == 0;
+    return known ? std::optional(status) : std::nullopt;
 }
 
 void listHostFolder(const std::string& hostFolder,

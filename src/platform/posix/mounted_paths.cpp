@@ -20,7 +20,7 @@ namespace tarnwick {
 namespace {
 
 // The root of the machine is "" before the names below it.
-std::string orRoot(std::string hostPath) {
+std::string orRoot(const std::string& hostPath) {
     return hostPath.empty() ? "/" : hostPath;
 }
 

@@ -153,12 +153,12 @@ std::unique_ptr<InputFile> readFrom(FileDescriptor file) {
     return std::make_unique<PosixInputFile>(std::move(file));
 }
 
-std::string textOf(const std::string& hostPath) {
+std::string textOf(const std::string& hostPath, std::size_t most) {
     auto descriptor = openIfThere(hostPath);
     if (!descriptor.isOpen()) {
         return {};
     }
-    return contentOf(*readFrom(std::move(descriptor)));
+    return contentOf(*readFrom(std::move(descriptor)), most);
 }
 
 const struct stat& requireFile(const std::optional<struct stat>& status) {

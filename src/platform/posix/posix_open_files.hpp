@@ -28,8 +28,9 @@ enum class Links { Themselves, Followed };
 // Writes the front of `bytes`; how many of them. Raises 61, 57.
 std::size_t writeSome(const FileDescriptor& file, std::string_view bytes);
 
-// All that is in the file; nothing where there is none. Raises as openIfThere and readFrom, and 57.
-[[nodiscard]] std::string textOf(const std::string& hostPath);
+// All that is in the file, or its first `most` bytes; nothing where there is none. Raises as
+// openIfThere and readFrom, and 57.
+[[nodiscard]] std::string textOf(const std::string& hostPath, std::size_t most = std::string::npos);
 
 // Raises 53 when nothing is there, or a folder; else it is what it was given.
 const struct stat& requireFile(const std::optional<struct stat>& status);

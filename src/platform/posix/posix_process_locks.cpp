@@ -115,7 +115,7 @@ bool PosixProcessLocks::isHeld(std::string_view path) const {
 
 std::string PosixProcessLocks::holderOf(std::string_view path) const {
     try {
-        return textOf(paths_.hostPath(path));
+        return textOf(paths_.hostPath(path), longestHolder);
     } catch (const RunTimeError&) {
         return {};
     }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <bit>
+
 namespace tarnwick {
 
 // The function of that name in one of the system's libraries. For libraries that Windows looks for
@@ -10,10 +12,8 @@ namespace tarnwick {
 template <typename Function>
 [[nodiscard]] Function* systemFunction(const wchar_t* library, const char* name) noexcept {
     const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    // By way of void: the type that the system gives has nothing to do with the function's own.
-    return module == nullptr
-               ? nullptr
-               : reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    // The type that the system gives has nothing to do with the function's own.
+    return module == nullptr ? nullptr : std::bit_cast<Function*>(GetProcAddress(module, name));
 }
 
 } // namespace tarnwick

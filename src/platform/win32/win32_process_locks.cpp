@@ -77,7 +77,7 @@ bool Win32ProcessLocks::isHeld(std::string_view path) const {
 
 std::string Win32ProcessLocks::holderOf(std::string_view path) const {
     try {
-        return contentOf(*openWin32File(possible(path)));
+        return contentOf(*openWin32File(possible(path)), longestHolder);
     } catch (const RunTimeError&) {
         return {};
     }

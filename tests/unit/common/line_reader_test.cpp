@@ -83,5 +83,14 @@ TEST(LineReader, A_line_may_be_longer_than_any_block) {
                 ElementsAre(longLine, "b"));
 }
 
+TEST(LineReader, Of_a_line_that_is_longer_than_wanted_the_beginning_is_seen) {
+    PiecewiseFile file("12345\r\n123456\n" + std::string(std::size_t{300} * 1024, 'x') + "\n1", 3);
+    LineReader reader(file, LineEnds::Any, 5);
+    for (const char* const line : {"12345", "12345", "xxxxx", "1"}) {
+        EXPECT_EQ(reader.next(), line);
+    }
+    EXPECT_EQ(reader.next(), std::nullopt);
+}
+
 } // namespace
 } // namespace tarnwick

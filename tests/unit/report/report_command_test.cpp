@@ -146,6 +146,30 @@ TEST_F(ReportsOnRuns, That_cannot_be_written_are_told_and_change_nothing_else) {
     EXPECT_EQ(report(), ExitStatus::SomeFailed);
 }
 
+TEST_F(ReportsOnRuns, That_could_not_be_written_are_told_before_anything_is_run) {
+    machine_.definition.sInputExtensions = "*.xml";
+    machine_.writeRecord("a.xml", "record");
+    machine_.world.write(R"(C:\job\page.html)", "somebody's");
+    request_.files = {R"(C:\gone\out.html)", R"(C:\in\b.xml)", R"(C:\job\page.html)",
+                      R"(C:\job\fine.html)", R"(C:\job\night.state\fine.html)"};
+    std::string told;
+    machine_.processes.act = [&](const ToolCall& call) {
+        told = machine_.terminal.error;
+        return machine_.work(call);
+    };
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    const std::string root = machine_.world.drivesRoot() + "/c/";
+    const auto remark = [&](const std::string& file, const std::string& why) {
+        return "tarnwick-run: The report \"" + root + file + "\" could not be written: " + why +
+               ".\n";
+    };
+    EXPECT_EQ(told, remark("gone/out.html", "its folder does not exist") +
+                        remark("in/b.xml", "it would be taken for a record") +
+                        remark("job/page.html", "another file has that name"));
+    EXPECT_TRUE(machine_.world.exists(R"(C:\job\fine.html)"));
+    EXPECT_TRUE(machine_.world.exists(R"(C:\job\night.state\fine.html)"));
+}
+
 TEST_F(ReportsOnRuns, A_report_takes_the_place_of_none_but_a_report_of_its_kind) {
     machine_.definition.sInputExtensions = "*.xml";
     machine_.writeRecord("a.xml", "record");

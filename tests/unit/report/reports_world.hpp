@@ -29,6 +29,7 @@ class ReportsOnRuns : public testing::Test {
 
     ExitStatus run() {
         request_.patterns = machine_.request.settings.messages;
+        machine_.request.remarksBefore = remarksOnReports(request_, services_);
         machine_.request.whenEnded = reportsAtTheEnd(request_, services_, utf8_);
         return machine_.run();
     }

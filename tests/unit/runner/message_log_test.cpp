@@ -53,7 +53,7 @@ class MessageLogFile : public testing::Test {
     }
 
     HostedWorld world_;
-    MessageLogFaults faults_;
+    LogFaults faults_;
 };
 
 TEST_F(MessageLogFile, Holds_what_was_written) {
@@ -67,7 +67,7 @@ TEST_F(MessageLogFile, Holds_what_was_written) {
     }
     log.close();
     EXPECT_EQ(lines(), written);
-    EXPECT_EQ(faults_, MessageLogFaults());
+    EXPECT_EQ(faults_, LogFaults());
     EXPECT_THAT(text(),
                 HasSubstr("tarnwick-run messages 1\n\nmessages\t1\ta\\x09b.met\t3 x\\x09y\\x5cz  "
                           "\t7 \xE9 1 2\t"));
@@ -77,7 +77,7 @@ TEST_F(MessageLogFile, Holds_what_was_written) {
 
 TEST_F(MessageLogFile, That_is_not_there_holds_nothing) {
     EXPECT_THAT(lines(), IsEmpty());
-    EXPECT_EQ(faults_, MessageLogFaults());
+    EXPECT_EQ(faults_, LogFaults());
 }
 
 TEST_F(MessageLogFile, Lies_beside_its_run_log) {
@@ -92,7 +92,7 @@ TEST_F(MessageLogFile, A_torn_end_and_damaged_lines_are_dropped_and_mended_by_th
     const std::string torn = one.substr(0, one.size() - 3);
     world_.write(path, "tarnwick-run messages 1\n" + damaged + one + torn);
     EXPECT_THAT(lines(), ElementsAre(said(1, "a.met", {{.line = 1, .text = "x"}})));
-    EXPECT_EQ(faults_, (MessageLogFaults{.damaged = 1, .torn = true}));
+    EXPECT_EQ(faults_, (LogFaults{.damaged = 1, .torn = true}));
     MessageLog(world_.files(), path).close();
     EXPECT_EQ(text(), "tarnwick-run messages 1\n" + one + "\n");
     EXPECT_FALSE(world_.exists(std::string(path) + ".new"));

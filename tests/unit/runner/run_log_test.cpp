@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
 #include <random>
 
 namespace tarnwick {
@@ -192,6 +193,25 @@ TEST_F(Log, Counts_what_is_damaged_in_its_middle) {
     EXPECT_EQ(history.damaged, 1U);
     EXPECT_FALSE(history.torn);
     EXPECT_EQ(history.records.size(), 1U);
+}
+
+TEST_F(Log, A_line_that_has_no_end_is_damaged_and_not_held) {
+    write({runLine, madeLine});
+    RecordLine endless = madeLine;
+    endless.why.assign(longestLogLine, 'x'); // whole, but nobody writes one like that
+    world_.write(path, world_.read(path) + logLineText(endless) + logLineText(begunLine));
+    const RunHistory history = read();
+    EXPECT_EQ(history.damaged, 1U);
+    EXPECT_EQ(history.lines, 3U);
+}
+
+TEST_F(Log, A_run_that_none_could_follow_is_damage) {
+    write({runLine, madeLine});
+    RunLine last = runLine;
+    last.run = std::numeric_limits<std::uint32_t>::max();
+    world_.write(path, world_.read(path) + logLineText(last) + logLineText(begunLine));
+    EXPECT_EQ(read().damaged, 1U);
+    EXPECT_EQ(read().lastRun(), 7U);
 }
 
 TEST_F(Log, Of_a_newer_version_is_refused) {

@@ -1,6 +1,7 @@
 #include "report/html_findings.hpp"
 
 #include "report/escaping.hpp"
+#include "report/html_links.hpp"
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
 
@@ -32,8 +33,8 @@ std::string examples(const RunReport& report, const Shape& shape) {
     std::string text = "<ul class=\"examples\">\n";
     for (const Example& example : shape.examples) {
         text += "<li><q>" + markupText(cutText(example.text)) + "</q> <span>" +
-                markupText(cutText(report.records.at(example.record).name)) + ", line " +
-                grouped(example.line) + "</span>\n";
+                recordLink(report, example.record) + ", line " + grouped(example.line) +
+                "</span>\n";
     }
     return text + "</ul>\n";
 }
@@ -42,7 +43,7 @@ std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
                   const std::vector<RecordPlace>& records) {
     std::string text = "<ul class=\"names\">\n";
     for (const RecordPlace record : records) {
-        text += "<li>" + markupText(cutText(report.records[record].name)) + "\n";
+        text += "<li>" + recordLink(report, record) + "\n";
     }
     text += "</ul>\n";
     if (records.size() < shape.records) {
@@ -131,8 +132,7 @@ std::string changedRecords(const RunReport& report) {
             "<th scope=\"col\">Gone</thead><tbody>\n";
     for (std::size_t place = 0; place < std::min(report.changes.size(), mostChanges); ++place) {
         const RecordChange& each = report.changes[place];
-        text += "<tr><th scope=\"row\">" +
-                markupText(cutText(report.records.at(each.record).name)) + "<td>" +
+        text += "<tr><th scope=\"row\">" + recordLink(report, each.record) + "<td>" +
                 shapeLinks(report, each.appeared) + "<td>" + shapeLinks(report, each.gone) + "\n";
     }
     return text + "</tbody></table>\n" + moreText(report.changes.size(), mostChanges, "record");

@@ -1,6 +1,7 @@
 #include "report/html_plots.hpp"
 
 #include "report/escaping.hpp"
+#include "report/html_links.hpp"
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
 #include "runner/number_text.hpp"
@@ -186,8 +187,8 @@ std::string slowest(const RunReport& report, std::vector<TimedCall>& calls) {
                        "<th scope=\"col\" class=\"number\">Status</thead><tbody>\n";
     for (auto call = calls.begin(); call != end; ++call) {
         const ReportedCall& said = callOf(report, *call);
-        text += "<tr><th scope=\"row\">" + markupText(cutText(report.records[call->record].name)) +
-                "<td>" + markupText(cutText(said.tool)) + "<td class=\"number\">" +
+        text += "<tr><th scope=\"row\">" + recordLink(report, call->record) + "<td>" +
+                markupText(cutText(said.tool)) + "<td class=\"number\">" +
                 secondsText(call->seconds) + "<td class=\"number\">" + std::to_string(said.code) +
                 "\n";
     }

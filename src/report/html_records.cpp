@@ -1,6 +1,7 @@
 #include "report/html_records.hpp"
 
 #include "report/escaping.hpp"
+#include "report/html_links.hpp"
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
 
@@ -13,37 +14,12 @@ namespace {
 
 // For the links that stand in the rows themselves. The script adds what has no room here.
 constexpr std::size_t roomForLinks = 8'000'000;
-constexpr std::size_t mostShapesInRow = 25;
-
-const std::string& stemOf(const ReportedRecord& record, const ReportedProduct& product) {
-    return product.ofCns ? record.cnsStem : record.mpStem;
-}
-
-// The links to one product: what is the same in all of them.
-class ProductLinks {
-  public:
-    explicit ProductLinks(const ReportedProduct& product)
-        : product_(product),
-          begin_("<a href=\"" + folderLink(product.folder)),
-          end_(linkPart(product.suffix) + "\">" + markupText(cutText(product.label)) + "</a> ") {}
-
-    [[nodiscard]] std::string of(const ReportedRecord& record) const {
-        const std::string& stem = stemOf(record, product_);
-        return stem.empty() ? "" : begin_ + linkPart(stem) + end_;
-    }
-
-  private:
-    const ReportedProduct& product_;
-    std::string begin_;
-    std::string end_;
-};
 
 // Of the products, from the first on, to which every record can have a link.
 std::vector<ProductLinks> linkedProducts(const RunReport& report) {
     std::size_t room = roomForLinks;
     std::vector<ProductLinks> linked;
-    for (const ReportedProduct& product : report.products) {
-        const ProductLinks links(product);
+    for (const ProductLinks& links : productLinks(report, false)) {
         std::size_t needed = 0;
         for (const ReportedRecord& record : report.records) {
             needed += links.of(record).size();
@@ -70,24 +46,20 @@ std::string stemAttribute(std::string_view name, const std::string& stem,
     return part == usual ? "" : " data-" + std::string(name) + "=\"" + part + "\"";
 }
 
-// The numbers of its shapes: those that few records have first, for they say more.
 std::string shapeNumbers(const RunReport& report, const ReportedRecord& record) {
     std::string text;
-    std::size_t count = 0;
-    for (const bool common : {false, true}) {
-        for (const Finding& finding : record.findings) {
-            if (report.shapes.at(finding.shape).common == common && ++count <= mostShapesInRow) {
-                text.append(text.empty() ? "" : " ").append(shapeNumber(finding.shape));
-            }
-        }
+    for (const Finding& finding : shownFindings(report, record)) {
+        text.append(text.empty() ? "" : " ").append(shapeNumber(finding.shape));
     }
-    return count <= mostShapesInRow ? text : text + " ...";
+    return record.findings.size() <= mostShapesOfRecord ? text : text + " ...";
 }
 
-void addRow(const RunReport& report, const ReportedRecord& record,
-            const std::vector<ProductLinks>& linked, std::string& page) {
+void addRow(const RunReport& report, RecordPlace place, const std::vector<ProductLinks>& linked,
+            std::string& page) {
+    const ReportedRecord& record = report.records[place];
     const std::string usual = usualStem(record);
-    page.append("<tr").append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
+    page.append("<tr id=").append(rowName(place)); // a hundred thousand times: no marks around it
+    page.append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
     page.append(stemAttribute("m", record.mpStem, usual));
     page.append(stemAttribute("c", record.cnsStem, usual));
     page.append("><th>").append(markupText(cutText(record.name)));
@@ -152,8 +124,8 @@ void addRecordsSection(const RunReport& report, std::string& page) {
             counted(linked.size(), "product") + ". With its script this page leads to all.</p>\n";
     }
     page += "<table class=\"records\">" + columns(false) + "<tbody>\n";
-    for (const ReportedRecord& record : report.records) {
-        addRow(report, record, linked, page);
+    for (RecordPlace place = 0; place < report.records.size(); ++place) {
+        addRow(report, place, linked, page);
     }
     page += "</tbody></table></noscript>\n</section>\n";
 }

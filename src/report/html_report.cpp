@@ -1,6 +1,7 @@
 #include "report/html_report.hpp"
 
 #include "report/escaping.hpp"
+#include "report/html_failures.hpp"
 #include "report/html_findings.hpp"
 #include "report/html_parts.hpp"
 #include "report/html_plots.hpp"
@@ -46,28 +47,6 @@ std::string remarks(const RunReport& report) {
     return text;
 }
 
-// The first of them: a run in which everything fails has one cause, and would fill the page.
-std::string failures(const RunReport& report) {
-    constexpr std::size_t most = 1000;
-    std::size_t shown = 0;
-    std::string rows;
-    for (const ReportedRecord& record : report.records) {
-        if (record.state == ReportedRecord::State::Failed && shown < most) {
-            ++shown;
-            rows += "<tr><th scope=\"row\">" + markupText(cutText(record.name)) + "<td>" +
-                    markupText(cutText(record.why)) + "\n";
-        }
-    }
-    std::string text = sectionBegin("failures", "Failures", report.totals.failed);
-    if (shown == 0) {
-        return text + "<p>No record failed.</p>\n</section>\n";
-    }
-    text += "<table class=\"failures\"><thead><tr><th scope=\"col\">Record<th "
-            "scope=\"col\">Why</thead><tbody>\n" +
-            rows + "</tbody></table>\n";
-    return text + moreText(report.totals.failed, shown, "failed record") + "</section>\n";
-}
-
 std::string head(const RunReport& report) {
     const std::string definition = markupText(cutText(report.definition));
     const std::string when = report.totals.begun.empty()
@@ -92,7 +71,7 @@ std::string contents(const RunReport& report) {
 
 std::string body(const RunReport& report) {
     std::string text = "<body>\n" + head(report) + "<main>\n" + figures(report) + stateBar(report) +
-                       remarks(report) + contents(report) + failures(report);
+                       remarks(report) + contents(report) + failuresSection(report);
     if (report.findingsAreKnown) {
         text += findingsSection(report) + changesSection(report);
     }

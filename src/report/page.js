@@ -45,6 +45,8 @@
     let order = rows.map((_, place) => place);
     let matching = order;
     let shown = 0;
+    let asked = null; // the link to a record that was followed last
+    let before = null; // what was shown before that
 
     const linksOf = row => {
         const first = cells(row)[0];
@@ -83,10 +85,16 @@
         nearEnd.observe(more.parentElement);
         at('part').textContent = `${grouped(shown)} of ${grouped(matching.length)} are shown.`;
     };
+    // A whole name stands in quotation marks, whatever else is in it.
+    const wholeName = () => /^"(.+)"$/s.exec(filter.value)?.[1];
     const update = () => {
         const words = filter.value.toLowerCase().split(/\s+/).filter(word => word !== '');
+        const whole = wholeName();
         if (words.length === 0 && state.value === '') {
             matching = order;
+        } else if (whole !== undefined) {
+            matching = order.filter(place => nameOf(cells(rows[place])[0]) === whole &&
+                fits(textOf(rows[place]), [], state.value));
         } else {
             texts ??= rows.map(textOf);
             matching = order.filter(place => fits(texts[place], words, state.value));
@@ -118,8 +126,12 @@
     headings.forEach((heading, column) =>
         heading.querySelector('button')?.addEventListener('click', () => sortBy(column)));
     at('controls').addEventListener('submit', event => event.preventDefault());
-    filter.addEventListener('input', update);
-    state.addEventListener('change', update);
+    const changed = () => {
+        before = null;
+        update();
+    };
+    filter.addEventListener('input', changed);
+    state.addEventListener('change', changed);
     // Whoever asks for more by the keyboard goes on reading there.
     more.addEventListener('click', () => {
         const begin = shown;
@@ -134,12 +146,50 @@
         event.preventDefault(); // which would take the focus from the filter
         filter.value = link.dataset.show;
         state.value = '';
-        update();
+        changed();
         at('records').scrollIntoView();
         filter.focus({preventScroll: true});
     }));
+    // A link to a record shows it alone; the way back leads to what was shown, and to the link.
+    const recordOf = hash => rows[/^#r(\d+)$/.exec(hash)?.[1] - 1];
+    const showRecord = row => {
+        before ??= {filter: filter.value, state: state.value, link: asked};
+        filter.value = `"${nameOf(cells(row)[0])}"`;
+        state.value = '';
+        update();
+        at('records').scrollIntoView();
+        const name = body.rows[0].cells[0];
+        name.tabIndex = -1;
+        name.focus({preventScroll: true});
+    };
+    const goBack = () => {
+        const {link} = before;
+        [filter.value, state.value] = [before.filter, before.state];
+        before = null;
+        update();
+        link?.focus();
+    };
+    document.addEventListener('click', event => {
+        const link = event.target.closest('a[href^="#r"]');
+        const row = recordOf(link?.hash);
+        if (row !== undefined) {
+            asked = link;
+            if (link.hash === location.hash) { // nothing changes, but it is asked for again
+                event.preventDefault();
+                showRecord(row);
+            }
+        }
+    });
     // A link to a shape opens it, also where it is folded away.
     const openTarget = () => {
+        const isNew = history.state === null; // else the reader went back, or forwards
+        history.replaceState('seen', '');
+        const record = recordOf(location.hash);
+        if (record !== undefined) {
+            showRecord(record);
+        } else if (before !== null && !isNew) {
+            goBack();
+        }
         const row = /^#s\d+$/.test(location.hash) && document.querySelector(location.hash);
         if (row) {
             row.querySelector('details').open = true;
@@ -148,10 +198,10 @@
         }
     };
     addEventListener('hashchange', openTarget);
-    openTarget();
 
     at('controls').hidden = false;
     list.hidden = false;
     markSorted();
     update();
+    openTarget();
 })();

@@ -85,8 +85,9 @@ struct ReportedProduct {
     std::string label{}; // "html"
     // As a link from the report: relative where it can be, percent-encoded, ends in "/".
     std::string folder{};
-    std::string suffix{}; // not encoded
-    bool ofCns = false;   // else MP's
+    std::string suffix{};       // not encoded
+    bool ofCns = false;         // else MP's
+    bool holdsMessages = false; // a report of the tool, as holdsMessages(ProductKind) says
 
     bool operator==(const ReportedProduct&) const = default;
 };

@@ -200,7 +200,8 @@ class ReportMaker {
             report_.products.push_back({.label = utf8_(kind.label),
                                         .folder = {},
                                         .suffix = utf8_(subject_.products.suffixOf(kind)),
-                                        .ofCns = kind.tool == Tool::CNS});
+                                        .ofCns = kind.tool == Tool::CNS,
+                                        .holdsMessages = holdsMessages(kind)});
         }
     }
 

@@ -212,6 +212,145 @@ class Findings(Page):
         self.assertIn("gone: 1", [heading.text for heading in self.all("#changes h3")])
 
 
+class LinksToRecords(Page):
+    def follow(self, link, name, of):
+        """Clicks on the link, which stands in view, and sees that record alone."""
+        self.assertEqual(link.text, name)
+        link.click()
+        self.wait(lambda: self.status() == f"1 of {of} records")
+        self.assertEqual(self.column(0), [name])
+        self.assertEqual(self.one("#filter").get_attribute("value"), f'"{name}"')
+        self.assertEqual(self.focused().text, name)
+        self.assertTrue(self.in_view("#list tbody th") and self.in_view("#filter"))
+
+    def in_view(self, selector):
+        return self.browser.execute_script(
+            "const box = arguments[0].getBoundingClientRect(); return box.top >= 0 && box.bottom <= innerHeight",
+            self.one(selector))
+
+    def test_A_name_in_a_finding_shows_that_record_alone_and_the_way_back_all(self):
+        self.open("small")
+        self.one("#s1 summary").click()
+        for selector in ("#s1 .names a", "#s1 .examples a"):
+            link = self.one(selector)
+            self.follow(link, "lakes & rivers.met", 3)
+            self.browser.back()
+            self.wait(lambda: self.status() == "3 records")
+            self.assertEqual(self.one("#filter").get_attribute("value"), "")
+            self.wait(lambda: self.focused() == link)
+            self.assertTrue(self.in_view(selector))
+        self.browser.forward()
+        self.wait(lambda: self.status() == "1 of 3 records")
+
+    def test_Names_of_failures_changes_and_slow_calls_do_too(self):
+        self.open("small")
+        self.follow(self.one(".failures tbody th a"), "wells.met", 3)
+        self.follow(self.one(".changes tbody th a"), "lakes & rivers.met", 3)
+        self.follow(self.one(".slowest tbody th a"), "tide.stations.met", 3)
+        for _ in range(3):
+            self.browser.back()
+        self.wait(lambda: self.status() == "3 records")
+
+    def test_A_record_is_shown_however_far_down_and_whatever_was_chosen_which_comes_back(self):
+        report = self.open("1200")
+        last = [record["name"] for record in report["records"] if record["state"] == "failed"][-1]
+        Select(self.one("#state")).select_by_visible_text("made")
+        self.one("#filter").send_keys("0011")
+        self.one("#list th:nth-child(5) button").click()
+        status, names = self.status(), self.column(0)
+        self.follow(self.all(".failures tbody th a")[-1], last, "1,200")
+        self.assertEqual(self.one("#state").get_attribute("value"), "")
+        self.browser.back()
+        self.wait(lambda: self.status() == status)
+        self.assertEqual(self.column(0), names)
+        self.assertEqual(self.one("#filter").get_attribute("value"), "0011")
+        self.assertEqual(self.one("#state").get_attribute("value"), "made")
+
+    def test_Whoever_has_typed_something_else_meanwhile_keeps_it(self):
+        self.open("small")
+        self.follow(self.one(".failures tbody th a"), "wells.met", 3)
+        self.one("#filter").send_keys(Keys.CONTROL, "a")
+        self.one("#filter").send_keys("tide")
+        self.wait(lambda: self.column(0) == ["tide.stations.met"])
+        self.one("nav a[href='#runs']").click()
+        self.browser.back()
+        self.browser.back()
+        self.wait(lambda: self.browser.execute_script("return location.hash") == "")
+        self.assertEqual(self.one("#filter").get_attribute("value"), "tide")
+
+    def test_The_same_link_shows_it_again(self):
+        self.open("small")
+        link = self.one(".failures tbody th a")
+        self.follow(link, "wells.met", 3)
+        self.one("#filter").clear()
+        self.one("#filter").send_keys("t")
+        self.wait(lambda: self.status() != "1 of 3 records")
+        self.follow(link, "wells.met", 3)
+
+    def test_A_link_from_elsewhere_opens_the_page_at_that_record(self):
+        self.open("small", "#r2")
+        self.wait(lambda: self.status() == "1 of 3 records")
+        self.assertEqual(self.column(0), ["tide.stations.met"])
+
+    def test_A_finding_of_the_record_opens_and_the_way_back_leads_to_the_record(self):
+        self.open("small")
+        self.follow(self.one(".changes tbody th a"), "lakes & rivers.met", 3)
+        self.one("#list a[href='#s1']").click()
+        self.wait(lambda: self.is_open("#s1 .names"))
+        self.assertEqual(self.status(), "1 of 3 records")
+        self.browser.back()
+        self.wait(lambda: self.focused().text == "lakes & rivers.met")
+        self.browser.back()
+        self.wait(lambda: self.status() == "3 records")
+
+    def test_Keys_alone_lead_to_a_record_to_its_products_and_back(self):
+        self.open("small")
+        link = self.tab_to(".changes tbody th a")
+        self.press(Keys.ENTER)
+        self.wait(lambda: self.status() == "1 of 3 records")
+        self.assertEqual(self.focused().text, "lakes & rivers.met")
+        self.press(Keys.TAB)
+        self.assertEqual(self.focused(), self.one("#list tbody a"))  # on to what the row has
+        self.browser.back()
+        self.wait(lambda: self.status() == "3 records")
+        self.wait(lambda: self.focused() == link)
+
+    def test_A_whole_name_between_quotation_marks_finds_no_longer_one(self):
+        self.open("small")
+        self.one("#filter").send_keys('"wells.met"')
+        self.wait(lambda: self.column(0) == ["wells.met"])
+        self.one("#filter").clear()
+        self.one("#filter").send_keys('"ells.met"')
+        self.wait(lambda: self.status() == "0 of 3 records")
+
+    def test_Without_the_script_every_name_leads_to_its_row(self):
+        browsers.scripts(self.browser, False)
+        for kind in ("small", "1200"):
+            report = self.open(kind)
+            places = self.browser.execute_cdp_cmd("DOM.getDocument", {"depth": 0})["root"]["nodeId"]
+            for link in self.all("main a[href^='#r']:not([href='#records']):not([href='#runs'])")[:50]:
+                place = link.get_attribute("href").partition("#")[2]
+                found = self.browser.execute_cdp_cmd("DOM.querySelector", {"nodeId": places, "selector": f"tr#{place}"})
+                self.assertNotEqual(found["nodeId"], 0, place)
+                name = report["records"][int(place[1:]) - 1]["name"]
+                self.assertEqual(link.get_attribute("textContent"), name)
+                self.assertEqual(self.one(f"tr#{place} th").text, name)
+
+    def test_A_failure_leads_to_what_the_tools_said_first(self):
+        report = self.open("1200")
+        names = [record["name"] for record in report["records"] if record["state"] == "failed"]
+        rows = self.all(".failures tbody tr")
+        self.assertEqual([row.find_element(By.TAG_NAME, "a").text for row in rows], names)
+        said = self.all(".failures .said")
+        self.assertGreater(len(said), 0)
+        finding = said[0].find_element(By.CSS_SELECTOR, "a[href^='#s']")
+        links = self.all(".failures .left")[0].find_elements(By.TAG_NAME, "a")
+        self.assertEqual([link.text for link in links], ["Error", "Leftovers", "Html"])
+        place = finding.get_attribute("href").partition("#")[2]
+        finding.click()
+        self.wait(lambda: self.is_open(f"#{place} .names"))
+
+
 class EveryReader(Page):
     def test_Keys_alone_filter_sort_open_and_follow(self):
         self.open("small")
@@ -341,6 +480,14 @@ class HostileTexts(Page):
         report = self.open("hostile")
         self.check()
         self.assertEqual(len(self.all("noscript tbody tr")), len(report["records"]))
+
+    def test_A_link_to_each_shows_that_record_alone(self):
+        self.open("hostile")
+        names = self.column(0)
+        for place, link in enumerate(self.all(".changes tbody th a")):
+            self.browser.execute_script("arguments[0].click()", link)
+            self.wait(lambda: self.column(0) == [names[place]])
+            self.check()
 
     def test_Links_lead_to_files_and_run_nothing(self):
         self.open("hostile")

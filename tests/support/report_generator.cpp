@@ -28,9 +28,9 @@ std::string padded(std::size_t number, std::size_t width) {
 }
 
 std::vector<ReportedProduct> threeProducts() {
-    return {{"Html", "../products/html/", ".html", false},
-            {"Error", "../products/errors/", ".err", false},
-            {"Leftovers", "../products/left%20overs/", ".left", true}};
+    return {{"Html", "../products/html/", ".html", false, false},
+            {"Error", "../products/errors/", ".err", false, true},
+            {"Leftovers", "../products/left%20overs/", ".left", true, true}};
 }
 
 constexpr std::array<std::string_view, 8> sentences{
@@ -89,7 +89,9 @@ ReportedRecord generatedRecord(std::size_t number) {
         static_cast<double>(chance % 977) / 1000 * static_cast<double>(1 + chance % 7);
     record.calls = {{"CNS", 0, seconds / 10},
                     {"MP", record.state == State::Failed ? 2 : 0, seconds}};
-    if (record.state == State::Failed) {
+    if (record.state == State::Failed && number % 2 == 0) {
+        record.why = "the tools say \"Error (line 3): no such theme keyword: \"tides\"\"";
+    } else if (record.state == State::Failed) {
         record.why = "MP ended with status 2: no element: Bounding_" + std::to_string(chance % 13);
         return record;
     }
@@ -189,7 +191,7 @@ RunReport reportOf(const std::vector<std::string>& texts) {
                                  .common = place % 5 == 4});
         report.changes.push_back({place, {place}, {}});
         report.records.push_back(std::move(record));
-        report.products.push_back({text, text, text, place % 2 == 1});
+        report.products.push_back({text, text, text, place % 2 == 1, place % 3 == 0});
     }
     report.totals = totalsOf(report);
     report.runs = {report.totals};

@@ -12,10 +12,10 @@ TEST(FindingsSection, A_shape_opens_its_examples_and_its_records) {
             .contains(
                 R"(<tr id="s1"><td class="number">#1<th scope="row"><details><summary>Error (line #): &quot;…&quot; is no date</summary>
 <ul class="examples">
-<li><q>Error (line 3): &quot;soon&quot; is no date</q> <span>lakes &amp; rivers.met, line 3</span>
+<li><q>Error (line 3): &quot;soon&quot; is no date</q> <span><a href="#r1">lakes &amp; rivers.met</a>, line 3</span>
 </ul>
 <ul class="names">
-<li>lakes &amp; rivers.met
+<li><a href="#r1">lakes &amp; rivers.met</a>
 </ul>
 <p class="show"><a href="#records" data-show="#1">Find it among the records</a> (in the column Findings: #1)</p>
 </details><td class="bar"><svg viewBox="0 0 100 10" preserveAspectRatio="none" aria-hidden="true"><rect width="33.3" height="10"/></svg><td class="number">1<td class="number">2<td class="number"><strong>new</strong>
@@ -69,7 +69,7 @@ TEST(ChangesSection, New_and_gone_are_told_by_shape_and_by_record) {
 </ul>
 <h3>Records with new or gone messages: 1</h3>
 <table class="changes"><thead><tr><th scope="col">Record<th scope="col">New<th scope="col">Gone</thead><tbody>
-<tr><th scope="row">lakes &amp; rivers.met<td><a href="#s1">#1</a><td>#3
+<tr><th scope="row"><a href="#r1">lakes &amp; rivers.met</a><td><a href="#s1">#1</a><td>#3
 </tbody></table>
 </section>
 )");

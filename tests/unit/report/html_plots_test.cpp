@@ -78,10 +78,11 @@ TEST(TimesSection, The_slowest_twenty_are_named_slowest_first) {
         timesIn(text.substr(text.find("<caption>The slowest calls")), "<tr><th scope=\"row\">"),
         20U);
     const std::string few = timesSection(smallReport());
-    EXPECT_TRUE(few.contains(
-        "<tr><th scope=\"row\">tide.stations.met<td>MP<td class=\"number\">1.500<td "
-        "class=\"number\">0\n"
-        "<tr><th scope=\"row\">wells.met<td>MP<td class=\"number\">0.500<td class=\"number\">2\n"));
+    EXPECT_TRUE(few.contains("<tr><th scope=\"row\"><a href=\"#r2\">tide.stations.met</a><td>MP<td "
+                             "class=\"number\">1.500<td "
+                             "class=\"number\">0\n"
+                             "<tr><th scope=\"row\"><a href=\"#r3\">wells.met</a><td>MP<td "
+                             "class=\"number\">0.500<td class=\"number\">2\n"));
 }
 
 } // namespace

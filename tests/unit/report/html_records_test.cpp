@@ -16,11 +16,11 @@ TEST(RecordsSection, A_row_has_the_record_and_links_to_its_products) {
     EXPECT_TRUE(sectionOf(smallReport())
                     .contains(
                         R"(<tbody>
-<tr><th>lakes &amp; rivers.met<td>made<td>#1 #2<td>2<td>0.015<td><a href="../products/html/lakes%20%26%20rivers.html">Html</a> <a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> )"
+<tr id=r1><th>lakes &amp; rivers.met<td>made<td>#1 #2<td>2<td>0.015<td><a href="../products/html/lakes%20%26%20rivers.html">Html</a> <a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> )"
                         R"(
-<tr data-c=""><th>tide.stations.met<td>up to date<td><td>0<td>1.500<td><a href="../products/html/tide.stations.html">Html</a> <a href="../products/errors/tide.stations.err">Error</a> )"
+<tr id=r2 data-c=""><th>tide.stations.met<td>up to date<td><td>0<td>1.500<td><a href="../products/html/tide.stations.html">Html</a> <a href="../products/errors/tide.stations.err">Error</a> )"
                         R"(
-<tr class="f" data-m="" data-c=""><th>wells.met<td>failed<td><td>0<td>0.500<td>
+<tr id=r3 class="f" data-m="" data-c=""><th>wells.met<td>failed<td><td>0<td>0.500<td>
 </tbody></table></noscript>
 </section>
 )"));
@@ -41,7 +41,8 @@ TEST(RecordsSection, A_stem_that_the_shown_name_does_not_give_is_said) {
     report.products = {{"Html", "out/", ".html", false}};
     report.records = {{.name = "caf\xE9.met", .mpStem = "caf\xE9"}};
     EXPECT_TRUE(sectionOf(report).contains(
-        "<tr data-m=\"caf%E9\" data-c=\"\"><th>caf&lt;U+00E9&gt;.met<td>not run<td><td>0<td><td>"
+        "<tr id=r1 data-m=\"caf%E9\" data-c=\"\"><th>caf&lt;U+00E9&gt;.met<td>not "
+        "run<td><td>0<td><td>"
         "<a href=\"out/caf%E9.html\">Html</a> \n"));
 }
 

@@ -26,28 +26,6 @@ TEST(HtmlReport, The_page_says_the_run_in_numbers) {
 )"));
 }
 
-TEST(HtmlReport, A_failure_says_what_the_tool_said) {
-    EXPECT_TRUE(
-        htmlReport(smallReport())
-            .contains("<tr><th scope=\"row\">wells.met<td>MP ended with status 2: no element: "
-                      "&quot;West&quot;\n</tbody></table>\n</section>\n"));
-}
-
-TEST(HtmlReport, Of_very_many_failures_the_first_are_shown) {
-    RunReport report;
-    report.records.assign(1002,
-                          {.name = "a.met", .state = ReportedRecord::State::Failed, .why = "so"});
-    report.totals.failed = 1002;
-    const std::string page = htmlReport(report);
-    std::size_t shown = 0;
-    for (std::size_t place = 0; (place = page.find("<td>so\n", place)) != std::string::npos;
-         ++place) {
-        ++shown;
-    }
-    EXPECT_EQ(shown, 1000U);
-    EXPECT_TRUE(page.contains("And 2 more failed records: reports as .json or .csv have all."));
-}
-
 TEST(HtmlReport, Only_its_own_script_may_run_and_nothing_is_fetched) {
     const std::string page = htmlReport(hostileReport());
     EXPECT_TRUE(page.contains("default-src 'none'; img-src data:; style-src 'unsafe-inline'; "

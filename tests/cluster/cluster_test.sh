@@ -49,9 +49,11 @@ MP
         'Error Extension=.err' 'GRID_Error=T:\out' 'Html Extension=.html' 'GRID_Html=T:\out' >"$place/night.ini"
 }
 
-submit() { # ROUNDS
-    (cd "$place" && TARNWICK_RUN=$program TARNWICK_ROUNDS=$1 TARNWICK_RUN_OPTIONS='-j 2' \
-        sbatch --parsable --array=1-$shares "$batch" "$place/night.ini" --drive "T:=$place") || fail 'sbatch'
+submit() { # ROUNDS OPTION...
+    local rounds=$1
+    shift
+    (cd "$place" && TARNWICK_RUN=$program TARNWICK_ROUNDS=$rounds TARNWICK_RUN_OPTIONS='-j 2' \
+        sbatch --parsable --array=1-$shares "$@" "$batch" "$place/night.ini" --drive "T:=$place") || fail 'sbatch'
 }
 
 run_alone() { "$program" "$place/night.ini" --drive "T:=$place" "$@" >"$place/alone.out" 2>&1; }
@@ -142,14 +144,17 @@ What_a_cancelled_task_leaves_is_made_by_a_job_that_waits_for_the_array() {
     new_place rounds
     touch "$place/hold"
     local job
-    job=$(submit 3)
-    wait_until 'the tools of share 1 at work' share_waits 1
+    job=$(submit 3 --hold)
+    scancel "${job}_1"
+    scontrol release "$job"
     wait_until 'the tools of share 2 at work' share_waits 2
+    wait_until 'the tools of share 3 at work' share_waits 3
     scancel "${job}_2"
     wait_until 'the end of share 2' eval '[ -z "$(lock_of 2)" ]'
     rm "$place/hold"
     wait_until 'the end of all jobs' no_job_is_left
     grep -q 'is submitted again' "$place/tarnwick-$job-end.out" || fail 'nothing was submitted again'
+    [ -z "$(find "$place" -type d -name '*-end')" ] || fail 'what the jobs agreed by is left'
     products_equal_those_of "$single"
     [ "$(made | wc -l)" -eq "$records" ] || fail "$(made | wc -l) records were made"
 }

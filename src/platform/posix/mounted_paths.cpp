@@ -121,7 +121,7 @@ std::string MountedPaths::spelled(const Path& path) const {
     host.reserve(folder.size() + volume.size() + path.names.size());
     host.append(folder).append(volume).append(path.names);
     std::replace(host.begin() + static_cast<std::ptrdiff_t>(folder.size()), host.end(), '\\', '/');
-    return orRoot(std::move(host));
+    return orRoot(host);
 }
 
 std::string MountedPaths::spelled(std::string_view path) const {
@@ -190,7 +190,7 @@ HostEntry MountedPaths::findNameByName(const Path& path) const {
             throw RunTimeError(ErrorNumber::PathNotFound);
         }
     }
-    host = orRoot(std::move(host));
+    host = orRoot(host);
     auto status = statusOf(host);
     return {.path = std::move(host), .status = status};
 }

@@ -221,7 +221,10 @@ class LinksToRecords(Page):
         self.assertEqual(self.column(0), [name])
         self.assertEqual(self.one("#filter").get_attribute("value"), f'"{name}"')
         self.assertEqual(self.focused().text, name)
-        self.assertTrue(self.in_view("#list tbody th") and self.in_view("#filter"))
+        for place in ("#records h2", "#filter", "#list tbody th"):
+            self.assertTrue(self.in_view(place), place)
+        self.assertLess(self.browser.execute_script("return arguments[0].getBoundingClientRect().top",
+                                                    self.one("#records h2")), 100)
 
     def in_view(self, selector):
         return self.browser.execute_script(

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -40,7 +41,7 @@ Json shapeValue(const RunReport& report, const Shape& shape) {
     }
     return {{"text", shape.text},         {"records", shape.records},
             {"messages", shape.messages}, {"recordsBefore", shape.recordsBefore},
-            {"common", shape.common},     {"examples", examples}};
+            {"common", shape.common},     {"examples", std::move(examples)}};
 }
 
 Json recordValue(const ReportedRecord& record) {
@@ -62,9 +63,9 @@ Json recordValue(const ReportedRecord& record) {
     return {{"name", record.name},
             {"state", stateWord(record.state)},
             {"why", record.why},
-            {"calls", calls},
-            {"findings", findings},
-            {"messages", messages},
+            {"calls", std::move(calls)},
+            {"findings", std::move(findings)},
+            {"messages", std::move(messages)},
             {"messagesLeftOut", record.messagesLeftOut},
             {"mpStem", record.mpStem},
             {"cnsStem", record.cnsStem}};

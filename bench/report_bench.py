@@ -142,7 +142,8 @@ def messages():
                 other, _, _ = measured(["/usr/bin/python3", "-c", READER + program, log, f"{folder}/plain"])
                 quotients.append(mine / other)
                 peak = max(peak, memory)
-            told(f"1,000,000 messages as .{kind} / by a plain program", statistics.median(quotients), 1.0)
+            # The plain one asks for no file but the log, and trusts each line.
+            told(f"1,000,000 messages as .{kind} / by a plain program", statistics.median(quotients), 1.5)
             told("  peak memory", peak, 200, " MB")
             told("  size", os.path.getsize(path) / 1e6, {"html": 25}.get(kind, 250), " MB")
             os.unlink(path)

@@ -101,7 +101,7 @@ bench:
 	build/native/bench/engine_bench
 	build/native/bench/links_bench
 	bench/runner_bench.py build/native/src/app/runner/tarnwick-run build/native/bench/small_tool
-	bench/report_bench.py build/native/tests/browser/make_report
+	bench/report_bench.py build/native/tests/browser/make_report build/native/src/app/runner/tarnwick-run
 	cmake --preset windows -D TARNWICK_BENCHMARKS=ON
 	cmake --build --preset windows
 	cmake/on-virtual-screen bench/run-windows build

@@ -11,6 +11,7 @@ import sys
 import tempfile
 
 from figures import end, measured, told
+from state_logs import STAMP, log_beginning, log_line
 
 runner, tool = (os.path.abspath(path) for path in sys.argv[1:3])
 chosen = sys.argv[3:]
@@ -159,25 +160,15 @@ def memory():
 def shared(records):
     place = Place(records, products=3)
     os.mkdir(f"{place.root}/bench.state")
-    stamp = "0@1700000000.000000000"
     logs = [open(f"{place.root}/bench.state/share-{number}-of-999.log", "wb") for number in range(1, 1000)]
     logs.append(open(f"{place.root}/bench.state/run.log", "wb"))
     for log in logs:
-        log.write(b"tarnwick-run log 1\n\n" + log_line(
-            f"run\t1\t2026-11-22T01:02:03Z\tcommands={'0' * 16}\tmp={stamp}\tcns=-\tconfiguration=-\taliases=-"))
+        log.write(log_beginning())
     for number, record in enumerate(place.records):
-        logs[number % 1000].write(log_line(f"made\t1\t{record}\t{stamp}\tmp:0:1.000" + 3 * f"\t{stamp}"))
+        logs[number % 1000].write(log_line(f"made\t1\t{record}\t{STAMP}\tmp:0:1.000" + 3 * f"\t{STAMP}"))
     for log in logs:
         log.close()
     return place
-
-
-def log_line(fields):
-    number = 14695981039346656037
-    for byte in fields.encode():
-        number = (number ^ byte) * 1099511628211 % 2**64
-    number ^= number >> 32
-    return f"{fields}\t{number * 0xD6E8FEB86659FD93 % 2**64:016x}"[:len(fields) + 9].encode() + b"\n"
 
 
 def shares():

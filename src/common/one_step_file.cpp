@@ -12,8 +12,15 @@
 namespace tarnwick {
 namespace {
 
-void writeThrough(OutputFile& file, std::string_view content) {
-    file.write(content);
+using WriteContent = std::function<void(OutputFile& file)>;
+
+// `content` must live as long.
+WriteContent writerOf(std::string_view content) {
+    return [content](OutputFile& file) { file.write(content); };
+}
+
+void writeThrough(OutputFile& file, const WriteContent& write) {
+    write(file);
     file.flush();
     file.close();
 }
@@ -31,17 +38,17 @@ std::optional<std::string> oldContent(const Files& files, std::string_view path)
 
 void putBack(Files& files, std::string_view path, std::string_view old) {
     try {
-        writeThrough(*files.create(path), old);
+        writeThrough(*files.create(path), writerOf(old));
     } catch (const RunTimeError&) {
         return; // what went wrong before is what the user must hear of
     }
 }
 
-void writeInPlace(Files& files, std::string_view path, std::string_view content,
+void writeInPlace(Files& files, std::string_view path, const WriteContent& write,
                   std::string_view old) {
     auto file = files.create(path);
     try {
-        writeThrough(*file, content);
+        writeThrough(*file, write);
     } catch (...) {
         file.reset();
         putBack(files, path, old);
@@ -88,6 +95,10 @@ std::unique_ptr<OutputFile> createAnew(Files& files, std::string_view path) {
 }
 
 void writeInOneStep(Files& files, std::string_view path, std::string_view content) {
+    writeInOneStep(files, path, writerOf(content));
+}
+
+void writeInOneStep(Files& files, std::string_view path, const WriteContent& write) {
     const std::string beside = std::string(path) + ".tarnwick-new";
     std::unique_ptr<OutputFile> file;
     try {
@@ -98,11 +109,11 @@ void writeInOneStep(Files& files, std::string_view path, std::string_view conten
         if (!old) {
             throw;
         }
-        writeInPlace(files, path, content, *old);
+        writeInPlace(files, path, write, *old);
         return;
     }
     try {
-        writeThrough(*file, content);
+        writeThrough(*file, write);
         files.moveOver(beside, path);
     } catch (...) {
         file.reset();

@@ -2,6 +2,7 @@
 
 #include "platform/files.hpp"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -20,6 +21,11 @@ namespace tarnwick {
 // Raises what createAnew, OutputFile and Files::moveOver raise; the old file is then as it was
 // and nothing is left beside it.
 void writeInOneStep(Files& files, std::string_view path, std::string_view content);
+
+// The same of a content that is too large to be held: `write` gives it to the file, piece by piece.
+// It is called once. Raises what it raises, too; the old file is then as it was.
+void writeInOneStep(Files& files, std::string_view path,
+                    const std::function<void(OutputFile& file)>& write);
 
 // Puts the file `from` in the place of `to` in one step, as Files::moveOver does, and from another
 // volume too: there it is first copied to `beside`, a path on the volume of `to`. `from` is gone

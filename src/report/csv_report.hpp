@@ -1,8 +1,8 @@
 #pragma once
 
+#include "report/report_sink.hpp"
 #include "report/run_report.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -12,6 +12,6 @@ inline constexpr std::string_view csvMark = "record,state,why,shapes,messages,se
 
 // A line for each record, under a line of headings: RFC 4180, in UTF-8 with a byte order mark, by
 // which spreadsheets know it. No cell is a formula.
-[[nodiscard]] std::string csvReport(const RunReport& report);
+void csvReport(const RunReport& report, const ReportSink& sink);
 
 } // namespace tarnwick

@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -39,7 +41,7 @@ Json shapeValue(const RunReport& report, const Shape& shape) {
     }
     return {{"text", shape.text},         {"records", shape.records},
             {"messages", shape.messages}, {"recordsBefore", shape.recordsBefore},
-            {"common", shape.common},     {"examples", examples}};
+            {"common", shape.common},     {"examples", std::move(examples)}};
 }
 
 Json recordValue(const ReportedRecord& record) {
@@ -53,9 +55,19 @@ Json recordValue(const ReportedRecord& record) {
         findings.push_back(
             {{"shape", finding.shape}, {"messages", finding.messages}, {"line", finding.line}});
     }
-    return {{"name", record.name},      {"state", stateWord(record.state)},
-            {"why", record.why},        {"calls", calls},
-            {"findings", findings},     {"mpStem", record.mpStem},
+    Json messages = Json::array();
+    for (std::size_t place = 0; place < record.messages.size(); ++place) {
+        const auto [shape, line, text] = record.messages[place];
+        messages.push_back({{"line", line}, {"shape", shape}, {"text", text}});
+    }
+    return {{"name", record.name},
+            {"state", stateWord(record.state)},
+            {"why", record.why},
+            {"calls", std::move(calls)},
+            {"findings", std::move(findings)},
+            {"messages", std::move(messages)},
+            {"messagesLeftOut", record.messagesLeftOut},
+            {"mpStem", record.mpStem},
             {"cnsStem", record.cnsStem}};
 }
 
@@ -72,37 +84,27 @@ Json changeValue(const RunReport& report, const RecordChange& change) {
             {"gone", change.gone}};
 }
 
-// Of the text, roughly: most of it are records.
-std::size_t expectedSize(const RunReport& report) {
-    std::size_t size = 64UZ * 1024;
-    for (const ReportedRecord& record : report.records) {
-        size += 120 + record.name.size() + record.why.size() + record.mpStem.size() +
-                record.cnsStem.size() + 50 * record.calls.size() + 45 * record.findings.size();
-    }
-    return size;
-}
-
 // A list, an entry on a line: only one entry at a time is held as a value, for a hundred thousand
 // of them take ten times the memory of their text.
 template <typename Entries, typename Value>
-void addList(std::string_view name, const Entries& entries, const Value& value, std::string& text) {
-    text.append(",\n\"").append(name).append("\": [");
+void writeList(std::string_view name, const Entries& entries, const Value& value,
+               const ReportSink& sink) {
+    sink(",\n\"" + std::string(name) + "\": [");
     std::string_view between = "\n";
     for (const auto& entry : entries) {
-        text.append(between).append(dumped(value(entry)));
+        sink(between);
+        sink(dumped(value(entry)));
         between = ",\n";
     }
-    text.append("]");
+    sink("]");
 }
 
 } // namespace
 
-std::string jsonReport(const RunReport& report) {
-    std::string text;
-    text.reserve(expectedSize(report)); // else it is twice in memory each time that it grows
-    text.append(jsonMark).append(" 1\"");
+void jsonReport(const RunReport& report, const ReportSink& sink) {
+    sink(std::string(jsonMark) + " 1\"");
     const auto add = [&](std::string_view name, const Json& value) {
-        text.append(",\n\"").append(name).append("\": ").append(dumped(value));
+        sink(",\n\"" + std::string(name) + "\": " + dumped(value));
     };
     add("definition", report.definition);
     add("made", report.made);
@@ -110,12 +112,12 @@ std::string jsonReport(const RunReport& report) {
     add("findingsAreKnown", report.findingsAreKnown);
     add("hasRunBefore", report.hasRunBefore);
     add("remarks", report.remarks);
-    addList("runs", report.runs, totalsValue, text);
-    addList("products", report.products, productValue, text);
-    addList("shapes", report.shapes, std::bind_front(shapeValue, std::cref(report)), text);
-    addList("changes", report.changes, std::bind_front(changeValue, std::cref(report)), text);
-    addList("records", report.records, recordValue, text);
-    return text += "}\n";
+    writeList("runs", report.runs, totalsValue, sink);
+    writeList("products", report.products, productValue, sink);
+    writeList("shapes", report.shapes, std::bind_front(shapeValue, std::cref(report)), sink);
+    writeList("changes", report.changes, std::bind_front(changeValue, std::cref(report)), sink);
+    writeList("records", report.records, recordValue, sink);
+    sink("}\n");
 }
 
 } // namespace tarnwick

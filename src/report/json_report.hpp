@@ -1,8 +1,8 @@
 #pragma once
 
+#include "report/report_sink.hpp"
 #include "report/run_report.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -12,6 +12,6 @@ inline constexpr std::string_view jsonMark = R"({"format": "tarnwick-run report)
 
 // The whole report as JSON, by docs/report.schema.json. UTF-8; what is no UTF-8 in a text becomes
 // U+FFFD, all else stands there as it is.
-[[nodiscard]] std::string jsonReport(const RunReport& report);
+void jsonReport(const RunReport& report, const ReportSink& sink);
 
 } // namespace tarnwick

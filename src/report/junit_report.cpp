@@ -3,6 +3,8 @@
 #include "report/escaping.hpp"
 #include "report/report_words.hpp"
 
+#include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -14,15 +16,16 @@ std::string attribute(std::string_view name, std::string_view value) {
     return " " + std::string(name) + "=\"" + markupText(value) + "\"";
 }
 
-// A line for each shape: "line 3: Error (line #): ... (2 messages)".
-std::string findingsText(const RunReport& report, const ReportedRecord& record) {
+// A line for each: "line 3: Error (line 12): ...". What nearly every record has says nothing of
+// this one.
+std::string messagesText(const RunReport& report, const ReportedRecord& record) {
     std::string text;
-    for (const Finding& finding : record.findings) {
-        text.append("line ").append(std::to_string(finding.line)).append(": ");
-        text.append(markupText(report.shapes.at(finding.shape).text));
-        text.append(finding.messages == 1
-                        ? "\n"
-                        : " (" + std::to_string(finding.messages) + " messages)\n");
+    for (std::size_t place = 0; place < record.messages.size(); ++place) {
+        const auto [shape, line, message] = record.messages[place];
+        if (!report.shapes.at(shape).common) {
+            text.append("line ").append(std::to_string(line)).append(": ");
+            text.append(markupText(message)).append("\n");
+        }
     }
     return text;
 }
@@ -33,32 +36,33 @@ std::string caseText(const RunReport& report, const ReportedRecord& record) {
                        attribute("time", secondsText(secondsOf(record))) + ">\n";
     if (record.state == State::Failed) {
         return text + "<failure" + attribute("message", record.why) + ">" + markupText(record.why) +
-               "\n" + findingsText(report, record) + "</failure>\n</testcase>\n";
+               "\n" + messagesText(report, record) + "</failure>\n</testcase>\n";
     }
     if (record.state == State::NotRun) {
         text += "<skipped/>\n";
     }
-    if (!record.findings.empty()) {
-        text += "<system-out>" + findingsText(report, record) + "</system-out>\n";
+    const std::string messages = messagesText(report, record);
+    if (!messages.empty()) {
+        text += "<system-out>" + messages + "</system-out>\n";
     }
     return text + "</testcase>\n";
 }
 
 } // namespace
 
-std::string junitReport(const RunReport& report) {
+void junitReport(const RunReport& report, const ReportSink& sink) {
     const std::string counts = attribute("tests", std::to_string(report.records.size())) +
                                attribute("failures", std::to_string(report.totals.failed)) +
                                attribute("errors", "0");
-    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + std::string(junitMark) +
-                       counts + ">\n<testsuite" + attribute("name", report.definition) + counts +
-                       attribute("skipped", std::to_string(report.totals.notRun)) +
-                       attribute("time", secondsText(report.totals.seconds)) +
-                       attribute("timestamp", report.totals.begun) + ">\n";
+    sink("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + std::string(junitMark) + counts +
+         ">\n<testsuite" + attribute("name", report.definition) + counts +
+         attribute("skipped", std::to_string(report.totals.notRun)) +
+         attribute("time", secondsText(report.totals.seconds)) +
+         attribute("timestamp", report.totals.begun) + ">\n");
     for (const ReportedRecord& record : report.records) {
-        text += caseText(report, record);
+        sink(caseText(report, record));
     }
-    return text += "</testsuite>\n</testsuites>\n";
+    sink("</testsuite>\n</testsuites>\n");
 }
 
 } // namespace tarnwick

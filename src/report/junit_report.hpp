@@ -1,8 +1,8 @@
 #pragma once
 
+#include "report/report_sink.hpp"
 #include "report/run_report.hpp"
 
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -11,7 +11,7 @@ namespace tarnwick {
 inline constexpr std::string_view junitMark = "<testsuites";
 
 // The report as JUnit XML for CI servers: a record is a case. One that failed is a failure there,
-// one that has not run is skipped; findings are what a case that passed has said.
-[[nodiscard]] std::string junitReport(const RunReport& report);
+// one that has not run is skipped; messages, but for common ones, are what a case has said.
+void junitReport(const RunReport& report, const ReportSink& sink);
 
 } // namespace tarnwick

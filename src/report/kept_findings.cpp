@@ -51,7 +51,10 @@ class FindingsReader {
             places_.emplace(request.records[place], place);
         }
         found_.findings.resize(request.records.size());
+        found_.messages.resize(request.records.size());
+        found_.leftOut.resize(request.records.size());
         found_.failing.resize(request.records.size());
+        found_.judgements.resize(request.records.size(), Judgement::Unknown);
         shapesBefore_.resize(request.records.size());
     }
 
@@ -64,7 +67,7 @@ class FindingsReader {
         std::ranges::for_each(lines_, [](CountingLines& lines) { lines.settle(); });
         eachMessagesLine([&](RecordPlace record, std::size_t number, const MessagesLine& line) {
             if (number == lines_[record].now) {
-                takeNow(record, line.messages);
+                takeNow(record, line);
             }
             if (number == lines_[record].before && number != lines_[record].now) {
                 takeBefore(record, line.messages);
@@ -107,29 +110,48 @@ class FindingsReader {
         }
     }
 
-    void takeNow(RecordPlace record, const std::vector<ToolMessage>& messages) {
-        std::vector<Finding>& findings = found_.findings[record];
+    void takeNow(RecordPlace record, const MessagesLine& said) {
+        judge(record, said);
+        found_.leftOut[record] = said.missing ? said.missing->leftOut : 0;
+        KeptMessages& texts = found_.messages[record];
         const std::string name = request_.utf8(request_.records[record]);
-        for (const auto& [line, text] : messages) {
+        for (const auto& [line, text] : said.messages) {
             if (request_.patterns.isIgnored(text)) {
                 continue;
             }
-            if (found_.failing[record].empty() && request_.patterns.fails(text)) {
-                found_.failing[record] = text;
-            }
             std::string shown = request_.utf8(text);
             const ShapePlace place = placeOf(shapeOf(shown, name));
-            Shape& shape = found_.shapes[place];
-            ++shape.messages;
-            const auto known = std::ranges::find(findings, place, &Finding::shape);
-            if (known != findings.end()) {
-                ++known->messages;
-                continue;
+            if (request_.withTexts) {
+                texts.add({.shape = place, .line = line, .text = shown});
             }
-            ++shape.records;
-            findings.push_back({.shape = place, .messages = 1, .line = line});
-            addExample(shape, {.record = record, .line = line, .text = std::move(shown)});
+            count(record, place, line, std::move(shown));
         }
+        texts.finish();
+        found_.findings[record].shrink_to_fit();
+    }
+
+    void judge(RecordPlace record, const MessagesLine& said) {
+        found_.judgements[record] = judgementOf(said, request_.patterns);
+        if (found_.judgements[record] == Judgement::Fails) {
+            found_.failing[record] =
+                std::ranges::find_if(said.messages, [&](const ToolMessage& message) {
+                    return request_.patterns.fails(message.text);
+                })->text;
+        }
+    }
+
+    void count(RecordPlace record, ShapePlace place, std::uint32_t line, std::string shown) {
+        std::vector<Finding>& findings = found_.findings[record];
+        Shape& shape = found_.shapes[place];
+        ++shape.messages;
+        const auto known = std::ranges::find(findings, place, &Finding::shape);
+        if (known != findings.end()) {
+            ++known->messages;
+            return;
+        }
+        ++shape.records;
+        findings.push_back({.shape = place, .messages = 1, .line = line});
+        addExample(shape, {.record = record, .line = line, .text = std::move(shown)});
     }
 
     // One of a record, of the first records that have it.
@@ -222,6 +244,9 @@ class FindingsReader {
             for (Finding& finding : findings) {
                 finding.shape = newPlace[finding.shape];
             }
+        }
+        for (KeptMessages& messages : found_.messages) {
+            messages.moveShapes(newPlace);
         }
         for (RecordChange& change : found_.changes) {
             for (auto* const shapes : {&change.appeared, &change.gone}) {

@@ -2,6 +2,7 @@
 
 #include "platform/files.hpp"
 #include "report/run_report.hpp"
+#include "runner/judged_messages.hpp"
 #include "runner/message_patterns.hpp"
 
 #include <cstddef>
@@ -30,20 +31,25 @@ struct FindingsRequest {
     std::vector<std::uint32_t> logOf;        // of each record, the one of `logs` that counts
     const MessagePatterns& patterns;
     const ToUtf8& utf8;
+    bool withTexts = true; // else the findings alone are counted
 };
 
 // What the tools have said of those records: as RunReport has it.
 struct KeptFindings {
     std::vector<Shape> shapes;
     std::vector<std::vector<Finding>> findings; // of each record
+    std::vector<KeptMessages> messages;         // of each, where their texts were asked for
+    std::vector<std::uint64_t> leftOut;         // of each, so many more there were
     std::vector<std::string> failing;           // of each, the first message that fails it
+    std::vector<Judgement> judgements;          // of each, by the patterns that fail it
     std::vector<RecordChange> changes;
     std::vector<RunTotals> runs;
     bool hasRunBefore = false;
 };
 
 // Of shares, `runs` has what all of them came to together, each time that they were run.
-// Memory: the findings, and no message but the examples. Raises what readMessageLog raises.
+// Memory: the findings, the texts where they were asked for, and the examples. Raises what
+// readMessageLog raises.
 [[nodiscard]] KeptFindings readFindings(const Files& files, const FindingsRequest& request);
 
 // Adds to `totals` how many records have findings, and how many these are; see there what counts.

@@ -10,6 +10,7 @@
 #include "report/run_report_of.hpp"
 #include "runner/message_log.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarnwick {
@@ -63,7 +64,8 @@ class ReportWriter {
                                             .stateFolder = request_.stateFolder,
                                             .patterns = request_.patterns,
                                             .share = request_.share,
-                                            .holder = request_.holder},
+                                            .holder = request_.holder,
+                                            .withTexts = areTextsTold()},
                                            services_, utf8_);
             remarks_ = report.remarks;
             if (end != nullptr) {
@@ -83,6 +85,14 @@ class ReportWriter {
     }
 
   private:
+    // A million texts take more memory than all else.
+    [[nodiscard]] bool areTextsTold() const {
+        return std::ranges::any_of(request_.files, [](const std::string& file) {
+            const auto kind = reportKindOf(file);
+            return kind && tellsTexts(*kind);
+        });
+    }
+
     static void addRun(RunReport& report) {
         report.runs.push_back(report.totals);
         if (report.runs.size() > RunReport::mostRuns) {
@@ -101,7 +111,9 @@ class ReportWriter {
             }
             const ReportKind kind = reportKindOf(file).value_or(ReportKind::Html);
             linkProducts(report, products, file, services_.paths, utf8_);
-            writeInOneStep(services_.files, file, reportText(kind, report));
+            writeInOneStep(services_.files, file, [&](OutputFile& out) {
+                writeReport(kind, report, [&](std::string_view piece) { out.write(piece); });
+            });
             notes.told.push_back("The report is " + shownPath(services_.paths, file));
         } catch (const RunTimeError& error) {
             notes.faults.push_back("The report " + shown +
@@ -146,7 +158,8 @@ RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
                                           .records = names,
                                           .logOf = std::vector<std::uint32_t>(names.size()),
                                           .patterns = request.patterns,
-                                          .utf8 = utf8});
+                                          .utf8 = utf8,
+                                          .withTexts = false});
         countFindings(found, notes.totals.emplace(countsOf(end)));
     } catch (const RunTimeError& error) {
         notes.faults.push_back("The message log cannot be read: " + error.record().description +

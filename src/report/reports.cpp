@@ -12,17 +12,39 @@
 namespace tarnwick {
 namespace {
 
+// The page is one text: a mark at its beginning depends on all that follows.
+void writePage(const RunReport& report, const ReportSink& sink) {
+    sink(htmlReport(report));
+}
+
 struct KnownKind {
     std::string_view extension;
     ReportKind kind;
     std::string_view mark; // which stands at the beginning of such a report, and of no product
-    std::string (*text)(const RunReport& report);
+    void (*write)(const RunReport& report, const ReportSink& sink);
+    bool tellsTexts;
 };
 constexpr auto kinds = std::to_array<KnownKind>({
-    {.extension = ".html", .kind = ReportKind::Html, .mark = htmlMark, .text = htmlReport},
-    {.extension = ".json", .kind = ReportKind::Json, .mark = jsonMark, .text = jsonReport},
-    {.extension = ".csv", .kind = ReportKind::Csv, .mark = csvMark, .text = csvReport},
-    {.extension = ".xml", .kind = ReportKind::JUnit, .mark = junitMark, .text = junitReport},
+    {.extension = ".html",
+     .kind = ReportKind::Html,
+     .mark = htmlMark,
+     .write = writePage,
+     .tellsTexts = false},
+    {.extension = ".json",
+     .kind = ReportKind::Json,
+     .mark = jsonMark,
+     .write = jsonReport,
+     .tellsTexts = true},
+    {.extension = ".csv",
+     .kind = ReportKind::Csv,
+     .mark = csvMark,
+     .write = csvReport,
+     .tellsTexts = false},
+    {.extension = ".xml",
+     .kind = ReportKind::JUnit,
+     .mark = junitMark,
+     .write = junitReport,
+     .tellsTexts = true},
 });
 
 } // namespace
@@ -43,13 +65,17 @@ bool isReport(ReportKind kind, std::string_view beginning) {
            });
 }
 
-std::string reportText(ReportKind kind, const RunReport& report) {
+bool tellsTexts(ReportKind kind) {
+    return std::ranges::any_of(
+        kinds, [&](const KnownKind& known) { return known.kind == kind && known.tellsTexts; });
+}
+
+void writeReport(ReportKind kind, const RunReport& report, const ReportSink& sink) {
     for (const KnownKind& known : kinds) {
         if (known.kind == kind) {
-            return known.text(report);
+            known.write(report, sink);
         }
     }
-    return {};
 }
 
 } // namespace tarnwick

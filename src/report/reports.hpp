@@ -1,11 +1,11 @@
 #pragma once
 
+#include "report/report_sink.hpp"
 #include "report/run_report.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace tarnwick {
@@ -21,6 +21,11 @@ enum class ReportKind : std::uint8_t { Html, Json, Csv, JUnit };
 inline constexpr std::size_t reportBeginning = 512; // bytes of it
 [[nodiscard]] bool isReport(ReportKind kind, std::string_view beginning);
 
-[[nodiscard]] std::string reportText(ReportKind kind, const RunReport& report);
+// Whether reports of the kind tell the messages of each record by their own texts. For the others
+// RunReport needs none of these.
+[[nodiscard]] bool tellsTexts(ReportKind kind);
+
+// Raises what `sink` raises.
+void writeReport(ReportKind kind, const RunReport& report, const ReportSink& sink);
 
 } // namespace tarnwick

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/kept_messages.hpp"
 #include "runner/run_totals.hpp"
 
 #include <cstddef>
@@ -15,8 +16,7 @@ namespace tarnwick {
 // Texts are meant to be UTF-8, but what tools and file systems say may be any bytes: whoever writes
 // a text into a report escapes it and replaces what is no UTF-8.
 
-// The place of a shape in RunReport::shapes, or of a record in RunReport::records.
-using ShapePlace = std::uint32_t;
+// The place of a record in RunReport::records.
 using RecordPlace = std::uint32_t;
 
 // A message as it stands in a record's error report.
@@ -76,6 +76,10 @@ struct ReportedRecord {
     // when it failed and they were removed, or was never made.
     std::string mpStem{};
     std::string cnsStem{};
+    KeptMessages messages{}; // all of `findings`
+    // So many more the tools have said; in their place stands "[messages left out: 1234]" among
+    // those that are kept.
+    std::uint64_t messagesLeftOut = 0;
 
     bool operator==(const ReportedRecord&) const = default;
 };

@@ -150,7 +150,8 @@ class ReportMaker {
                                 .records = names_,
                                 .logOf = {},
                                 .patterns = subject_.patterns,
-                                .utf8 = utf8_};
+                                .utf8 = utf8_,
+                                .withTexts = subject_.withTexts};
         std::ranges::transform(rulings_, std::back_inserter(request.logOf),
                                &RulingLogs::Ruling::log);
         KeptFindings found = readFindings(services_.files, request);
@@ -158,12 +159,9 @@ class ReportMaker {
         for (RecordPlace place = 0; place < names_.size(); ++place) {
             ReportedRecord& record = report_.records[place];
             record.findings = std::move(found.findings[place]);
-            const std::string& failing = found.failing[place];
-            if (!failing.empty() &&
-                (record.state == State::Made || record.state == State::UpToDate)) {
-                record.state = State::Failed;
-                record.why = utf8_(messageFailure(failing));
-            }
+            record.messages = std::move(found.messages[place]);
+            record.messagesLeftOut = found.leftOut[place];
+            judge(record, found.judgements[place], found.failing[place]);
         }
         report_.shapes = std::move(found.shapes);
         report_.changes = std::move(found.changes);
@@ -172,6 +170,20 @@ class ReportMaker {
         report_.totals.begun = logs_.lastBegun();
         if (!report_.runs.empty() && report_.runs.back().begun == report_.totals.begun) {
             report_.totals.seconds = report_.runs.back().seconds;
+        }
+    }
+
+    // As a run with these patterns would: what is not all known would have to be run.
+    void judge(ReportedRecord& record, Judgement judgement, std::string_view failing) const {
+        if ((record.state != State::Made && record.state != State::UpToDate) ||
+            subject_.patterns.failOn.empty() || !report_.findingsAreKnown) {
+            return;
+        }
+        if (judgement == Judgement::Fails) {
+            record.state = State::Failed;
+            record.why = utf8_(messageFailure(failing));
+        } else if (judgement != Judgement::Clean) {
+            record.state = State::NotRun;
         }
     }
 

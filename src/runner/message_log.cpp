@@ -1,5 +1,6 @@
 #include "runner/message_log.hpp"
 
+#include "runner/hash.hpp"
 #include "runner/log_fields.hpp"
 #include "runner/number_text.hpp"
 
@@ -19,10 +20,19 @@ constexpr std::string_view notCounted = "-";
 constexpr LogKind kind{
     .title = messageLogTitle, .version = messageLogVersion, .name = "The message log"};
 
+constexpr std::string_view leftOutName = "left-out=";
+constexpr std::string_view judgedName = "judged=";
+
 struct FieldsOf {
     std::string operator()(const MessagesLine& line) const {
-        std::string fields = (line.known ? "messages\t" : "unknown\t") + std::to_string(line.run) +
-                             "\t" + asLogField(line.record);
+        std::string fields = !line.known ? "unknown\t" : line.missing ? "partly\t" : "messages\t";
+        fields.append(std::to_string(line.run)).append("\t").append(asLogField(line.record));
+        if (line.known && line.missing) {
+            const auto [leftOut, judgedBy] = *line.missing;
+            fields.append("\t").append(leftOutName).append(std::to_string(leftOut));
+            fields.append("\t").append(judgedName);
+            fields.append(judgedBy == 0 ? "-" : hexadecimal(judgedBy));
+        }
         for (const auto& [number, text] : line.messages) {
             fields.append("\t").append(std::to_string(number)).append(" ").append(asLogField(text));
         }
@@ -43,12 +53,23 @@ struct FieldsOf {
     }
 };
 
-MessagesLine messagesLine(LogFields& fields, bool known) {
+MessagesLine::Missing missingOf(LogFields& fields) {
+    MessagesLine::Missing missing;
+    missing.leftOut = fields.number<std::uint64_t>(fields.after(leftOutName));
+    const auto judged = fields.after(judgedName);
+    missing.judgedBy = judged == "-" ? 0 : fields.hexadecimalNumber(judged);
+    return missing;
+}
+
+MessagesLine messagesLine(LogFields& fields, std::string_view word) {
     MessagesLine line;
-    line.known = known;
+    line.known = word != "unknown";
     line.run = fields.number<std::uint32_t>();
     line.record = fields.text();
-    while (known && fields.hasMore()) {
+    if (word == "partly") {
+        line.missing = missingOf(fields);
+    }
+    while (line.known && fields.hasMore()) {
         const auto field = fields.field();
         const auto blank = field.find(' ');
         fields.require(blank != std::string_view::npos);
@@ -146,8 +167,8 @@ std::optional<MessageLogLine> parseMessageLogLine(std::string_view text) {
     LogFields fields(*whole);
     const auto word = fields.field();
     std::optional<MessageLogLine> line;
-    if (word == "messages" || word == "unknown") {
-        line = messagesLine(fields, word == "messages");
+    if (word == "messages" || word == "partly" || word == "unknown") {
+        line = messagesLine(fields, word);
     } else if (word == "ended") {
         line = totalsLine(fields);
     }

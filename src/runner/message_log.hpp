@@ -26,9 +26,19 @@ inline constexpr std::size_t keptTotals = 50;
 // What the tools said of a record in that run of the run log.
 struct MessagesLine {
     std::uint32_t run = 0;
-    std::string record;
+    std::string record{};
     bool known = true; // else they wrote no report, or it could not be read; no messages
-    std::vector<ToolMessage> messages;
+    std::vector<ToolMessage> messages{};
+
+    // Of messages that are not all kept, or not whole.
+    struct Missing {
+        std::uint64_t leftOut = 0; // so many more there were
+        // MessagePatterns::mark of those which saw all that was said, and failed nothing; 0: none.
+        std::uint64_t judgedBy = 0;
+
+        bool operator==(const Missing&) const = default;
+    };
+    std::optional<Missing> missing{};
 
     bool operator==(const MessagesLine&) const = default;
 };

@@ -1,6 +1,7 @@
 #include "runner/message_patterns.hpp"
 
 #include "platform/wildcard.hpp"
+#include "runner/hash.hpp"
 
 #include <algorithm>
 
@@ -18,6 +19,16 @@ bool matchesAny(std::string_view message, const std::vector<std::string>& patter
     });
 }
 
+// Sorted, each behind a sign that no pattern has.
+std::string together(std::vector<std::string> patterns, char sign) {
+    std::ranges::sort(patterns);
+    std::string text;
+    for (const std::string& pattern : patterns) {
+        (text += sign) += pattern;
+    }
+    return text;
+}
+
 } // namespace
 
 bool MessagePatterns::isIgnored(std::string_view message) const {
@@ -26,6 +37,10 @@ bool MessagePatterns::isIgnored(std::string_view message) const {
 
 bool MessagePatterns::fails(std::string_view message) const {
     return matchesAny(message, failOn) && !isIgnored(message);
+}
+
+std::uint64_t MessagePatterns::mark() const {
+    return failOn.empty() ? 0 : hashOf(together(failOn, '\n') + together(ignore, '\r'));
 }
 
 } // namespace tarnwick

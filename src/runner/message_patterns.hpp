@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,10 @@ struct MessagePatterns {
     [[nodiscard]] bool isIgnored(std::string_view message) const;
     // An ignored one fails nothing.
     [[nodiscard]] bool fails(std::string_view message) const;
+
+    // A number that tells other patterns from these, in whatever order; 0 where none fails
+    // anything.
+    [[nodiscard]] std::uint64_t mark() const;
 
     bool operator==(const MessagePatterns&) const = default;
 };

@@ -60,7 +60,8 @@ class MessageReader {
         : patterns_(patterns),
           messages_(messages),
           toolText_(toolText),
-          line_(patterns.failOn.empty() ? longestMessage : longestJudged) {}
+          // A text of another code page may become shorter: what is cut is known afterwards.
+          line_(patterns.failOn.empty() && !toolText ? longestMessage : longestJudged) {}
 
     void read(InputFile& file, std::uint64_t most) {
         std::array<char, 64UZ * 1024> block{};
@@ -76,6 +77,7 @@ class MessageReader {
             }
         }
         endLine();
+        messages_.leftOut += leftOut_;
         if (leftOut_ > 0) {
             messages_.kept.push_back(
                 {.line = firstLeftOut_,
@@ -107,12 +109,14 @@ class MessageReader {
             text = toolText_(text);
         }
         const bool fails = messages_.failing.empty() && patterns_.fails(text);
+        const bool isCut = text.size() > longestMessage;
         text = shortened(text, longestMessage);
         if (fails) {
             messages_.failing = text;
         }
         if (kept_ < mostMessages) {
             ++kept_;
+            messages_.isCut = messages_.isCut || isCut;
             messages_.kept.push_back({.line = number_, .text = std::move(text)});
         } else if (leftOut_++ == 0) {
             firstLeftOut_ = number_;

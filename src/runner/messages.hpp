@@ -30,6 +30,8 @@ struct ToolMessage {
 struct RecordMessages {
     std::vector<ToolMessage> kept; // CNS's, then MP's; in the order of their files
     std::string failing;           // the first that fails the record, be it kept or not
+    std::uint64_t leftOut = 0;     // so many more there were
+    bool isCut = false;            // of one that is kept, the end is missing
 
     bool operator==(const RecordMessages&) const = default;
 };

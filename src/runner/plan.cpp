@@ -205,9 +205,18 @@ class Planner {
             const std::string& name = job_.records[record].name;
             const JudgedMessages& ofLog = judged[logOf(name, known_[record])];
             const auto found = ofLog.find(name);
-            const bool known = found != ofLog.end();
-            if (!known || found->second) {
-                reasons_[record] = Reason{.kind = known ? MessageFails : MessagesUnknown};
+            switch (found == ofLog.end() ? Judgement::Unknown : found->second) {
+            case Judgement::Clean:
+                break;
+            case Judgement::Fails:
+                reasons_[record] = Reason{.kind = MessageFails};
+                break;
+            case Judgement::PartlyKnown:
+                reasons_[record] = Reason{.kind = MessagesPartlyKnown};
+                break;
+            case Judgement::Unknown:
+                reasons_[record] = Reason{.kind = MessagesUnknown};
+                break;
             }
         }
     }
@@ -324,6 +333,8 @@ std::string reasonText(const Reason& reason, const Products& products) {
         return "its outputs are not known";
     case MessagesUnknown:
         return "what the tools say of it is not known";
+    case MessagesPartlyKnown:
+        return "not all that the tools say of it is known";
     case MessageFails:
         return "what the tools say of it fails it";
     }

@@ -30,8 +30,9 @@ struct Reason {
         ProductChanged,
         Asked, // for all
         OutputsUnknown,
-        MessagesUnknown, // and the user insists on some not being there
-        MessageFails,    // one of those is
+        MessagesUnknown,     // and the user insists on some not being there
+        MessagesPartlyKnown, // likewise; none of those that are known is one of these
+        MessageFails,        // one of those is
     };
 
     Kind kind = Kind::New;
@@ -76,7 +77,7 @@ struct Plan {
 // Asks once for each folder that holds products, and once more for each product that a listing does
 // not show; of a few records among many, once for each product. With `judged`, the messages of
 // each log (the own one, then history.others.logs), what would be up to date must run where they
-// fail it, or are not known. Raises what FileStamps raises.
+// fail it, or are not all known. Raises what FileStamps raises.
 [[nodiscard]] Plan planRun(const Job& job, const Products& products, const StateHistory& history,
                            const RunConditions& now, const FileStamps& stamps, bool all,
                            std::span<const JudgedMessages> judged = {});

@@ -223,12 +223,15 @@ class OwnedRun {
         if (parts_.messages == nullptr || !messagesAreKnown(parts_.products)) {
             return;
         }
-        MessagesLine line{.run = parts_.run,
-                          .record = outcome.record,
-                          .known = outcome.messages.has_value(),
-                          .messages = {}};
+        MessagesLine line{
+            .run = parts_.run, .record = outcome.record, .known = outcome.messages.has_value()};
         if (outcome.messages) {
             line.messages = outcome.messages->kept;
+            if (outcome.messages->leftOut > 0 || outcome.messages->isCut) {
+                const bool isClean = outcome.messages->failing.empty();
+                line.missing = {.leftOut = outcome.messages->leftOut,
+                                .judgedBy = isClean ? parts_.settings.messages.mark() : 0};
+            }
         }
         static_cast<void>(writeInto(*parts_.messages, line));
     }

@@ -61,6 +61,31 @@ class Readers(unittest.TestCase):
         self.assertEqual(sum(shape["messages"] for shape in report["shapes"] if not shape["common"]),
                          report["totals"]["messages"])
 
+    def test_JSON_has_the_text_of_every_message_at_its_record(self):
+        report = self.json_of("300")
+        self.assertGreater(sum(len(record["messages"]) for record in report["records"]), 300)
+        for record in report["records"]:
+            for finding in record["findings"]:
+                of_shape = [message for message in record["messages"] if message["shape"] == finding["shape"]]
+                self.assertEqual(len(of_shape), finding["messages"])
+                self.assertEqual(of_shape[0]["line"], finding["line"])
+            for message in record["messages"]:
+                self.assertIn(report["shapes"][message["shape"]]["text"], message["text"])
+        texts = [message["text"] for record in self.json_of("hostile")["records"] for message in record["messages"]]
+        self.assertIn("nul\0 and \x1b[31m red \x7f", texts)
+        self.assertIn("M" * (1 << 20), texts)
+
+    def test_XML_says_each_message_that_is_not_common_at_its_case(self):
+        report = self.json_of("300")
+        cases = ElementTree.parse(self.path("300", "xml")).getroot().iter("testcase")
+        for record, case in zip(report["records"], cases, strict=True):
+            expected = [f"line {message['line']}: {message['text']}" for message in record["messages"]
+                        if not report["shapes"][message["shape"]]["common"]]
+            if record["state"] == "failed":
+                expected.insert(0, record["why"])
+            said = case.findtext("failure" if record["state"] == "failed" else "system-out") or ""
+            self.assertEqual(said.splitlines(), expected, record["name"])
+
     def test_JSON_keeps_every_text_that_is_UTF_8(self):
         remarks = self.json_of("hostile")["remarks"]
         self.assertIn("nul\0 and \x1b[31m red \x7f", remarks)

@@ -8,6 +8,7 @@
 #include "report/json_report.hpp"
 #include "report/junit_report.hpp"
 #include "require.hpp"
+#include "support/report_texts.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -78,6 +79,9 @@ RunReport reportOf(const std::string& text) {
                        .state = ReportedRecord::State::Failed,
                        .why = text,
                        .findings = {{0, 1, 1}}}};
+    for (ReportedRecord& record : report.records) {
+        record.messages.add({.shape = 0, .line = 1, .text = text});
+    }
     report.products = {{text, text, text, false}, {text, text, text, true}};
     report.shapes = {{.text = text, .records = 2, .messages = 2, .examples = {{0, 1, text}}}};
     report.hasRunBefore = true;
@@ -90,8 +94,8 @@ RunReport reportOf(const std::string& text) {
 void tryReports(const RunReport& report, const RunReport& plain) {
     const std::string page = htmlReport(report);
     const std::string plainPage = htmlReport(plain);
-    const std::string cases = junitReport(report);
-    const std::string plainCases = junitReport(plain);
+    const std::string cases = textOf(junitReport, report);
+    const std::string plainCases = textOf(junitReport, plain);
     for (const std::string_view sign : {"<th", "<td", "<tr", "<a ", "<script", "</script",
                                         "<noscript", "</noscript", "<li", "<section", "<!--"}) {
         if (sign != "<a ") { // a record without a stem has no links
@@ -100,10 +104,12 @@ void tryReports(const RunReport& report, const RunReport& plain) {
     }
     require(timesIn(cases, "<") == timesIn(plainCases, "<"), "XML has no element more");
     require(!cases.contains("]]>"), "XML has no end of what never began");
-    require(timesIn(csvReport(report), "\n") == report.records.size() + 1, "a record is a line");
+    require(timesIn(textOf(csvReport, report), "\n") == report.records.size() + 1,
+            "a record is a line");
 
-    const std::string json = jsonReport(report);
-    require(timesIn(json, "\n") == timesIn(jsonReport(plain), "\n"), "JSON has no line more");
+    const std::string json = textOf(jsonReport, report);
+    require(timesIn(json, "\n") == timesIn(textOf(jsonReport, plain), "\n"),
+            "JSON has no line more");
     require(std::ranges::none_of(json, [](char c) { return c >= 0 && c < ' ' && c != '\n'; }),
             "JSON has no control character");
 }

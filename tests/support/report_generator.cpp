@@ -67,6 +67,13 @@ void find(ShapePlace place, std::uint32_t messages, RecordPlace record, RunRepor
     shape.messages += messages;
     const auto line = static_cast<std::uint32_t>(3 + 7 * report.records[record].findings.size());
     report.records[record].findings.push_back({place, messages, line});
+    for (std::uint32_t more = 0; more < messages; ++more) {
+        report.records[record].messages.add(
+            {.shape = place,
+             .line = line + more,
+             .text = shape.text + " (" + report.records[record].name + ")"});
+    }
+    report.records[record].messages.finish();
     if (shape.examples.size() < Shape::mostExamples) {
         shape.examples.push_back(
             {record, line, shape.text + " (" + report.records[record].name + ")"});
@@ -149,6 +156,7 @@ void sortShapes(RunReport& report) {
         for (Finding& finding : record.findings) {
             finding.shape = placeOf[finding.shape];
         }
+        record.messages.moveShapes(placeOf);
     }
 }
 
@@ -183,6 +191,7 @@ RunReport reportOf(const std::vector<std::string>& texts) {
             .findings = {{place, 1, 3}},
             .mpStem = text + " " + std::to_string(place),
             .cnsStem = text};
+        record.messages.add({.shape = place, .line = 3, .text = text});
         report.shapes.push_back({.text = text,
                                  .records = 1,
                                  .messages = 1,
@@ -260,6 +269,11 @@ RunReport smallReport() {
                        .state = State::Failed,
                        .why = "MP ended with status 2: no element: \"West\"",
                        .calls = {{"MP", 2, 0.5}}}};
+    KeptMessages& said = report.records[0].messages;
+    said.add({.shape = 0, .line = 3, .text = "Error (line 3): \"soon\" is no date"});
+    said.add({.shape = 1, .line = 9, .text = "2 errors"});
+    said.add({.shape = 0, .line = 301, .text = "Error (line 7): \"late\" is no date"});
+    report.records[0].messagesLeftOut = 12;
     report.changes = {{0, {0}, {2}}};
     report.totals = totalsOf(report);
     report.runs = {report.totals, report.totals};

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <stdexcept>
 
 namespace tarnwick {
 namespace {
@@ -34,6 +35,32 @@ TEST(OneStepFile, The_new_content_is_on_the_medium_before_it_takes_the_old_ones_
                 ElementsAre(FileOperation::CreateNew, FileOperation::Write, FileOperation::Flush,
                             FileOperation::Close, FileOperation::MoveOver));
     EXPECT_EQ(files.count(FileOperation::Create, "C:\\a.ini"), 0);
+}
+
+TEST(OneStepFile, A_content_in_pieces_takes_the_old_ones_place_when_all_is_there) {
+    HostedWorld world;
+    world.write("C:\\a.txt", "old");
+    writeInOneStep(world.files(), "C:\\a.txt", [&](OutputFile& file) {
+        file.write("one, ");
+        file.drain();
+        EXPECT_EQ(world.read("C:\\a.txt"), "old");
+        file.write("two");
+    });
+    EXPECT_EQ(world.read("C:\\a.txt"), "one, two");
+    EXPECT_THAT(world.files().listFiles("C:\\", "").names, ElementsAre("a.txt"));
+}
+
+TEST(OneStepFile, A_content_that_ends_in_its_middle_leaves_the_old_file_alone) {
+    HostedWorld world;
+    world.write("C:\\a.txt", "old");
+    EXPECT_THROW(writeInOneStep(world.files(), "C:\\a.txt",
+                                [](OutputFile& file) {
+                                    file.write("one, ");
+                                    throw std::runtime_error("no more");
+                                }),
+                 std::runtime_error);
+    EXPECT_EQ(world.read("C:\\a.txt"), "old");
+    EXPECT_THAT(world.files().listFiles("C:\\", "").names, ElementsAre("a.txt"));
 }
 
 TEST(OneStepFile, A_full_disk_raises_and_leaves_the_old_file_alone) {

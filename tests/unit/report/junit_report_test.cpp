@@ -1,5 +1,6 @@
 #include "report/junit_report.hpp"
 #include "support/report_generator.hpp"
+#include "support/report_texts.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,12 +8,12 @@ namespace tarnwick {
 namespace {
 
 TEST(JunitReport, A_record_is_a_case) {
-    EXPECT_EQ(junitReport(smallReport()), R"(<?xml version="1.0" encoding="UTF-8"?>
+    EXPECT_EQ(textOf(junitReport, smallReport()), R"(<?xml version="1.0" encoding="UTF-8"?>
 <testsuites tests="3" failures="1" errors="0">
 <testsuite name="nightly.ini" tests="3" failures="1" errors="0" skipped="0" time="754.000" timestamp="2026-11-22T02:24:48Z">
 <testcase classname="nightly.ini" name="lakes &amp; rivers.met" time="0.015">
-<system-out>line 3: Error (line #): &quot;…&quot; is no date (2 messages)
-line 9: # errors
+<system-out>line 3: Error (line 3): &quot;soon&quot; is no date
+line 301: Error (line 7): &quot;late&quot; is no date
 </system-out>
 </testcase>
 <testcase classname="nightly.ini" name="tide.stations.met" time="1.500">
@@ -26,24 +27,33 @@ line 9: # errors
 )");
 }
 
-TEST(JunitReport, A_failed_record_says_its_findings_too) {
+TEST(JunitReport, A_failed_record_says_what_the_tools_said_too) {
     RunReport report = smallReport();
-    report.records[2].findings = {{1, 1, 4}};
-    EXPECT_TRUE(junitReport(report).contains(
-        "MP ended with status 2: no element: &quot;West&quot;\nline 4: # errors\n</failure>"));
+    report.records[2].findings = {{0, 1, 4}};
+    report.records[2].messages.add({.shape = 0, .line = 4, .text = "\"never\" is no date"});
+    EXPECT_TRUE(textOf(junitReport, report)
+                    .contains("MP ended with status 2: no element: &quot;West&quot;\n"
+                              "line 4: &quot;never&quot; is no date\n</failure>"));
+}
+
+TEST(JunitReport, Nothing_is_said_where_all_is_what_nearly_every_record_has) {
+    RunReport report = smallReport();
+    report.records[1].findings = {{1, 1, 4}};
+    report.records[1].messages.add({.shape = 1, .line = 4, .text = "0 errors"});
+    EXPECT_TRUE(textOf(junitReport, report).contains("time=\"1.500\">\n</testcase>\n"));
 }
 
 TEST(JunitReport, A_record_that_has_not_run_is_skipped_whatever_it_said_before) {
     RunReport report = smallReport();
     report.records[0].state = ReportedRecord::State::NotRun;
     report.totals.notRun = 1;
-    const std::string text = junitReport(report);
+    const std::string text = textOf(junitReport, report);
     EXPECT_TRUE(text.contains("time=\"0.015\">\n<skipped/>\n<system-out>line 3:"));
     EXPECT_TRUE(text.contains(" skipped=\"1\" "));
 }
 
 TEST(JunitReport, Nothing_in_a_text_begins_an_element) {
-    const std::string text = junitReport(hostileReport());
+    const std::string text = textOf(junitReport, hostileReport());
     EXPECT_FALSE(text.contains("<script"));
     EXPECT_FALSE(text.contains("<broken"));
     EXPECT_FALSE(text.contains("]]>"));

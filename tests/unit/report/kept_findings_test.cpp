@@ -41,6 +41,16 @@ class KeptFindingsOfRuns : public testing::Test {
                                              .patterns = patterns,
                                              .utf8 = utf8});
     }
+    // "2#0 text": line, shape and text of each.
+    static std::vector<std::string> saidOf(const KeptMessages& messages) {
+        std::vector<std::string> said;
+        for (std::size_t place = 0; place < messages.size(); ++place) {
+            const auto [shape, line, text] = messages[place];
+            said.push_back(std::to_string(line) + "#" + std::to_string(shape) + " " +
+                           std::string(text));
+        }
+        return said;
+    }
     static std::vector<std::string> textsOf(const KeptFindings& found) {
         std::vector<std::string> texts;
         for (const Shape& shape : found.shapes) {
@@ -86,6 +96,44 @@ TEST_F(KeptFindingsOfRuns, Are_counted_by_shape_and_record) {
                             IsEmpty()));
     EXPECT_FALSE(found.hasRunBefore);
     EXPECT_THAT(found.changes, IsEmpty());
+}
+
+TEST_F(KeptFindingsOfRuns, Each_message_is_there_with_its_own_text_in_the_order_of_the_reports) {
+    said(1, "b", {"no 1", "gap", "no 2"});
+    said(1, "a", {"noise", "no 3"});
+    said(2, "a", {"noise", "", "no 4"});
+    const KeptFindings found = read(2, {"a", "b", "c"}, {.ignore = {"noise"}, .failOn = {}});
+    EXPECT_THAT(textsOf(found), ElementsAre("no #", "gap", ""));
+    EXPECT_THAT(saidOf(found.messages[0]), ElementsAre("2#2 ", "3#0 no 4"));
+    EXPECT_THAT(saidOf(found.messages[1]), ElementsAre("1#0 no 1", "2#1 gap", "3#0 no 2"));
+    EXPECT_THAT(saidOf(found.messages[2]), IsEmpty());
+}
+
+TEST_F(KeptFindingsOfRuns, How_many_messages_were_left_out_is_known) {
+    log_->write(MessagesLine{.run = 1,
+                             .record = "b",
+                             .messages = {{.line = 1, .text = "x"}},
+                             .missing = MessagesLine::Missing{.leftOut = 1234}});
+    EXPECT_THAT(read(1).leftOut, ElementsAre(0, 1234, 0));
+}
+
+TEST_F(KeptFindingsOfRuns, Are_judged_by_what_a_run_with_the_same_patterns_saw) {
+    const MessagePatterns patterns{.ignore = {}, .failOn = {"bad*"}};
+    const MessagesLine seen{.run = 1,
+                            .record = "b",
+                            .messages = {{.line = 1, .text = "bad..."}},
+                            .missing =
+                                MessagesLine::Missing{.leftOut = 0, .judgedBy = patterns.mark()}};
+    MessagesLine unseen = seen;
+    unseen.record = "a";
+    unseen.messages[0].text = "x...";
+    unseen.missing->judgedBy = 0;
+    log_->write(seen);
+    log_->write(unseen);
+    const KeptFindings found = read(1, {"a", "b", "c"}, patterns);
+    EXPECT_THAT(found.judgements,
+                ElementsAre(Judgement::PartlyKnown, Judgement::Clean, Judgement::Unknown));
+    EXPECT_THAT(found.failing, ElementsAre("", "", ""));
 }
 
 TEST_F(KeptFindingsOfRuns, What_is_new_and_gone_is_told_since_the_run_before) {

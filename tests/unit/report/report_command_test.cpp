@@ -5,6 +5,7 @@
 #include "report/reports.hpp"
 #include "support/forwarding_files.hpp"
 #include "support/outputs.hpp"
+#include "support/report_texts.hpp"
 #include "unit/report/reports_world.hpp"
 
 #include <gmock/gmock.h>
@@ -48,7 +49,10 @@ TEST_F(ReportsOnRuns, Tell_what_was_made_failed_or_was_up_to_date) {
     EXPECT_EQ(made.records[1].mpStem, "");
     EXPECT_THAT(
         made.products,
-        ElementsAre(ReportedProduct{.label = "error", .folder = "../out/", .suffix = ".err"},
+        ElementsAre(ReportedProduct{.label = "error",
+                                    .folder = "../out/",
+                                    .suffix = ".err",
+                                    .holdsMessages = true},
                     ReportedProduct{.label = "html", .folder = "../out/", .suffix = ".html"}));
     EXPECT_EQ(made.records[2].findings.size(), 1U); // its report was read before
 }
@@ -188,6 +192,25 @@ TEST_F(ReportsOnRuns, A_report_takes_the_place_of_none_but_a_report_of_its_kind)
         EXPECT_EQ(report(), ExitStatus::Done) << name;
         EXPECT_EQ(report(), ExitStatus::Done) << name << ", once more";
     }
+}
+
+TEST_F(ReportsOnRuns, A_record_of_which_not_all_messages_are_known_is_not_clean) {
+    std::string many;
+    for (std::size_t line = 0; line <= mostMessages; ++line) {
+        many += "fine\n";
+    }
+    machine_.writeRecord("a.met", many);
+    machine_.writeRecord("b.met", "fine");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(states(), "a.met:m b.met:m");
+    EXPECT_EQ(value().records[0].messages.size(), mostMessages + 1);
+    EXPECT_EQ(value().records[0].messagesLeftOut, 1U);
+    request_.patterns.failOn = {"bad"};
+    EXPECT_EQ(states(), "a.met:- b.met:m");
+    EXPECT_EQ(value().records[0].mpStem, "a"); // its products are there
+    machine_.request.settings.messages = request_.patterns;
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_EQ(states(), "a.met:m b.met:u");
 }
 
 TEST_F(ReportsOnRuns, A_record_with_a_message_that_nobody_wants_has_failed) {

@@ -49,7 +49,7 @@ TEST(LogDocument, Shows_lines_as_they_are_written_with_their_checksums) {
 
 TEST(LogDocument, Shows_lines_of_the_message_log_as_they_are_written) {
     const auto lines = exampleLines("## The message log", "| Kind");
-    ASSERT_EQ(lines.size(), 4U);
+    ASSERT_EQ(lines.size(), 5U);
     EXPECT_EQ(lines.front(), std::string(messageLogTitle) + std::to_string(messageLogVersion));
     for (std::size_t place = 1; place < lines.size(); ++place) {
         const auto line = parseMessageLogLine(lines[place]);

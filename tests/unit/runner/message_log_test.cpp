@@ -60,7 +60,13 @@ TEST_F(MessageLogFile, Holds_what_was_written) {
     const std::vector<MessageLogLine> written{
         said(1, "a\tb.met", {{.line = 3, .text = "x\ty\\z  "}, {.line = 7, .text = "\xE9 1 2"}}),
         said(1, "c.met", {}),
-        MessagesLine{.run = 1, .record = "d.met", .known = false, .messages = {}}, ended(1)};
+        MessagesLine{.run = 1, .record = "d.met", .known = false, .messages = {}},
+        MessagesLine{.run = 1,
+                     .record = "e.met",
+                     .messages = {{.line = 1, .text = "x..."}},
+                     .missing = MessagesLine::Missing{.leftOut = 12, .judgedBy = 0xA1}},
+        MessagesLine{.run = 1, .record = "f.met", .missing = MessagesLine::Missing{}},
+        ended(1)};
     MessageLog log(world_.files(), path);
     for (const MessageLogLine& line : written) {
         log.write(line);
@@ -71,6 +77,9 @@ TEST_F(MessageLogFile, Holds_what_was_written) {
     EXPECT_THAT(text(),
                 HasSubstr("tarnwick-run messages 1\n\nmessages\t1\ta\\x09b.met\t3 x\\x09y\\x5cz  "
                           "\t7 \xE9 1 2\t"));
+    EXPECT_THAT(text(),
+                HasSubstr("\npartly\t1\te.met\tleft-out=12\tjudged=00000000000000a1\t1 x...\t"));
+    EXPECT_THAT(text(), HasSubstr("\npartly\t1\tf.met\tleft-out=0\tjudged=-\t"));
     EXPECT_THAT(text(), HasSubstr("\nended\t1\t2026-11-22T02:24:48Z\t12.500\tmade=1\tup-to-date=2\t"
                                   "failed=3\tnot-run=4\twith-findings=5\tmessages=6\t"));
 }
@@ -192,7 +201,28 @@ TEST_F(MessageLogFile, The_last_that_is_known_of_a_record_judges_it) {
     log.write(ended(2));
     log.close();
     const auto judged = judgeKeptMessages(world_.files(), path, {.ignore = {}, .failOn = {"b?d"}});
-    EXPECT_EQ(judged, (JudgedMessages{{"mended.met", false}, {"worse.met", true}}));
+    EXPECT_EQ(judged, (JudgedMessages{{"mended.met", Judgement::Clean},
+                                      {"worse.met", Judgement::Fails},
+                                      {"lost.met", Judgement::Unknown}}));
+}
+
+TEST(Judgements, What_is_missing_is_not_clean_unless_the_same_patterns_have_seen_it) {
+    const MessagePatterns patterns{.ignore = {}, .failOn = {"b?d"}};
+    MessagesLine line = said(1, "a.met", {{.line = 1, .text = "fine"}});
+    EXPECT_EQ(judgementOf(line, patterns), Judgement::Clean);
+    line.missing.emplace();
+    EXPECT_EQ(judgementOf(line, patterns), Judgement::PartlyKnown);
+    line.missing->judgedBy = patterns.mark();
+    EXPECT_EQ(judgementOf(line, patterns), Judgement::Clean);
+    EXPECT_EQ(judgementOf(line, {.ignore = {}, .failOn = {"b?d", "worse"}}),
+              Judgement::PartlyKnown);
+}
+
+TEST(Judgements, What_is_kept_fails_whatever_is_missing) {
+    const MessagePatterns patterns{.ignore = {}, .failOn = {"b?d"}};
+    MessagesLine line = said(1, "a.met", {{.line = 1, .text = "bad"}});
+    line.missing.emplace();
+    EXPECT_EQ(judgementOf(line, patterns), Judgement::Fails);
 }
 
 } // namespace

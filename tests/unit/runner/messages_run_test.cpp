@@ -179,6 +179,41 @@ TEST_F(MessagesOfARun, What_is_up_to_date_runs_again_where_its_messages_are_not_
     EXPECT_EQ(dryRun(), "keep    a.met  up to date\n");
 }
 
+TEST_F(MessagesOfARun, What_is_up_to_date_runs_again_where_not_all_of_them_are_kept) {
+    std::string many;
+    for (std::size_t line = 0; line <= mostMessages; ++line) {
+        many += "fine\n";
+    }
+    machine_.writeRecord("long.met", "fine, " + std::string(longestMessage, 'x'));
+    machine_.writeRecord("many.met", many);
+    machine_.writeRecord("whole.met", "fine");
+    EXPECT_EQ(machine_.run(), ExitStatus::Done);
+    const std::string clean = "keep    long.met  up to date\n"
+                              "keep    many.met  up to date\n"
+                              "keep    whole.met  up to date\n";
+    const std::string partlyKnown = "run     long.met  not all that the tools say of it is known\n"
+                                    "run     many.met  not all that the tools say of it is known\n"
+                                    "keep    whole.met  up to date\n";
+    EXPECT_EQ(dryRun(), clean);
+    patterns().failOn = {"error*"};
+    EXPECT_EQ(dryRun(), partlyKnown);
+    EXPECT_EQ(machine_.run(), ExitStatus::Done) << machine_.terminal.error;
+    EXPECT_EQ(dryRun(), clean); // what these patterns have seen
+    patterns().failOn = {"*worse*"};
+    EXPECT_EQ(dryRun(), partlyKnown);
+    patterns().failOn.clear();
+    EXPECT_EQ(dryRun(), clean);
+}
+
+// What is kept of it ends as the whole message does not: judged by that, it would run again for
+// ever.
+TEST_F(MessagesOfARun, What_was_judged_whole_is_not_judged_by_what_is_kept) {
+    machine_.writeRecord("a.met", "fine, " + std::string(longestMessage, 'x') + "y");
+    patterns().failOn = {"*x"};
+    EXPECT_EQ(machine_.run(), ExitStatus::Done) << machine_.terminal.error;
+    EXPECT_EQ(dryRun(), "keep    a.met  up to date\n");
+}
+
 TEST_F(MessagesOfARun, Are_not_even_looked_at_when_there_is_nothing_to_do) {
     machine_.request.whenEnded = [](const RunEnd&) {
         return RunEndNotes{.totals = RunTotals(), .told = {}, .faults = {}};

@@ -92,6 +92,38 @@ TEST(Messages, Of_more_than_are_kept_the_last_says_how_many) {
               (ToolMessage{.line = (2 * mostMessages) + 1, .text = "[messages left out: 1234]"}));
 }
 
+TEST(Messages, It_is_known_whether_something_of_them_is_missing) {
+    const std::string longest(longestMessage, 'x');
+    const std::string most = [] {
+        std::string text;
+        for (std::size_t line = 0; line < mostMessages; ++line) {
+            text += "x\n";
+        }
+        return text;
+    }();
+    const MessagePatterns patterns{.ignore = {}, .failOn = {"bad"}};
+    for (const MessagePatterns& each : {MessagePatterns(), patterns}) {
+        const RecordMessages whole = messagesOf(most, each);
+        EXPECT_EQ(whole.leftOut, 0U);
+        EXPECT_FALSE(whole.isCut);
+        EXPECT_FALSE(messagesOf(longest + "  \n", each).isCut);
+        EXPECT_TRUE(messagesOf(longest + "x\n", each).isCut);
+        const RecordMessages more = messagesOf(most + "one\n" + longest + "x\n", each);
+        EXPECT_EQ(more.leftOut, 2U);
+        EXPECT_FALSE(more.isCut); // what was left out is told already
+    }
+}
+
+// Two bytes of a character are one byte of the program's page: what looks short has lost its end.
+TEST(Messages, Of_another_code_page_are_cut_visibly_too) {
+    RecordMessages messages;
+    TextInPieces file(std::string(4 * longestMessage, 'x'), 4096);
+    readMessages(file, everything, {}, messages,
+                 [](std::string_view text) { return std::string(text.size() / 2, 'y'); });
+    EXPECT_EQ(messages.kept.front().text, std::string(longestMessage - 3, 'y') + "...");
+    EXPECT_TRUE(messages.isCut);
+}
+
 TEST(Messages, Of_two_files_stand_behind_each_other) {
     RecordMessages messages;
     TextInPieces leftovers("a", 9);
@@ -158,6 +190,16 @@ TEST(MessagePatterns, What_is_ignored_fails_nothing) {
     EXPECT_FALSE(patterns.isIgnored("error: bad"));
     EXPECT_FALSE(MessagePatterns().isIgnored(""));
     EXPECT_FALSE(MessagePatterns().fails("x"));
+}
+
+TEST(MessagePatterns, Are_known_by_their_mark_in_any_order) {
+    const MessagePatterns patterns{.ignore = {"c"}, .failOn = {"a", "b"}};
+    EXPECT_EQ(patterns.mark(), (MessagePatterns{.ignore = {"c"}, .failOn = {"b", "a"}}).mark());
+    EXPECT_NE(patterns.mark(), (MessagePatterns{.ignore = {}, .failOn = {"a", "b"}}).mark());
+    EXPECT_NE(patterns.mark(), (MessagePatterns{.ignore = {"b", "c"}, .failOn = {"a"}}).mark());
+    EXPECT_NE(patterns.mark(), (MessagePatterns{.ignore = {"c"}, .failOn = {"ab"}}).mark());
+    EXPECT_NE(patterns.mark(), 0U);
+    EXPECT_EQ((MessagePatterns{.ignore = {"c"}, .failOn = {}}).mark(), 0U);
 }
 
 } // namespace

@@ -99,13 +99,13 @@ TEST_F(KeptFindingsOfRuns, Are_counted_by_shape_and_record) {
 }
 
 TEST_F(KeptFindingsOfRuns, Each_message_is_there_with_its_own_text_in_the_order_of_the_reports) {
-    said(1, "b", {"no 1", "gap", "no 2"});
+    said(1, "b", {"gap", "no 1", "no 2"}); // places in another order than that of the shapes
     said(1, "a", {"noise", "no 3"});
     said(2, "a", {"noise", "", "no 4"});
     const KeptFindings found = read(2, {"a", "b", "c"}, {.ignore = {"noise"}, .failOn = {}});
     EXPECT_THAT(textsOf(found), ElementsAre("no #", "gap", ""));
     EXPECT_THAT(saidOf(found.messages[0]), ElementsAre("2#2 ", "3#0 no 4"));
-    EXPECT_THAT(saidOf(found.messages[1]), ElementsAre("1#0 no 1", "2#1 gap", "3#0 no 2"));
+    EXPECT_THAT(saidOf(found.messages[1]), ElementsAre("1#1 gap", "2#0 no 1", "3#0 no 2"));
     EXPECT_THAT(saidOf(found.messages[2]), IsEmpty());
 }
 

@@ -194,6 +194,18 @@ TEST_F(ReportsOnRuns, A_report_takes_the_place_of_none_but_a_report_of_its_kind)
     }
 }
 
+TEST_F(ReportsOnRuns, Have_the_texts_of_messages_where_a_kind_that_tells_them_is_the_only_one) {
+    machine_.writeRecord("a.met", "bad 7");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    for (const char* const file : {R"(C:\job\out.json)", R"(C:\job\out.xml)"}) {
+        request_.files = {file};
+        EXPECT_EQ(report(), ExitStatus::Done);
+        EXPECT_THAT(machine_.world.read(file), HasSubstr("bad 7")) << file;
+    }
+    EXPECT_THAT(machine_.world.read(R"(C:\job\out.json)"),
+                HasSubstr(R"("messages":[{"line":1,"shape":0,"text":"bad 7"}])"));
+}
+
 TEST_F(ReportsOnRuns, A_record_of_which_not_all_messages_are_known_is_not_clean) {
     std::string many;
     for (std::size_t line = 0; line <= mostMessages; ++line) {

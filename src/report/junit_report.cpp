@@ -48,6 +48,14 @@ std::string caseText(const RunReport& report, const ReportedRecord& record) {
     return text + "</testcase>\n";
 }
 
+std::string remarksText(const RunReport& report) {
+    std::string text;
+    for (const std::string& remark : report.remarks) {
+        text += markupText(remark) + "\n";
+    }
+    return text;
+}
+
 } // namespace
 
 void junitReport(const RunReport& report, const ReportSink& sink) {
@@ -61,6 +69,9 @@ void junitReport(const RunReport& report, const ReportSink& sink) {
          attribute("timestamp", report.totals.begun) + ">\n");
     for (const ReportedRecord& record : report.records) {
         sink(caseText(report, record));
+    }
+    if (!report.remarks.empty()) {
+        sink("<system-err>" + remarksText(report) + "</system-err>\n");
     }
     sink("</testsuite>\n</testsuites>\n");
 }

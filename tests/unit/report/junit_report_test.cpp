@@ -52,6 +52,15 @@ TEST(JunitReport, A_record_that_has_not_run_is_skipped_whatever_it_said_before) 
     EXPECT_TRUE(text.contains(" skipped=\"1\" "));
 }
 
+TEST(JunitReport, What_must_be_known_of_the_whole_stands_below_its_cases) {
+    RunReport report = smallReport();
+    report.remarks = {"Share 1 of 2 is at work: <somebody>.", "So is share 2."};
+    EXPECT_TRUE(textOf(junitReport, report)
+                    .ends_with("</testcase>\n<system-err>Share 1 of 2 is at work: "
+                               "&lt;somebody&gt;.\nSo is share 2.\n"
+                               "</system-err>\n</testsuite>\n</testsuites>\n"));
+}
+
 TEST(JunitReport, Nothing_in_a_text_begins_an_element) {
     const std::string text = textOf(junitReport, hostileReport());
     EXPECT_FALSE(text.contains("<script"));

@@ -48,8 +48,10 @@ TEST_F(ReportsOnRuns, Tell_what_was_made_failed_or_was_up_to_date) {
     EXPECT_EQ(made.records[1].mpStem, "");
     EXPECT_THAT(
         made.products,
-        ElementsAre(ReportedProduct{.label = "error", .folder = "../out/", .suffix = ".err"},
-                    ReportedProduct{.label = "html", .folder = "../out/", .suffix = ".html"}));
+        ElementsAre(
+            ReportedProduct{
+                .label = "error", .folder = "../out/", .suffix = ".err", .holdsMessages = true},
+            ReportedProduct{.label = "html", .folder = "../out/", .suffix = ".html"}));
     EXPECT_EQ(made.records[2].findings.size(), 1U); // its report was read before
 }
 

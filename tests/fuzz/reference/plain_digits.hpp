@@ -54,7 +54,7 @@ inline std::string withOtherDigits(std::string_view text) {
             const auto digit = otherDigits().find(std::string(text.substr(0, length)));
             if (digit != otherDigits().end()) {
                 character = digit->second;
-                taken = length;
+                taken = digit->first.size();
             }
         }
         others += character;

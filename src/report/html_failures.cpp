@@ -5,23 +5,26 @@
 #include "report/html_parts.hpp"
 #include "report/report_words.hpp"
 
-#include <algorithm>
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 namespace tarnwick {
 namespace {
 
-constexpr std::size_t mostFailures = 1000;
-
 // For the words of the messages, in bytes. Where they would take more, the numbers of their shapes
 // stand alone, and lead to them.
 constexpr std::size_t roomForMessages = 2'000'000;
 
-// As the tool said it, where that is kept.
-const std::string& wordsOf(const Shape& shape, RecordPlace record) {
-    const auto example = std::ranges::find(shape.examples, record, &Example::record);
-    return example == shape.examples.end() ? shape.text : example->text;
+// The first of the shape as the tool said it, where that is held.
+std::string_view wordsOf(const RunReport& report, RecordPlace place, ShapePlace shape) {
+    const KeptMessages& messages = report.records[place].messages;
+    for (std::size_t message = 0; message < messages.size(); ++message) {
+        if (messages[message].shape == shape) {
+            return messages[message].text;
+        }
+    }
+    return report.shapes[shape].text;
 }
 
 std::string said(const RunReport& report, RecordPlace place, bool withWords) {
@@ -32,9 +35,10 @@ std::string said(const RunReport& report, RecordPlace place, bool withWords) {
     const std::vector<Finding> shown = shownFindings(report, record);
     std::string text = "\n<ul class=\"said\">\n";
     for (const Finding& finding : shown) {
-        const Shape& shape = report.shapes[finding.shape];
         text += "<li>" + shapeLink(finding.shape) +
-                (withWords ? " <q>" + markupText(cutText(wordsOf(shape, place))) + "</q>" : "") +
+                (withWords
+                     ? " <q>" + markupText(cutText(wordsOf(report, place, finding.shape))) + "</q>"
+                     : "") +
                 " <span>line " + grouped(finding.line);
         text += finding.messages == 1 ? "</span>\n"
                                       : ", " + grouped(finding.messages) + " messages</span>\n";
@@ -58,7 +62,8 @@ std::string rows(const RunReport& report) {
     std::size_t shown = 0;
     std::size_t room = roomForMessages;
     std::string text;
-    for (RecordPlace place = 0; place < report.records.size() && shown < mostFailures; ++place) {
+    for (RecordPlace place = 0; place < report.records.size() && shown < RunReport::mostFailures;
+         ++place) {
         const ReportedRecord& record = report.records[place];
         if (record.state != ReportedRecord::State::Failed) {
             continue;
@@ -87,7 +92,8 @@ std::string failuresSection(const RunReport& report) {
     text += "<table class=\"failures\"><thead><tr><th scope=\"col\">Record<th "
             "scope=\"col\">Why, and what the tools said</thead><tbody>\n" +
             all + "</tbody></table>\n";
-    return text + moreText(report.totals.failed, mostFailures, "failed record") + "</section>\n";
+    return text + moreText(report.totals.failed, RunReport::mostFailures, "failed record") +
+           "</section>\n";
 }
 
 } // namespace tarnwick

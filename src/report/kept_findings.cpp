@@ -115,13 +115,14 @@ class FindingsReader {
         found_.leftOut[record] = said.missing ? said.missing->leftOut : 0;
         KeptMessages& texts = found_.messages[record];
         const std::string name = request_.utf8(request_.records[record]);
+        const bool withTexts = request_.wantsTexts && request_.wantsTexts(record);
         for (const auto& [line, text] : said.messages) {
             if (request_.patterns.isIgnored(text)) {
                 continue;
             }
             std::string shown = request_.utf8(text);
             const ShapePlace place = placeOf(shapeOf(shown, name));
-            if (request_.withTexts) {
+            if (withTexts) {
                 texts.add({.shape = place, .line = line, .text = shown});
             }
             count(record, place, line, std::move(shown));

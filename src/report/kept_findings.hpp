@@ -31,7 +31,7 @@ struct FindingsRequest {
     std::vector<std::uint32_t> logOf;        // of each record, the one of `logs` that counts
     const MessagePatterns& patterns;
     const ToUtf8& utf8;
-    bool withTexts = true; // else the findings alone are counted
+    std::function<bool(RecordPlace record)> wantsTexts{}; // empty: the findings alone are counted
 };
 
 // What the tools have said of those records: as RunReport has it.

@@ -65,7 +65,7 @@ class ReportWriter {
                                             .patterns = request_.patterns,
                                             .share = request_.share,
                                             .holder = request_.holder,
-                                            .withTexts = areTextsTold()},
+                                            .texts = textsTold()},
                                            services_, utf8_);
             remarks_ = report.remarks;
             if (end != nullptr) {
@@ -86,11 +86,13 @@ class ReportWriter {
 
   private:
     // A million texts take more memory than all else.
-    [[nodiscard]] bool areTextsTold() const {
-        return std::ranges::any_of(request_.files, [](const std::string& file) {
+    [[nodiscard]] Texts textsTold() const {
+        Texts told = Texts::OfNone;
+        for (const std::string& file : request_.files) {
             const auto kind = reportKindOf(file);
-            return kind && tellsTexts(*kind);
-        });
+            told = std::max(told, kind ? textsIn(*kind) : Texts::OfNone);
+        }
+        return told;
     }
 
     static void addRun(RunReport& report) {
@@ -158,8 +160,7 @@ RunEndNotes totalsOf(const ReportRequest& request, const RunEnd& end,
                                           .records = names,
                                           .logOf = std::vector<std::uint32_t>(names.size()),
                                           .patterns = request.patterns,
-                                          .utf8 = utf8,
-                                          .withTexts = false});
+                                          .utf8 = utf8});
         countFindings(found, notes.totals.emplace(countsOf(end)));
     } catch (const RunTimeError& error) {
         notes.faults.push_back("The message log cannot be read: " + error.record().description +

@@ -22,29 +22,29 @@ struct KnownKind {
     ReportKind kind;
     std::string_view mark; // which stands at the beginning of such a report, and of no product
     void (*write)(const RunReport& report, const ReportSink& sink);
-    bool tellsTexts;
+    Texts texts;
 };
 constexpr auto kinds = std::to_array<KnownKind>({
     {.extension = ".html",
      .kind = ReportKind::Html,
      .mark = htmlMark,
      .write = writePage,
-     .tellsTexts = false},
+     .texts = Texts::OfFailures},
     {.extension = ".json",
      .kind = ReportKind::Json,
      .mark = jsonMark,
      .write = jsonReport,
-     .tellsTexts = true},
+     .texts = Texts::OfAll},
     {.extension = ".csv",
      .kind = ReportKind::Csv,
      .mark = csvMark,
      .write = csvReport,
-     .tellsTexts = false},
+     .texts = Texts::OfNone},
     {.extension = ".xml",
      .kind = ReportKind::JUnit,
      .mark = junitMark,
      .write = junitReport,
-     .tellsTexts = true},
+     .texts = Texts::OfAll},
 });
 
 } // namespace
@@ -65,9 +65,9 @@ bool isReport(ReportKind kind, std::string_view beginning) {
            });
 }
 
-bool tellsTexts(ReportKind kind) {
-    return std::ranges::any_of(
-        kinds, [&](const KnownKind& known) { return known.kind == kind && known.tellsTexts; });
+Texts textsIn(ReportKind kind) {
+    const auto* const found = std::ranges::find(kinds, kind, &KnownKind::kind);
+    return found == kinds.end() ? Texts::OfNone : found->texts;
 }
 
 void writeReport(ReportKind kind, const RunReport& report, const ReportSink& sink) {

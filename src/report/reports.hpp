@@ -21,9 +21,8 @@ enum class ReportKind : std::uint8_t { Html, Json, Csv, JUnit };
 inline constexpr std::size_t reportBeginning = 512; // bytes of it
 [[nodiscard]] bool isReport(ReportKind kind, std::string_view beginning);
 
-// Whether reports of the kind tell the messages of each record by their own texts. For the others
-// RunReport needs none of these.
-[[nodiscard]] bool tellsTexts(ReportKind kind);
+// What RunReport must hold for reports of the kind.
+[[nodiscard]] Texts textsIn(ReportKind kind);
 
 // Raises what `sink` raises.
 void writeReport(ReportKind kind, const RunReport& report, const ReportSink& sink);

@@ -76,7 +76,7 @@ struct ReportedRecord {
     // when it failed and they were removed, or was never made.
     std::string mpStem{};
     std::string cnsStem{};
-    KeptMessages messages{}; // all of `findings`
+    KeptMessages messages{}; // all of `findings`, where their texts are held
     // So many more the tools have said; in their place stands "[messages left out: 1234]" among
     // those that are kept.
     std::uint64_t messagesLeftOut = 0;
@@ -105,8 +105,16 @@ struct RecordChange {
     bool operator==(const RecordChange&) const = default;
 };
 
+// Of which records the messages are held by their own texts.
+enum class Texts : std::uint8_t {
+    OfNone,
+    OfFailures, // of the first RunReport::mostFailures, less those that fail by their messages
+    OfAll,
+};
+
 struct RunReport {
     static constexpr std::size_t mostRuns = 50;
+    static constexpr std::size_t mostFailures = 1000; // that people are told of one by one
 
     std::string definition{};              // its file name, without a folder
     std::string made{};                    // when this report was, UTC

@@ -145,13 +145,29 @@ class ReportMaker {
                });
     }
 
+    // The states are known by now, but for what messages fail.
+    [[nodiscard]] std::function<bool(RecordPlace record)> wantsTexts() const {
+        if (subject_.texts == Texts::OfNone) {
+            return {};
+        }
+        std::vector<bool> wanted(names_.size(), subject_.texts == Texts::OfAll);
+        std::size_t failures = 0;
+        for (RecordPlace place = 0; place < names_.size(); ++place) {
+            if (report_.records[place].state == State::Failed &&
+                ++failures <= RunReport::mostFailures) {
+                wanted[place] = true;
+            }
+        }
+        return [wanted = std::move(wanted)](RecordPlace record) { return wanted[record]; };
+    }
+
     void addFindings() {
         FindingsRequest request{.logs = logs_.messageSources(subject_.stateFolder),
                                 .records = names_,
                                 .logOf = {},
                                 .patterns = subject_.patterns,
                                 .utf8 = utf8_,
-                                .withTexts = subject_.withTexts};
+                                .wantsTexts = wantsTexts()};
         std::ranges::transform(rulings_, std::back_inserter(request.logOf),
                                &RulingLogs::Ruling::log);
         KeptFindings found = readFindings(services_.files, request);

@@ -21,7 +21,7 @@ struct ReportSubject {
     const MessagePatterns& patterns;
     std::optional<Share> share; // of the run that reports, where it is of one
     std::string holder;         // who we are, as RunRequest::holder
-    bool withTexts = true;      // else without ReportedRecord::messages
+    Texts texts = Texts::OfAll;
 };
 
 // What the runs left, by their logs, the definition's products and the input folder; nothing is

@@ -153,6 +153,16 @@ void makeAnew(Files& files, const std::string& path, const NeededLines& needed) 
     });
 }
 
+LogEnd endOf(Files& files, const std::string& path) {
+    NeededLines needed;
+    const auto [damaged, torn] =
+        readMessageLog(files, path, [&](const MessageLogLine& line) { needed.add(line); });
+    if (torn || damaged > 0 || needed.isLittleOfAll()) {
+        makeAnew(files, path, needed);
+    }
+    return {files, path, kind};
+}
+
 } // namespace
 
 std::string messageLogLineText(const MessageLogLine& line) {
@@ -202,22 +212,14 @@ void addTotals(Files& files, const std::string& path, const TotalsLine& line) {
     }
 }
 
-MessageLog::MessageLog(Files& files, const std::string& path) {
-    NeededLines needed;
-    const auto [damaged, torn] =
-        readMessageLog(files, path, [&](const MessageLogLine& line) { needed.add(line); });
-    if (torn || damaged > 0 || needed.isLittleOfAll()) {
-        makeAnew(files, path, needed);
-    }
-    end_.emplace(files, path, kind);
-}
+MessageLog::MessageLog(Files& files, const std::string& path) : end_(endOf(files, path)) {}
 
 void MessageLog::write(const MessageLogLine& line) {
-    end_->write(messageLogLineText(line));
+    end_.write(messageLogLineText(line));
 }
 
 void MessageLog::close() {
-    end_->close();
+    end_.close();
 }
 
 } // namespace tarnwick

@@ -91,7 +91,7 @@ class MessageLog {
     void close();
 
   private:
-    std::optional<LogEnd> end_;
+    LogEnd end_;
 };
 
 } // namespace tarnwick

@@ -76,6 +76,13 @@ bool isWorthMakingAnew(const RunHistory& history) {
            history.lines > 2 * (history.records.size() + usedRuns(history).size());
 }
 
+LogEnd endOf(Files& files, const std::string& path, const RunHistory& history) {
+    if (isWorthMakingAnew(history)) {
+        makeAnew(files, path, history);
+    }
+    return {files, path, kind};
+}
+
 } // namespace
 
 void take(LogLine line, RunHistory& history) {
@@ -107,19 +114,15 @@ RunHistory readRunLog(const Files& files, std::string_view path,
     return history;
 }
 
-RunLog::RunLog(Files& files, const std::string& path, const RunHistory& history) {
-    if (isWorthMakingAnew(history)) {
-        makeAnew(files, path, history);
-    }
-    end_.emplace(files, path, kind);
-}
+RunLog::RunLog(Files& files, const std::string& path, const RunHistory& history)
+    : end_(endOf(files, path, history)) {}
 
 void RunLog::write(const LogLine& line) {
-    end_->write(logLineText(line));
+    end_.write(logLineText(line));
 }
 
 void RunLog::close() {
-    end_->close();
+    end_.close();
 }
 
 } // namespace tarnwick

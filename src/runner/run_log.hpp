@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -73,7 +72,7 @@ class RunLog {
     void close();
 
   private:
-    std::optional<LogEnd> end_;
+    LogEnd end_;
 };
 
 } // namespace tarnwick

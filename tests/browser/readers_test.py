@@ -125,7 +125,7 @@ class Readers(unittest.TestCase):
     def test_XML_adds_no_element_for_any_text(self):
         report = self.json_of("hostile")
         root = ElementTree.parse(self.path("hostile", "xml")).getroot()
-        known = {"testsuites", "testsuite", "testcase", "failure", "system-out", "skipped"}
+        known = {"testsuites", "testsuite", "testcase", "failure", "system-out", "system-err", "skipped"}
         self.assertEqual({element.tag for element in root.iter()} - known, set())
         self.assertEqual(len(root.findall("testsuite/testcase")), len(report["records"]))
 

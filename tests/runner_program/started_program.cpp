@@ -1,12 +1,12 @@
 #include "runner_program/started_program.hpp"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -21,6 +21,7 @@ StartedProgram::StartedProgram(std::vector<std::string> words, const std::string
     ::posix_spawn_file_actions_addopen(&actions, 1, (outputs + ".out").c_str(), create, 0644);
     ::posix_spawn_file_actions_addopen(&actions, 2, (outputs + ".err").c_str(), create, 0644);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

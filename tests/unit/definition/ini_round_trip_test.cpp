@@ -52,10 +52,11 @@ class Generator : public DefinitionGenerator {
     std::string oddText() { return textOf("abcXYZ019 .=*;_-\\:\"'%\t\x80\xA0\xE9\xFE\xFF"); }
     std::string path() { return std::string(below(3), ' ') + "C:\\" + oddText(); }
     std::string folder() {
-        return oneOf({"D:\\in", "D:\\in\\",
-                      "D:\\donn\xE9"
-                      "es",
-                      "D:\\missing", "", "  ", "D:\\out "});
+        return oneOf(
+            {"D:\\in", "D:\\in\\",
+             "D:\\donn\xE9" // NOLINT(bugprone-suspicious-missing-comma): an e follows the byte
+             "es",
+             "D:\\missing", "", "  ", "D:\\out "});
     }
     std::string file() {
         return oneOf({"D:\\a.txt", " D:\\a.txt ", "D:\\no.txt", "", "D:\\\xE9.cfg"});

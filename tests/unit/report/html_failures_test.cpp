@@ -21,6 +21,10 @@ TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies
     report.records[0].why = "the tools say \"so\"";
     report.records[0].findings = {{1, 1, 9}, {0, 2, 3}, {2, 1, 4}};
     report.shapes[2].records = 1;
+    report.records[0].messages = {};
+    report.records[0].messages.add({.shape = 1, .line = 9, .text = "3 errors"});
+    report.records[0].messages.add({.shape = 0, .line = 3, .text = "\"soon\" is no date"});
+    report.records[0].messages.add({.shape = 0, .line = 5, .text = "\"late\" is no date"});
     report.totals.failed = 2;
     EXPECT_EQ(failuresSection(report),
               R"(<section id="failures" aria-labelledby="failures-heading">
@@ -28,9 +32,9 @@ TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies
 <table class="failures"><thead><tr><th scope="col">Record<th scope="col">Why, and what the tools said</thead><tbody>
 <tr><th scope="row"><a href="#r1">lakes &amp; rivers.met</a><td>the tools say &quot;so&quot;
 <ul class="said">
-<li><a href="#s1">#1</a> <q>Error (line 3): &quot;soon&quot; is no date</q> <span>line 3, 2 messages</span>
+<li><a href="#s1">#1</a> <q>&quot;soon&quot; is no date</q> <span>line 3, 2 messages</span>
 <li><a href="#s3">#3</a> <q>… is empty</q> <span>line 4</span>
-<li><a href="#s2">#2</a> <q># errors</q> <span>line 9</span>
+<li><a href="#s2">#2</a> <q>3 errors</q> <span>line 9</span>
 </ul>
 <p class="left"><a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> <a href="../products/html/lakes%20%26%20rivers.html">Html</a> </p>
 <tr><th scope="row"><a href="#r3">wells.met</a><td>MP ended with status 2: no element: &quot;West&quot;

@@ -22,6 +22,8 @@ line 301: Error (line 7): &quot;late&quot; is no date
 <failure message="MP ended with status 2: no element: &quot;West&quot;">MP ended with status 2: no element: &quot;West&quot;
 </failure>
 </testcase>
+<system-err>Share 2 of 4 is still at work.
+</system-err>
 </testsuite>
 </testsuites>
 )");

@@ -39,7 +39,8 @@ class KeptFindingsOfRuns : public testing::Test {
                                              .records = records,
                                              .logOf = std::vector<std::uint32_t>(records.size()),
                                              .patterns = patterns,
-                                             .utf8 = utf8});
+                                             .utf8 = utf8,
+                                             .wantsTexts = [](RecordPlace) { return true; }});
     }
     // "2#0 text": line, shape and text of each.
     static std::vector<std::string> saidOf(const KeptMessages& messages) {

@@ -149,6 +149,16 @@ TEST_F(ReportsOnRuns, That_cannot_be_written_are_told_and_change_nothing_else) {
     EXPECT_EQ(report(), ExitStatus::SomeFailed);
 }
 
+TEST_F(ReportsOnRuns, Say_of_each_failure_what_the_tools_said_in_their_own_words) {
+    for (const char* const number : {"1", "2", "3", "4", "5", "6", "7"}) { // more than are examples
+        machine_.writeRecord("fail" + std::string(number) + ".met",
+                             "in line " + std::string(number));
+    }
+    request_.files = {R"(C:\job\out.html)"};
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_THAT(machine_.world.read(R"(C:\job\out.html)"), HasSubstr("<q>in line 7</q>"));
+}
+
 TEST_F(ReportsOnRuns, That_could_not_be_written_are_told_before_anything_is_run) {
     machine_.definition.sInputExtensions = "*.xml";
     machine_.writeRecord("a.xml", "record");

@@ -54,24 +54,25 @@ std::string shapeNumbers(const RunReport& report, const ReportedRecord& record) 
     return record.findings.size() <= mostShapesOfRecord ? text : text + " ...";
 }
 
-void addRow(const RunReport& report, RecordPlace place, const std::vector<ProductLinks>& linked,
-            std::string& page) {
+std::string row(const RunReport& report, RecordPlace place,
+                const std::vector<ProductLinks>& linked) {
     const ReportedRecord& record = report.records[place];
     const std::string usual = usualStem(record);
-    page.append("<tr id=").append(rowName(place)); // a hundred thousand times: no marks around it
-    page.append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
-    page.append(stemAttribute("m", record.mpStem, usual));
-    page.append(stemAttribute("c", record.cnsStem, usual));
-    page.append("><th>").append(markupText(cutText(record.name)));
-    page.append("<td>").append(stateWord(record.state));
-    page.append("<td>").append(shapeNumbers(report, record));
-    page.append("<td>").append(grouped(findingsOf(report, record).messages));
-    page.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
-    page.append("<td>");
+    std::string text;
+    text.append("<tr id=").append(rowName(place)); // a hundred thousand times: no marks around it
+    text.append(record.state == ReportedRecord::State::Failed ? " class=\"f\"" : "");
+    text.append(stemAttribute("m", record.mpStem, usual));
+    text.append(stemAttribute("c", record.cnsStem, usual));
+    text.append("><th>").append(markupText(cutText(record.name)));
+    text.append("<td>").append(stateWord(record.state));
+    text.append("<td>").append(shapeNumbers(report, record));
+    text.append("<td>").append(grouped(findingsOf(report, record).messages));
+    text.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
+    text.append("<td>");
     for (const ProductLinks& links : linked) {
-        page.append(links.of(record));
+        text.append(links.of(record));
     }
-    page.append("\n");
+    return text += "\n";
 }
 
 std::string columns(bool asButtons) {
@@ -114,20 +115,19 @@ std::string controls() {
 
 } // namespace
 
-void addRecordsSection(const RunReport& report, std::string& page) {
+void recordsSection(const RunReport& report, const ReportSink& sink) {
     const std::vector<ProductLinks> linked = linkedProducts(report);
-    page += sectionBegin("records", "All records", report.records.size()) + products(report) +
-            controls() + "<noscript id=\"all\">";
+    sink(sectionBegin("records", "All records", report.records.size()) + products(report) +
+         controls() + "<noscript id=\"all\">");
     if (linked.size() < report.products.size()) {
-        page +=
-            "<p class=\"remark\">There is no room for all links: each record leads to its first " +
-            counted(linked.size(), "product") + ". With its script this page leads to all.</p>\n";
+        sink("<p class=\"remark\">There is no room for all links: each record leads to its first " +
+             counted(linked.size(), "product") + ". With its script this page leads to all.</p>\n");
     }
-    page += "<table class=\"records\">" + columns(false) + "<tbody>\n";
+    sink("<table class=\"records\">" + columns(false) + "<tbody>\n");
     for (RecordPlace place = 0; place < report.records.size(); ++place) {
-        addRow(report, place, linked, page);
+        sink(row(report, place, linked));
     }
-    page += "</tbody></table></noscript>\n</section>\n";
+    sink("</tbody></table></noscript>\n</section>\n");
 }
 
 } // namespace tarnwick

@@ -12,11 +12,6 @@
 namespace tarnwick {
 namespace {
 
-// The page is one text: a mark at its beginning depends on all that follows.
-void writePage(const RunReport& report, const ReportSink& sink) {
-    sink(htmlReport(report));
-}
-
 struct KnownKind {
     std::string_view extension;
     ReportKind kind;
@@ -28,7 +23,7 @@ constexpr auto kinds = std::to_array<KnownKind>({
     {.extension = ".html",
      .kind = ReportKind::Html,
      .mark = htmlMark,
-     .write = writePage,
+     .write = htmlReport,
      .texts = Texts::OfFailures},
     {.extension = ".json",
      .kind = ReportKind::Json,

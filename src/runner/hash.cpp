@@ -4,13 +4,20 @@ namespace tarnwick {
 
 // FNV-1a, of 64 bits, and a last stir: short texts that differ in their last byte differ
 // everywhere.
-std::uint64_t hashOf(std::string_view text) noexcept {
-    std::uint64_t hash = 14695981039346656037U;
-    for (const char character : text) {
-        hash = (hash ^ static_cast<unsigned char>(character)) * 1099511628211U;
+void PiecewiseHash::add(std::string_view piece) noexcept {
+    for (const char character : piece) {
+        hash_ = (hash_ ^ static_cast<unsigned char>(character)) * 1099511628211U;
     }
-    hash ^= hash >> 32U;
-    return hash * 0xD6E8FEB86659FD93U;
+}
+
+std::uint64_t PiecewiseHash::hash() const noexcept {
+    return (hash_ ^ (hash_ >> 32U)) * 0xD6E8FEB86659FD93U;
+}
+
+std::uint64_t hashOf(std::string_view text) noexcept {
+    PiecewiseHash hash;
+    hash.add(text);
+    return hash.hash();
 }
 
 std::string hexadecimal(std::uint64_t number) {

@@ -92,8 +92,8 @@ RunReport reportOf(const std::string& text) {
 
 // As many of each sign of markup as with a text that has none.
 void tryReports(const RunReport& report, const RunReport& plain) {
-    const std::string page = htmlReport(report);
-    const std::string plainPage = htmlReport(plain);
+    const std::string page = textOf(htmlReport, report);
+    const std::string plainPage = textOf(htmlReport, plain);
     const std::string cases = textOf(junitReport, report);
     const std::string plainCases = textOf(junitReport, plain);
     for (const std::string_view sign : {"<th", "<td", "<tr", "<a ", "<script", "</script",

@@ -8,7 +8,7 @@ namespace {
 
 std::string sectionOf(const RunReport& report) {
     std::string text;
-    addRecordsSection(report, text);
+    recordsSection(report, [&](std::string_view piece) { text += piece; });
     return text;
 }
 

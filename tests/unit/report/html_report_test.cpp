@@ -1,6 +1,7 @@
 #include "report/html_report.hpp"
 #include "report/page_assets.hpp"
 #include "support/report_generator.hpp"
+#include "support/report_texts.hpp"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ namespace tarnwick {
 namespace {
 
 TEST(HtmlReport, The_page_says_the_run_in_numbers) {
-    EXPECT_TRUE(htmlReport(smallReport()).contains(R"(<body>
+    EXPECT_TRUE(textOf(htmlReport, smallReport()).contains(R"(<body>
 <header>
 <h1>nightly.ini</h1>
 <p>Run of <time datetime="2026-11-22T02:24:48Z">2026-11-22 02:24 UTC</time>, which took 12 min 34 s. Report made <time datetime="2026-11-22T02:37:22Z">2026-11-22 02:37 UTC</time>.</p>
@@ -27,7 +28,7 @@ TEST(HtmlReport, The_page_says_the_run_in_numbers) {
 }
 
 TEST(HtmlReport, Only_its_own_script_may_run_and_nothing_is_fetched) {
-    const std::string page = htmlReport(hostileReport());
+    const std::string page = textOf(htmlReport, hostileReport());
     EXPECT_TRUE(page.contains("default-src 'none'; img-src data:; style-src 'unsafe-inline'; "
                               "script-src 'nonce-"));
     // Its beginning and its end are the only ones, whatever the texts.
@@ -44,16 +45,16 @@ TEST(HtmlReport, The_mark_of_the_script_depends_on_every_text) {
         return page.substr(page.find("'nonce-"), 24);
     };
     RunReport report = smallReport();
-    const std::string one = htmlReport(report);
+    const std::string one = textOf(htmlReport, report);
     report.records[1].name = "tide,stations.met";
-    EXPECT_NE(markOf(one), markOf(htmlReport(report)));
-    EXPECT_EQ(markOf(one), markOf(htmlReport(smallReport())));
+    EXPECT_NE(markOf(one), markOf(textOf(htmlReport, report)));
+    EXPECT_EQ(markOf(one), markOf(textOf(htmlReport, smallReport())));
 }
 
 TEST(HtmlReport, Where_findings_are_not_known_the_page_says_so_and_shows_none) {
     RunReport report = smallReport();
     report.findingsAreKnown = false;
-    const std::string page = htmlReport(report);
+    const std::string page = textOf(htmlReport, report);
     EXPECT_TRUE(
         page.contains("<p class=\"remark\">The definition asks for no error reports: what the "
                       "tools found in the records is not known.</p>"));
@@ -63,7 +64,7 @@ TEST(HtmlReport, Where_findings_are_not_known_the_page_says_so_and_shows_none) {
 }
 
 TEST(HtmlReport, A_definition_that_has_never_run_has_a_page_too) {
-    const std::string page = htmlReport({});
+    const std::string page = textOf(htmlReport, {});
     EXPECT_TRUE(page.contains("No record failed."));
     EXPECT_TRUE(page.contains("The tools found nothing."));
     EXPECT_TRUE(page.contains("No run has ended yet."));

@@ -147,6 +147,9 @@ def messages():
             told("  peak memory", peak, 200, " MB")
             told("  size", os.path.getsize(path) / 1e6, {"html": 25}.get(kind, 250), " MB")
             os.unlink(path)
+        several = [option for kind in TELLING for option in ("--report", f"{folder}/report.{kind}")]
+        _, _, memory = measured([runner, "report", definition, "--drive", f"T:={folder}", "-q", *several])
+        told("all of these by one call, peak memory", memory, 200, " MB")
 
 
 for figure in (showing, messages):

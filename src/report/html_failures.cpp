@@ -27,7 +27,8 @@ std::string_view wordsOf(const RunReport& report, RecordPlace place, ShapePlace 
     return report.shapes[shape].text;
 }
 
-std::string said(const RunReport& report, RecordPlace place, bool withWords) {
+std::string said(const RunReport& report, RecordPlace place, const ShapeLinks& shapes,
+                 bool withWords) {
     const ReportedRecord& record = report.records[place];
     if (record.findings.empty() || !report.findingsAreKnown) {
         return {};
@@ -35,7 +36,7 @@ std::string said(const RunReport& report, RecordPlace place, bool withWords) {
     const std::vector<Finding> shown = shownFindings(report, record);
     std::string text = "\n<ul class=\"said\">\n";
     for (const Finding& finding : shown) {
-        text += "<li>" + shapeLink(finding.shape) +
+        text += "<li>" + shapes.of(finding.shape) +
                 (withWords
                      ? " <q>" + markupText(cutText(wordsOf(report, place, finding.shape))) + "</q>"
                      : "") +
@@ -59,6 +60,7 @@ std::string left(const ReportedRecord& record, const std::vector<ProductLinks>& 
 
 std::string rows(const RunReport& report) {
     const std::vector<ProductLinks> links = productLinks(report, true);
+    const ShapeLinks shapes(report);
     std::size_t shown = 0;
     std::size_t room = roomForMessages;
     std::string text;
@@ -69,9 +71,9 @@ std::string rows(const RunReport& report) {
             continue;
         }
         ++shown;
-        std::string messages = said(report, place, true);
+        std::string messages = said(report, place, shapes, true);
         if (messages.size() > room) {
-            messages = said(report, place, false);
+            messages = said(report, place, shapes, false);
         } else {
             room -= messages.size();
         }

@@ -12,7 +12,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr std::size_t mostShapes = 500;
 constexpr std::size_t mostNames = 100; // of the records that have one shape
 constexpr std::size_t mostChanges = 1000;
 
@@ -39,7 +38,18 @@ std::string examples(const RunReport& report, const Shape& shape) {
     return text + "</ul>\n";
 }
 
-std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
+// Where not all rows name the shape, the list finds fewer than there are: nothing leads there.
+std::string showLink(const Shape& shape, ShapePlace place, const ListedFindings& listed) {
+    if (!listed.canFind(place)) {
+        return {};
+    }
+    const std::string number = shapeNumber(place);
+    return R"(<p class="show"><a href="#records" data-show=")" + number + "\">" +
+           (shape.records == 1 ? "Find it" : "Find all " + grouped(shape.records)) +
+           " among the records</a> (in the column Findings: " + number + ")</p>\n";
+}
+
+std::string names(const RunReport& report, const Shape& shape,
                   const std::vector<RecordPlace>& records) {
     std::string text = "<ul class=\"names\">\n";
     for (const RecordPlace record : records) {
@@ -49,10 +59,7 @@ std::string names(const RunReport& report, const Shape& shape, ShapePlace place,
     if (records.size() < shape.records) {
         text += "<p class=\"more\">And " + grouped(shape.records - records.size()) + " more.</p>\n";
     }
-    const std::string number = shapeNumber(place);
-    return text + R"(<p class="show"><a href="#records" data-show=")" + number + "\">" +
-           (shape.records == 1 ? "Find it" : "Find all " + grouped(shape.records)) +
-           " among the records</a> (in the column Findings: " + number + ")</p>\n";
+    return text;
 }
 
 std::string change(const RunReport& report, const Shape& shape) {
@@ -67,14 +74,14 @@ std::string change(const RunReport& report, const Shape& shape) {
                : "\u2212" + grouped(shape.recordsBefore - shape.records);
 }
 
-std::string row(const RunReport& report, ShapePlace place,
-                const std::vector<RecordPlace>& records) {
+std::string row(const RunReport& report, ShapePlace place, const std::vector<RecordPlace>& records,
+                const ListedFindings& listed) {
     const Shape& shape = report.shapes[place];
     const std::string number = shapeNumber(place);
     std::string text = "<tr id=\"s" + number.substr(1) + R"("><td class="number">)" + number +
                        "<th scope=\"row\"><details><summary>" + markupText(cutText(shape.text)) +
-                       "</summary>\n" + examples(report, shape) +
-                       names(report, shape, place, records) + "</details>" +
+                       "</summary>\n" + examples(report, shape) + names(report, shape, records) +
+                       showLink(shape, place, listed) + "</details>" +
                        barCell(shape.records, report.records.size()) + numberCell(shape.records) +
                        numberCell(shape.messages);
     if (report.hasRunBefore) {
@@ -95,6 +102,7 @@ std::string table(const RunReport& report, std::string_view rows) {
 // "#1 Error (line #): ..." in a list, of each shape that `wanted` holds for.
 template <typename Wanted>
 std::string shapeList(const RunReport& report, std::string_view heading, const Wanted& wanted) {
+    const ShapeLinks links(report);
     std::string list;
     std::size_t count = 0;
     for (ShapePlace place = 0; place < report.shapes.size(); ++place) {
@@ -102,8 +110,7 @@ std::string shapeList(const RunReport& report, std::string_view heading, const W
         if (!wanted(shape) || ++count > mostShapes) {
             continue;
         }
-        list += "<li>" + (shape.records == 0 ? shapeNumber(place) : shapeLink(place)) + " " +
-                markupText(cutText(shape.text)) + " <span>" +
+        list += "<li>" + links.of(place) + " " + markupText(cutText(shape.text)) + " <span>" +
                 counted(std::max(shape.records, shape.recordsBefore), "record") + "</span>\n";
     }
     const std::string text = "<h3>" + std::string(heading) + ": " + grouped(count) + "</h3>\n";
@@ -112,12 +119,10 @@ std::string shapeList(const RunReport& report, std::string_view heading, const W
                               moreText(count, mostShapes, "message");
 }
 
-std::string shapeLinks(const RunReport& report, const std::vector<ShapePlace>& places) {
+std::string shapeCell(const std::vector<ShapePlace>& places, const ShapeLinks& links) {
     std::string text;
     for (const ShapePlace place : places) {
-        const bool isGone = report.shapes.at(place).records == 0;
-        text.append(text.empty() ? "" : " ");
-        text.append(isGone ? shapeNumber(place) : shapeLink(place));
+        text.append(text.empty() ? "" : " ").append(links.of(place));
     }
     return text;
 }
@@ -128,12 +133,13 @@ std::string changedRecords(const RunReport& report) {
     if (report.changes.empty()) {
         return text;
     }
+    const ShapeLinks links(report);
     text += "<table class=\"changes\"><thead><tr><th scope=\"col\">Record<th scope=\"col\">New"
             "<th scope=\"col\">Gone</thead><tbody>\n";
     for (std::size_t place = 0; place < std::min(report.changes.size(), mostChanges); ++place) {
         const RecordChange& each = report.changes[place];
         text += "<tr><th scope=\"row\">" + recordLink(report, each.record) + "<td>" +
-                shapeLinks(report, each.appeared) + "<td>" + shapeLinks(report, each.gone) + "\n";
+                shapeCell(each.appeared, links) + "<td>" + shapeCell(each.gone, links) + "\n";
     }
     return text + "</tbody></table>\n" + moreText(report.changes.size(), mostChanges, "record");
 }
@@ -142,6 +148,8 @@ std::string changedRecords(const RunReport& report) {
 
 std::string findingsSection(const RunReport& report) {
     const auto records = recordsOfShapes(report);
+    const ShapeLinks links(report);
+    const ListedFindings listed(report);
     std::string rows;
     std::string commonRows;
     std::size_t common = 0;
@@ -151,9 +159,9 @@ std::string findingsSection(const RunReport& report) {
         if (shape.records == 0) {
             continue;
         }
-        std::size_t& count = shape.common ? common : others;
-        if (++count <= mostShapes) {
-            (shape.common ? commonRows : rows) += row(report, place, records[place]);
+        ++(shape.common ? common : others);
+        if (links.hasRow(place)) {
+            (shape.common ? commonRows : rows) += row(report, place, records[place], listed);
         }
     }
     std::string text = sectionBegin("findings", "Findings", others);

@@ -58,12 +58,4 @@ std::string numberCell(std::uint64_t number) {
     return "<td class=\"number\">" + grouped(number);
 }
 
-std::string shapeNumber(std::uint32_t place) {
-    return "#" + std::to_string(place + std::uint64_t{1});
-}
-
-std::string shapeLink(std::uint32_t place) {
-    return "<a href=\"#s" + shapeNumber(place).substr(1) + "\">" + shapeNumber(place) + "</a>";
-}
-
 } // namespace tarnwick

@@ -29,8 +29,4 @@ namespace tarnwick {
 // A cell with a number.
 [[nodiscard]] std::string numberCell(std::uint64_t number);
 
-// A link to a shape's place in the table: "#12". Places count from 0, people from 1.
-[[nodiscard]] std::string shapeNumber(std::uint32_t place);
-[[nodiscard]] std::string shapeLink(std::uint32_t place);
-
 } // namespace tarnwick

@@ -1,5 +1,6 @@
 #include "report/html_findings.hpp"
 #include "support/report_generator.hpp"
+#include "unit/report/many_findings.hpp"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +40,16 @@ TEST(FindingsSection, Of_many_records_the_first_hundred_are_named) {
     const std::string text = findingsSection(report);
     EXPECT_TRUE(text.contains("<p class=\"more\">And 150 more.</p>"));
     EXPECT_TRUE(text.contains(">Find all 250 among the records</a>"));
+}
+
+TEST(FindingsSection, A_link_that_finds_all_is_there_where_the_rows_of_all_records_name_the_shape) {
+    const std::string text = findingsSection(reportWithMoreFindingsThanRoom());
+    EXPECT_TRUE(text.contains(
+        "data-show=\"#3\">Find all 1,501 among the records</a> (in the column Findings: #3)"));
+    EXPECT_TRUE(text.contains("data-show=\"#25\">"));
+    EXPECT_TRUE(text.contains("id=\"s26\""));
+    EXPECT_FALSE(text.contains("data-show=\"#26\">"));
+    EXPECT_FALSE(text.contains("Findings: #26)"));
 }
 
 TEST(FindingsSection, The_change_is_counted_in_records) {

@@ -14,18 +14,45 @@ namespace {
 
 constexpr std::size_t mostNames = 100; // of the records that have one shape
 constexpr std::size_t mostChanges = 1000;
+constexpr std::size_t mostShapesOfChange = 25;
 
-// The first records of each shape.
-std::vector<std::vector<RecordPlace>> recordsOfShapes(const RunReport& report) {
-    std::vector<std::vector<RecordPlace>> records(report.shapes.size());
+// For the names of the records of all shapes, in bytes.
+constexpr std::size_t roomForNames = 2'000'000;
+
+// The first records of each shape that has a row.
+using RecordsOfShapes = std::vector<std::vector<RecordPlace>>;
+RecordsOfShapes recordsOfShapes(const RunReport& report, const ShapeLinks& links) {
+    RecordsOfShapes records(report.shapes.size());
     for (RecordPlace place = 0; place < report.records.size(); ++place) {
         for (const Finding& finding : report.records[place].findings) {
-            if (records.at(finding.shape).size() < mostNames) {
+            if (links.hasRow(finding.shape) && records.at(finding.shape).size() < mostNames) {
                 records[finding.shape].push_back(place);
             }
         }
     }
     return records;
+}
+
+std::string nameItem(const RunReport& report, RecordPlace record) {
+    return "<li>" + recordLink(report, record) + "\n";
+}
+
+// Leaves each shape as many of its records as have room if all shapes name equally many.
+void cutToRoom(RecordsOfShapes& records, const RunReport& report) {
+    std::size_t room = roomForNames;
+    for (std::size_t count = 0; count < mostNames; ++count) {
+        std::size_t needed = 0;
+        for (const std::vector<RecordPlace>& some : records) {
+            needed += count < some.size() ? nameItem(report, some[count]).size() : 0;
+        }
+        if (needed > room) {
+            for (std::vector<RecordPlace>& some : records) {
+                some.resize(std::min(some.size(), count));
+            }
+            return;
+        }
+        room -= needed;
+    }
 }
 
 std::string examples(const RunReport& report, const Shape& shape) {
@@ -51,9 +78,12 @@ std::string showLink(const Shape& shape, ShapePlace place, const ListedFindings&
 
 std::string names(const RunReport& report, const Shape& shape,
                   const std::vector<RecordPlace>& records) {
+    if (records.empty()) { // there is room for none
+        return {};
+    }
     std::string text = "<ul class=\"names\">\n";
     for (const RecordPlace record : records) {
-        text += "<li>" + recordLink(report, record) + "\n";
+        text += nameItem(report, record);
     }
     text += "</ul>\n";
     if (records.size() < shape.records) {
@@ -116,15 +146,17 @@ std::string shapeList(const RunReport& report, std::string_view heading, const W
     const std::string text = "<h3>" + std::string(heading) + ": " + grouped(count) + "</h3>\n";
     return list.empty() ? text
                         : text + "<ul class=\"shapes\">\n" + list + "</ul>\n" +
-                              moreText(count, mostShapes, "message");
+                              moreText(count, mostShapes, "message", AllAreIn::Json);
 }
 
 std::string shapeCell(const std::vector<ShapePlace>& places, const ShapeLinks& links) {
+    const std::size_t shown = std::min(places.size(), mostShapesOfChange);
     std::string text;
-    for (const ShapePlace place : places) {
-        text.append(text.empty() ? "" : " ").append(links.of(place));
+    for (std::size_t index = 0; index < shown; ++index) {
+        text.append(text.empty() ? "" : " ").append(links.of(places[index]));
     }
-    return text;
+    return shown == places.size() ? text
+                                  : text + " and " + grouped(places.size() - shown) + " more";
 }
 
 std::string changedRecords(const RunReport& report) {
@@ -141,14 +173,16 @@ std::string changedRecords(const RunReport& report) {
         text += "<tr><th scope=\"row\">" + recordLink(report, each.record) + "<td>" +
                 shapeCell(each.appeared, links) + "<td>" + shapeCell(each.gone, links) + "\n";
     }
-    return text + "</tbody></table>\n" + moreText(report.changes.size(), mostChanges, "record");
+    return text + "</tbody></table>\n" +
+           moreText(report.changes.size(), mostChanges, "record", AllAreIn::Json);
 }
 
 } // namespace
 
 std::string findingsSection(const RunReport& report) {
-    const auto records = recordsOfShapes(report);
     const ShapeLinks links(report);
+    RecordsOfShapes records = recordsOfShapes(report, links);
+    cutToRoom(records, report);
     const ListedFindings listed(report);
     std::string rows;
     std::string commonRows;
@@ -167,12 +201,12 @@ std::string findingsSection(const RunReport& report) {
     std::string text = sectionBegin("findings", "Findings", others);
     text += others == 0 && common == 0 ? "<p>The tools found nothing.</p>\n" : "";
     if (others > 0) {
-        text += table(report, rows) + moreText(others, mostShapes, "message");
+        text += table(report, rows) + moreText(others, mostShapes, "message", AllAreIn::Json);
     }
     if (common > 0) {
         text += "<details class=\"common\"><summary>" + counted(common, "message") +
                 " that nearly every record has</summary>\n" + table(report, commonRows) +
-                moreText(common, mostShapes, "message") + "</details>\n";
+                moreText(common, mostShapes, "message", AllAreIn::Json) + "</details>\n";
     }
     return text + "</section>\n";
 }

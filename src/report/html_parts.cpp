@@ -27,12 +27,14 @@ std::string sectionBegin(std::string_view place, std::string_view heading, std::
                                    "</span>");
 }
 
-std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what) {
+std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what,
+                     AllAreIn reports) {
     if (all <= shown) {
         return {};
     }
     return "<p class=\"more\">And " + counted(all - shown, "more " + std::string(what)) +
-           ": reports as .json or .csv have all.</p>\n";
+           ": reports as .json " + (reports == AllAreIn::JsonAndCsv ? "or .csv " : "") +
+           "have all.</p>\n";
 }
 
 std::string timeElement(std::string_view time) {

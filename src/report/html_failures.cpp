@@ -16,18 +16,20 @@ namespace {
 // stand alone, and lead to them.
 constexpr std::size_t roomForMessages = 2'000'000;
 
-// The first of the shape as the tool said it, where that is held.
-std::string_view wordsOf(const RunReport& report, RecordPlace place, ShapePlace shape) {
+// The first message of the shape as the tool said it; where that is not held, the shape, which
+// nobody said and which is not quoted.
+std::string wordsOf(const RunReport& report, RecordPlace place, ShapePlace shape) {
     const KeptMessages& messages = report.records[place].messages;
     for (std::size_t message = 0; message < messages.size(); ++message) {
         if (messages[message].shape == shape) {
-            return messages[message].text;
+            return "<q>" + markupText(cutText(messages[message].text)) + "</q>";
         }
     }
-    return report.shapes[shape].text;
+    return markupText(cutText(report.shapes[shape].text));
 }
 
-std::string said(const RunReport& report, RecordPlace place, bool withWords) {
+std::string said(const RunReport& report, RecordPlace place, const ShapeLinks& shapes,
+                 bool withWords) {
     const ReportedRecord& record = report.records[place];
     if (record.findings.empty() || !report.findingsAreKnown) {
         return {};
@@ -35,13 +37,12 @@ std::string said(const RunReport& report, RecordPlace place, bool withWords) {
     const std::vector<Finding> shown = shownFindings(report, record);
     std::string text = "\n<ul class=\"said\">\n";
     for (const Finding& finding : shown) {
-        text += "<li>" + shapeLink(finding.shape) +
-                (withWords
-                     ? " <q>" + markupText(cutText(wordsOf(report, place, finding.shape))) + "</q>"
-                     : "") +
-                " <span>line " + grouped(finding.line);
-        text += finding.messages == 1 ? "</span>\n"
-                                      : ", " + grouped(finding.messages) + " messages</span>\n";
+        text += "<li>" + shapes.of(finding.shape) +
+                (withWords ? " " + wordsOf(report, place, finding.shape) : "") + " <span>line " +
+                grouped(finding.line);
+        text += finding.messages == 1
+                    ? "</span>\n"
+                    : ", the first of " + grouped(finding.messages) + " messages</span>\n";
     }
     if (shown.size() < record.findings.size()) {
         text += "<li>And " + grouped(record.findings.size() - shown.size()) + " more.\n";
@@ -59,6 +60,7 @@ std::string left(const ReportedRecord& record, const std::vector<ProductLinks>& 
 
 std::string rows(const RunReport& report) {
     const std::vector<ProductLinks> links = productLinks(report, true);
+    const ShapeLinks shapes(report);
     std::size_t shown = 0;
     std::size_t room = roomForMessages;
     std::string text;
@@ -69,9 +71,9 @@ std::string rows(const RunReport& report) {
             continue;
         }
         ++shown;
-        std::string messages = said(report, place, true);
+        std::string messages = said(report, place, shapes, true);
         if (messages.size() > room) {
-            messages = said(report, place, false);
+            messages = said(report, place, shapes, false);
         } else {
             room -= messages.size();
         }
@@ -92,7 +94,9 @@ std::string failuresSection(const RunReport& report) {
     text += "<table class=\"failures\"><thead><tr><th scope=\"col\">Record<th "
             "scope=\"col\">Why, and what the tools said</thead><tbody>\n" +
             all + "</tbody></table>\n";
-    return text + moreText(report.totals.failed, RunReport::mostFailures, "failed record") +
+    return text +
+           moreText(report.totals.failed, RunReport::mostFailures, "failed record",
+                    AllAreIn::JsonAndCsv) +
            "</section>\n";
 }
 

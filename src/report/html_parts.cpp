@@ -27,12 +27,14 @@ std::string sectionBegin(std::string_view place, std::string_view heading, std::
                                    "</span>");
 }
 
-std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what) {
+std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what,
+                     AllAreIn reports) {
     if (all <= shown) {
         return {};
     }
     return "<p class=\"more\">And " + counted(all - shown, "more " + std::string(what)) +
-           ": reports as .json or .csv have all.</p>\n";
+           ": reports as .json " + (reports == AllAreIn::JsonAndCsv ? "or .csv " : "") +
+           "have all.</p>\n";
 }
 
 std::string timeElement(std::string_view time) {
@@ -56,14 +58,6 @@ std::string barCell(std::uint64_t part, std::uint64_t whole) {
 
 std::string numberCell(std::uint64_t number) {
     return "<td class=\"number\">" + grouped(number);
-}
-
-std::string shapeNumber(std::uint32_t place) {
-    return "#" + std::to_string(place + std::uint64_t{1});
-}
-
-std::string shapeLink(std::uint32_t place) {
-    return "<a href=\"#s" + shapeNumber(place).substr(1) + "\">" + shapeNumber(place) + "</a>";
 }
 
 } // namespace tarnwick

@@ -16,8 +16,13 @@ namespace tarnwick {
 [[nodiscard]] std::string sectionBegin(std::string_view place, std::string_view heading,
                                        std::uint64_t count);
 
+// The kinds of report that have all of what a page shows the first of. Those as .csv have records,
+// but neither shapes nor changes.
+enum class AllAreIn : std::uint8_t { Json, JsonAndCsv };
+
 // "And 12 more failed records: ..." where fewer are shown than there are; else nothing.
-[[nodiscard]] std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what);
+[[nodiscard]] std::string moreText(std::uint64_t all, std::uint64_t shown, std::string_view what,
+                                   AllAreIn reports);
 
 // A date as 2026-11-22T02:24:48Z, for people and for programs; any other text as it is.
 [[nodiscard]] std::string timeElement(std::string_view time);
@@ -28,9 +33,5 @@ namespace tarnwick {
 
 // A cell with a number.
 [[nodiscard]] std::string numberCell(std::uint64_t number);
-
-// A link to a shape's place in the table: "#12". Places count from 0, people from 1.
-[[nodiscard]] std::string shapeNumber(std::uint32_t place);
-[[nodiscard]] std::string shapeLink(std::uint32_t place);
 
 } // namespace tarnwick

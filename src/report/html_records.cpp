@@ -46,16 +46,8 @@ std::string stemAttribute(std::string_view name, const std::string& stem,
     return part == usual ? "" : " data-" + std::string(name) + "=\"" + part + "\"";
 }
 
-std::string shapeNumbers(const RunReport& report, const ReportedRecord& record) {
-    std::string text;
-    for (const Finding& finding : shownFindings(report, record)) {
-        text.append(text.empty() ? "" : " ").append(shapeNumber(finding.shape));
-    }
-    return record.findings.size() <= mostShapesOfRecord ? text : text + " ...";
-}
-
-std::string row(const RunReport& report, RecordPlace place,
-                const std::vector<ProductLinks>& linked) {
+std::string row(const RunReport& report, RecordPlace place, const std::vector<ProductLinks>& linked,
+                const ListedFindings& listed) {
     const ReportedRecord& record = report.records[place];
     const std::string usual = usualStem(record);
     std::string text;
@@ -65,7 +57,7 @@ std::string row(const RunReport& report, RecordPlace place,
     text.append(stemAttribute("c", record.cnsStem, usual));
     text.append("><th>").append(markupText(cutText(record.name)));
     text.append("<td>").append(stateWord(record.state));
-    text.append("<td>").append(shapeNumbers(report, record));
+    text.append("<td>").append(listed.of(record));
     text.append("<td>").append(grouped(findingsOf(report, record).messages));
     text.append("<td>").append(record.calls.empty() ? "" : secondsText(secondsOf(record)));
     text.append("<td>");
@@ -117,15 +109,21 @@ std::string controls() {
 
 void recordsSection(const RunReport& report, const ReportSink& sink) {
     const std::vector<ProductLinks> linked = linkedProducts(report);
-    sink(sectionBegin("records", "All records", report.records.size()) + products(report) +
-         controls() + "<noscript id=\"all\">");
+    const ListedFindings listed(report);
+    sink(sectionBegin("records", "All records", report.records.size()) + products(report));
+    if (!listed.areAll()) {
+        sink("<p class=\"remark\">There is no room for the numbers of all findings: each record "
+             "has its first " +
+             grouped(mostShapesOfRecord) + ", and is not found by another.</p>\n");
+    }
+    sink(controls() + "<noscript id=\"all\">");
     if (linked.size() < report.products.size()) {
         sink("<p class=\"remark\">There is no room for all links: each record leads to its first " +
              counted(linked.size(), "product") + ". With its script this page leads to all.</p>\n");
     }
     sink("<table class=\"records\">" + columns(false) + "<tbody>\n");
     for (RecordPlace place = 0; place < report.records.size(); ++place) {
-        sink(row(report, place, linked));
+        sink(row(report, place, linked, listed));
     }
     sink("</tbody></table></noscript>\n</section>\n");
 }

@@ -29,8 +29,8 @@
     };
     const fits = (text, words, state) =>
         (state === '' || (state === 'with findings' ? text.hasFindings : text.state === state)) &&
-        words.every(word => /^#\d+$/.test(word) && text.findings.includes(word + ' ') ||
-            text.name.includes(word) || text.state.includes(word));
+        words.every(word => /^#\d+$/.test(word) ? text.findings.includes(word + ' ')
+            : text.name.includes(word) || text.state.includes(word));
 
     const states = ['failed', 'not run', 'made', 'up to date'];
     const keyOf = [

@@ -21,7 +21,7 @@ class Page(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = folder.name
-        cls.pages = {kind: browsers.make(make_report, kind, cls.folder) for kind in ("small", "hostile", "1200")}
+        cls.pages = {kind: browsers.make(make_report, kind, cls.folder) for kind in ("small", "hostile", "findings", "1200")}
         cls.products = browsers.make_products(cls.pages["small"][1], cls.folder)
         cls.browser = browsers.start()
         cls.addClassCleanup(cls.browser.quit)
@@ -199,6 +199,16 @@ class Findings(Page):
         self.one("#s3 .show a").click()
         self.wait(lambda: self.status() == f"{report['shapes'][2]['records']:,} of 1,200 records")
         self.assertEqual(self.focused(), self.one("#filter"))
+
+    def test_As_many_are_found_as_the_link_says_also_of_the_thirtieth_finding_of_a_record(self):
+        report = self.open("findings")
+        for number in (30, 1):
+            self.one(f"#s{number} summary").click()
+            link = self.one(f"#s{number} .show a")
+            self.assertEqual(link.text, "Find all 3 among the records")
+            link.click()
+            self.wait(lambda: self.status() == "3 of 4 records")
+            self.assertEqual(self.column(0), [record["name"] for record in report["records"][:3]])
 
     def test_The_number_of_a_finding_leads_to_it_also_where_it_is_folded(self):
         self.open("small")

@@ -1,19 +1,11 @@
 #include "report/html_failures.hpp"
 #include "support/report_generator.hpp"
+#include "unit/report/times_in.hpp"
 
 #include <gtest/gtest.h>
 
 namespace tarnwick {
 namespace {
-
-std::size_t timesIn(const std::string& text, std::string_view part) {
-    std::size_t times = 0;
-    for (auto place = text.find(part); place != std::string::npos;
-         place = text.find(part, place + 1)) {
-        ++times;
-    }
-    return times;
-}
 
 TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies) {
     RunReport report = smallReport();
@@ -32,8 +24,8 @@ TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies
 <table class="failures"><thead><tr><th scope="col">Record<th scope="col">Why, and what the tools said</thead><tbody>
 <tr><th scope="row"><a href="#r1">lakes &amp; rivers.met</a><td>the tools say &quot;so&quot;
 <ul class="said">
-<li><a href="#s1">#1</a> <q>&quot;soon&quot; is no date</q> <span>line 3, 2 messages</span>
-<li><a href="#s3">#3</a> <q>… is empty</q> <span>line 4</span>
+<li><a href="#s1">#1</a> <q>&quot;soon&quot; is no date</q> <span>line 3, the first of 2 messages</span>
+<li><a href="#s3">#3</a> … is empty <span>line 4</span>
 <li><a href="#s2">#2</a> <q>3 errors</q> <span>line 9</span>
 </ul>
 <p class="left"><a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> <a href="../products/html/lakes%20%26%20rivers.html">Html</a> </p>
@@ -65,6 +57,7 @@ TEST(FailuresSection, Of_very_many_messages_the_first_are_shown_and_of_very_long
         shape.records = 1000;
         for (ReportedRecord& record : report.records) {
             record.findings.push_back({place, 1, place + 1});
+            record.messages.add({.shape = place, .line = place + 1, .text = shape.text});
         }
     }
     const std::string page = failuresSection(report);

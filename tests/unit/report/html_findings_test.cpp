@@ -1,5 +1,7 @@
 #include "report/html_findings.hpp"
 #include "support/report_generator.hpp"
+#include "unit/report/many_findings.hpp"
+#include "unit/report/times_in.hpp"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +43,51 @@ TEST(FindingsSection, Of_many_records_the_first_hundred_are_named) {
     EXPECT_TRUE(text.contains(">Find all 250 among the records</a>"));
 }
 
+TEST(FindingsSection, Of_long_names_every_shape_has_as_many_as_have_room) {
+    RunReport report;
+    report.shapes.assign(40, {.text = "so", .records = 100, .messages = 100});
+    report.records.assign(100, {.name = std::string(960, 'x') + ".met"});
+    for (ShapePlace place = 0; place < 40; ++place) {
+        for (ReportedRecord& record : report.records) {
+            record.findings.push_back({place, 1, 1});
+        }
+    }
+    const std::string text = findingsSection(report);
+    // A name and its link take 988 bytes: 50 of each shape are a little less than 2 MB.
+    EXPECT_EQ(timesIn(text, "<p class=\"more\">And 50 more.</p>"), 40U);
+    EXPECT_EQ(timesIn(text, "<li><a href=\"#r50\">"), 40U);
+    EXPECT_EQ(timesIn(text, "<li><a href=\"#r51\">"), 0U);
+}
+
+TEST(FindingsSection, Names_for_which_there_is_no_room_at_all_are_left_to_the_list) {
+    RunReport report;
+    report.shapes.assign(500, {.text = "so", .records = 1, .messages = 1});
+    for (ShapePlace place = 0; place < 500; ++place) {
+        report.records.push_back({.name = std::string(1000, '"'), .findings = {{place, 1, 1}}});
+    }
+    const std::string text = findingsSection(report);
+    EXPECT_FALSE(text.contains("class=\"names\""));
+    EXPECT_FALSE(text.contains(" more."));
+    EXPECT_EQ(timesIn(text, ">Find it among the records</a>"), 500U);
+}
+
+TEST(FindingsSection, Of_very_many_shapes_the_first_are_shown) {
+    RunReport report;
+    report.shapes.assign(502, {.text = "so", .records = 1, .messages = 1});
+    EXPECT_TRUE(findingsSection(report).contains(
+        "<p class=\"more\">And 2 more messages: reports as .json have all.</p>"));
+}
+
+TEST(FindingsSection, A_link_that_finds_all_is_there_where_the_rows_of_all_records_name_the_shape) {
+    const std::string text = findingsSection(reportWithMoreFindingsThanRoom());
+    EXPECT_TRUE(text.contains(
+        "data-show=\"#3\">Find all 1,501 among the records</a> (in the column Findings: #3)"));
+    EXPECT_TRUE(text.contains("data-show=\"#25\">"));
+    EXPECT_TRUE(text.contains("id=\"s26\""));
+    EXPECT_FALSE(text.contains("data-show=\"#26\">"));
+    EXPECT_FALSE(text.contains("Findings: #26)"));
+}
+
 TEST(FindingsSection, The_change_is_counted_in_records) {
     RunReport report = smallReport();
     report.shapes[0].recordsBefore = 4;
@@ -73,6 +120,31 @@ TEST(ChangesSection, New_and_gone_are_told_by_shape_and_by_record) {
 </tbody></table>
 </section>
 )");
+}
+
+TEST(ChangesSection, Of_many_new_or_gone_shapes_of_a_record_the_first_are_named) {
+    RunReport report;
+    report.hasRunBefore = true;
+    report.shapes.assign(52, {.text = "so", .recordsBefore = 1});
+    report.records = {{.name = "a.met"}};
+    RecordChange change;
+    for (ShapePlace place = 0; place < 26; ++place) {
+        change.appeared.push_back(place);
+        change.gone.push_back(26 + place);
+    }
+    change.appeared.pop_back();
+    report.changes = {change};
+    EXPECT_TRUE(changesSection(report).contains(" #24 #25<td>#27 #28 "));
+    EXPECT_TRUE(changesSection(report).contains(" #50 #51 and 1 more\n</tbody>"));
+}
+
+TEST(ChangesSection, Of_very_many_changed_records_the_first_are_shown) {
+    RunReport report;
+    report.hasRunBefore = true;
+    report.records = {{.name = "a.met"}};
+    report.changes.assign(1001, {});
+    EXPECT_TRUE(changesSection(report).contains(
+        "<p class=\"more\">And 1 more record: reports as .json have all.</p>"));
 }
 
 TEST(ChangesSection, Without_a_run_before_there_is_none) {

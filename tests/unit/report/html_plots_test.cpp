@@ -1,19 +1,11 @@
 #include "report/html_plots.hpp"
 #include "support/report_generator.hpp"
+#include "unit/report/times_in.hpp"
 
 #include <gtest/gtest.h>
 
 namespace tarnwick {
 namespace {
-
-std::size_t timesIn(std::string_view text, std::string_view part) {
-    std::size_t count = 0;
-    for (std::size_t place = 0; (place = text.find(part, place)) != std::string_view::npos;
-         ++place) {
-        ++count;
-    }
-    return count;
-}
 
 TEST(StateBar, Its_parts_are_as_wide_as_they_are_many) {
     const std::string bar = stateBar(smallReport());

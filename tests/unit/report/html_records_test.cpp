@@ -1,5 +1,6 @@
 #include "report/html_records.hpp"
 #include "support/report_generator.hpp"
+#include "unit/report/many_findings.hpp"
 
 #include <gtest/gtest.h>
 
@@ -46,15 +47,28 @@ TEST(RecordsSection, A_stem_that_the_shown_name_does_not_give_is_said) {
         "<a href=\"out/caf%E9.html\">Html</a> \n"));
 }
 
-TEST(RecordsSection, Messages_that_few_records_have_stand_first_and_not_too_many) {
+TEST(RecordsSection, A_row_has_all_its_findings_those_of_most_records_first) {
     RunReport report = smallReport();
-    report.records[0].findings = {{1, 1, 1}, {0, 1, 2}};
-    EXPECT_TRUE(sectionOf(report).contains("<td>#1 #2<td>"));
-    report.shapes.resize(27);
-    for (ShapePlace place = 2; place < 27; ++place) {
-        report.records[0].findings.push_back({place, 1, 1});
+    report.shapes.resize(30);
+    report.records[0].findings = {};
+    for (ShapePlace place = 30; place > 0; --place) {
+        report.records[0].findings.push_back({place - 1, 1, 1});
     }
-    EXPECT_TRUE(sectionOf(report).contains(" #24 #25 #26 ...<td>"));
+    const std::string text = sectionOf(report);
+    EXPECT_TRUE(text.contains(
+        "<td>made<td>#1 #2 #3 #4 #5 #6 #7 #8 #9 #10 #11 #12 #13 #14 #15 #16 #17 #18 #19 #20 #21 "
+        "#22 #23 #24 #25 #26 #27 #28 #29 #30<td>"));
+    EXPECT_FALSE(text.contains("There is no room"));
+}
+
+TEST(RecordsSection, Where_all_findings_have_no_room_each_row_has_its_first_and_the_page_says_so) {
+    const std::string text = sectionOf(reportWithMoreFindingsThanRoom());
+    EXPECT_TRUE(
+        text.contains("<p class=\"remark\">There is no room for the numbers of all findings: "
+                      "each record has its first 25, and is not found by another.</p>\n"));
+    EXPECT_TRUE(text.contains("<th>a.met<td>not run<td>#1 #3<td>"));
+    EXPECT_TRUE(text.contains(" #23 #24 #25 ...<td>"));
+    EXPECT_FALSE(text.contains("#26"));
 }
 
 TEST(RecordsSection, Links_for_which_there_is_no_room_are_left_to_the_script) {

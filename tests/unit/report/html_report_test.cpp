@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+#include <string_view>
+
 namespace tarnwick {
 namespace {
 
@@ -49,6 +53,38 @@ TEST(HtmlReport, The_mark_of_the_script_depends_on_every_text) {
     report.records[1].name = "tide,stations.met";
     EXPECT_NE(markOf(one), markOf(textOf(htmlReport, report)));
     EXPECT_EQ(markOf(one), markOf(textOf(htmlReport, smallReport())));
+}
+
+TEST(HtmlReport, Every_link_within_the_page_leads_to_something) {
+    RunReport report;
+    report.hasRunBefore = true;
+    report.shapes.assign(801, {.text = "so", .records = 1, .messages = 1});
+    report.shapes.back() = {.text = "gone", .recordsBefore = 1};
+    report.shapes.front().common = true;
+    report.records.assign(
+        800, {.name = "a.met", .state = ReportedRecord::State::Failed, .calls = {{"MP", 2, 1}}});
+    for (ShapePlace place = 0; place < 800; ++place) {
+        report.records[place].findings = {{place, 1, 1}};
+        report.shapes[place].examples = {{place, 1, "so"}};
+        report.changes.push_back({place, {place}, {800}});
+    }
+    std::string page = textOf(htmlReport, report);
+    page.resize(page.find("<script"));
+    constexpr std::string_view link = "href=\"#";
+    std::set<std::string> targets;
+    for (auto at = page.find(link); at != std::string::npos; at = page.find(link, at + 1)) {
+        const auto begin = at + link.size();
+        targets.insert(page.substr(begin, page.find('"', begin) - begin));
+    }
+    for (const std::string& target : targets) {
+        EXPECT_TRUE(page.contains("id=\"" + target + "\"") || page.contains("id=" + target + ">") ||
+                    page.contains("id=" + target + " "))
+            << target;
+    }
+    EXPECT_TRUE(targets.contains("s501")); // the five hundredth that is not common
+    EXPECT_FALSE(targets.contains("s502"));
+    EXPECT_TRUE(targets.contains("r800"));
+    EXPECT_TRUE(page.contains("<td>#502<td>#801\n")); // a change is told by its number alone
 }
 
 TEST(HtmlReport, Where_findings_are_not_known_the_page_has_its_remarks_and_shows_none) {

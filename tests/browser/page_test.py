@@ -86,7 +86,7 @@ class Records(Page):
         self.assertEqual(self.column(0), [record["name"] for record in report["records"]])
         self.assertEqual(self.column(1), ["made", "up to date", "failed"])
         self.assertEqual(self.column(2), ["#1 #2", "", ""])
-        self.assertEqual(self.column(3), ["2", "0", "0"])
+        self.assertEqual(self.column(3), ["14", "0", "0"])
         self.assertEqual(self.column(4), ["0.015", "1.500", "0.500"])
         self.assertEqual(self.status(), "3 records")
 

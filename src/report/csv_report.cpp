@@ -13,8 +13,10 @@ std::string lineOf(const RunReport& report, const ReportedRecord& record) {
     const FindingCounts counts = findingsOf(report, record);
     text.append(csvCell(record.name)).append(",").append(stateWord(record.state)).append(",");
     text.append(csvCell(record.why)).append(",");
-    text.append(std::to_string(counts.shapes)).append(",");
-    text.append(std::to_string(counts.messages)).append(",");
+    const auto known = [&](std::uint64_t count) { // nothing is not 0
+        return report.findingsAreKnown ? std::to_string(count) : "";
+    };
+    text.append(known(counts.shapes)).append(",").append(known(counts.messages)).append(",");
     text.append(record.calls.empty() ? "" : secondsText(secondsOf(record))).append(",");
     return text.append(csvCell(callsText(record))).append("\r\n");
 }

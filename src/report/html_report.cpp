@@ -40,19 +40,19 @@ std::string remarks(const RunReport& report) {
     for (const std::string& remark : report.remarks) {
         text += "<p class=\"remark\">" + markupText(cutText(remark)) + "</p>\n";
     }
-    if (!report.findingsAreKnown) {
-        text += "<p class=\"remark\">The definition asks for no error reports: what the tools "
-                "found in the records is not known.</p>\n";
-    }
     return text;
 }
 
 std::string head(const RunReport& report) {
     const std::string definition = markupText(cutText(report.definition));
-    const std::string when = report.totals.begun.empty()
-                                 ? ""
-                                 : "Run of " + timeElement(report.totals.begun) + ", which took " +
-                                       durationText(sensibleSeconds(report.totals.seconds)) + ". ";
+    std::string when;
+    if (!report.totals.begun.empty()) {
+        when = "Run of " + timeElement(report.totals.begun) +
+               (report.lastRunIsWhole
+                    ? ", which took " + durationText(sensibleSeconds(report.totals.seconds))
+                    : ", which was of some records only, or has not come to its end") +
+               ". ";
+    }
     return "<header>\n<h1>" + definition + "</h1>\n<p>" + when + "Report made " +
            timeElement(report.made) + ".</p>\n</header>\n";
 }

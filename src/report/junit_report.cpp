@@ -17,15 +17,19 @@ std::string attribute(std::string_view name, std::string_view value) {
 }
 
 // A line for each: "line 3: Error (line 12): ...". What nearly every record has says nothing of
-// this one.
+// this one, unless it has failed.
 std::string messagesText(const RunReport& report, const ReportedRecord& record) {
     std::string text;
+    const bool failed = record.state == State::Failed; // then it may be what failed all of them
     for (std::size_t place = 0; place < record.messages.size(); ++place) {
         const auto [shape, line, message] = record.messages[place];
-        if (!report.shapes.at(shape).common) {
+        if (failed || !report.shapes.at(shape).common) {
             text.append("line ").append(std::to_string(line)).append(": ");
             text.append(markupText(message)).append("\n");
         }
+    }
+    if (record.messagesLeftOut > 0) {
+        text += "And " + counted(record.messagesLeftOut, "message") + " more.\n";
     }
     return text;
 }

@@ -275,9 +275,9 @@ KeptFindings readFindings(const Files& files, const FindingsRequest& request) {
 }
 
 void countFindings(const KeptFindings& findings, RunTotals& totals) {
-    for (const auto& ofRecord : findings.findings) {
-        std::uint64_t messages = 0;
-        for (const Finding& finding : ofRecord) {
+    for (std::size_t record = 0; record < findings.findings.size(); ++record) {
+        std::uint64_t messages = findings.leftOut[record];
+        for (const Finding& finding : findings.findings[record]) {
             messages += findings.shapes[finding.shape].common ? 0 : finding.messages;
         }
         totals.messages += messages;

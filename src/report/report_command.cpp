@@ -40,10 +40,22 @@ std::string_view objection(const Files& files, const BatchDefinition& definition
     if (seemsRecord(definition, path)) {
         return "it would be taken for a record";
     }
+    if (FolderExists(files, path)) {
+        return "a folder has that name";
+    }
     if (!isFree(files, path, reportKindOf(path).value_or(ReportKind::Html))) {
         return "another file has that name";
     }
     return "";
+}
+
+RunTotals countsOf(const RunEnd& end) {
+    return {.begun = end.begun,
+            .seconds = end.summary.seconds,
+            .made = end.summary.made,
+            .upToDate = end.summary.upToDate,
+            .failed = end.summary.failed,
+            .notRun = end.summary.notRun};
 }
 
 class ReportWriter {
@@ -52,7 +64,10 @@ class ReportWriter {
         : request_(request), services_(services), utf8_(utf8) {}
 
     // What the reports say of others who are at work.
+    // What people who read none of the reports should know of them.
     [[nodiscard]] const std::vector<std::string>& remarks() const noexcept { return remarks_; }
+    // Whether every record is made, as far as the reports tell.
+    [[nodiscard]] bool allAreMade() const noexcept { return allAreMade_; }
 
     // Of a run that has just ended, what it came to is among the runs before it is kept.
     RunEndNotes writeAll(const Job& job, const Products& products, const RunEnd* end) {
@@ -68,8 +83,10 @@ class ReportWriter {
                                             .texts = textsTold()},
                                            services_, utf8_);
             remarks_ = report.remarks;
+            allAreMade_ = report.totals.failed == 0 && report.totals.notRun == 0;
             if (end != nullptr) {
                 report.totals.seconds = end->summary.seconds;
+                report.lastRunIsWhole = true;
             }
             if (end != nullptr && !request_.ofSomeRecords) {
                 notes.totals = report.totals;
@@ -80,6 +97,10 @@ class ReportWriter {
             }
         } catch (const RunTimeError& error) {
             notes.faults.push_back("No report can be made: " + error.record().description + ".");
+            if (end != nullptr && !request_.ofSomeRecords) { // the run is a run all the same
+                notes.totals = countsOf(*end);
+                notes.findingsAsBefore = true;
+            }
         }
         return notes;
     }
@@ -127,16 +148,8 @@ class ReportWriter {
     const RunnerServices& services_;
     const ToUtf8& utf8_;
     std::vector<std::string> remarks_;
+    bool allAreMade_ = false;
 };
-
-RunTotals countsOf(const RunEnd& end) {
-    return {.begun = end.begun,
-            .seconds = end.summary.seconds,
-            .made = end.summary.made,
-            .upToDate = end.summary.upToDate,
-            .failed = end.summary.failed,
-            .notRun = end.summary.notRun};
-}
 
 // Without a report to write, no folder is listed again, and of the logs only the own one is read;
 // not even that where nothing was to do.
@@ -223,6 +236,10 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
     job.listing.reset(); // it is asked for again only where products lie among the records
     KnownFolders folders(services.files);
     const Products products(job.definition, folders);
+    if (!request.patterns.failOn.empty() && !messagesAreKnown(products)) {
+        console.complain(nothingCouldFail);
+        return ExitStatus::NothingRun;
+    }
     ReportWriter writer(request, services, utf8);
     const RunEndNotes notes = writer.writeAll(job, products, nullptr);
     for (const std::string& remark : writer.remarks()) {
@@ -234,7 +251,9 @@ ExitStatus reportOnRuns(const BatchDefinition& definition, const RunRequest& run
     for (const std::string& fault : notes.faults) {
         console.complain(fault);
     }
-    return notes.faults.empty() ? ExitStatus::Done : ExitStatus::SomeFailed;
+    const bool insisted = !request.patterns.failOn.empty(); // else a report only tells
+    return notes.faults.empty() && (!insisted || writer.allAreMade()) ? ExitStatus::Done
+                                                                      : ExitStatus::SomeFailed;
 }
 
 } // namespace tarnwick

@@ -61,7 +61,7 @@ double secondsOf(const ReportedRecord& record) noexcept {
 }
 
 FindingCounts findingsOf(const RunReport& report, const ReportedRecord& record) {
-    FindingCounts counts;
+    FindingCounts counts{.shapes = 0, .messages = record.messagesLeftOut};
     for (const Finding& finding : record.findings) {
         if (!report.shapes.at(finding.shape).common) {
             ++counts.shapes;

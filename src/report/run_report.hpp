@@ -76,10 +76,8 @@ struct ReportedRecord {
     // when it failed and they were removed, or was never made.
     std::string mpStem{};
     std::string cnsStem{};
-    KeptMessages messages{}; // all of `findings`, where their texts are held
-    // So many more the tools have said; in their place stands "[messages left out: 1234]" among
-    // those that are kept.
-    std::uint64_t messagesLeftOut = 0;
+    KeptMessages messages{};           // all of `findings`, where their texts are held
+    std::uint64_t messagesLeftOut = 0; // so many more the tools have said
 
     bool operator==(const ReportedRecord&) const = default;
 };
@@ -116,9 +114,11 @@ struct RunReport {
     static constexpr std::size_t mostRuns = 50;
     static constexpr std::size_t mostFailures = 1000; // that people are told of one by one
 
-    std::string definition{};              // its file name, without a folder
-    std::string made{};                    // when this report was, UTC
-    RunTotals totals{};                    // as it stands now
+    std::string definition{}; // its file name, without a folder
+    std::string made{};       // when this report was, UTC
+    RunTotals totals{};       // as it stands now
+    // Whether the last run was over all records and has ended: else its seconds are not known.
+    bool lastRunIsWhole = true;
     std::vector<RunTotals> runs{};         // the last mostRuns, oldest first, the last among them
     std::vector<ReportedRecord> records{}; // by name
     std::vector<ReportedProduct> products{};

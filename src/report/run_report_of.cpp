@@ -34,6 +34,7 @@ class ReportMaker {
         report_.findingsAreKnown = messagesAreKnown(subject_.products);
         report_.remarks = remarksOnWriters(services_.files, services_.locks, subject_.stateFolder,
                                            subject_.holder);
+        addRemarks();
         gatherNames();
         plan();
         findRulings();
@@ -50,6 +51,20 @@ class ReportMaker {
 
   private:
     const Job& job() const { return subject_.job; }
+
+    void addRemarks() {
+        if (!report_.findingsAreKnown) {
+            report_.remarks.emplace_back("The definition asks for no error reports: what the tools "
+                                         "found in the records is not known.");
+        }
+        for (const std::string& pattern : subject_.patterns.ignore) {
+            report_.remarks.push_back("Messages like " + quoted(utf8_(pattern)) + " are left out.");
+        }
+        for (const std::string& pattern : subject_.patterns.failOn) {
+            report_.remarks.push_back("A record with a message like " + quoted(utf8_(pattern)) +
+                                      " counts as failed.");
+        }
+    }
 
     void gatherNames() {
         names_.reserve(job().records.size() + job().refused.size());
@@ -184,7 +199,9 @@ class ReportMaker {
         report_.hasRunBefore = found.hasRunBefore;
         report_.runs = std::move(found.runs);
         report_.totals.begun = logs_.lastBegun();
-        if (!report_.runs.empty() && report_.runs.back().begun == report_.totals.begun) {
+        report_.lastRunIsWhole =
+            !report_.runs.empty() && report_.runs.back().begun == report_.totals.begun;
+        if (report_.lastRunIsWhole) {
             report_.totals.seconds = report_.runs.back().seconds;
         }
     }

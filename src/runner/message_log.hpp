@@ -32,7 +32,7 @@ struct MessagesLine {
 
     // Of messages that are not all kept, or not whole.
     struct Missing {
-        std::uint64_t leftOut = 0; // so many more there were
+        std::uint64_t leftOut = 0; // RecordMessages::leftOut
         // MessagePatterns::mark of those which saw all that was said, and failed nothing; 0: none.
         std::uint64_t judgedBy = 0;
 

@@ -77,12 +77,6 @@ class MessageReader {
             }
         }
         endLine();
-        messages_.leftOut += leftOut_;
-        if (leftOut_ > 0) {
-            messages_.kept.push_back(
-                {.line = firstLeftOut_,
-                 .text = "[messages left out: " + std::to_string(leftOut_) + "]"});
-        }
     }
 
   private:
@@ -109,17 +103,20 @@ class MessageReader {
             text = toolText_(text);
         }
         const bool fails = messages_.failing.empty() && patterns_.fails(text);
+        const bool isIgnored = patterns_.isIgnored(text);
         const bool isCut = text.size() > longestMessage;
         text = shortened(text, longestMessage);
         if (fails) {
             messages_.failing = text;
         }
-        if (kept_ < mostMessages) {
-            ++kept_;
-            messages_.isCut = messages_.isCut || isCut;
+        std::size_t& kept = isIgnored ? keptIgnored_ : kept_;
+        if (kept < mostMessages) {
+            ++kept;
+            messages_.isPart = messages_.isPart || isCut;
             messages_.kept.push_back({.line = number_, .text = std::move(text)});
-        } else if (leftOut_++ == 0) {
-            firstLeftOut_ = number_;
+        } else {
+            messages_.isPart = true;
+            messages_.leftOut += isIgnored ? 0 : 1;
         }
     }
 
@@ -130,8 +127,7 @@ class MessageReader {
     bool afterReturn_ = false;
     std::uint32_t number_ = 0;
     std::size_t kept_ = 0;
-    std::uint64_t leftOut_ = 0;
-    std::uint32_t firstLeftOut_ = 0;
+    std::size_t keptIgnored_ = 0; // these take nobody's place, and are there for other patterns
 };
 
 } // namespace

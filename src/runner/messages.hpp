@@ -30,8 +30,8 @@ struct ToolMessage {
 struct RecordMessages {
     std::vector<ToolMessage> kept; // CNS's, then MP's; in the order of their files
     std::string failing;           // the first that fails the record, be it kept or not
-    std::uint64_t leftOut = 0;     // so many more there were
-    bool isCut = false;            // of one that is kept, the end is missing
+    std::uint64_t leftOut = 0;     // so many more there were that nobody ignores
+    bool isPart = false;           // some are left out, or of one that is kept the end is missing
 
     bool operator==(const RecordMessages&) const = default;
 };
@@ -41,6 +41,11 @@ struct RecordMessages {
 
 // Whether the tools are asked for such a product.
 [[nodiscard]] bool messagesAreKnown(const Products& products);
+
+// Why --fail-on is refused otherwise.
+inline constexpr std::string_view nothingCouldFail =
+    "Nothing could fail by --fail-on: the definition asks for no error report of MP and no "
+    "leftovers of CNS.";
 
 // Why such a message fails its record, as a sentence.
 [[nodiscard]] std::string messageFailure(std::string_view message);

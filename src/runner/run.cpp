@@ -227,7 +227,7 @@ class OwnedRun {
             .run = parts_.run, .record = outcome.record, .known = outcome.messages.has_value()};
         if (outcome.messages) {
             line.messages = outcome.messages->kept;
-            if (outcome.messages->leftOut > 0 || outcome.messages->isCut) {
+            if (outcome.messages->isPart) {
                 const bool isClean = outcome.messages->failing.empty();
                 line.missing = {.leftOut = outcome.messages->leftOut,
                                 .judgedBy = isClean ? parts_.settings.messages.mark() : 0};

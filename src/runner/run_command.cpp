@@ -90,8 +90,7 @@ class DefinitionRun {
             KnownFolders folders(services_.files);
             const Products products(job.definition, folders);
             if (!request_.settings.messages.failOn.empty() && !messagesAreKnown(products)) {
-                return refuse({"Nothing could fail by --fail-on: the definition asks for no error "
-                               "report of MP and no leftovers of CNS."});
+                return refuse({std::string(nothingCouldFail)});
             }
             return request_.dryRun ? tellPlan(job, products) : run(job, products);
         } catch (const RunTimeError& error) {

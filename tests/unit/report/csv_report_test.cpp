@@ -12,7 +12,7 @@ namespace {
 TEST(CsvReport, A_record_is_a_line) {
     EXPECT_EQ(textOf(csvReport, smallReport()),
               "\xEF\xBB\xBFrecord,state,why,shapes,messages,seconds,calls\r\n"
-              "lakes & rivers.met,made,,1,2,0.015,\"CNS 0 in 0.002 s; MP 0 in 0.013 s\"\r\n"
+              "lakes & rivers.met,made,,1,14,0.015,\"CNS 0 in 0.002 s; MP 0 in 0.013 s\"\r\n"
               "tide.stations.met,up to date,,0,0,1.500,MP 0 in 1.500 s\r\n"
               "wells.met,failed,\"MP ended with status 2: no element: \"\"West\"\"\",0,0,0.500,"
               "MP 2 in 0.500 s\r\n");

@@ -17,7 +17,7 @@ TEST(RecordsSection, A_row_has_the_record_and_links_to_its_products) {
     EXPECT_TRUE(sectionOf(smallReport())
                     .contains(
                         R"(<tbody>
-<tr id=r1><th>lakes &amp; rivers.met<td>made<td>#1 #2<td>2<td>0.015<td><a href="../products/html/lakes%20%26%20rivers.html">Html</a> <a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> )"
+<tr id=r1><th>lakes &amp; rivers.met<td>made<td>#1 #2<td>14<td>0.015<td><a href="../products/html/lakes%20%26%20rivers.html">Html</a> <a href="../products/errors/lakes%20%26%20rivers.err">Error</a> <a href="../products/left%20overs/lakes%20%26%20rivers.left">Leftovers</a> )"
                         R"(
 <tr id=r2 data-c=""><th>tide.stations.met<td>up to date<td><td>0<td>1.500<td><a href="../products/html/tide.stations.html">Html</a> <a href="../products/errors/tide.stations.err">Error</a> )"
                         R"(

@@ -17,13 +17,13 @@ TEST(JsonReport, Everything_stands_there_a_record_on_a_line) {
     EXPECT_EQ(textOf(jsonReport, smallReport()), R"x({"format": "tarnwick-run report 1",
 "definition": "nightly.ini",
 "made": "2026-11-22T02:37:22Z",
-"totals": {"begun":"2026-11-22T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":1,"notRun":0,"recordsWithFindings":1,"messages":2},
+"totals": {"begun":"2026-11-22T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":1,"notRun":0,"recordsWithFindings":1,"messages":14},
 "findingsAreKnown": true,
 "hasRunBefore": true,
 "remarks": ["Share 2 of 4 is still at work."],
 "runs": [
-{"begun":"2026-11-21T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":2,"notRun":0,"recordsWithFindings":1,"messages":2},
-{"begun":"2026-11-22T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":1,"notRun":0,"recordsWithFindings":1,"messages":2}],
+{"begun":"2026-11-21T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":2,"notRun":0,"recordsWithFindings":1,"messages":14},
+{"begun":"2026-11-22T02:24:48Z","seconds":754.0,"made":1,"upToDate":1,"failed":1,"notRun":0,"recordsWithFindings":1,"messages":14}],
 "products": [
 {"label":"Html","folder":"../products/html/","suffix":".html","tool":"MP"},
 {"label":"Error","folder":"../products/errors/","suffix":".err","tool":"MP"},

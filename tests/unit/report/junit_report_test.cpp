@@ -14,6 +14,7 @@ TEST(JunitReport, A_record_is_a_case) {
 <testcase classname="nightly.ini" name="lakes &amp; rivers.met" time="0.015">
 <system-out>line 3: Error (line 3): &quot;soon&quot; is no date
 line 301: Error (line 7): &quot;late&quot; is no date
+And 12 messages more.
 </system-out>
 </testcase>
 <testcase classname="nightly.ini" name="tide.stations.met" time="1.500">
@@ -36,6 +37,16 @@ TEST(JunitReport, A_failed_record_says_what_the_tools_said_too) {
     EXPECT_TRUE(textOf(junitReport, report)
                     .contains("MP ended with status 2: no element: &quot;West&quot;\n"
                               "line 4: &quot;never&quot; is no date\n</failure>"));
+}
+
+TEST(JunitReport,
+     A_failed_record_says_also_what_nearly_every_record_has_and_how_much_more_there_was) {
+    RunReport report = smallReport();
+    report.records[2].findings = {{1, 1, 4}};
+    report.records[2].messages.add({.shape = 1, .line = 4, .text = "no licence"});
+    report.records[2].messagesLeftOut = 1234;
+    EXPECT_TRUE(textOf(junitReport, report)
+                    .contains("line 4: no licence\nAnd 1,234 messages more.\n</failure>"));
 }
 
 TEST(JunitReport, Nothing_is_said_where_all_is_what_nearly_every_record_has) {

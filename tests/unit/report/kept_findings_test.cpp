@@ -115,7 +115,12 @@ TEST_F(KeptFindingsOfRuns, How_many_messages_were_left_out_is_known) {
                              .record = "b",
                              .messages = {{.line = 1, .text = "x"}},
                              .missing = MessagesLine::Missing{.leftOut = 1234}});
-    EXPECT_THAT(read(1).leftOut, ElementsAre(0, 1234, 0));
+    const KeptFindings found = read(1);
+    EXPECT_THAT(found.leftOut, ElementsAre(0, 1234, 0));
+    RunTotals totals;
+    countFindings(found, totals);
+    EXPECT_EQ(totals.recordsWithFindings, 1U);
+    EXPECT_EQ(totals.messages, 1235U);
 }
 
 TEST_F(KeptFindingsOfRuns, Are_judged_by_what_a_run_with_the_same_patterns_saw) {

@@ -159,12 +159,44 @@ TEST_F(ReportsOnRuns, Say_of_each_failure_what_the_tools_said_in_their_own_words
     EXPECT_THAT(machine_.world.read(R"(C:\job\out.html)"), HasSubstr("<q>in line 7</q>"));
 }
 
+TEST_F(ReportsOnRuns, Say_that_the_last_run_was_no_whole_one) {
+    machine_.writeRecord("a.met");
+    machine_.writeRecord("b.met");
+    EXPECT_EQ(run(), ExitStatus::Done);
+    EXPECT_TRUE(value().lastRunIsWhole);
+    machine_.clock.date = "2026-11-22T09:02:03Z";
+    machine_.writeRecord("b.met", "changed");
+    machine_.request.job.records = {"b.met"};
+    request_.ofSomeRecords = true;
+    EXPECT_EQ(run(), ExitStatus::Done);
+    machine_.request.job.records.clear();
+    EXPECT_FALSE(value().lastRunIsWhole);
+    EXPECT_EQ(value().totals.seconds, 0);
+    EXPECT_THAT(reportText(ReportKind::Html, value()),
+                HasSubstr(", which was of some records only, or has not come to its end."));
+}
+
+TEST_F(ReportsOnRuns, Say_by_which_patterns_they_were_made) {
+    machine_.writeRecord("a.met", "noise 1\nbad");
+    machine_.request.settings.messages = {.ignore = {"noise*"}, .failOn = {"bad"}};
+    EXPECT_EQ(run(), ExitStatus::SomeFailed);
+    EXPECT_THAT(value().remarks,
+                ElementsAre("Messages like \"noise*\" are left out.",
+                            "A record with a message like \"bad\" counts as failed."));
+    EXPECT_EQ(report(), ExitStatus::SomeFailed); // who insists is told by the status
+    machine_.request.settings.messages = {};
+    request_.patterns = {};
+    EXPECT_EQ(report(), ExitStatus::Done);
+}
+
 TEST_F(ReportsOnRuns, That_could_not_be_written_are_told_before_anything_is_run) {
     machine_.definition.sInputExtensions = "*.xml";
     machine_.writeRecord("a.xml", "record");
     machine_.world.write(R"(C:\job\page.html)", "somebody's");
-    request_.files = {R"(C:\gone\out.html)", R"(C:\in\b.xml)", R"(C:\job\page.html)",
-                      R"(C:\job\fine.html)", R"(C:\job\night.state\fine.html)"};
+    machine_.world.makeFolder(R"(C:\job\folder.html)");
+    request_.files = {R"(C:\gone\out.html)",   R"(C:\in\b.xml)",
+                      R"(C:\job\folder.html)", R"(C:\job\page.html)",
+                      R"(C:\job\fine.html)",   R"(C:\job\night.state\fine.html)"};
     std::string told;
     machine_.processes.act = [&](const ToolCall& call) {
         told = machine_.terminal.error;
@@ -178,6 +210,7 @@ TEST_F(ReportsOnRuns, That_could_not_be_written_are_told_before_anything_is_run)
     };
     EXPECT_EQ(told, remark("gone/out.html", "its folder does not exist") +
                         remark("in/b.xml", "it would be taken for a record") +
+                        remark("job/folder.html", "a folder has that name") +
                         remark("job/page.html", "another file has that name"));
     EXPECT_TRUE(machine_.world.exists(R"(C:\job\fine.html)"));
     EXPECT_TRUE(machine_.world.exists(R"(C:\job\night.state\fine.html)"));
@@ -224,7 +257,7 @@ TEST_F(ReportsOnRuns, A_record_of_which_not_all_messages_are_known_is_not_clean)
     machine_.writeRecord("b.met", "fine");
     EXPECT_EQ(run(), ExitStatus::Done);
     EXPECT_EQ(states(), "a.met:m b.met:m");
-    EXPECT_EQ(value().records[0].messages.size(), mostMessages + 1);
+    EXPECT_EQ(value().records[0].messages.size(), mostMessages);
     EXPECT_EQ(value().records[0].messagesLeftOut, 1U);
     request_.patterns.failOn = {"bad"};
     EXPECT_EQ(states(), "a.met:- b.met:m");
@@ -284,6 +317,16 @@ TEST_F(ReportsOnRuns, Say_where_nothing_was_asked_of_the_tools) {
     machine_.writeRecord("a.met");
     EXPECT_EQ(run(), ExitStatus::Done);
     EXPECT_FALSE(value().findingsAreKnown);
+    EXPECT_THAT(value().remarks, ElementsAre("The definition asks for no error reports: what the "
+                                             "tools found in the records is not known."));
+    request_.files = {R"(C:\job\out.csv)"};
+    EXPECT_EQ(report(), ExitStatus::Done);
+    EXPECT_THAT(machine_.world.read(R"(C:\job\out.csv)"), HasSubstr("\r\na.met,made,,,,"));
+    machine_.request.settings.messages.failOn = {"bad"};
+    request_.patterns = machine_.request.settings.messages;
+    EXPECT_EQ(report(), ExitStatus::NothingRun);
+    machine_.request.settings.messages = {};
+    request_.patterns = {};
     output(machine_.definition, "Error").bBuild = true;
     EXPECT_TRUE(value().findingsAreKnown);
 }

@@ -79,17 +79,29 @@ TEST(Messages, Are_cut_visibly_where_they_are_long) {
               longestMessage - 1);
 }
 
-TEST(Messages, Of_more_than_are_kept_the_last_says_how_many) {
+TEST(Messages, Of_more_than_are_kept_it_is_known_how_many) {
     std::string text;
     for (std::size_t line = 1; line <= mostMessages + 1234; ++line) {
         text += std::to_string(line) + "\n\n";
     }
-    const auto kept = messagesOf(text).kept;
-    ASSERT_EQ(kept.size(), mostMessages + 1);
-    EXPECT_EQ(kept[mostMessages - 1],
+    const RecordMessages messages = messagesOf(text);
+    ASSERT_EQ(messages.kept.size(), mostMessages);
+    EXPECT_EQ(messages.kept.back(),
               (ToolMessage{.line = (2 * mostMessages) - 1, .text = std::to_string(mostMessages)}));
-    EXPECT_EQ(kept.back(),
-              (ToolMessage{.line = (2 * mostMessages) + 1, .text = "[messages left out: 1234]"}));
+    EXPECT_EQ(messages.leftOut, 1234U);
+}
+
+TEST(Messages, That_are_ignored_take_no_place_of_others) {
+    std::string text;
+    for (std::size_t line = 0; line < mostMessages + 5; ++line) {
+        text += "noise\n";
+    }
+    const RecordMessages messages =
+        messagesOf(text + "real\n", {.ignore = {"NOISE*"}, .failOn = {}});
+    ASSERT_EQ(messages.kept.size(), mostMessages + 1); // for who asks without that pattern
+    EXPECT_EQ(messages.kept.back(), (ToolMessage{.line = mostMessages + 6, .text = "real"}));
+    EXPECT_EQ(messages.leftOut, 0U);
+    EXPECT_TRUE(messages.isPart);
 }
 
 TEST(Messages, It_is_known_whether_something_of_them_is_missing) {
@@ -105,12 +117,12 @@ TEST(Messages, It_is_known_whether_something_of_them_is_missing) {
     for (const MessagePatterns& each : {MessagePatterns(), patterns}) {
         const RecordMessages whole = messagesOf(most, each);
         EXPECT_EQ(whole.leftOut, 0U);
-        EXPECT_FALSE(whole.isCut);
-        EXPECT_FALSE(messagesOf(longest + "  \n", each).isCut);
-        EXPECT_TRUE(messagesOf(longest + "x\n", each).isCut);
+        EXPECT_FALSE(whole.isPart);
+        EXPECT_FALSE(messagesOf(longest + "  \n", each).isPart);
+        EXPECT_TRUE(messagesOf(longest + "x\n", each).isPart);
         const RecordMessages more = messagesOf(most + "one\n" + longest + "x\n", each);
         EXPECT_EQ(more.leftOut, 2U);
-        EXPECT_FALSE(more.isCut); // what was left out is told already
+        EXPECT_TRUE(more.isPart);
     }
 }
 
@@ -121,7 +133,7 @@ TEST(Messages, Of_another_code_page_are_cut_visibly_too) {
     readMessages(file, everything, {}, messages,
                  [](std::string_view text) { return std::string(text.size() / 2, 'y'); });
     EXPECT_EQ(messages.kept.front().text, std::string(longestMessage - 3, 'y') + "...");
-    EXPECT_TRUE(messages.isCut);
+    EXPECT_TRUE(messages.isPart);
 }
 
 TEST(Messages, Of_two_files_stand_behind_each_other) {

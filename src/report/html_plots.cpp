@@ -66,7 +66,7 @@ std::string plot(const RunReport& report, std::string_view name, const NumberOf&
                        "</strong> <span>at most " + grouped(most) + "</span></figcaption>\n" +
                        R"(<svg viewBox="0 0 )" + numberText(plotWidth, 0) + " " +
                        numberText(plotHeight + 1, 0) +
-                       "\" preserveAspectRatio=\"none\" role=\"img\" aria-label=\"" +
+                       R"(" preserveAspectRatio="none" role="img" aria-label=")" +
                        std::string(name) + " in the last " + counted(report.runs.size(), "run") +
                        ": at most " + grouped(most) + ", in the last one " + grouped(now) + "\">\n";
     for (const RunTotals& run : report.runs) {
@@ -86,7 +86,7 @@ std::string runsTable(const RunReport& report) {
                        "<table class=\"runs\"><thead><tr><th scope=\"col\">Begun";
     for (const std::string_view column :
          {"Took", "Made", "Up to date", "Failed", "Not run", "With findings", "Messages"}) {
-        text.append("<th scope=\"col\" class=\"number\">").append(column);
+        text.append(R"(<th scope="col" class="number">)").append(column);
     }
     text += "</thead><tbody>\n";
     for (const RunTotals& run : report.runs | std::views::reverse) {

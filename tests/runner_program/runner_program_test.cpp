@@ -5,11 +5,11 @@
 #include "support/hosted_world.hpp"
 
 #include <gmock/gmock.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -317,7 +317,7 @@ TEST_F(InterruptedRunner, A_runner_that_is_killed_leaves_no_tool) {
 
 int torture(int few) {
     const char* const asked = std::getenv("TARNWICK_TORTURE");
-    return asked == nullptr ? few : std::atoi(asked);
+    return asked == nullptr ? few : static_cast<int>(std::strtol(asked, nullptr, 10));
 }
 
 // Tools that take a moment and write in two pieces; killed anywhere, one more run makes it whole.

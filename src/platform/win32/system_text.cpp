@@ -25,6 +25,7 @@ std::wstring widened(std::string_view text, UINT codePage, DWORD flags) {
     }
     const int length = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0'); // never more characters than bytes
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): its length is the next argument
     const int count =
         MultiByteToWideChar(codePage, flags, text.data(), length, wide.data(), length);
     wide.resize(static_cast<std::size_t>(count));

@@ -45,6 +45,7 @@ class KeptFindingsOfRuns : public testing::Test {
     // "2#0 text": line, shape and text of each.
     static std::vector<std::string> saidOf(const KeptMessages& messages) {
         std::vector<std::string> said;
+        said.reserve(messages.size());
         for (std::size_t place = 0; place < messages.size(); ++place) {
             const auto [shape, line, text] = messages[place];
             said.push_back(std::to_string(line) + "#" + std::to_string(shape) + " " +

@@ -16,7 +16,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using State = ReportedRecord::State;
 
 TEST_F(ReportsOnRuns, Before_the_first_run_everything_is_still_to_be_run) {

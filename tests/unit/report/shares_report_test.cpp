@@ -171,6 +171,7 @@ std::vector<MessageSource> shares(std::uint32_t count) {
 
 std::vector<std::string> beginnings(const std::vector<RunTotals>& runs) {
     std::vector<std::string> result;
+    result.reserve(runs.size());
     for (const RunTotals& run : runs) {
         result.push_back(run.begun);
     }
@@ -227,6 +228,7 @@ TEST(JoinedRuns, Of_shares_with_nothing_to_do_the_findings_are_those_before_of_e
                         idle(0, 2, "6")},
                        shares(2));
     std::vector<std::uint64_t> messages;
+    messages.reserve(runs.size());
     for (const RunTotals& run : runs) {
         messages.push_back(run.messages);
     }
@@ -235,6 +237,7 @@ TEST(JoinedRuns, Of_shares_with_nothing_to_do_the_findings_are_those_before_of_e
 
 TEST(JoinedRuns, No_more_than_a_page_can_show_are_given) {
     std::vector<EndedRun> ended;
+    ended.reserve(RunReport::mostRuns + 3);
     for (std::size_t run = 0; run < RunReport::mostRuns + 3; ++run) {
         ended.push_back({.log = 0, .run = 0, .totals = totals("x", run)});
     }

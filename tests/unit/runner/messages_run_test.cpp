@@ -231,7 +231,6 @@ TEST_F(MessagesOfARun, A_log_of_a_newer_version_is_refused_before_anything_runs)
     machine_.processes.forget();
     machine_.world.write(messageLog, "tarnwick-run messages 2\n");
     machine_.writeRecord("b.met", "fine");
-    const std::string log = machine_.log();
     EXPECT_EQ(machine_.run(), ExitStatus::NothingRun);
     EXPECT_THAT(machine_.terminal.error,
                 HasSubstr("was written by a newer version of tarnwick-run.\n"));

@@ -40,7 +40,7 @@ TEST(Share, All_of_them_are_about_equal_also_where_names_are_alike) {
         }
         const int even = 20'000 / static_cast<int>(count);
         for (const int size : sizes) {
-            EXPECT_NEAR(size, even, even / 2) << count;
+            EXPECT_NEAR(size, even, 0.5 * even) << count;
         }
     }
 }

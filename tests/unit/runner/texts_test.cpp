@@ -9,7 +9,6 @@
 namespace tarnwick {
 namespace {
 
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST(VisibleText, Shows_by_its_number_what_acts_on_a_terminal) {

@@ -84,7 +84,7 @@ TEST_F(Layout, Groups_hold_their_controls_and_nothing_covers_anything) {
     // and menu in letters of more than twice the size, where the status bar may be higher as well.
     for (const Taken& taken : {Taken{{120, 405}}, Taken{{90, 690}}, Taken{{240, 720}},
                                Taken{{90, 1380}}, Taken{{90, 1380}, 645}}) {
-        form.measuredFrame(taken);
+        form.measuredFrame(static_cast<const Size&>(taken));
         if (taken.statusHeight != 0) {
             form.StatusBar1.setBounds(
                 {.left = 0, .top = 0, .width = 1, .height = taken.statusHeight});

@@ -38,7 +38,8 @@ constexpr auto mainTitle = "Tarnwick - TARNWICK.ini";
 
 int endings(int usually) {
     const char* const asked = std::getenv("TARNWICK_TORTURE");
-    const int count = asked == nullptr ? usually : std::atoi(asked);
+    const int count =
+        asked == nullptr ? usually : static_cast<int>(std::strtol(asked, nullptr, 10));
     if (count <= 0) {
         throw std::runtime_error("TARNWICK_TORTURE is no number of times");
     }
@@ -46,14 +47,18 @@ int endings(int usually) {
 }
 
 class Torture : public testing::Test {
+  public:
+    Torture(const Torture&) = delete;
+    Torture& operator=(const Torture&) = delete;
+    Torture(Torture&&) = delete;
+    Torture& operator=(Torture&&) = delete;
+    ~Torture() override { forgetStoredSettings(); }
+
   protected:
     Torture() {
         forgetStoredSettings();
         place.replaceMP("tests/window/trying_tool.exe"); // which does nothing
     }
-    Torture(const Torture&) = delete;
-    Torture& operator=(const Torture&) = delete;
-    ~Torture() override { forgetStoredSettings(); }
 
     // A moment before `longest` is over.
     void waitAWhile(microseconds longest) {

@@ -56,8 +56,9 @@ RunningProgram::RunningProgram(const std::filesystem::path& program,
     processId_ = information.dwProcessId;
 }
 
+// Until it is gone it may have its files open, and whoever is started next could not read them.
 RunningProgram::~RunningProgram() {
-    TerminateProcess(process_.get(), 99);
+    end();
 }
 
 void RunningProgram::end() {

@@ -210,7 +210,7 @@ TEST(Judgements, What_is_missing_is_not_clean_unless_the_same_patterns_have_seen
     const MessagePatterns patterns{.ignore = {}, .failOn = {"b?d"}};
     MessagesLine line = said(1, "a.met", {{.line = 1, .text = "fine"}});
     EXPECT_EQ(judgementOf(line, patterns), Judgement::Clean);
-    line.missing.emplace();
+    line.missing = MessagesLine::Missing();
     EXPECT_EQ(judgementOf(line, patterns), Judgement::PartlyKnown);
     line.missing->judgedBy = patterns.mark();
     EXPECT_EQ(judgementOf(line, patterns), Judgement::Clean);
@@ -221,7 +221,7 @@ TEST(Judgements, What_is_missing_is_not_clean_unless_the_same_patterns_have_seen
 TEST(Judgements, What_is_kept_fails_whatever_is_missing) {
     const MessagePatterns patterns{.ignore = {}, .failOn = {"b?d"}};
     MessagesLine line = said(1, "a.met", {{.line = 1, .text = "bad"}});
-    line.missing.emplace();
+    line.missing = MessagesLine::Missing();
     EXPECT_EQ(judgementOf(line, patterns), Judgement::Fails);
 }
 

@@ -25,8 +25,8 @@ std::wstring widened(std::string_view text, UINT codePage, DWORD flags) {
     }
     const int length = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0'); // never more characters than bytes
-    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): its length is the next argument
     const int count =
+        // NOLINTNEXTLINE(*-stringview-data-usage): its length is the next argument
         MultiByteToWideChar(codePage, flags, text.data(), length, wide.data(), length);
     wide.resize(static_cast<std::size_t>(count));
     return wide;

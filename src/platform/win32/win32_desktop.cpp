@@ -148,7 +148,7 @@ std::optional<std::string> Win32Desktop::chooseFile(const FileDialog& dialog) {
     }
     // The system's own default extension would be appended whichever filter is chosen.
     if (dialog.kind == FileDialog::Kind::Open || filterIndex != 1) {
-        return path;
+        return std::optional(*path);
     }
     std::string extended = withDefaultExtension(*path, dialog.filter);
     if (dialog.overwritePrompt && extended != *path && somethingExists(extended)) {

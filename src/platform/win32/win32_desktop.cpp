@@ -141,14 +141,14 @@ std::optional<std::string> Win32Desktop::chooseFile(const FileDialog& dialog) {
         return std::nullopt;
     }
     name.resize(name.find(L'\0'));
-    const std::optional<std::string> path = toSystemPath(name);
+    std::optional<std::string> path = toSystemPath(name);
     if (!path) {
         tellUnusable(askingWindow(), name);
         return std::nullopt;
     }
     // The system's own default extension would be appended whichever filter is chosen.
     if (dialog.kind == FileDialog::Kind::Open || filterIndex != 1) {
-        return std::optional(*path);
+        return path;
     }
     std::string extended = withDefaultExtension(*path, dialog.filter);
     if (dialog.overwritePrompt && extended != *path && somethingExists(extended)) {

@@ -288,13 +288,13 @@ RunReport hostileReport() {
          "</script><img src=x onerror=document.title='broken'>",
          "\"'><b onmouseover=\"document.title='broken'\">",
          "</noscript></table></details><h1>broken</h1>", "nul\0 and \x1B[31m red \x7F"s,
-         // NOLINTNEXTLINE(misc-misleading-bidirectional): these bytes are no characters at all
          "half \xC3, alone \xBF, pair \xED\xA0\x80, long \xC0\xAF, end \xF4\x90\x80\x80",
          "=cmd|' /C calc'!A0", "+1", "-1", "@SUM(A1)", "\ttab first", "\rreturn first",
          "]]><broken/><![CDATA[", "javascript:document.title='broken'",
          "\x01javascript:document.title='broken'", "data:text/html,<script>alert(1)</script>",
          "<!--", "-->", "&lt;&amp;&#0;", "$& $1 %s {0} @REPORT@",
          "a,b;c\"d\"\"e\nnext line\r\nand next",
+         // NOLINTNEXTLINE(misc-misleading-bidirectional): the sign that turns a text, on purpose
          "no char \xEF\xBF\xBE\xEF\xBF\xBF, turned \xE2\x80\xAE exe",
          "marks \xE2\x80\xA8\xE2\x80\xA9", "../../etc/passwd", "//elsewhere.example/x",
          "C:\\in\\a?b#c%41.met", std::string(1U << 20U, 'M')});

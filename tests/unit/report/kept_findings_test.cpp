@@ -55,6 +55,7 @@ class KeptFindingsOfRuns : public testing::Test {
     }
     static std::vector<std::string> textsOf(const KeptFindings& found) {
         std::vector<std::string> texts;
+        texts.reserve(found.shapes.size());
         for (const Shape& shape : found.shapes) {
             texts.push_back(shape.text);
         }

@@ -96,7 +96,8 @@ std::string title(const RunReport& report) {
 
 } // namespace
 
-// The mark stands before what it is made of, so that is made twice: quicker than to hold it.
+// The mark stands before what it is made of, so that is made twice: it may be too
+// large to be held beside the report.
 void htmlReport(const RunReport& report, const ReportSink& sink) {
     PiecewiseHash hash;
     body(report, [&](std::string_view piece) { hash.add(piece); });

@@ -1,17 +1,13 @@
 #include "report/own_name.hpp"
 
+#include "report/ascii.hpp"
+
 #include <algorithm>
 #include <cstddef>
 
 namespace tarnwick {
 namespace {
 
-constexpr bool isAsciiLetter(char character) noexcept {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
-constexpr bool isAsciiDigit(char character) noexcept {
-    return character >= '0' && character <= '9';
-}
 constexpr bool isSeparator(char character) noexcept {
     return character == '\\' || character == '/';
 }

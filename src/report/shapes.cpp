@@ -1,5 +1,6 @@
 #include "report/shapes.hpp"
 
+#include "report/ascii.hpp"
 #include "report/digits.hpp"
 #include "report/escaping.hpp"
 #include "report/own_name.hpp"
@@ -21,9 +22,6 @@ constexpr bool isBlank(char character) noexcept {
 }
 constexpr bool isAscii(char character) noexcept {
     return static_cast<unsigned char>(character) < 0x80;
-}
-constexpr bool isAsciiLetter(char character) noexcept {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 constexpr bool isSign(char character) noexcept {
     return character == '-' || character == '+';

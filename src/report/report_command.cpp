@@ -63,7 +63,6 @@ class ReportWriter {
     ReportWriter(const ReportRequest& request, const RunnerServices& services, const ToUtf8& utf8)
         : request_(request), services_(services), utf8_(utf8) {}
 
-    // What the reports say of others who are at work.
     // What people who read none of the reports should know of them.
     [[nodiscard]] const std::vector<std::string>& remarks() const noexcept { return remarks_; }
     // Whether every record is made, as far as the reports tell.

@@ -150,7 +150,13 @@ class frmMain final : public Form, private RunWindow {
     void cboLanguage_Click() { markChanged(); }
     [[nodiscard]] bool findTools();
     [[nodiscard]] bool findTool(std::string_view tool, std::string& executable);
-    enum class Changes { None, Saved, Declined, NotSaved }; // what became of them
+    // What became of them. NotSaved: the user wanted them saved, and that failed; Cancelled: they
+    // were to go into another file, and the user named none.
+    enum class Changes { None, Saved, Declined, NotSaved, Cancelled };
+    // New and Open must stop, or they would be lost.
+    [[nodiscard]] static bool stillToSave(Changes changes) noexcept {
+        return changes == Changes::NotSaved || changes == Changes::Cancelled;
+    }
     [[nodiscard]] Changes beginFileCommand();
     [[nodiscard]] Changes offerToSave();
     void keepWork();

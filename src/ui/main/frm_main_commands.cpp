@@ -35,12 +35,10 @@ FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definitio
 
 } // namespace
 
-// Changes::NotSaved: the user wanted the changes saved, and that failed. The caller must stop, or
-// they would be lost.
 frmMain::Changes frmMain::beginFileCommand() {
     clearStatusAndCommit();
     const Changes changes = offerToSave();
-    if (changes != Changes::NotSaved) {
+    if (!stillToSave(changes)) {
         definition_.bSettingsChanged = false;
         bFieldEdited_ = false;
     }
@@ -61,8 +59,13 @@ frmMain::Changes frmMain::offerToSave() {
         return Changes::Declined;
     }
     markChanged(); // until it is saved: a field that is still being edited counts
-    const bool saved = bINIFileUnread_ ? saveAs() == SavedAs::Written : SaveINIFile();
-    return saved ? Changes::Saved : Changes::NotSaved;
+    if (!bINIFileUnread_) {
+        return SaveINIFile() ? Changes::Saved : Changes::NotSaved;
+    }
+    const SavedAs saved = saveAs();
+    return saved == SavedAs::Written     ? Changes::Saved
+           : saved == SavedAs::Cancelled ? Changes::Cancelled
+                                         : Changes::NotSaved;
 }
 
 // The error is trapped here: where the store cannot be written, the file still must be.
@@ -94,7 +97,7 @@ BatchDefinition frmMain::newDefinition(std::string_view sINIFile) {
 // old name, or the next Save would write them over the old definition.
 void frmMain::mnuNewINI_Click() {
     const Changes changes = beginFileCommand();
-    if (changes == Changes::NotSaved) {
+    if (stillToSave(changes)) {
         return;
     }
     FileDialog dialog = iniDialog(FileDialog::Kind::Save, "New INI File");
@@ -125,7 +128,7 @@ void frmMain::mnuNewINI_Click() {
 
 void frmMain::mnuOpenINI_Click() {
     const Changes changes = beginFileCommand();
-    if (changes == Changes::NotSaved) {
+    if (stillToSave(changes)) {
         return;
     }
     FileDialog dialog =

@@ -245,5 +245,28 @@ TEST_F(UnreadDefinition, Is_not_replaced_by_a_yes_to_the_question_either) {
     EXPECT_THAT(world.read(R"(D:\mine.ini)"), HasSubstr("FIX DOC=1"));
 }
 
+TEST_F(UnreadDefinition, Asks_for_another_file_once_who_cancels_at_the_end) {
+    form.userClicked(form.chkfixdoc);
+    desktop.answers = {MessageAnswer::Yes};
+    desktop.chosenFiles = {std::nullopt};
+    form.mnuExit.userClicked();
+    EXPECT_EQ(desktop.fileDialogs.size(), 1U);
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(world.read(last), definitionThere);
+}
+
+TEST_F(UnreadDefinition, Neither_New_nor_Open_goes_on_where_no_other_file_is_named) {
+    form.userClicked(form.chkfixdoc);
+    for (MenuItem* const command : {&form.mnuNewINI, &form.mnuOpenINI}) {
+        desktop.fileDialogs.clear();
+        desktop.answers = {MessageAnswer::Yes};
+        desktop.chosenFiles = {std::nullopt};
+        command->userClicked();
+        EXPECT_EQ(desktop.fileDialogs.size(), 1U);
+        EXPECT_TRUE(changed());
+        EXPECT_EQ(form.chkfixdoc.value(), 1);
+    }
+}
+
 } // namespace
 } // namespace tarnwick

@@ -2,8 +2,10 @@
 
 #include "common/full_path.hpp"
 #include "common/text.hpp"
+#include "ui/forms/form.hpp"
 #include "ui/forms/keys.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarnwick {
@@ -65,19 +67,32 @@ void FolderList::setPath(std::string_view path) {
     }
 }
 
+// Empty where there is no such entry: what is clicked may be one of a list that the view shows no
+// more. The focus that a click brings may fill the list anew, so what it is on is known by its
+// path.
+std::string FolderList::pathAt(std::size_t index) const {
+    return index < entries_.size() ? entries_[index].path : std::string();
+}
+
 void FolderList::userSelected(std::size_t index) {
-    if (userBroughtFocus() && index < entries_.size()) {
-        selected_ = index;
-    } else {
+    const std::string clicked = pathAt(index);
+    const bool mayBeRefilled = form().focused() != this;
+    const bool mayAct = userBroughtFocus();
+    const auto entry = std::ranges::find(entries_, clicked, &Entry::path);
+    const bool found = mayAct && entry != entries_.end();
+    if (found) {
+        selected_ = static_cast<std::size_t>(entry - entries_.begin());
+    }
+    if (!found || mayBeRefilled) {
         tellView(Property::Selection);
     }
 }
 
 void FolderList::userOpened(std::size_t index) {
-    if (!userBroughtFocus() || index >= entries_.size()) {
+    const std::string path = pathAt(index);
+    if (!userBroughtFocus() || std::ranges::find(entries_, path, &Entry::path) == entries_.end()) {
         return;
     }
-    const std::string path = entries_[index].path;
     if (files_.canListFolder(path)) {
         setPath(path);
     } else {

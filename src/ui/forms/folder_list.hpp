@@ -57,6 +57,7 @@ class FolderList final : public Control {
   private:
     [[nodiscard]] std::vector<Entry> entriesOf(const std::string& path,
                                                std::vector<std::string> folders) const;
+    [[nodiscard]] std::string pathAt(std::size_t index) const;
 
     const Files& files_;
     std::string path_;

@@ -245,6 +245,32 @@ TEST_F(PathLists, The_drive_that_was_picked_is_the_one_that_the_user_saw) {
     EXPECT_THAT(events, ElementsAre("drive A:", "drive D:"));
 }
 
+TEST_F(PathLists, The_folder_that_was_clicked_is_the_one_that_the_user_saw) {
+    world.makeFolder(R"(C:\Work\0)");
+    form.cmdFirst.LostFocus = [this] { folders.setPath(R"(C:\Work)"); }; // "0" comes first by now
+    folders.userSelected(3);
+    EXPECT_THAT(shown(), ElementsAre(R"(+C:\)", " +Work", "  0", "  A", "  [b]"));
+    EXPECT_THAT(view.told, ElementsAre(Property::Items, Property::Selection, Property::Selection));
+    form.userMovedFocus(form.cmdFirst);
+    world.makeFolder(R"(C:\Work\1)");
+    folders.userOpened(4);
+    EXPECT_EQ(folders.path(), R"(C:\Work\b)");
+}
+
+TEST_F(PathLists, A_folder_that_the_list_shows_no_more_is_neither_marked_nor_opened) {
+    form.cmdFirst.LostFocus = [this] { folders.setPath(R"(C:\)"); };
+    folders.userSelected(2); // "A", where "Work" stands from now on
+    EXPECT_THAT(shown(), ElementsAre(R"(+[C:\])", " other", " Work"));
+    EXPECT_EQ(view.told.back(), Property::Selection);
+    folders.setPath(R"(C:\Work)");
+    form.userMovedFocus(form.cmdFirst);
+    folders.userOpened(2);
+    EXPECT_EQ(folders.path(), R"(C:\)");
+    folders.userSelected(9);
+    folders.userOpened(9);
+    EXPECT_EQ(folders.path(), R"(C:\)");
+}
+
 TEST_F(PathLists, A_drive_that_the_list_does_not_have_is_not_picked) {
     drives.userPicked(2);
     EXPECT_EQ(drives.drive(), "C:");

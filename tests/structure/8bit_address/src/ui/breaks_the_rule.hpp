@@ -1,0 +1,3 @@
+inline auto reader() {
+    return &GetWindowTextA;
+}

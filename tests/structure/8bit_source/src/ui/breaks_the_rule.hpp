@@ -1,0 +1,3 @@
+inline const char* folder() {
+    return getenv("TEMP");
+}

@@ -14,6 +14,7 @@
 #include "processing/unattended_batch.hpp"
 #include "processing/validation.hpp"
 
+#include <exception>
 #include <optional>
 #include <string>
 #include <utility>
@@ -34,6 +35,14 @@ class UnattendedRun {
         } else if (findINIFile(commandLine->sINIFile) && readDefinition() && isUsable() &&
                    selectRecords(*commandLine)) {
             startBatch(commandLine->bNotify);
+        }
+    }
+
+    // At the latest at the end, and once.
+    void tellUnlisted() {
+        if (const std::exception_ptr error = std::exchange(unlistedError_, {})) {
+            trap(services_.desktop, "frmMain", "Private Sub LoadFiles()",
+                 [&error] { std::rethrow_exception(error); });
         }
     }
 
@@ -102,7 +111,7 @@ class UnattendedRun {
             return false;
         }
         applyOverrides(commandLine);
-        if (unlisted_) { // which has been reported
+        if (unlisted_) {
             return false;
         }
         if (records_.empty()) {
@@ -140,16 +149,22 @@ class UnattendedRun {
         listRecords();
     }
 
-    // Reported by itself: the command line may name a better folder than the definition.
+    // No error is the end of the run here: the command line may name a better folder than the
+    // definition. It is reported after the start then: nobody may be there to answer.
     void listRecords() {
         if (!FolderExists(services_.files, definition_.sInputFolder)) {
             return;
         }
         Listing listing;
-        unlisted_ = !trap(services_.desktop, "frmMain", "Private Sub LoadFiles()", [&] {
+        try {
             listing =
                 services_.files.listFiles(definition_.sInputFolder, definition_.sInputExtensions);
-        });
+            unlisted_ = false;
+        } catch (...) {
+            unlisted_ = true;
+            tellUnlisted(); // of the listing before
+            unlistedError_ = std::current_exception();
+        }
         leftOut_ = std::move(listing.leftOut);
         records_ = std::move(listing.names);
     }
@@ -181,7 +196,9 @@ class UnattendedRun {
         }
         result_ = UnattendedResult::BatchStarted;
         services_.events.letRun();
-        tellSkipped(); // not before the others are under way: nobody may be there to answer
+        // Not before the others are under way: nobody may be there to answer.
+        tellUnlisted();
+        tellSkipped();
         if (notify && !noteIsSeen) {
             showWarning(services_.desktop,
                         "The note that -n asks for is left out: nobody can see it.");
@@ -194,6 +211,7 @@ class UnattendedRun {
     std::vector<std::string> records_; // of the last listing; then those that get a command
     LeftOut leftOut_;                  // by the last listing
     bool unlisted_ = false;            // the last listing failed
+    std::exception_ptr unlistedError_; // of a listing, until the user is told
     Refused refused_;
     UnattendedResult result_ = UnattendedResult::NothingStarted;
 };
@@ -206,6 +224,7 @@ UnattendedResult RunCommandLine(BatchDefinition& definition, const UnattendedSer
     trap(services.desktop, "frmMain",
          "Public Sub RunCommandLine(ByVal sTarnwickCommandLine As String)",
          [&] { run.run(sTarnwickCommandLine); });
+    run.tellUnlisted();
     return run.result();
 }
 

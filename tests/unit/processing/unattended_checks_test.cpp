@@ -141,7 +141,7 @@ TEST_F(UnattendedChecks, An_output_that_cannot_be_built_ends_it) {
 
 TEST_F(UnattendedChecks, Folder_and_extensions_can_be_overridden) {
     storeDefinition("Process CNS=0\r\n");
-    EXPECT_THAT(batchOf("-I C:\\batch.ini -F \" D:\\other \" -e \"*.sgm;*.no\""),
+    EXPECT_THAT(batchOf("-I C:\\batch.ini -F \" D:\\other \" -e \" *.sgm;*.no \""),
                 testing::HasSubstr("cd \\other\r\n@echo on\r\n\r\n"
                                    "call \"C:\\app\\mp.exe\" -l en -e \"D:\\out\\y.err\" "
                                    "\"D:\\other\\y.sgm\"\r\nCall "));

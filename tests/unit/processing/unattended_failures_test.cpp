@@ -76,6 +76,7 @@ TEST_F(UnattendedFailures, A_batch_that_cannot_be_started_is_reported_and_remove
 
 TEST_F(UnattendedFailures, A_definitions_own_folder_that_cannot_be_listed_does_not_stop_another) {
     faulty.failAt(FileOperation::ListFiles, 1, RunTimeError(ErrorNumber::PathFileAccess));
+    desktop.whileShown = [this](const Message&) { EXPECT_EQ(interpreter.started.size(), 1U); };
     EXPECT_EQ(run("-I C:\\batch.ini -F D:\\other"), UnattendedResult::BatchStarted);
     EXPECT_THAT(desktop.messages, ElementsAre(errorReport("frmMain", "Private Sub LoadFiles()",
                                                           ErrorNumber::PathFileAccess)));

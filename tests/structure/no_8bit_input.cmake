@@ -13,7 +13,7 @@ endif()
 
 # The system's 8-bit functions and types end in a capital A ("GetWindowTextA", "LOGFONTA"). What
 # bears no ending at all is the wide one: UNICODE is defined for every source.
-set(functions "(^|[^A-Za-z0-9_\"])[A-Za-z][A-Za-z0-9_]*[a-z0-9]A[ \t]*\\(")
+set(functions "(^|[^A-Za-z0-9_\"\\\\])[A-Za-z][A-Za-z0-9_]*[a-z0-9]A([^A-Za-z0-9_]|$)")
 set(types "(^|[^A-Za-z0-9_\"])([A-Z][A-Z0-9_]*(DATA|FONT|METRIC|INFO|NAME|EX|TEXT|CONTRAST|CLASS|STRUCT|RESOURCE)A|LPC?STR|PC?STR)([^A-Za-z0-9_]|$)")
 set(narrow "CF_(OEM)?TEXT|#[ \t]*undef[ \t]+UNICODE|WM_GETTEXT|getenv|_environ|__argv|ofn\\.h")
 # Nobody else converts.

@@ -34,6 +34,8 @@ constexpr WPARAM menuSave = 0x4005;
 constexpr int chkfixdoc = 221;
 constexpr int cmdSelectAll = 239;
 constexpr int cmdOK = 245;
+// Between two looks at what is there for moments only.
+constexpr microseconds aMoment(200);
 constexpr auto mainTitle = "Tarnwick - TARNWICK.ini";
 
 int endings(int usually) {
@@ -184,11 +186,8 @@ class LinksTorture : public Torture {
     void startRewriting(HWND window) const {
         click(window, cmdSelectAll);
         click(window, cmdOK);
-        const auto end = steady_clock::now() + std::chrono::minutes(2);
-        while (!isRewriting()) {
-            ASSERT_LT(steady_clock::now(), end) << "no page is rewritten";
-            std::this_thread::sleep_for(microseconds(200));
-        }
+        ASSERT_TRUE(eventually([this] { return isRewriting(); }, aMoment))
+            << "no page is rewritten";
     }
 
     void seeItUndisturbed() {
@@ -196,10 +195,10 @@ class LinksTorture : public Torture {
         RunningProgram program(place.program(), std::string());
         ASSERT_NO_FATAL_FAILURE(startRewriting(program.window(mainTitle)));
         const auto begin = steady_clock::now();
-        while (isRewriting() || sizeOf("out\\a_faq.htm") != faqAfter.size()) {
-            std::this_thread::sleep_for(microseconds(200));
-            ASSERT_LT(steady_clock::now() - begin, std::chrono::minutes(2));
-        }
+        const auto isDone = [this] {
+            return !isRewriting() && sizeOf("out\\a_faq.htm") == faqAfter.size();
+        };
+        ASSERT_TRUE(eventually(isDone, aMoment));
         whole = std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
         ASSERT_EQ(place.read("out\\a.html"), htmlAfter);
         ASSERT_EQ(place.read("out\\a_faq.htm"), faqAfter);

@@ -8,6 +8,7 @@
 
 #include <windows.h>
 
+#include <ostream>
 #include <random>
 #include <set>
 
@@ -77,6 +78,11 @@ struct Class {
     bool namesWithDots = false;
     std::string_view others; // in patterns, beside letters
 };
+
+std::ostream& operator<<(std::ostream& out, const Class& which) {
+    return out << (which.namesWithDots ? "names with dots" : "names without dots")
+               << ", patterns of " << which.others;
+}
 
 class EveryPattern : public ContractTest, public testing::WithParamInterface<Class> {};
 

@@ -111,6 +111,7 @@ LeftOut searchByName(const std::string& folder, EntryKind kind, bool ignoreShort
 }
 
 bool isLink(const WIN32_FIND_DATAW& entry) noexcept {
+    // The bit of IsReparseTagNameSurrogate: under this name lies something that has another one.
     constexpr DWORD standsForAnother = 0x20000000;
     return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            (entry.dwReserved0 & standsForAnother) != 0;

@@ -6,7 +6,8 @@
 namespace tarnwick {
 namespace {
 
-constexpr int roomInside = 1; // that the system keeps above and below the text, in lines
+constexpr int roomInside =
+    1; // that the system keeps above and below the text, in widths of a border
 
 int heightOfText(HWND window) noexcept {
     const WindowContext context(window);

@@ -7,6 +7,7 @@
 #include "platform/win32/system_text.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "platform/win32/win32_process.hpp"
+#include "support/deceiving_names.hpp"
 
 #include <windows.h>
 
@@ -15,21 +16,6 @@
 
 namespace tarnwick {
 namespace {
-
-// What looks like another character in the code page, as the system's own tables have it.
-const std::vector<std::wstring> deceivingNames{
-    L"\xFF02&md pwned&\xFF02.met",   // a quotation mark
-    L"x\xFF3C..\xFF3C..\xFF3Cw.met", // a backslash
-    L"p\xFF05OS\xFF05.met",          // a percent sign
-    L"\xFF0A.met",                   // a star
-    L"\xFF1E.met",                   // a greater-than sign
-    L"\x0101.met",                   // a with a macron
-    L"\x0416\x0443\x043A.met",       // Cyrillic
-    L"\xD83D\xDE00.met",             // beyond the first plane
-    L"e\x0301.met",                  // an accent of its own
-    L"\x2215\x2044\x2216.met",       // slashes of mathematics
-    L"\x0085.met",                   // a control character that has a place
-};
 
 class Win32Names : public ContractTest {
   protected:
@@ -123,10 +109,18 @@ TEST_F(Win32Names, A_look_alike_is_not_the_file_that_was_asked_for) {
 }
 
 TEST_F(Win32Names, A_folder_that_has_no_name_here_goes_by_its_short_name) {
-    makeWideFolder(L"\x0416\x0443\x043A and more");
+    for (const auto& name : deceivingNames) {
+        makeWideFolder(name);
+        putWide(name + L"\\" + name, "inside");
+    }
     const Listing listing = files.listFolders(platform->scratch());
-    ASSERT_EQ(listing.names.size(), 1U);
-    EXPECT_TRUE(files.canListFolder(in(listing.names.front())));
+    EXPECT_EQ(listing.names.size(), deceivingNames.size());
+    for (const auto& name : listing.names) {
+        EXPECT_TRUE(files.canListFolder(in(name))) << name;
+        const Names inside = files.listFiles(in(name), "").names;
+        ASSERT_EQ(inside.size(), 1U) << name;
+        EXPECT_EQ(get(name + '\\' + inside.front()), "inside");
+    }
 }
 
 TEST_F(Win32Names, The_current_folder_goes_by_its_short_name) {
@@ -169,6 +163,12 @@ TEST_F(Win32Names, A_command_line_names_files_by_their_short_names_and_nothing_b
     EXPECT_EQ(commandLineText(L"-I a.ini -e \xFF02*.met\xFF02 -n"),
               "-I a.ini -e <U+FF02>*.met<U+FF02> -n");
     EXPECT_EQ(commandLineText(L"-I caf\xE9.ini"), "-I caf\xE9.ini");
+    for (const auto& name : deceivingNames) {
+        EXPECT_EQ(commandLineText(L"-I " + name), "-I " + shownText(name));
+        putWide(name, "stored");
+        const auto there = commandLineText(L"-I \"" + wideIn(name) + L"\"");
+        EXPECT_EQ(bytesOf(files, there.substr(4, there.size() - 5)), "stored") << there;
+    }
 }
 
 TEST_F(Win32Names, A_path_of_the_program_is_opened_as_the_very_same_characters) {

@@ -3,23 +3,21 @@
 
 #include "program/installation.hpp"
 #include "program/running_program.hpp"
+#include "support/deceiving_names.hpp"
 #include "support/eventually.hpp"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace tarnwick::test {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::Pair;
-using testing::UnorderedElementsAre;
 
 class NamesProgram : public testing::Test {
   protected:
@@ -28,8 +26,9 @@ class NamesProgram : public testing::Test {
     [[nodiscard]] fs::path in(const wchar_t* folder) const {
         return place.program().parent_path() / folder;
     }
-    void putRecord(const std::wstring& name, const std::string& title) const {
+    void putRecord(const fs::path& name, const std::string& title) {
         std::ofstream(in(L"in") / name, std::ios::binary) << record(title);
+        titles_.push_back(title);
     }
     [[nodiscard]] bool batchEnds() const {
         return eventually([&] { return place.temporaryFiles() == "MPDELETE.bat"; });
@@ -41,7 +40,7 @@ class NamesProgram : public testing::Test {
             if (entry.path().extension() == L".xml") {
                 std::ifstream file(entry.path(), std::ios::binary);
                 const std::string text{std::istreambuf_iterator<char>(file), {}};
-                for (const char* title : titlesUsed) {
+                for (const std::string& title : titles_) {
                     titles[title] += text.contains(title) ? 1 : 0;
                 }
             }
@@ -57,27 +56,25 @@ class NamesProgram : public testing::Test {
         return false;
     }
 
-    static constexpr std::array titlesUsed{"Plain", "Quotes",  "Climbs", "Percent",
-                                           "Star",  "Greater", "Macron", "Beetle"};
     Installation place;
+
+  private:
+    std::vector<std::string> titles_; // of the records
 };
 
 TEST_F(NamesProgram, Every_record_with_a_deceiving_name_is_run_over_once_and_as_itself) {
     putRecord(L"a.met", "Plain");
-    putRecord(L"\xFF02&md pwned&\xFF02.met", "Quotes");
-    putRecord(L"x\xFF3C..\xFF3C..\xFF3Cw.met", "Climbs");
-    putRecord(L"p\xFF05OS\xFF05.met", "Percent");
-    putRecord(L"\xFF0A.met", "Star");
-    putRecord(L"\xFF1E.met", "Greater");
-    putRecord(L"\x0101.met", "Macron");
-    putRecord(L"\x0416\x0443\x043A.met", "Beetle");
+    std::map<std::string, int> expected{{"Plain", 1}};
+    char letter = 'A';
+    for (const auto& name : deceivingNames) {
+        const std::string title = std::string("Deceiving ") + letter++;
+        putRecord(name, title);
+        expected[title] = 1;
+    }
     RunningProgram program(place.program(), L"-I batch.ini");
     EXPECT_EQ(program.exitCode(), 0U);
     ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
-    EXPECT_THAT(titlesOfOutputs(),
-                UnorderedElementsAre(Pair("Plain", 1), Pair("Quotes", 1), Pair("Climbs", 1),
-                                     Pair("Percent", 1), Pair("Star", 1), Pair("Greater", 1),
-                                     Pair("Macron", 1), Pair("Beetle", 1)));
+    EXPECT_EQ(titlesOfOutputs(), expected);
     EXPECT_FALSE(anythingNamed(L"pwned"));
     EXPECT_FALSE(fs::exists(in(L"w.met")) || fs::exists(in(L"w.xml")));
 }
@@ -90,6 +87,32 @@ TEST_F(NamesProgram, A_definition_is_named_by_its_short_name) {
     EXPECT_EQ(program.exitCode(), 0U);
     ASSERT_TRUE(batchEnds()) << place.temporaryFiles();
     EXPECT_EQ(titlesOfOutputs()["Plain"], 1);
+}
+
+TEST_F(NamesProgram, A_definition_of_any_deceiving_name_is_the_very_file) {
+    for (const auto& name : deceivingNames) {
+        std::ofstream(in(name.c_str()), std::ios::binary) << "Process MP=0\r\nProcess CNS=0\r\n";
+        RunningProgram program(place.program(), L"-I \"" + in(name.c_str()).wstring() + L"\"");
+        const HWND message = program.window("Warning");
+        // Else it would not exist, or be run.
+        EXPECT_TRUE(messageOf(message).ends_with("\" is not setup correctly."))
+            << messageOf(message);
+        press(message, "OK");
+        EXPECT_EQ(program.exitCode(), 1U);
+    }
+    EXPECT_FALSE(anythingNamed(L"pwned"));
+    EXPECT_EQ(place.temporaryFiles(), "");
+}
+
+TEST_F(NamesProgram, Extensions_that_look_like_others_find_nothing_in_their_place) {
+    putRecord(L"a.met", "Plain");
+    RunningProgram program(place.program(), L"-I batch.ini -e \x0101.met");
+    const HWND message = program.window("Warning");
+    EXPECT_EQ(messageOf(message), "The file extensions \"<U+0101>.met\" hold characters that the "
+                                  "system's code page does not have.");
+    press(message, "OK");
+    EXPECT_EQ(program.exitCode(), 1U);
+    EXPECT_EQ(place.temporaryFiles(), "");
 }
 
 TEST_F(NamesProgram, A_definition_of_a_deceiving_name_is_not_the_one_it_looks_like) {
@@ -105,7 +128,7 @@ TEST_F(NamesProgram, A_definition_of_a_deceiving_name_is_not_the_one_it_looks_li
 
 TEST_F(NamesProgram, An_input_folder_in_the_command_line_is_named_by_its_short_name) {
     fs::create_directory(in(L"\x0416\x0443\x043A records"));
-    std::ofstream(in(L"\x0416\x0443\x043A records") / L"b.met") << record("Beetle");
+    putRecord(in(L"\x0416\x0443\x043A records") / L"b.met", "Beetle");
     putRecord(L"a.met", "Plain");
     RunningProgram program(place.program(), L"-I batch.ini -F \"" +
                                                 in(L"\x0416\x0443\x043A records").wstring() +

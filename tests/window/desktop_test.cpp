@@ -7,6 +7,7 @@
 #include "platform/win32/win32_desktop.hpp"
 #include "platform/win32/win32_files.hpp"
 #include "platform/win32/win32_process.hpp"
+#include "support/deceiving_names.hpp"
 #include "support/eventually.hpp"
 #include "support/file_bytes.hpp"
 
@@ -82,6 +83,9 @@ std::string textOf(HWND window) {
 
 void type(HWND field, const std::string& text) {
     SendMessageA(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+void type(HWND field, const std::wstring& text) {
+    SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 std::vector<std::string> textsIn(HWND dialog) {
@@ -360,43 +364,46 @@ TEST_F(FileDialogs, An_existing_file_is_opened) {
     EXPECT_EQ(desktop.chooseFile(dialog), folder + R"(\here.ini)");
 }
 
-// Names without a place in the code page.
-const std::wstring beetle = L"\x0416\x0443\x043A";
-
 TEST_F(FileDialogs, A_chosen_file_without_a_name_in_the_code_page_comes_by_its_short_name) {
     dialog.kind = FileDialog::Kind::Open;
     dialog.title = "Open";
     dialog.fileMustExist = true;
-    const auto path = toWide(folder) + L'\\' + beetle + L" stored.ini";
-    const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-    ASSERT_TRUE(file.isOpen());
-    const User user("Open", [&](HWND shown) {
-        SendMessageW(nameField(shown), WM_SETTEXT, 0,
-                     reinterpret_cast<LPARAM>((beetle + L" stored.ini").c_str()));
-        press(shown, IDOK);
-    });
-    const std::string chosen = desktop.chooseFile(dialog).value_or("?");
-    EXPECT_FALSE(chosen.contains('?') || chosen.contains('<')) << chosen;
-    EXPECT_NE(files.firstNormalFile(chosen), "");
+    for (const auto& name : deceivingNames) {
+        const auto path = toWide(folder) + L'\\' + name;
+        ASSERT_TRUE(
+            Handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr))
+                .isOpen());
+        const User user("Open", [&](HWND shown) {
+            type(nameField(shown), name);
+            press(shown, IDOK);
+        });
+        const std::string chosen = desktop.chooseFile(dialog).value_or("?");
+        EXPECT_EQ(chosen.find_first_of("\"%*?<>|/"), std::string::npos) << chosen;
+        EXPECT_NE(files.firstNormalFile(chosen), "") << chosen;
+        // The very file: it is gone under its own name, too.
+        files.remove(chosen);
+        EXPECT_EQ(GetFileAttributesW(path.c_str()), INVALID_FILE_ATTRIBUTES) << chosen;
+    }
 }
 
 TEST_F(FileDialogs, A_file_to_be_made_that_would_have_no_name_is_told_and_not_taken) {
-    std::vector<std::string> texts;
-    const User user("Save As", [&](HWND shown) {
-        SendMessageW(nameField(shown), WM_SETTEXT, 0,
-                     reinterpret_cast<LPARAM>((beetle + L".ini").c_str()));
-        press(shown, IDOK);
-    });
-    const User reader("Warning", [&](HWND shown) {
-        texts = textsIn(shown);
-        press(shown, IDOK);
-    });
-    EXPECT_EQ(desktop.chooseFile(dialog), std::nullopt);
-    EXPECT_EQ(std::ranges::count(texts, "\"" + folder +
-                                            "\\<U+0416><U+0443><U+043A>.ini\" holds characters "
-                                            "that the system's code page does not have.\r\n"
-                                            "Please use another name."),
-              1);
+    for (const auto& name : deceivingNames) {
+        std::vector<std::string> texts;
+        const User user("Save As", [&](HWND shown) {
+            type(nameField(shown), name);
+            press(shown, IDOK);
+        });
+        const User reader("Warning", [&](HWND shown) {
+            texts = textsIn(shown);
+            press(shown, IDOK);
+        });
+        EXPECT_EQ(desktop.chooseFile(dialog), std::nullopt);
+        EXPECT_EQ(std::ranges::count(texts, "\"" + folder + '\\' + shownText(name) +
+                                                "\" holds characters that the system's code page "
+                                                "does not have.\r\nPlease use another name."),
+                  1)
+            << shownText(name);
+    }
 }
 
 TEST_F(FileDialogs, A_document_is_opened_by_its_program_in_the_working_folder) {

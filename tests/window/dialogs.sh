@@ -270,6 +270,27 @@ test_folder_a_double_click_opens() {
     expect_result 'folder=C:\gallery\maps'
 }
 
+test_folder_one_of_any_deceiving_name_is_opened() {
+    local number=0
+    rm -rf "$drive/gallery/odd"
+    for name in "${deceiving_names[@]}"; do
+        mkdir -p "$drive/gallery/odd/$name/in $((number += 1))"
+    done
+    : >"$work/opened"
+    for number in $(seq ${#deceiving_names[@]}); do
+        open_picker
+        type_text 'C:\gallery\odd'
+        key alt+f
+        for _ in $(seq "$number"); do key Down; done
+        key Return Down Return alt+o # the folder, and what is in that one alone
+        expect_end
+        sed -n 's/^folder=C:\\gallery\\odd\\[^\\]*\\//p' "$work/result" >>"$work/opened"
+    done
+    seq -f 'in %.0f' ${#deceiving_names[@]} | cmp -s - <(sort "$work/opened") ||
+        fail "opened were: $(cat "$work/opened")"
+    rm -r "$drive/gallery/odd"
+}
+
 test_folder_the_drive_list_shows_the_drives_root() {
     open_picker
     key alt+d z # Wine's second drive

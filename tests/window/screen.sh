@@ -214,3 +214,5 @@ expect_icons() {
     eventually bears_icons "$@" || fail "the window has not the program's icons of $* pixels"
 }
 picture_of() { import -window "$1" "$pictures/$2.png" || fail "no picture $2"; }
+# Of records and folders: they look like something else in the system's code page.
+deceiving_names=('＂&md pwned&＂.met' 'x＼..＼..＼w.met' 'p％OS％.met' '＊.met' '＞.met' 'ā.met' 'Жук.met')

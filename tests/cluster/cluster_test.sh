@@ -17,6 +17,8 @@ fail() {
     exit 1
 }
 
+# shellcheck source=cmake/eventually.sh
+. "$here/../../cmake/eventually.sh"
 # shellcheck source=tests/cluster/slurm.sh
 . "$here/slurm.sh"
 

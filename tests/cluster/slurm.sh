@@ -4,15 +4,11 @@
 
 daemons=() # files with the number of a process
 
-# Asks for what the words after the first say until it is so; fails after ten minutes, which only what is broken
-# lets pass.
+# Whole jobs are waited for: ten minutes, which only what is broken lets pass.
 wait_until() { # WHAT COMMAND...
-    local what=$1 left=1200
+    local what=$1
     shift
-    until "$@"; do
-        [ $((left -= 1)) -gt 0 ] || fail "never seen: $what"
-        sleep 0.5
-    done
+    TARNWICK_PATIENCE=600 eventually "$@" || fail "never seen: $what"
 }
 
 free_ports() { # COUNT

@@ -7,6 +7,8 @@ umask 022 # the installer looks who may write
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd)
 dist=$build/dist
+# shellcheck source=../../cmake/eventually.sh
+. "$here/../../cmake/eventually.sh"
 wine=$here/../../cmake/wine-run
 export TARNWICK_WINE_BUILD=$build/dist-test
 drive=$TARNWICK_WINE_BUILD/wine/drive_c
@@ -18,14 +20,6 @@ say() { echo "dist_test: $*"; }
 fail() {
     say "FAILED: $*" >&2
     exit 1
-}
-# eventually COMMAND...: again and again, until it succeeds. Only what is broken lets anybody wait long.
-eventually() {
-    local end=$((SECONDS + 300))
-    until "$@"; do
-        [ $SECONDS -lt $end ] || return 1
-        sleep 0.1
-    done
 }
 rm -rf "$work" "$drive/Program Files/Map Room" # of an earlier run that failed
 mkdir -p "$work"

@@ -5,6 +5,8 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd)
+# shellcheck source=../../cmake/eventually.sh
+. "$here/../../cmake/eventually.sh"
 wine=$here/../../cmake/wine-run
 export TARNWICK_WINE_BUILD=$build/program/out_of_sight
 place=$TARNWICK_WINE_BUILD/wine/drive_c/night
@@ -14,14 +16,6 @@ fail() {
     say "FAILED: $*" >&2
     "$here/../../cmake/wine-stop"
     exit 1
-}
-# eventually COMMAND...: again and again, until it succeeds. Only what is broken lets anybody wait long.
-eventually() {
-    local end=$((SECONDS + ${TARNWICK_PATIENCE:-120}))
-    until "$@"; do
-        [ $SECONDS -lt $end ] || return 1
-        sleep 0.1
-    done
 }
 
 fresh() {

@@ -4,12 +4,13 @@
 # Nothing here waits for a time alone. What a hand has done, the program has dealt with when the hand
 # returns; what takes its own time (a tool, a file, the program's end) is looked for until it is there.
 
+# shellcheck source=../../cmake/eventually.sh
+. "$here/../../cmake/eventually.sh"
 wine_run=$here/../../cmake/wine-run
 probe=$build/tests/window/window_probe.exe
 work=$TARNWICK_WINE_BUILD/work
 drive=$TARNWICK_WINE_BUILD/wine/drive_c
-# In seconds. Only what is broken lets anybody wait so long.
-patience=${TARNWICK_PATIENCE:-120}
+patience=${TARNWICK_PATIENCE:-120} # in seconds, as in eventually.sh
 mark=F11
 side=3 # of a control's middle, in turns: two clicks on one point would be a double click
 
@@ -18,14 +19,6 @@ fail() {
     say "FAILED in ${test_name:-start-up}: $*" >&2
     import -window root "$work/failed.png" 2>/dev/null && say "see $work/failed.png" >&2
     exit 1
-}
-# eventually COMMAND...: again and again, until it succeeds.
-eventually() {
-    local end=$((SECONDS + patience))
-    until "$@"; do
-        [ $SECONDS -lt $end ] || return 1
-        sleep 0.05
-    done
 }
 # The tests that are to be run are then in the array "chosen": all, or those whose name holds
 # $TARNWICK_ONLY, of which there must be one.

@@ -1,0 +1,12 @@
+# Sourced by scripts, of bash as well as of sh: the one way in which they wait.
+
+# eventually COMMAND...: again and again, until it succeeds; fails after two minutes, or as many seconds as
+# $TARNWICK_PATIENCE says. Only what is broken lets anybody wait so long.
+eventually() {
+    local end # one of each call: the command may wait for something itself
+    end=$(($(date +%s) + ${TARNWICK_PATIENCE:-120}))
+    until "$@"; do
+        [ "$(date +%s)" -lt "$end" ] || return 1
+        sleep 0.05
+    done
+}

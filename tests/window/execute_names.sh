@@ -1,7 +1,5 @@
 # Sourced by execute.sh: records whose names look like something else in the system's code page.
 
-deceiving_names=('＂&md pwned&＂.met' 'x＼..＼..＼w.met' 'p％OS％.met' '＊.met' '＞.met' 'ā.met' 'Жук.met')
-
 lay_out_deceiving_records() {
     for name in "${deceiving_names[@]}"; do echo "Title: $name" >"$folder/records/$name"; done
 }
@@ -90,4 +88,26 @@ test_92_deceiving_names_in_links_and_in_the_definition() {
     launch_run
     expect_entries lstSelected 8 0
     end_program
+}
+
+# The interpreter's own code page has no such letter. Wine reads the line in that one all the same, so only what
+# the batch file leaves behind is looked at. Without a console there is no code page to put back.
+test_93_a_batch_file_in_the_systems_code_page_puts_the_other_one_back() {
+    fresh
+    tools_do work
+    echo 'Title: À' >"$folder/records/À.met"
+    define
+    launch_run
+    press cmdCreateBatFile
+    answer_file_dialog 'Save Batch File' 'C:\work\kept.bat'
+    expect_message Tarnwick 'The batch file "C:\work\kept.bat" has been created.'
+    end_program
+    grep -q ' 1252 > nul' "$folder/kept.bat" || fail 'it keeps the code page'
+    lines '@chcp > C:\work\before.txt' '@call C:\work\kept.bat > C:\work\kept.log 2>&1' \
+        '@chcp > C:\work\after.txt' >"$folder/around.bat"
+    "$wine_run" cmd /c 'start /wait /min cmd /c C:\work\around.bat' >"$work/around.log" 2>&1 </dev/null ||
+        fail "the batch file: $(cat "$work/around.log")"
+    grep -q 437 "$folder/before.txt" || fail "there is no code page: $(cat "$folder/before.txt")"
+    cmp "$folder/before.txt" "$folder/after.txt" || fail "it was another one: $(cat "$folder/after.txt")"
+    expect_made "$folder/out/mp/a.err"
 }

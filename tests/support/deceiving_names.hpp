@@ -18,7 +18,7 @@ inline const std::vector<std::wstring> deceivingNames{
     L"\xD83D\xDE00.met",             // beyond the first plane
     L"e\x0301.met",                  // an accent of its own
     L"\x2215\x2044\x2216.met",       // slashes of mathematics
-    L"\x0085.met",                   // a control character that has a place
+    L"\x0085.met",                   // a control character, whose byte is another one
 };
 
 } // namespace tarnwick

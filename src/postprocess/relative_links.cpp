@@ -220,7 +220,8 @@ std::string ChangeMySlashes(Desktop& desktop, std::string sPath) {
 std::string relativePath(std::string_view from, std::string_view to, const CodePage& codePage) {
     const auto nextBackslash = [&] { return codePage.findFirstOf(from, "\\"); };
     for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
-        const auto q = codePage.findFirstOf(to, "\\"); // elsewhere, where letters differ in length
+        // Not always `p`: the small and the capital form of a letter may differ in length.
+        const auto q = codePage.findFirstOf(to, "\\");
         if (q == std::string_view::npos ||
             !equalIgnoringCase(from.substr(0, p), to.substr(0, q), codePage)) {
             break;

@@ -30,7 +30,8 @@ std::vector<CallNote> notesOf(const std::vector<CallOutcome>& calls) {
 // be killed, only a line that says it has begun makes the next one do the record again.
 bool wasUpToDate(Reason::Kind reason) {
     using enum Reason::Kind;
-    return reason == Asked || reason == MessagesUnknown || reason == MessageFails;
+    return reason == Asked || reason == MessagesUnknown || reason == MessagesPartlyKnown ||
+           reason == MessageFails;
 }
 
 class OwnedRun {

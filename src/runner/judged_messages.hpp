@@ -18,7 +18,7 @@ enum class Judgement : std::uint8_t {
     Fails,       // one of its messages is among those that fail a record
     PartlyKnown, // none of those that are kept is; but not all are kept in full, and no run with
                  // these patterns saw them all
-    Unknown, // its messages are not known
+    Unknown,     // its messages are not known
 };
 
 // By the messages that are kept. Where not all are, but a run with these patterns has seen all of

@@ -15,10 +15,6 @@ std::string withBackslashes(std::string_view path) {
     return result;
 }
 
-bool hasDrive(std::string_view path) {
-    return path.size() >= 2 && path[1] == ':';
-}
-
 std::string_view upToBackslash(std::string_view text, const CodePage& codePage) {
     return text.substr(0, codePage.findFirstOf(text, "\\"));
 }
@@ -31,7 +27,7 @@ std::string_view rootOf(std::string_view path, const CodePage& codePage) {
         return path.substr(0, server + 1 + upToBackslash(share, codePage).size());
     }
     constexpr std::size_t driveRoot = 3;
-    return hasDrive(path) ? path.substr(0, driveRoot) : std::string_view();
+    return beginsWithDrive(path) ? path.substr(0, driveRoot) : std::string_view();
 }
 
 std::vector<std::string> namesIn(std::string_view path, const CodePage& codePage) {
@@ -52,7 +48,7 @@ std::string seenFrom(std::string_view folder, std::string path, const CodePage& 
     if (isOnShare(path)) {
         return path;
     }
-    if (hasDrive(path)) { // without a root it is the drive's root all the same
+    if (beginsWithDrive(path)) { // without a root it is the drive's root all the same
         return path.substr(0, 2) + '\\' + path.substr(2);
     }
     if (path.starts_with('\\')) {
@@ -75,11 +71,11 @@ std::string fullPath(std::string_view path, std::string_view folder, const CodeP
 
 bool isFullPath(std::string_view path) {
     const std::string text = withBackslashes(trim(path));
-    return isOnShare(text) || (hasDrive(text) && text.substr(2).starts_with('\\'));
+    return isOnShare(text) || (beginsWithDrive(text) && text.substr(2).starts_with('\\'));
 }
 
 std::string driveOf(std::string_view fullPath) {
-    return hasDrive(fullPath) ? upperCase(fullPath.substr(0, 2)) : std::string();
+    return beginsWithDrive(fullPath) ? upperCase(fullPath.substr(0, 2)) : std::string();
 }
 
 std::vector<std::string> foldersOnTheWay(std::string_view fullPath, const CodePage& codePage) {

@@ -19,7 +19,7 @@ enum class LineEnds {
 // Reads a text file line by line, byte-transparently. Memory: one line and one block.
 class LineReader {
   public:
-    // Refers to `file`, which must outlive it. Of a line so many bytes are seen.
+    // Refers to `file`, which must outlive it. What a line has beyond `longest` bytes is skipped.
     LineReader(InputFile& file, LineEnds lineEnds, std::size_t longest = std::string::npos);
 
     // The next line without its end; nothing at the end of the file. What stands behind the last

@@ -34,9 +34,9 @@ void switchOffAllOutputs(BatchDefinition& definition) {
     switchOff(definition.CNSOutputs);
 }
 
-void forgetConfigurationEntries(BatchDefinition& definition) {
-    definition.bCfgNamesInput = false;
-    definition.bCfgNamesOutput = false;
+void forgetConfigurationEntries(ProgramSettings& settings) {
+    settings.bCfgNamesInput = false;
+    settings.bCfgNamesOutput = false;
 }
 
 void MyDefaultSettings(BatchDefinition& definition) {

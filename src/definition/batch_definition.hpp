@@ -22,10 +22,8 @@ struct OutputDefinition {
 using MPOutputDefinitions = std::array<OutputDefinition, mpOutputTypes.size()>;
 using CNSOutputDefinitions = std::array<OutputDefinition, cnsOutputTypes.size()>;
 
-// Everything that says what one batch is: which tools run over which files with which options, and
-// what they build where. A plain value; all texts are kept as typed.
-struct BatchDefinition {
-    // Program-wide: fields without a control of their own.
+// The part of a definition that has no control in the main window, which holds it as a member.
+struct ProgramSettings {
     std::string sAppFolder;        // the program's folder, ends in "\"
     std::string sTempFolder;       // for temporary files, ends in "\"
     std::string sMPExecutable;     // full path
@@ -34,12 +32,16 @@ struct BatchDefinition {
     bool bSettingsChanged = false; // the definition differs from its INI file
     bool bCommandLineLogging = false;
     std::string sCommandLineLogFile;
-    std::string sLanguage = "English";
-    std::int16_t iFixDoc = 0; // 0 or 1
     bool bConvertHyperlinks = false;
     bool bCfgNamesInput = false;  // the configuration file has an input entry; read by nobody yet
     bool bCfgNamesOutput = false; // the configuration file names the outputs itself
 
+    bool operator==(const ProgramSettings&) const = default;
+};
+
+// Everything that says what one batch is: which tools run over which files with which options, and
+// what they build where. A plain value; all texts are kept as typed.
+struct BatchDefinition : ProgramSettings {
     // Shown and edited in the main window. Check states count as on only when exactly 1.
     int iProcessMP = 1;
     int iProcessCNS = 0;
@@ -51,6 +53,8 @@ struct BatchDefinition {
     std::string sAliasesFile;
     int bUseConfigFile = 0;
     std::string sConfigFile;
+    std::int16_t iFixDoc = 0; // 0 or 1
+    std::string sLanguage = "English";
     MPOutputDefinitions MPOutputs;
     CNSOutputDefinitions CNSOutputs;
 
@@ -67,7 +71,7 @@ inline constexpr std::string_view defaultINIFileName = "TARNWICK.ini";
 void switchOffAllOutputs(BatchDefinition& definition);
 
 // Forgets what the configuration file was found to name: for whoever switches its use off.
-void forgetConfigurationEntries(BatchDefinition& definition);
+void forgetConfigurationEntries(ProgramSettings& settings);
 
 // Puts the settings with a default into their default state. Leaves the tool locations, the INI
 // file name, the input fields and the process check states as they are.

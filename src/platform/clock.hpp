@@ -4,14 +4,17 @@
 
 namespace tarnwick {
 
-class Clock {
+class SteadyClock {
   public:
-    virtual ~Clock() = default;
+    virtual ~SteadyClock() = default;
 
     // Seconds that only ever grow, from an arbitrary start; unmoved by midnight and by a clock
     // that is set.
     [[nodiscard]] virtual double steadySeconds() const = 0;
+};
 
+class Clock : public SteadyClock {
+  public:
     // Today's date and the time of day in the user's long formats.
     [[nodiscard]] virtual std::string longDate() const = 0;
     [[nodiscard]] virtual std::string longTime() const = 0;

@@ -24,12 +24,12 @@ bool endsInBackslash(std::string_view path, const CodePage& codePage) noexcept {
     return path.ends_with('\\') && codePage.findLastOf(path, "\\") == path.size() - 1;
 }
 
+} // namespace
+
 bool beginsWithDrive(std::string_view path) noexcept {
     constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     return path.size() >= 2 && path[1] == ':' && letters.contains(path[0]);
 }
-
-} // namespace
 
 bool isPossiblePath(std::string_view path, const CodePage& codePage) noexcept {
     if (path.starts_with(R"(\\?\)")) { // the prefix that lifts the limit of a path's length

@@ -25,6 +25,9 @@ namespace tarnwick {
     return path.starts_with(R"(\\)");
 }
 
+// Whether the path begins with a drive: a letter of ASCII and a ":".
+[[nodiscard]] bool beginsWithDrive(std::string_view path) noexcept;
+
 // Whether `text` holds "*" or "?".
 [[nodiscard]] bool hasWildcard(std::string_view text) noexcept;
 

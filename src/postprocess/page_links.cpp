@@ -124,7 +124,8 @@ class LineBlocks {
 } // namespace
 
 void rewriteLine(std::string& line, const PageRule& rule) {
-    const auto first = line.find(linkMarker); // which what takes a link's place begins with, too
+    // Every link begins with the marker, also one that was put in: so none begins before the first.
+    const auto first = line.find(linkMarker);
     for (const auto& [from, to] : rule.links) {
         if (const auto at = line.find(from, first); at != nowhere) {
             line.replace(at, from.size(), to);

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <memory>
 #include <ranges>
 #include <utility>
@@ -66,13 +67,16 @@ std::string link(std::string_view target) {
 // The outputs that a page can link to, in the order in which its lines are searched for them.
 using Targets = std::array<const Output*, 5>;
 
-PageRule pageRule(const Output& page, const Targets& targets, const ToolPaths& paths) {
+// What a link says in the place of its target's full path.
+using RelativeLink = std::function<std::string(std::string_view page, std::string_view target)>;
+
+PageRule pageRule(const Output& page, const Targets& targets, const ToolPaths& paths,
+                  const RelativeLink& relativeLink) {
     PageRule rule{.links = {}, .ownPath = paths.toolPath(page.path), .ownName = page.name};
     for (const Output* target : targets) {
         if (!target->path.empty()) {
-            rule.links.push_back(
-                {.from = link(paths.toolPath(target->path)),
-                 .to = link(ChangeMySlashes(GetRelativePath(page.path, target->path)))});
+            rule.links.push_back({.from = link(paths.toolPath(target->path)),
+                                  .to = link(relativeLink(page.path, target->path))});
         }
     }
     return rule;
@@ -87,9 +91,11 @@ void removeLeftover(Files& files, const std::string& path) {
 // The pages of one record, and the files that they are rewritten by way of.
 class RecordPages {
   public:
-    RecordPages(Files& files, const ToolPaths& paths, Outputs outputs, std::string_view temporary)
+    RecordPages(Files& files, const ToolPaths& paths, RelativeLink relativeLink, Outputs outputs,
+                std::string_view temporary)
         : files_(files),
           paths_(paths),
+          relativeLink_(std::move(relativeLink)),
           outputs_(std::move(outputs)),
           temporary_(std::string(temporary) + ".tmp"),
           // Not the same name: the page's folder may be that of `temporary`, reached in another
@@ -114,7 +120,8 @@ class RecordPages {
             return false;
         }
         try {
-            copyRewritten(page.path, pageRule(page, targets, paths_), createTemporary());
+            copyRewritten(page.path, pageRule(page, targets, paths_, relativeLink_),
+                          createTemporary());
             moveInOneStep(files_, temporary_, page.path, besidePath(page.path));
         } catch (...) {
             removeQuietly(files_, temporary_);
@@ -162,6 +169,7 @@ class RecordPages {
 
     Files& files_;
     const ToolPaths& paths_;
+    RelativeLink relativeLink_;
     Outputs outputs_;
     std::string temporary_;
     std::string besideName_;
@@ -172,8 +180,11 @@ class RecordPages {
 RewrittenPages rewriteRecordLinks(const BatchDefinition& definition, Files& files,
                                   KnownFolders& folders, const ToolPaths& paths,
                                   std::string_view sFile, std::string_view temporary) {
-    return RecordPages(files, paths, findOutputs(definition, folders, GetBaseName(sFile)),
-                       temporary)
+    const RelativeLink relativeLink = [](std::string_view page, std::string_view target) {
+        return withSlashes(relativePath(page, target));
+    };
+    return RecordPages(files, paths, relativeLink,
+                       findOutputs(definition, folders, GetBaseName(sFile)), temporary)
         .rewrite();
 }
 
@@ -181,39 +192,59 @@ void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& 
                       std::string_view /*sFolder*/, std::string_view sFile) {
     trap(desktop, "frmMain", "Private Sub FixRelativePaths()", [&] {
         KnownFolders folders(files);
-        static_cast<void>(rewriteRecordLinks(definition, files, folders, WindowsToolPaths(), sFile,
-                                             joinPath(definition.sInputFolder, "tarnwick")));
+        const WindowsToolPaths paths;
+        const RelativeLink relativeLink = [&desktop](std::string_view page,
+                                                     std::string_view target) {
+            return ChangeMySlashes(desktop, GetRelativePath(desktop, page, target));
+        };
+        RecordPages(files, paths, relativeLink,
+                    findOutputs(definition, folders, GetBaseName(sFile)),
+                    joinPath(definition.sInputFolder, "tarnwick"))
+            .rewrite();
     });
 }
 
-std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
-                            const CodePage& codePage) {
-    const auto nextBackslash = [&] { return codePage.findFirstOf(sFrom, "\\"); };
+std::string GetRelativePath(Desktop& desktop, std::string_view sFrom, std::string_view sTo) {
+    std::string path;
+    trap(desktop, "frmMain", "Private Function GetRelativePath",
+         [&] { path = relativePath(sFrom, sTo); });
+    return path;
+}
+
+std::string ChangeMySlashes(Desktop& desktop, std::string sPath) {
+    trap(desktop, "frmMain", "Private Function ChangeMySlashes",
+         [&] { sPath = withSlashes(sPath); });
+    return sPath;
+}
+
+std::string relativePath(std::string_view from, std::string_view to, const CodePage& codePage) {
+    const auto nextBackslash = [&] { return codePage.findFirstOf(from, "\\"); };
     for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
-        const auto q = codePage.findFirstOf(sTo, "\\"); // elsewhere, where letters differ in length
+        // Not always `p`: the small and the capital form of a letter may differ in length.
+        const auto q = codePage.findFirstOf(to, "\\");
         if (q == std::string_view::npos ||
-            !equalIgnoringCase(sFrom.substr(0, p), sTo.substr(0, q), codePage)) {
+            !equalIgnoringCase(from.substr(0, p), to.substr(0, q), codePage)) {
             break;
         }
-        sFrom.remove_prefix(p + 1);
-        sTo.remove_prefix(q + 1);
+        from.remove_prefix(p + 1);
+        to.remove_prefix(q + 1);
     }
     std::string path;
     for (auto p = nextBackslash(); p != std::string_view::npos; p = nextBackslash()) {
         path += "..\\";
-        sFrom.remove_prefix(p + 1);
+        from.remove_prefix(p + 1);
     }
-    return path.append(sTo);
+    return path.append(to);
 }
 
-std::string ChangeMySlashes(std::string_view sPath, const CodePage& codePage) {
+std::string withSlashes(std::string_view path, const CodePage& codePage) {
     std::string result;
-    for (auto p = codePage.findFirstOf(sPath, "\\"); p != std::string_view::npos;
-         p = codePage.findFirstOf(sPath, "\\")) {
-        result.append(sPath.substr(0, p)).append("/");
-        sPath.remove_prefix(p + 1);
+    for (auto p = codePage.findFirstOf(path, "\\"); p != std::string_view::npos;
+         p = codePage.findFirstOf(path, "\\")) {
+        result.append(path.substr(0, p)).append("/");
+        path.remove_prefix(p + 1);
     }
-    return result.append(sPath);
+    return result.append(path);
 }
 
 } // namespace tarnwick

@@ -41,14 +41,20 @@ struct RewrittenPages {
 void FixRelativePaths(const BatchDefinition& definition, Files& files, Desktop& desktop,
                       std::string_view sFolder, std::string_view sFile);
 
-// The way from the folder of the file `sFrom` to the file `sTo`, with "\". The folders that both
-// begin with fall away, whatever their case; each other one of `sFrom` is a "..\". Between drives
-// that leaves `sTo` whole, with its drive.
-[[nodiscard]] std::string GetRelativePath(std::string_view sFrom, std::string_view sTo,
-                                          const CodePage& codePage = systemCodePage());
+// The way from the folder of the file `from` to the file `to`, with "\". The folders that both
+// begin with fall away, whatever their case; each other one of `from` is a "..\". Between drives
+// that leaves `to` whole, with its drive.
+[[nodiscard]] std::string relativePath(std::string_view from, std::string_view to,
+                                       const CodePage& codePage = systemCodePage());
 
-// `sPath` with "/" for every "\".
-[[nodiscard]] std::string ChangeMySlashes(std::string_view sPath,
-                                          const CodePage& codePage = systemCodePage());
+// `path` with "/" for every "\".
+[[nodiscard]] std::string withSlashes(std::string_view path,
+                                      const CodePage& codePage = systemCodePage());
+
+// The same two as FixRelativePaths calls them. An error, which only want of memory can be, is
+// reported; on purpose the page is then rewritten all the same, with an empty path or with "\".
+[[nodiscard]] std::string GetRelativePath(Desktop& desktop, std::string_view sFrom,
+                                          std::string_view sTo);
+[[nodiscard]] std::string ChangeMySlashes(Desktop& desktop, std::string sPath);
 
 } // namespace tarnwick

@@ -113,7 +113,7 @@ bool InteractiveRun::process(const std::string& record) {
         if (!runTool(step)) {
             return false;
         }
-        if (step.tool == Tool::MP && rewritesLinks(definition)) {
+        if (rewritesLinksAfter(definition, step.tool)) {
             // A page that cannot be rewritten is reported there, and the run goes on.
             FixRelativePaths(definition, services_.files, services_.desktop, step.sFolder,
                              step.sFile);

@@ -21,8 +21,8 @@ struct RunServices {
     const Clock& clock;
 };
 
-// The two files of a run in the temporary folder. Both are there only while it goes on, but for
-// what a tool that was left to itself makes of them.
+// The two files of a run in the temporary folder. They are there only while it goes on; only a tool
+// that was left to itself may leave them longer.
 struct TemporaryFiles {
     explicit TemporaryFiles(std::string_view sTempFolder);
 
@@ -53,8 +53,9 @@ enum class Waited {
 // There is no time-out: a tool that never ends is waited for until then. The marker says nothing
 // about how the tool ended. A batch that ends without a marker did not run, or not to its end: that
 // is reported.
-// A batch that still runs when a stop is asked for is handed to `left`. Another window of the
-// program uses the same marker: that of its batch is not taken for this one's.
+// A batch that still runs when a stop is asked for is handed to `left`.
+// Another window of the program uses the same marker. So a marker counts only once our own
+// interpreter has ended, too.
 [[nodiscard]] Waited ProcessAndWait(const RunServices& services, const TemporaryFiles& temporary,
                                     std::string_view sInputFolder, std::string_view sStatement,
                                     const StopRequest& stop, LeftBatch& left);

@@ -58,9 +58,8 @@ std::string left(const ReportedRecord& record, const std::vector<ProductLinks>& 
     return text.empty() ? "" : "\n<p class=\"left\">" + text + "</p>";
 }
 
-std::string rows(const RunReport& report) {
+std::string rows(const RunReport& report, const ShapeLinks& shapes) {
     const std::vector<ProductLinks> links = productLinks(report, true);
-    const ShapeLinks shapes(report);
     std::size_t shown = 0;
     std::size_t room = roomForMessages;
     std::string text;
@@ -85,9 +84,9 @@ std::string rows(const RunReport& report) {
 
 } // namespace
 
-std::string failuresSection(const RunReport& report) {
+std::string failuresSection(const RunReport& report, const ShapeLinks& shapes) {
     std::string text = sectionBegin("failures", "Failures", report.totals.failed);
-    const std::string all = rows(report);
+    const std::string all = rows(report, shapes);
     if (all.empty()) {
         return text + "<p>No record failed.</p>\n</section>\n";
     }

@@ -131,8 +131,8 @@ std::string table(const RunReport& report, std::string_view rows) {
 
 // "#1 Error (line #): ..." in a list, of each shape that `wanted` holds for.
 template <typename Wanted>
-std::string shapeList(const RunReport& report, std::string_view heading, const Wanted& wanted) {
-    const ShapeLinks links(report);
+std::string shapeList(const RunReport& report, const ShapeLinks& links, std::string_view heading,
+                      const Wanted& wanted) {
     std::string list;
     std::size_t count = 0;
     for (ShapePlace place = 0; place < report.shapes.size(); ++place) {
@@ -159,13 +159,12 @@ std::string shapeCell(const std::vector<ShapePlace>& places, const ShapeLinks& l
                                   : text + " and " + grouped(places.size() - shown) + " more";
 }
 
-std::string changedRecords(const RunReport& report) {
+std::string changedRecords(const RunReport& report, const ShapeLinks& links) {
     std::string text =
         "<h3>Records with new or gone messages: " + grouped(report.changes.size()) + "</h3>\n";
     if (report.changes.empty()) {
         return text;
     }
-    const ShapeLinks links(report);
     text += "<table class=\"changes\"><thead><tr><th scope=\"col\">Record<th scope=\"col\">New"
             "<th scope=\"col\">Gone</thead><tbody>\n";
     for (std::size_t place = 0; place < std::min(report.changes.size(), mostChanges); ++place) {
@@ -179,11 +178,9 @@ std::string changedRecords(const RunReport& report) {
 
 } // namespace
 
-std::string findingsSection(const RunReport& report) {
-    const ShapeLinks links(report);
-    RecordsOfShapes records = recordsOfShapes(report, links);
+std::string findingsSection(const RunReport& report, const PageLinks& links) {
+    RecordsOfShapes records = recordsOfShapes(report, links.shapes);
     cutToRoom(records, report);
-    const ListedFindings listed(report);
     std::string rows;
     std::string commonRows;
     std::size_t common = 0;
@@ -194,8 +191,8 @@ std::string findingsSection(const RunReport& report) {
             continue;
         }
         ++(shape.common ? common : others);
-        if (links.hasRow(place)) {
-            (shape.common ? commonRows : rows) += row(report, place, records[place], listed);
+        if (links.shapes.hasRow(place)) {
+            (shape.common ? commonRows : rows) += row(report, place, records[place], links.listed);
         }
     }
     std::string text = sectionBegin("findings", "Findings", others);
@@ -211,18 +208,18 @@ std::string findingsSection(const RunReport& report) {
     return text + "</section>\n";
 }
 
-std::string changesSection(const RunReport& report) {
+std::string changesSection(const RunReport& report, const ShapeLinks& links) {
     if (!report.hasRunBefore) {
         return {};
     }
     return sectionBegin("changes", "New and gone since the run before") +
            shapeList(
-               report, "new",
+               report, links, "new",
                [](const Shape& shape) { return shape.records > 0 && shape.recordsBefore == 0; }) +
            shapeList(
-               report, "gone",
+               report, links, "gone",
                [](const Shape& shape) { return shape.records == 0 && shape.recordsBefore > 0; }) +
-           changedRecords(report) + "</section>\n";
+           changedRecords(report, links) + "</section>\n";
 }
 
 } // namespace tarnwick

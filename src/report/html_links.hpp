@@ -15,8 +15,8 @@ namespace tarnwick {
 // The record's name as a link to its row.
 [[nodiscard]] std::string recordLink(const RunReport& report, RecordPlace record);
 
-// The links to one product, with a blank behind each: what is the same in all of them is made once.
-// Refers to `product`.
+// The links from all records to one product, with a blank behind each. What they have in common is
+// made only once. Refers to `product`.
 class ProductLinks {
   public:
     explicit ProductLinks(const ReportedProduct& product);
@@ -36,8 +36,8 @@ class ProductLinks {
 // A shape's place in the table of findings as text: "#12". Places count from 0, people from 1.
 [[nodiscard]] std::string shapeNumber(ShapePlace place);
 
-// So many shapes have a row under Findings: of those that nearly every record has, and again of
-// the others.
+// How many shapes have a row under Findings: of those that nearly every record has, and as many
+// again of the others.
 inline constexpr std::size_t mostShapes = 500;
 
 // The numbers of shapes as links to their rows under Findings.
@@ -80,6 +80,14 @@ class ListedFindings {
 
   private:
     std::vector<bool> missing_; // of each shape, in some row; empty where none is
+};
+
+// What the sections of one page share: which shapes have a row, and which findings are listed.
+struct PageLinks {
+    explicit PageLinks(const RunReport& report) : shapes(report), listed(report) {}
+
+    ShapeLinks shapes;
+    ListedFindings listed;
 };
 
 } // namespace tarnwick

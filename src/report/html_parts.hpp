@@ -16,7 +16,7 @@ namespace tarnwick {
 [[nodiscard]] std::string sectionBegin(std::string_view place, std::string_view heading,
                                        std::uint64_t count);
 
-// The kinds of report that have all of what a page shows the first of. Those as .csv have records,
+// A page shows only the first of many: in which kinds of report are all? One as .csv has records,
 // but neither shapes nor changes.
 enum class AllAreIn : std::uint8_t { Json, JsonAndCsv };
 

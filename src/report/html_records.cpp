@@ -107,9 +107,8 @@ std::string controls() {
 
 } // namespace
 
-void recordsSection(const RunReport& report, const ReportSink& sink) {
+void recordsSection(const RunReport& report, const ListedFindings& listed, const ReportSink& sink) {
     const std::vector<ProductLinks> linked = linkedProducts(report);
-    const ListedFindings listed(report);
     sink(sectionBegin("records", "All records", report.records.size()) + products(report));
     if (!listed.areAll()) {
         sink("<p class=\"remark\">There is no room for the numbers of all findings: each record "

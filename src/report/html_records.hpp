@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/html_links.hpp"
 #include "report/report_sink.hpp"
 #include "report/run_report.hpp"
 
@@ -9,6 +10,6 @@ namespace tarnwick {
 // <noscript>: a browser without the script shows all, one with it does not have to lay out a
 // hundred thousand rows before anything can be seen; the script takes them from there, a part at a
 // time. Raises what `sink` raises.
-void recordsSection(const RunReport& report, const ReportSink& sink);
+void recordsSection(const RunReport& report, const ListedFindings& listed, const ReportSink& sink);
 
 } // namespace tarnwick

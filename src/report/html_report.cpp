@@ -69,15 +69,15 @@ std::string contents(const RunReport& report) {
            entry("records", "All records") + "</ul></nav>\n";
 }
 
-void body(const RunReport& report, const ReportSink& sink) {
+void body(const RunReport& report, const PageLinks& links, const ReportSink& sink) {
     sink("<body>\n" + head(report) + "<main>\n" + figures(report) + stateBar(report) +
          remarks(report) + contents(report));
-    sink(failuresSection(report));
+    sink(failuresSection(report, links.shapes));
     if (report.findingsAreKnown) {
-        sink(findingsSection(report) + changesSection(report));
+        sink(findingsSection(report, links) + changesSection(report, links.shapes));
     }
     sink(runsSection(report) + timesSection(report));
-    recordsSection(report, sink);
+    recordsSection(report, links.listed, sink);
     sink("</main>\n");
 }
 
@@ -99,8 +99,9 @@ std::string title(const RunReport& report) {
 // The mark stands before what it is made of, so that is made twice: it may be too
 // large to be held beside the report.
 void htmlReport(const RunReport& report, const ReportSink& sink) {
+    const PageLinks links(report);
     PiecewiseHash hash;
-    body(report, [&](std::string_view piece) { hash.add(piece); });
+    body(report, links, [&](std::string_view piece) { hash.add(piece); });
     const std::string mark = hexadecimal(hash.hash());
     sink("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n" +
          std::string(htmlMark) + "\n" + policy(mark) +
@@ -108,7 +109,7 @@ void htmlReport(const RunReport& report, const ReportSink& sink) {
          "<meta name=\"color-scheme\" content=\"light dark\">\n"
          "<link rel=\"icon\" href=\"data:,\">\n<title>" +
          title(report) + "</title>\n<style>\n" + std::string(pageStyle()) + "</style>\n</head>\n");
-    body(report, sink);
+    body(report, links, sink);
     sink("<script nonce=\"" + mark + "\">\n");
     sink(pageScript());
     sink("</script>\n</body>\n</html>\n");

@@ -12,10 +12,11 @@
 
 namespace tarnwick {
 
-// Runs of several logs, in the order in which they began: which of them are one run together.
-// Shares of as many are, until one of them is run again, or none has begun for half a day: shares
-// that one machine runs one after another follow each other sooner, and those of the next night
-// later, also where the night before some were left out.
+// Tells which runs of several logs, in the order in which they began, are one run together. Runs
+// belong together when each is a share of as many shares; when a log comes a second time, or
+// nothing has begun for half a day, another run together begins. Half a day, because shares that
+// one machine runs one after another follow each other sooner than that, and those of the next
+// night later, even if some were left out the night before.
 class JoinedRun {
   public:
     static constexpr double longestPause = 12.0 * 60 * 60; // seconds between two beginnings

@@ -20,8 +20,8 @@ using ToUtf8 = std::function<std::string(std::string_view text)>;
 // A message log, and the runs that it is of.
 struct MessageSource {
     std::string path;
-    std::uint32_t lastRun = 0; // of the run log beside it; 0 where another was run since
-    std::uint32_t shares = 0;  // so many together are all records; 0: it is of all by itself
+    std::uint32_t lastRun = 0; // of the run log beside it; 0 where the last run was of another log
+    std::uint32_t shares = 0;  // how many shares make all records; 0: the log is of all records
 };
 
 // What is asked of the message logs.
@@ -39,7 +39,7 @@ struct KeptFindings {
     std::vector<Shape> shapes;
     std::vector<std::vector<Finding>> findings; // of each record
     std::vector<KeptMessages> messages;         // of each, where their texts were asked for
-    std::vector<std::uint64_t> leftOut;         // of each, so many more there were
+    std::vector<std::uint64_t> leftOut;         // of each, how many messages are not kept
     std::vector<std::string> failing;           // of each, the first message that fails it
     std::vector<Judgement> judgements;          // of each, by the patterns that fail it
     std::vector<RecordChange> changes;
@@ -52,7 +52,8 @@ struct KeptFindings {
 // readMessageLog raises.
 [[nodiscard]] KeptFindings readFindings(const Files& files, const FindingsRequest& request);
 
-// Adds to `totals` how many records have findings, and how many these are; see there what counts.
+// Adds to `totals` how many records have findings, and how many messages these are. RunTotals says
+// what counts.
 void countFindings(const KeptFindings& findings, RunTotals& totals);
 
 } // namespace tarnwick

@@ -11,7 +11,7 @@ namespace tarnwick {
 
 // The reports that a user wants.
 struct ReportRequest {
-    std::vector<std::string> files; // full Windows paths, each of a kind that there is
+    std::vector<std::string> files; // full Windows paths; reportKindOf knows the kind of each
     std::string definition;         // the name of its file
     std::string stateFolder;
     MessagePatterns patterns;
@@ -20,15 +20,13 @@ struct ReportRequest {
     bool ofSomeRecords = false; // else of all that the definition has
 };
 
-// For RunRequest::remarksBefore: which reports could not be written as things are. The run is worth
-// more than its reports, which can be made at any time after it: so it is not refused. Refers to
-// `services`.
+// For RunRequest::remarksBefore: which reports could not be written as things are. That is no
+// reason to refuse the run: its reports can be made at any time after it. Refers to `services`.
 [[nodiscard]] std::function<std::vector<std::string>(const BatchDefinition& definition)>
 remarksOnReports(ReportRequest request, const RunnerServices& services);
 
-// For RunRequest::whenEnded: writes the reports, and says how everything stands. A run of some
-// records says nothing of how everything stands. Copies what it needs but for `services` and
-// `utf8`, which it refers to.
+// For RunRequest::whenEnded: writes the reports, and gives the totals to be kept. A run of some of
+// the records gives none, for it says nothing about the others. Refers to `services` and `utf8`.
 [[nodiscard]] std::function<RunEndNotes(const RunEnd& end)>
 reportsAtTheEnd(ReportRequest request, const RunnerServices& services, const ToUtf8& utf8);
 

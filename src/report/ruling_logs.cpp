@@ -33,11 +33,20 @@ void equalConditions(std::map<std::uint32_t, RunConditions>& runs) {
 RulingLogs::RulingLogs(const Files& files, const ProcessLocks& locks,
                        const std::string& stateFolder, const std::optional<Share>& share,
                        std::string_view me) {
-    history_ =
-        readStateHistory(files, locks, stateFolder, share, me,
-                         [this](const std::string& log, const LogLine& line) { hear(log, line); });
-    const auto add = [this](const std::string& name) {
-        ToldLog& log = told_[name];
+    std::map<std::string, ToldLog> told;
+    std::vector<Begun> begun;
+    const auto hear = [&](const std::string& log, const LogLine& line) {
+        ToldLog& here = told[log];
+        if (const auto* const run = std::get_if<RunLine>(&line)) {
+            here.lastRun = std::max(here.lastRun, run->run);
+            begun.push_back({.when = run->begun, .run = run->run, .log = log});
+        } else if (const auto* const record = std::get_if<RecordLine>(&line)) {
+            here.notes[record->record] = {.why = record->why, .calls = record->calls};
+        }
+    };
+    history_ = readStateHistory(files, locks, stateFolder, share, me, hear);
+    const auto add = [&](const std::string& name) {
+        ToldLog& log = told[name];
         log.name = name;
         if (const auto owner = ownerOfLog(name)) {
             log.share = owner->share;
@@ -48,27 +57,16 @@ RulingLogs::RulingLogs(const Files& files, const ProcessLocks& locks,
     for (const OtherLogs::Log& log : history_.others.logs) {
         add(log.name);
     }
-    told_.clear();
-    findLastRun();
+    findLastRun(std::move(begun));
     equalConditions();
-}
-
-void RulingLogs::hear(const std::string& log, const LogLine& line) {
-    ToldLog& told = told_[log];
-    if (const auto* const run = std::get_if<RunLine>(&line)) {
-        told.lastRun = std::max(told.lastRun, run->run);
-        begun_.push_back({.when = run->begun, .run = run->run, .log = log});
-    } else if (const auto* const record = std::get_if<RecordLine>(&line)) {
-        told.notes[record->record] = {.why = record->why, .calls = record->calls};
-    }
 }
 
 // Clocks of several machines are compared here alone: for what people are told of the order of
 // runs.
-void RulingLogs::findLastRun() {
+void RulingLogs::findLastRun(std::vector<Begun> begun) {
     if (logs_.size() > 1) { // one log has them in their order
-        std::ranges::stable_sort(begun_, {}, [](const Begun& begun) {
-            return std::tuple(std::string_view(begun.when), begun.run);
+        std::ranges::stable_sort(begun, {}, [](const Begun& run) {
+            return std::tuple(std::string_view(run.when), run.run);
         });
     }
     std::unordered_map<std::string_view, std::uint32_t> places;
@@ -76,14 +74,13 @@ void RulingLogs::findLastRun() {
         places.emplace(logs_[log].name, log);
     }
     JoinedRun joined;
-    for (const Begun& begun : begun_) {
-        const std::uint32_t log = places.at(begun.log);
-        if (joined.begins(log, sharesOf(logs_[log]), begun.when)) {
-            lastBegun_ = begun.when;
+    for (const Begun& run : begun) {
+        const std::uint32_t log = places.at(run.log);
+        if (joined.begins(log, sharesOf(logs_[log]), run.when)) {
+            lastBegun_ = run.when;
         }
     }
     lastLogs_ = joined.logs();
-    begun_.clear();
 }
 
 void RulingLogs::equalConditions() {

@@ -30,27 +30,27 @@ struct ToldLog {
     std::unordered_map<std::string, Note> notes; // of each record's last end
 };
 
-// The logs of a state folder, and which of them is asked of which record: several may have made it,
-// or tried to.
+// The logs of a state folder. Several may tell of the same record: this says which one of them
+// counts for it.
 class RulingLogs {
   public:
     // As readStateHistory.
     RulingLogs(const Files& files, const ProcessLocks& locks, const std::string& stateFolder,
                const std::optional<Share>& share, std::string_view me);
 
-    // For a plan in which every log's records count as made under the same conditions as its last
-    // run: whether tools and all else still are as they were then is not asked.
+    // For a plan that does not ask whether tools and files have changed since: every log's records
+    // count as made under the conditions of its last run.
     [[nodiscard]] const StateHistory& history() const noexcept { return history_; }
 
-    // What counts of a record: its place in logs(), and what that log knows. `known` is null where
-    // no log names the record; the log is then the first.
+    // The log that counts for a record, by its place in logs(), and what it knows of the record.
+    // `known` is null where no log names the record; the log is then the first.
     struct Ruling {
         std::uint32_t log = 0;
         const KnownRecord* known = nullptr;
     };
-    // `upToDate` is what the plan says of it, with the stamp that it has: a log which says so, too,
-    // counts. Else one that tells of a failure does, and among equals the one that was written by
-    // the last run.
+    // `upToDate` is what the plan says of the record, and `stamp` the one that it has now. What
+    // counts first is a log that made it as it is now, where it is up to date; then one that tells
+    // of a failure; and among equals the one that the last run wrote.
     [[nodiscard]] Ruling rulingOf(const std::string& record, bool upToDate,
                                   const Stamp& stamp) const;
 
@@ -63,7 +63,7 @@ class RulingLogs {
     // When the last run began, of shares the first of them; empty where there was none.
     [[nodiscard]] const std::string& lastBegun() const noexcept { return lastBegun_; }
 
-    // Of all records, the rulings are no longer needed, nor what they refer to.
+    // Frees the memory for all that rulings refer to: none may be asked for or used after this.
     void letGo();
 
   private:
@@ -73,14 +73,11 @@ class RulingLogs {
         std::string log;
     };
 
-    void hear(const std::string& log, const LogLine& line);
-    void findLastRun();
+    void findLastRun(std::vector<Begun> begun);
     void equalConditions();
 
     StateHistory history_;
     std::vector<ToldLog> logs_; // the own one, and others as history_ has them
-    std::map<std::string, ToldLog> told_;
-    std::vector<Begun> begun_;
     std::string lastBegun_;
     std::set<std::uint32_t> lastLogs_; // in which the last run is
 };

@@ -77,7 +77,7 @@ struct ReportedRecord {
     std::string mpStem{};
     std::string cnsStem{};
     KeptMessages messages{};           // all of `findings`, where their texts are held
-    std::uint64_t messagesLeftOut = 0; // so many more the tools have said
+    std::uint64_t messagesLeftOut = 0; // how many more the tools have said
 
     bool operator==(const ReportedRecord&) const = default;
 };
@@ -106,7 +106,7 @@ struct RecordChange {
 // Of which records the messages are held by their own texts.
 enum class Texts : std::uint8_t {
     OfNone,
-    OfFailures, // of the first RunReport::mostFailures, less those that fail by their messages
+    OfFailures, // of the first RunReport::mostFailures, but for those that fail by their messages
     OfAll,
 };
 

@@ -12,7 +12,7 @@
 
 namespace tarnwick {
 
-// Of what a report is to tell: a definition, and where its runs have left what they know.
+// What a report is about: a definition, and where its runs have left what they know.
 struct ReportSubject {
     const Job& job;
     const Products& products;

@@ -22,8 +22,8 @@ namespace tarnwick {
 //    one a file name; and where it is a file name: behind its last dot, which is not its first
 //    character, stand two to five letters and digits of ASCII, first a letter.
 // 3. In all other words, digits of any script in a row are one "#", with single dots and commas
-// between them, and
-//    with a sign before them unless a letter, a digit or another sign stands before that.
+//    between them, and with a sign before them unless a letter, a digit or another sign stands
+//    before that.
 // 4. Several blanks are one, and there are none at the ends.
 //
 // The shape of a shape, of no record, is that shape. No shape is longer than two and a half times

@@ -8,14 +8,14 @@
 
 namespace tarnwick {
 
-// What the tool finds in its list of arguments: the same as a program finds there that is started
-// by the command's line in a batch, but for the paths, which are those of this system. A word with
-// blanks is several there. Raises what ToolPaths::toolPath raises.
+// What the tool finds in its list of arguments. But for the paths, which are those of this system,
+// it is the same as when the command's line in a batch starts it: a word with blanks becomes
+// several arguments. Raises what ToolPaths::toolPath raises.
 [[nodiscard]] std::vector<std::string> argumentList(const ToolCommand& command,
                                                     const KnownToolPaths& paths);
 
-// Whether such a line means what it says: no quotation mark stands in one of its texts, and no path
-// ends in "\", before the one that closes it.
+// Whether a batch's line gives the tool just these arguments. It does not where one of its texts
+// holds a quotation mark, or a path ends in "\", which would take the meaning from the closing one.
 [[nodiscard]] bool staysArgumentList(const ToolCommand& command) noexcept;
 
 } // namespace tarnwick

@@ -8,8 +8,8 @@
 
 namespace tarnwick {
 
-// The calls for other engines. What they print is no longer ours: nothing in a text can end its
-// quotation.
+// The calls of the tools as texts for other programs, which run them. Whatever stands in a name or
+// path, it cannot end the quotation that it stands in.
 
 // As a POSIX shell takes it: each word in single quotes where it needs them.
 [[nodiscard]] std::string shellLine(const ToolCall& call);

@@ -27,27 +27,28 @@ struct LogFaults {
     bool operator==(const LogFaults&) const = default;
 };
 
-// No line that is written is longer; of one that is read, so much is seen, and it is not whole.
+// In bytes. No longer line is written; one that is read is cut there, and counts as not whole.
 inline constexpr std::size_t longestLogLine = 4'000'000;
 
-// Gives `take` each line that is not blank, without its end; it returns whether the line is whole.
-// There is none where there is no such file. Memory: one line. Raises what Files::openForReading
+// Gives `take` each line that is not blank, without its end; `take` returns whether the line is
+// whole. A file that is not there has no lines. Memory: one line. Raises what Files::openForReading
 // and InputFile::read raise, and 321 (with a description for people) where the file is no such log
 // or one of a newer version.
 LogFaults readCheckedLog(const Files& files, std::string_view path, const LogKind& kind,
                          const std::function<bool(std::string_view line)>& take);
 
-// Whether such a log of this version is there, or nothing yet: what a line may be added to without
-// reading more than the title. Raises what Files::openForReading and InputFile::read raise.
+// Whether a line may be added to the file: it is such a log of this version, or not there yet.
+// Reads only the title. Raises what Files::openForReading and InputFile::read raise.
 [[nodiscard]] bool isThatLog(const Files& files, std::string_view path, const LogKind& kind);
 
-// Makes a log anew, in one step, of the lines that `keep` returns true for, unless somebody is just
-// reading it where a system does not allow that: the next run is soon enough. Memory: one line.
-// Raises what readCheckedLog and Files raise; the log is then as it was.
+// Makes a log anew, in one step, of the lines that `keep` returns true for. On a system that
+// replaces no file which somebody is reading, the log may stay as it is: the next run is soon
+// enough. Memory: one line. Raises what readCheckedLog and Files raise; the log is then as it was.
 void makeLogAnew(Files& files, const std::string& path, const LogKind& kind,
                  const std::function<bool(std::string_view line)>& keep);
 
-// Adds lines to a log; each is with the system before the next is begun.
+// Adds lines to a log. When write returns, the system has the line: it outlasts the end of this
+// program, not a failure of the machine.
 class LogEnd {
   public:
     // Makes the log where there is none. Raises what Files raises.
@@ -56,7 +57,7 @@ class LogEnd {
     // With its "\n". Raises 61, 57.
     void write(std::string_view line);
 
-    // Of a run's end: on the medium. Raises 61, 57.
+    // At a run's end: returns when all is on the medium. Raises 61, 57.
     void close();
 
   private:

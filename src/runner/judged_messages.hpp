@@ -15,13 +15,14 @@ namespace tarnwick {
 // What patterns say of a record by its messages.
 enum class Judgement : std::uint8_t {
     Clean,
-    Fails,       // one of its messages does
-    PartlyKnown, // none that is kept does; others are left out or cut, and no such patterns saw
-                 // them
+    Fails,       // one of its messages is among those that fail a record
+    PartlyKnown, // none of those that are kept is; but not all are kept in full, and no run with
+                 // these patterns saw them all
     Unknown,     // its messages are not known
 };
 
-// By what is kept, where no run with these patterns has judged all that was said.
+// By the messages that are kept. Where not all are, but a run with these patterns has seen all of
+// them and failed the record for none, that counts.
 [[nodiscard]] Judgement judgementOf(const MessagesLine& line, const MessagePatterns& patterns);
 
 // Of each record whose messages are kept.

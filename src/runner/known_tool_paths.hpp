@@ -8,9 +8,9 @@
 
 namespace tarnwick {
 
-// ToolPaths with a memory: the system is asked once for each folder and each file that is there
-// before. For one job over many records, where the same few are named again and again. Refers to
-// `paths`, which must outlive it.
+// ToolPaths with a memory: the system is asked only once for each folder, and for each file that
+// exists already. For one job over many records, where the same few are named again and again.
+// Refers to `paths`, which must outlive it.
 class KnownToolPaths final : public ToolPaths {
   public:
     explicit KnownToolPaths(const ToolPaths& paths) : paths_(paths) {}

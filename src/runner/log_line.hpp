@@ -67,8 +67,8 @@ struct RecordLine {
     bool operator==(const RecordLine&) const = default;
 };
 
-// A `begun` line of another log holds no longer: a run of this one, which knew of it, has made the
-// record since.
+// A run of another log was killed while it had this record in work, and its `begun` line stands
+// there for ever. A run of this log has made the record since, so that line no longer counts.
 struct SettledLine {
     std::uint32_t run = 0;
     std::string record;

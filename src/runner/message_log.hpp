@@ -33,7 +33,8 @@ struct MessagesLine {
     // Of messages that are not all kept, or not whole.
     struct Missing {
         std::uint64_t leftOut = 0; // RecordMessages::leftOut
-        // MessagePatterns::mark of those which saw all that was said, and failed nothing; 0: none.
+        // MessagePatterns::mark of the patterns that saw all messages and failed the record for
+        // none; 0 where there are no such patterns.
         std::uint64_t judgedBy = 0;
 
         bool operator==(const Missing&) const = default;
@@ -47,8 +48,8 @@ struct MessagesLine {
 struct TotalsLine {
     std::uint32_t run = 0;
     RunTotals totals;
-    // Nothing was to do, and so nobody counted what the tools say: that is as the run before left
-    // it. `totals` then has none of it.
+    // Nothing was to do, so the findings were not counted: they are as the run before left them,
+    // and `totals` has none of them.
     bool findingsAsBefore = false;
 
     bool operator==(const TotalsLine&) const = default;
@@ -76,7 +77,7 @@ LogFaults readMessageLog(const Files& files, std::string_view path,
 // Files::openForReading, append and InputFile::read raise, and 61, 57.
 void addTotals(Files& files, const std::string& path, const TotalsLine& line);
 
-// Writes the log, a line at a time; each is with the system before the next is begun.
+// Writes the log, a line at a time, as LogEnd does.
 class MessageLog {
   public:
     // Before a run. Makes the log where there is none; where most of it is stale, or something of
@@ -87,7 +88,7 @@ class MessageLog {
     // Raises 61, 57.
     void write(const MessageLogLine& line);
 
-    // Of a run's end: on the medium. Raises 61, 57.
+    // At a run's end: returns when all is on the medium. Raises 61, 57.
     void close();
 
   private:

@@ -13,7 +13,7 @@
 
 namespace tarnwick {
 
-// Of one file so many messages are kept, and of one message so many bytes.
+// How many messages of one file are kept, and how many bytes of one message.
 inline constexpr std::size_t mostMessages = 300;
 inline constexpr std::size_t longestMessage = 300;
 
@@ -30,8 +30,8 @@ struct ToolMessage {
 struct RecordMessages {
     std::vector<ToolMessage> kept; // CNS's, then MP's; in the order of their files
     std::string failing;           // the first that fails the record, be it kept or not
-    std::uint64_t leftOut = 0;     // so many more there were that nobody ignores
-    bool isPart = false;           // some are left out, or of one that is kept the end is missing
+    std::uint64_t leftOut = 0;     // how many more there were that no pattern ignores
+    bool isPart = false;           // some are left out, or the end of one that is kept is missing
 
     bool operator==(const RecordMessages&) const = default;
 };
@@ -50,17 +50,17 @@ inline constexpr std::string_view nothingCouldFail =
 // Why such a message fails its record, as a sentence.
 [[nodiscard]] std::string messageFailure(std::string_view message);
 
-// A text that a tool has written, in the program's code page. Empty: it is that as it is.
+// Turns a text that a tool has written into the program's code page. Empty: nothing needs to be
+// turned.
 using ToolText = std::function<std::string(std::string_view text)>;
 
 // The largest report that is read, in bytes: what is more is damage, or has no end.
 inline constexpr std::uint64_t largestReport = 1'000'000'000;
 
-// Adds every line of the first `size` bytes of the file that is not blank: what is written behind
-// them meanwhile is not followed. Patterns see 64 KB of a line. Where there are more than
-// mostMessages, the last one that is added is "[messages left out: 1234]", in the place of the
-// first of these. Memory: what is kept, however long file and lines are. Raises what
-// InputFile::read raises.
+// Adds every line of the first `size` bytes of the file that is not blank; what is written behind
+// them meanwhile is not read. Patterns see 64 KB of a line. Beyond mostMessages, lines are judged
+// by the patterns and counted in `leftOut`, but not kept. Memory: what is kept, however long file
+// and lines are. Raises what InputFile::read raises.
 void readMessages(InputFile& file, std::uint64_t size, const MessagePatterns& patterns,
                   RecordMessages& messages, const ToolText& toolText = {});
 

@@ -12,8 +12,8 @@ namespace tarnwick {
 // The window shows what has become of a definition whose folders and files are not there; a run
 // without a window has to say it.
 
-// A sentence for each entry without which the records are made otherwise than the definition says;
-// none for a product of a tool that does not run.
+// A sentence for each passed-over entry that changes what is made of the records; none for a
+// product of a tool that does not run.
 [[nodiscard]] std::vector<std::string> remarksOn(std::span<const PassedOverEntry> passedOver,
                                                  const BatchDefinition& definition);
 

@@ -30,9 +30,9 @@ struct Reason {
         ProductChanged,
         Asked, // for all
         OutputsUnknown,
-        MessagesUnknown,     // and the user insists on some not being there
-        MessagesPartlyKnown, // likewise; none of those that are known is one of these
-        MessageFails,        // one of those is
+        MessagesUnknown,     // and the user wants to know that certain ones are not among them
+        MessagesPartlyKnown, // none of the known ones is one of these; the others may be
+        MessageFails,        // one of the known ones is
     };
 
     Kind kind = Kind::New;
@@ -51,8 +51,8 @@ struct PlannedRecord {
     bool operator==(const PlannedRecord&) const = default;
 };
 
-// That a record was in work when a run of another log was killed: told there for ever, were it not
-// settled once the record is made.
+// A run of another log was killed while it had a record in work. That log will always say so:
+// when the record is made, our own log says that this is settled.
 struct BegunElsewhere {
     std::uint32_t record = 0; // of Job::records
     std::string log;
@@ -71,13 +71,14 @@ struct Plan {
 [[nodiscard]] RunConditions conditionsNow(const BatchDefinition& job, const Products& products,
                                           const FileStamps& stamps);
 
-// What of the job must run. A record is up to date when a run made it, whose log ever tells of
-// that, under the same conditions, and it and its products are as that run left them, and no run
-// that was killed had it in work; with `all` none is.
-// Asks once for each folder that holds products, and once more for each product that a listing does
-// not show; of a few records among many, once for each product. With `judged`, the messages of
-// each log (the own one, then history.others.logs), what would be up to date must run where they
-// fail it, or are not all known. Raises what FileStamps raises.
+// What of the job must run. A record is up to date when some log tells that a run made it under the
+// same conditions, it and its products are as that run left them, and no run that was killed had it
+// in work. With `all`, no record is up to date.
+// `judged` are the messages of each log (the own one, then history.others.logs): a record that
+// would be up to date runs where its messages fail it, or are not all known.
+// The system is asked once for each folder that holds products, and once more for each product that
+// a listing does not show; for a few records among many, once for each product. Raises what
+// FileStamps raises.
 [[nodiscard]] Plan planRun(const Job& job, const Products& products, const StateHistory& history,
                            const RunConditions& now, const FileStamps& stamps, bool all,
                            std::span<const JudgedMessages> judged = {});

@@ -38,16 +38,15 @@ class Products {
     // The name of that product of the record, without its folder. `kind` is one of kinds().
     [[nodiscard]] std::string nameOf(const ProductKind& kind, std::string_view record) const;
 
-    // That name is a stem, the same for all products of the record by this tool, and a suffix, the
-    // same for all records.
+    // The two parts of that name: the stem is the same for all products of the record by this tool,
+    // the suffix for all records.
     [[nodiscard]] std::string stemOf(Tool tool, std::string_view record) const;
     [[nodiscard]] std::string suffixOf(const ProductKind& kind) const;
 
     // The full path.
     [[nodiscard]] std::string pathOf(const ProductKind& kind, std::string_view record) const;
 
-    // Tells apart what is asked of the tools, whatever the record: two definitions of the same hash
-    // give every record the same commands.
+    // Two definitions with the same hash give every record the same commands.
     [[nodiscard]] std::uint64_t commandsHash() const noexcept { return hash_; }
 
   private:

@@ -64,9 +64,9 @@ void RecordRun::makeProducts(RecordOutcome& outcome) {
         if (!makeCall(call, outcome)) {
             return;
         }
-    }
-    if (rewritesLinks(job_.definition)) {
-        rewriteLinks(calls.back(), outcome.record);
+        if (rewritesLinksAfter(job_.definition, call.step.tool)) {
+            rewriteLinks(call, outcome.record);
+        }
     }
     takeStamps(outcome);
 }
@@ -203,10 +203,10 @@ void RecordRun::removeProducts(Tool tool, const std::string& record, const Stamp
 
 // A page whose links lead by full paths is not what was asked for: as with a call that failed, it
 // does not stay.
-void RecordRun::rewriteLinks(const RecordCall& lastCall, const std::string& record) {
+void RecordRun::rewriteLinks(const RecordCall& call, const std::string& record) {
     try {
         static_cast<void>(rewriteRecordLinks(job_.definition, services_.files, folders_, paths_,
-                                             lastCall.step.sFile, temporary_));
+                                             call.step.sFile, temporary_));
     } catch (const RunTimeError& error) {
         for (const ProductKind& kind : products_.kinds()) {
             if (!settings_.keepPartial && (kind.label == "html" || kind.label == "faq")) {

@@ -47,7 +47,7 @@ class RecordRun {
     void takeMessages(Tool tool, const Stamps& before, RecordOutcome& outcome);
     void judgeMessages(RecordOutcome& outcome) const;
     void removeProducts(Tool tool, const std::string& record, const Stamps& before);
-    void rewriteLinks(const RecordCall& lastCall, const std::string& record);
+    void rewriteLinks(const RecordCall& call, const std::string& record);
     void takeStamps(RecordOutcome& outcome) const;
     [[nodiscard]] bool isRecordItself(const ProductKind& kind, const std::string& record) const;
 

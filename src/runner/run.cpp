@@ -26,10 +26,12 @@ std::vector<CallNote> notesOf(const std::vector<CallOutcome>& calls) {
     return notes;
 }
 
-// It runs all the same, so that its own lines in the log do not show that it is in work.
+// Whether the record runs although its last line in the log says that it is made. Should this run
+// be killed, only a line that says it has begun makes the next one do the record again.
 bool wasUpToDate(Reason::Kind reason) {
     using enum Reason::Kind;
-    return reason == Asked || reason == MessagesUnknown || reason == MessageFails;
+    return reason == Asked || reason == MessagesUnknown || reason == MessagesPartlyKnown ||
+           reason == MessageFails;
 }
 
 class OwnedRun {

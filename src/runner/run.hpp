@@ -36,10 +36,11 @@ struct RunParts {
     MessageLog* messages = nullptr; // keeps what the tools say
 };
 
-// Runs what is planned, so many records at once, writes each outcome into the log and tells the
-// observers. Interruptions come through `inbox`: after the first that is only asked for, what runs
-// may end; after an order, too, for half of the notice that the settings promise; after any other,
-// it is ended. Raises only for want of memory or threads.
+// Runs what is planned, settings.jobs records at once, writes each outcome into the log and tells
+// the observers. Interruptions come through `inbox`: a first one by the user lets the running tools
+// end by themselves; so does a first order of the system, but only for half of the notice that the
+// settings promise. A second one ends them at once, and so does an order without notice. Raises
+// only for want of memory or threads.
 [[nodiscard]] RunSummary runRecords(const RunParts& parts, Inbox<RunMessage>& inbox, RunLog& log,
                                     std::span<RunObserver* const> observers);
 

@@ -1,17 +1,14 @@
 #pragma once
 
+#include "platform/clock.hpp"
+
 #include <string>
 
 namespace tarnwick {
 
 // What a run asks of the time.
-class RunClock {
+class RunClock : public SteadyClock {
   public:
-    virtual ~RunClock() = default;
-
-    // Seconds that only ever grow, from an arbitrary start.
-    [[nodiscard]] virtual double steadySeconds() const = 0;
-
     // The date and time of day, as "2026-11-22T01:02:03Z", for people.
     [[nodiscard]] virtual std::string dateAndTime() const = 0;
 };

@@ -56,10 +56,10 @@ struct RunEnd {
     bool hadWork;      // else nothing was to run, and the tools said nothing
 };
 
-// What was made of it.
+// What RunRequest::whenEnded did at the end of a run.
 struct RunEndNotes {
     std::optional<RunTotals> totals; // to be kept
-    bool findingsAsBefore = false;   // of these: as TotalsLine has it
+    bool findingsAsBefore = false;   // as in TotalsLine, of these totals
     std::vector<std::string> told;   // sentences for the user
     std::vector<std::string> faults; // likewise, of what could not be done
 };
@@ -72,8 +72,8 @@ struct RunRequest {
     std::string holder; // who we are, for another runner to tell: "process 12 on HOST, since noon"
     LockTimes lockTimes{};
     bool dryRun = false; // only says what would be done
-    // Both may be empty, and do not raise. Remarks for the user before anything is run; then what
-    // is made of its end.
+    // Both may be empty, and do not raise. The first gives remarks for the user before anything is
+    // run, the other is called when the run has ended.
     std::function<std::vector<std::string>(const BatchDefinition& definition)> remarksBefore{};
     std::function<RunEndNotes(const RunEnd& end)> whenEnded{};
 };

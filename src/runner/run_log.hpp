@@ -57,7 +57,7 @@ using WantedRecords = std::function<bool(std::string_view record)>;
                                     const std::function<void(const LogLine& line)>& tell = {},
                                     const WantedRecords& wanted = {});
 
-// Writes the log, a line at a time; each is with the system before the next is begun.
+// Writes the log, a line at a time, as LogEnd does.
 class RunLog {
   public:
     // Makes the log where there is none. Where most of it is stale, or something of it is damaged,
@@ -68,7 +68,7 @@ class RunLog {
     // Raises 61, 57.
     void write(const LogLine& line);
 
-    // Of a run's end: on the medium. Raises 61, 57.
+    // At a run's end: returns when all is on the medium. Raises 61, 57.
     void close();
 
   private:

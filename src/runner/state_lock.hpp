@@ -49,12 +49,13 @@ class StateLock {
     StateLock& operator=(StateLock&&) = delete;
     ~StateLock();
 
-    // Why the run must not begin, in a sentence; empty where it may, and nobody else will.
+    // Why the run must not begin, in a sentence. Empty where it may: as long as this lives, no
+    // other runner begins one.
     [[nodiscard]] const std::string& refusal() const noexcept { return refusal_; }
 
-    // From now on gives signs of life, on a thread of its own, and calls `lost` there, once, when
-    // somebody on another machine has taken the lock all the same; before it returns, where that
-    // has happened already. Called once, where the lock is held.
+    // From now on gives signs of life, on a thread of its own. When somebody on another machine
+    // takes the lock all the same, `lost` is called there, once; where that has happened already,
+    // it is called before this returns. To be called once, and only where the lock is held.
     void keep(std::function<void(const std::string& holder)> lost);
     // Who that is; empty where nobody has.
     [[nodiscard]] std::string lostTo() const;

@@ -67,7 +67,7 @@ struct OtherLogs {
         std::string name;
         std::map<std::uint32_t, RunConditions> runs;
         std::size_t damaged = 0;
-        bool torn = false; // and nobody may be writing it just now
+        bool torn = false; // its last line is not whole, though nobody can be writing it now
     };
     std::vector<Log> logs;
     std::unordered_multimap<std::string, OtherKnown, TextHash, std::equal_to<>> records;
@@ -80,13 +80,13 @@ struct StateHistory {
     OtherLogs others;
     std::set<SettledLine> settled; // of all logs, with `run` 0
 
-    // Whether that `begun` line, of the run of the log, holds no longer.
+    // Whether a later run has settled what the `begun` line of that run in that log says.
     [[nodiscard]] bool isSettled(const std::string& record, const std::string& log,
                                  std::uint32_t run) const;
 };
 
-// Reads all logs. Of others it takes only the lines about records that are in `share`. `tell` hears
-// of each line that it takes, and of whose log it is. Raises what readRunLog raises.
+// Reads all logs; of the others only the lines about records that are in `share`. `tell` is called
+// with each line that is read so, and with the name of its log. Raises what readRunLog raises.
 using TellLine = std::function<void(const std::string& log, const LogLine& line)>;
 [[nodiscard]] StateHistory readStateHistory(const Files& files, const ProcessLocks& locks,
                                             const std::string& stateFolder,

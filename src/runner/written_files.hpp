@@ -16,9 +16,9 @@ namespace tarnwick {
 // may be as coarse as two seconds, and the file system's clock may be another than ours.
 class WrittenFiles {
   public:
-    // Makes and removes a file named `probe` in each folder of `products`, which no other runner
-    // may call so: thus it is known that products can be made there, and what time the file system
-    // has. Refers to `clock`.
+    // Makes and removes a file named `probe` in each folder of `products`: this shows whether
+    // products can be made there, and what time the file system has. No other runner may use that
+    // name. Refers to `clock`.
     WrittenFiles(const Products& products, Files& files, const FileStamps& stamps,
                  const RunClock& clock, const std::string& probe);
 
@@ -32,7 +32,8 @@ class WrittenFiles {
 
   private:
     const RunClock& clock_;
-    std::vector<std::int64_t> ahead_; // of our clock, the file system's, for each kind: nanoseconds
+    // For each kind, by how many nanoseconds the file system's clock is ahead of ours.
+    std::vector<std::int64_t> ahead_;
     std::vector<std::string> faults_;
 };
 

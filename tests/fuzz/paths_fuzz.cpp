@@ -20,7 +20,7 @@ namespace tarnwick {
 namespace {
 
 void tryLink(const std::string& from, const std::string& to) {
-    const std::string link = ChangeMySlashes(GetRelativePath(from, to));
+    const std::string link = withSlashes(relativePath(from, to));
     require(link == reference::relativeLink(from, to), "the link is what the plain version gives");
 }
 

@@ -23,7 +23,7 @@ struct RunnerOptions {
     ConsoleOptions console;
     CallFormat format = CallFormat::Sh;
     bool dryRun = false;
-    std::vector<std::string> reports; // files, each of a kind that there is
+    std::vector<std::string> reports; // files; reportKindOf knows the kind of each
 };
 
 // What is printed instead of doing anything.

@@ -48,7 +48,7 @@ class NoSettings final : public SettingsStore {
 };
 
 bool isWindowsPath(std::string_view typed) {
-    return isOnShare(typed) || (typed.size() >= 2 && typed[1] == ':');
+    return isOnShare(typed) || beginsWithDrive(typed);
 }
 
 class PosixConsolePlatform final : public ConsolePlatform {

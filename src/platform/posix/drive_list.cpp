@@ -23,7 +23,7 @@ std::string_view withoutBlanks(std::string_view text) {
 }
 
 bool isDriveName(std::string_view volume) {
-    return volume.size() == 2 && volume[1] == ':' && isPossiblePath(volume);
+    return volume.size() == 2 && beginsWithDrive(volume);
 }
 
 bool isShareName(std::string_view volume) {

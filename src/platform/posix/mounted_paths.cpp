@@ -202,7 +202,7 @@ std::string MountedPaths::fullPath(std::string_view path) const {
 }
 
 std::string MountedPaths::volume(std::string_view path) const {
-    if (path.size() >= 2 && path[1] == ':') {
+    if (beginsWithDrive(path)) {
         return upperCase(path.substr(0, 2));
     }
     return upperCase(parse(path).volume);
@@ -221,7 +221,7 @@ MountedPaths::Path MountedPaths::parse(std::string_view path) const {
         return parseShare(text);
     }
     std::string_view rest = text;
-    if (rest.size() >= 2 && rest[1] == ':') {
+    if (beginsWithDrive(rest)) {
         const auto drive = rest.substr(0, 2);
         rest.remove_prefix(2);
         const bool onCurrentDrive = equalIgnoringCase(drive, currentFolder_.substr(0, 2));

@@ -1,6 +1,7 @@
 #include "platform/win32/errors.hpp"
 
 #include "platform/win32/system_text.hpp"
+#include "platform/windows_path.hpp"
 
 #include <cstdint>
 
@@ -12,8 +13,7 @@ bool isNotFound(DWORD systemError) noexcept {
 }
 
 bool driveExists(const std::string& path) {
-    const bool namesDrive = path.size() >= 2 && path[1] == ':';
-    return !namesDrive ||
+    return !beginsWithDrive(path) ||
            GetDriveTypeW((toWide(path.substr(0, 2)) + L'\\').c_str()) != DRIVE_NO_ROOT_DIR;
 }
 

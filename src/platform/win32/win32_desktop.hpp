@@ -4,8 +4,8 @@
 
 namespace tarnwick {
 
-// Message boxes, common dialogs and the input box of Windows, each owned by the window that
-// asks (see asking_window.hpp).
+// The message boxes and common dialogs of Windows, each owned by the window that asks (see
+// asking_window.hpp).
 class Win32Desktop : public Desktop {
   public:
     [[nodiscard]] bool isSeen() const noexcept override;

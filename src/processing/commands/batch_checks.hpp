@@ -28,8 +28,8 @@ struct BatchFault {
     bool operator==(const BatchFault&) const = default;
 };
 
-// The checks that every way to run a batch begins with, in their order. They raise what
-// Files::currentFolder raises.
+// The checks that every way to run a batch begins with; each has an order of its own for them. They
+// raise what Files::currentFolder raises.
 
 [[nodiscard]] std::optional<BatchFault> toolFault(const BatchDefinition& definition,
                                                   const Files& files, Tool tool);

@@ -33,8 +33,14 @@ struct ToolStep {
 [[nodiscard]] std::vector<ToolStep> toolSteps(const BatchDefinition& definition,
                                               std::string_view record);
 
-// Whether the links in a record's pages are made relative when MP has run.
+// Whether the links in a record's pages are made relative.
 [[nodiscard]] bool rewritesLinks(const BatchDefinition& definition) noexcept;
+
+// Whether that follows the run of `tool`: it is done when the pages are there.
+[[nodiscard]] inline bool rewritesLinksAfter(const BatchDefinition& definition,
+                                             Tool tool) noexcept {
+    return tool == Tool::MP && rewritesLinks(definition);
+}
 
 // Adds the words of the step to `command`, which is empty; `definition` has resolved paths.
 // Products whose folder does not exist are left out without a word; callers check the folders

@@ -32,7 +32,7 @@ frmOpenFolder::frmOpenFolder(Files& files, Desktop& desktop, AskForText askForTe
 
 void frmOpenFolder::connectEvents() {
     const Connector connect(desktop_, *this);
-    connect(Load, "Private Sub Form_Load()", &frmOpenFolder::Form_Load);
+    connect.load(&frmOpenFolder::Form_Load);
     connect.change(drvPath, &frmOpenFolder::drvPath_Change);
     connect.change(DirPath, &frmOpenFolder::DirPath_Change);
     connect.change(txtPath, &frmOpenFolder::txtPath_Change);

@@ -41,7 +41,7 @@ frmOptions::frmOptions(BatchDefinition& definition, const Files& files, Desktop&
 
 void frmOptions::connectEvents() {
     const Connector connect(desktop_, *this);
-    connect(Load, "Private Sub Form_Load()", &frmOptions::Form_Load);
+    connect.load(&frmOptions::Form_Load);
     connect.click(cmdMPEXE, &frmOptions::cmdMPEXE_Click);
     connect.click(cmdCNS, &frmOptions::cmdCNS_Click);
     connect.click(cmdCmdFile, &frmOptions::cmdCmdFile_Click);

@@ -21,6 +21,7 @@ class Connector {
 
     Connector(Desktop& desktop, FormKind& form) noexcept : desktop_(desktop), form_(form) {}
 
+    void load(Procedure body) const { (*this)(form_.Load, "Private Sub Form_Load()", body); }
     void click(auto& control, Procedure body) const {
         connect(control, "Click", control.Click, body);
     }

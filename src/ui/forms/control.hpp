@@ -37,11 +37,11 @@ class Control : public Viewed {
 
     // Whether this kind of control can have the focus at all.
     [[nodiscard]] virtual bool isFocusable() const noexcept { return true; }
-    // Whether the field that is left for this control gets its LostFocus later, or never (see
-    // Form): in that event a field is checked.
+    // Whether the user may go from a field to this control without the field being checked first:
+    // its LostFocus, in which it would be, fires later or never (see Form).
     [[nodiscard]] virtual bool isCancel() const noexcept { return false; }
-    // The same for leaving this control for one of these: the user can correct it by them, or
-    // switch it off. They must outlive it.
+    // The user may go from this field to one of these without the field being checked first: by
+    // them it is corrected or switched off. They must outlive it.
     void putOffCheckFor(std::initializer_list<const Control*> helpers) { helpers_ = helpers; }
     [[nodiscard]] bool putsOffCheckFor(const Control& to) const noexcept;
     // Whether the user can act on it now.

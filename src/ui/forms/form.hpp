@@ -19,7 +19,7 @@ enum class WindowState { Normal, Minimized, Maximized };
 enum class MousePointer {
     Default,
     Busy,          // the program works, and the user may go on
-    ArrowQuestion, // there is more to read behind this
+    ArrowQuestion, // over a link
 };
 
 // A window as data: its caption, its controls, and which of them has the focus. A form of the
@@ -85,8 +85,8 @@ class Form : public Viewed {
     std::function<void()> Unload;
     std::function<void()> SessionIsEnding; // and the form may soon be closed with it
     std::function<void()> SessionGoesOn;   // after all
-    // What shows it has raised an error, and it will be unloaded. Without a handler the error goes
-    // to whoever had it shown.
+    // Showing the form has failed; it is unloaded next. Without a handler the error goes to whoever
+    // had it shown.
     std::function<void(const std::exception_ptr& error)> ViewFailed;
     std::function<void(int keyCode)> FunctionKey; // wherever the focus is
     std::function<void()> MouseMove; // over no control, or over one that has no handler for it

@@ -30,8 +30,9 @@ frmMain::frmMain(MainServices services)
     ProgressBar1.setVisible(false);
     // Escape must not cost a long selection: closing asks about settings, not about that.
     cmdCancel.setAnswersEscape(false);
-    tarnwick::LoadDefaultGridSettings(definition_);
-    showDefinition(definition_);
+    BatchDefinition first;
+    tarnwick::LoadDefaultGridSettings(first);
+    showDefinition(first);
     setAccessibleNames();
     setFocusSuccessors();
     setFieldHelpers();
@@ -44,27 +45,28 @@ frmMain::frmMain(MainServices services)
     EnableMove();
 }
 
-BatchDefinition& frmMain::current() {
-    definition_.iProcessMP = chkMP.value();
-    definition_.iProcessCNS = chkCNS.value();
-    definition_.sInputFolder = txtInput.text();
-    definition_.sInputExtensions = txtInExt.text();
-    definition_.sCNSOutputFolder = txtCNS.text();
-    definition_.sCNSOutputExtension = txtCNSExt.text();
-    definition_.bUseAliases = chkAliases.value();
-    definition_.sAliasesFile = txtAliases.text();
-    definition_.bUseConfigFile = chkCFG.value();
-    definition_.sConfigFile = txtCFG.text();
-    takeOutputs(grdFiles, definition_.MPOutputs);
-    takeOutputs(grdCNS, definition_.CNSOutputs);
-    definition_.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
-    definition_.sLanguage = cboLanguage.text();
-    return definition_;
+BatchDefinition frmMain::definition() const {
+    BatchDefinition shown;
+    static_cast<ProgramSettings&>(shown) = program_;
+    shown.iProcessMP = chkMP.value();
+    shown.iProcessCNS = chkCNS.value();
+    shown.sInputFolder = txtInput.text();
+    shown.sInputExtensions = txtInExt.text();
+    shown.sCNSOutputFolder = txtCNS.text();
+    shown.sCNSOutputExtension = txtCNSExt.text();
+    shown.bUseAliases = chkAliases.value();
+    shown.sAliasesFile = txtAliases.text();
+    shown.bUseConfigFile = chkCFG.value();
+    shown.sConfigFile = txtCFG.text();
+    takeOutputs(grdFiles, shown.MPOutputs);
+    takeOutputs(grdCNS, shown.CNSOutputs);
+    shown.iFixDoc = static_cast<std::int16_t>(chkfixdoc.value());
+    shown.sLanguage = cboLanguage.text();
+    return shown;
 }
 
 void frmMain::showDefinition(const BatchDefinition& definition) {
-    definition_ = definition;
-    fillControls();
+    setDefinition(definition);
     enableAll();
     EnableOK();
 }

@@ -27,13 +27,14 @@
 namespace tarnwick {
 
 // The main window. It owns the one batch definition of the program: a setting that has a control
-// here is held by that control alone, any other by a member.
+// here is held by that control alone, any other by a member. Whoever changes the definition takes
+// it, changes it and shows it.
 class frmMain final : public Form, private RunWindow {
   public:
     explicit frmMain(MainServices services);
 
     // The definition as the window shows it now, without a cell that is still being edited.
-    [[nodiscard]] const BatchDefinition& definition() { return current(); }
+    [[nodiscard]] BatchDefinition definition() const;
     // Makes it the program's definition and shows it. Lists no folder, reads no file and marks
     // nothing as changed.
     void showDefinition(const BatchDefinition& definition);
@@ -178,7 +179,7 @@ class frmMain final : public Form, private RunWindow {
     [[nodiscard]] RunJob job() override {
         return {.definition = definition(), .records = lstSelected.items()};
     }
-    void switchLoggingOff() override { definition_.bCommandLineLogging = false; }
+    void switchLoggingOff() override { program_.bCommandLineLogging = false; }
     void showStatus(std::string_view text) override { StatusBar1.setPanelText(1, text); }
     void showProgressBar(bool visible) override { ProgressBar1.setVisible(visible); }
     void showProgress(double percent) override;
@@ -188,15 +189,15 @@ class frmMain final : public Form, private RunWindow {
     void offerCancel(bool offered) override;
 
     // The definition and the window.
-    [[nodiscard]] bool ReadINIFile();
+    [[nodiscard]] bool ReadINIFile(BatchDefinition& read);
     bool SaveINIFile();
     void MyDefaultSettings();
     void LoadDefaultGridSettings();
     void GetCFGValues();
-    [[nodiscard]] BatchDefinition& current();
-    void fillControls();
-    void showOutputRows();
-    void showWhatWasRead();
+    void setDefinition(const BatchDefinition& definition);
+    void showOutputRows(const BatchDefinition& definition);
+    void showWhatWasRead(const BatchDefinition& read);
+    void showOptions();
     void markChanged() noexcept;
     void markFieldEdited() noexcept;
 
@@ -279,9 +280,7 @@ class frmMain final : public Form, private RunWindow {
 
     MainServices services_;
     FileList filAvailable_;
-    // Holds the settings that have no control here. Of the others it is a copy, which current()
-    // takes from the controls: use that wherever such a setting is read.
-    BatchDefinition definition_;
+    ProgramSettings program_; // of the definition, what has no control here
     OutputGridEditor cnsOutputs_;
     OutputGridEditor mpOutputs_;
     BatchExport batchExport_;

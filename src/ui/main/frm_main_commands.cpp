@@ -24,11 +24,11 @@ FileDialog iniDialog(FileDialog::Kind kind, std::string_view title) {
 }
 
 // The dialog starts at the present INI file, else in the program's folder.
-FileDialog startingAtINIFile(FileDialog dialog, const BatchDefinition& definition) {
-    if (trim(definition.sINIFile).empty()) {
-        dialog.initialFolder = definition.sAppFolder;
+FileDialog startingAtINIFile(FileDialog dialog, const ProgramSettings& program) {
+    if (trim(program.sINIFile).empty()) {
+        dialog.initialFolder = program.sAppFolder;
     } else {
-        dialog.fileName = definition.sINIFile;
+        dialog.fileName = program.sINIFile;
     }
     return dialog;
 }
@@ -39,19 +39,19 @@ frmMain::Changes frmMain::beginFileCommand() {
     clearStatusAndCommit();
     const Changes changes = offerToSave();
     if (!stillToSave(changes)) {
-        definition_.bSettingsChanged = false;
+        program_.bSettingsChanged = false;
         bFieldEdited_ = false;
     }
     return changes;
 }
 
 frmMain::Changes frmMain::offerToSave() {
-    if (!definition_.bSettingsChanged && !bFieldEdited_) {
+    if (!program_.bSettingsChanged && !bFieldEdited_) {
         return Changes::None;
     }
     const MessageAnswer answer =
         services_.desktop.show({.text = "Do you want to save the changes you made to " +
-                                        std::string(lineEnd) + quoted(definition_.sINIFile) + "?",
+                                        std::string(lineEnd) + quoted(program_.sINIFile) + "?",
                                 .title = std::string(applicationTitle),
                                 .icon = MessageIcon::None,
                                 .buttons = MessageButtons::YesNo});
@@ -70,13 +70,13 @@ frmMain::Changes frmMain::offerToSave() {
 
 // The error is trapped here: where the store cannot be written, the file still must be.
 void frmMain::storeNow(std::string_view sINIFile, std::string_view procedure) {
-    definition_.sINIFile = sINIFile;
+    program_.sINIFile = sINIFile;
     trap(services_.desktop, name(), procedure,
-         [this] { store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile); });
+         [this] { store(services_.settings, StoredSetting::INIFileName, program_.sINIFile); });
 }
 
 void frmMain::nameINIFile() {
-    const std::string file = GetFileName(definition_.sINIFile);
+    const std::string file = GetFileName(program_.sINIFile);
     setCaption("Tarnwick - " + file);
     StatusBar1.setPanelText(2, file);
 }
@@ -108,7 +108,7 @@ void frmMain::mnuNewINI_Click() {
     }
     BatchDefinition fresh = newDefinition(*chosen);
     if (!tarnwick::SaveINIFile(fresh, services_.files, services_.desktop)) {
-        definition_.bSettingsChanged = changes == Changes::Declined; // they are still there
+        program_.bSettingsChanged = changes == Changes::Declined; // they are still there
         return;
     }
     bINIFileUnread_ = false;
@@ -132,15 +132,16 @@ void frmMain::mnuOpenINI_Click() {
         return;
     }
     FileDialog dialog =
-        startingAtINIFile(iniDialog(FileDialog::Kind::Open, "Open INI File"), definition_);
+        startingAtINIFile(iniDialog(FileDialog::Kind::Open, "Open INI File"), program_);
     dialog.fileMustExist = true;
     const auto chosen = services_.desktop.chooseFile(dialog);
     if (!chosen || chosen->empty()) {
         return;
     }
     BatchDefinition before = definition();
-    definition_.sINIFile = *chosen;
-    if (!ReadINIFile()) {
+    BatchDefinition read = before;
+    read.sINIFile = *chosen;
+    if (!ReadINIFile(read)) {
         // Half a definition must not stay in the window: the next Save would write it over a file.
         before.bSettingsChanged = changes == Changes::Declined; // they are still there
         showDefinition(before);
@@ -156,7 +157,7 @@ void frmMain::mnuSaveINI_Click() {
         saveAs();
         return;
     }
-    storeNow(std::string(definition_.sINIFile), saveProcedure);
+    storeNow(std::string(program_.sINIFile), saveProcedure);
     SaveINIFile();
     nameINIFile();
 }
@@ -169,13 +170,13 @@ void frmMain::mnuSaveAsINI_Click() {
 // The definition keeps its old file name until the new file is written.
 frmMain::SavedAs frmMain::saveAs() {
     const auto chosen = services_.desktop.chooseFile(
-        startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), definition_));
+        startingAtINIFile(iniDialog(FileDialog::Kind::Save, "Save INI File As"), program_));
     if (!chosen || chosen->empty()) {
         return SavedAs::Cancelled;
     }
-    const std::string before = std::exchange(definition_.sINIFile, *chosen);
+    const std::string before = std::exchange(program_.sINIFile, *chosen);
     if (!SaveINIFile()) {
-        definition_.sINIFile = before;
+        program_.sINIFile = before;
         markChanged(); // what is in the window is in no file
         return SavedAs::NotWritten;
     }
@@ -186,12 +187,24 @@ frmMain::SavedAs frmMain::saveAs() {
 
 void frmMain::mnuOptions_Click() {
     clearStatusAndCommit();
-    fire(services_.showOptions, current());
-    bAskedAtSessionEnd_ = false; // it may have changed something
+    showOptions();
+}
+
+// The file's name stays as it is now: the session may have been about to end while the dialog was
+// open, and the user have saved under another name.
+void frmMain::showOptions() {
+    const BatchDefinition before = definition();
+    BatchDefinition options = before;
+    fire(services_.showOptions, options);
+    if (options != before) {
+        options.sINIFile = program_.sINIFile;
+        program_ = static_cast<const ProgramSettings&>(options);
+        markChanged();
+    }
 }
 
 void frmMain::mnuHelpTarnwick_Click() {
-    const std::string file = definition_.sAppFolder + std::string(helpFile);
+    const std::string file = program_.sAppFolder + std::string(helpFile);
     if (FileExists(services_.files, file)) {
         StartDoc(services_.desktop, file);
     } else {

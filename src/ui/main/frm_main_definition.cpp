@@ -10,43 +10,47 @@
 
 namespace tarnwick {
 
-void frmMain::fillControls() {
-    chkMP.setValue(definition_.iProcessMP);
-    chkCNS.setValue(definition_.iProcessCNS);
+// Each setting into its control, or into the member.
+void frmMain::setDefinition(const BatchDefinition& definition) {
+    program_ = static_cast<const ProgramSettings&>(definition);
+    chkMP.setValue(definition.iProcessMP);
+    chkCNS.setValue(definition.iProcessCNS);
     // Where the definition has the very text that the user typed, leaving the field must still list
     // the folder.
-    bInputChanged_ = bInputChanged_ && txtInput.text() == definition_.sInputFolder;
-    bInExtChanged_ = bInExtChanged_ && txtInExt.text() == definition_.sInputExtensions;
-    txtInput.setText(definition_.sInputFolder);
-    txtInExt.setText(definition_.sInputExtensions);
-    txtCNS.setText(definition_.sCNSOutputFolder);
-    txtCNSExt.setText(definition_.sCNSOutputExtension);
-    chkAliases.setValue(definition_.bUseAliases);
-    txtAliases.setText(definition_.sAliasesFile);
-    chkCFG.setValue(definition_.bUseConfigFile);
-    txtCFG.setText(definition_.sConfigFile);
-    chkfixdoc.setValue(definition_.iFixDoc);
-    cboLanguage.setText(definition_.sLanguage);
+    bInputChanged_ = bInputChanged_ && txtInput.text() == definition.sInputFolder;
+    bInExtChanged_ = bInExtChanged_ && txtInExt.text() == definition.sInputExtensions;
+    txtInput.setText(definition.sInputFolder);
+    txtInExt.setText(definition.sInputExtensions);
+    txtCNS.setText(definition.sCNSOutputFolder);
+    txtCNSExt.setText(definition.sCNSOutputExtension);
+    chkAliases.setValue(definition.bUseAliases);
+    txtAliases.setText(definition.sAliasesFile);
+    chkCFG.setValue(definition.bUseConfigFile);
+    txtCFG.setText(definition.sConfigFile);
+    chkfixdoc.setValue(definition.iFixDoc);
+    cboLanguage.setText(definition.sLanguage);
     if (!chkCFG.ticked()) { // a file that is not used names nothing
-        forgetConfigurationEntries(definition_);
+        forgetConfigurationEntries(program_);
     }
-    showOutputRows();
+    showOutputRows(definition);
     bFieldEdited_ = false;
 }
 
-void frmMain::showOutputRows() {
+void frmMain::showOutputRows(const BatchDefinition& definition) {
     mpOutputs_.discard();
     cnsOutputs_.discard();
-    showOutputs(grdFiles, definition_.MPOutputs);
-    showOutputs(grdCNS, definition_.CNSOutputs);
+    showOutputs(grdFiles, definition.MPOutputs);
+    showOutputs(grdCNS, definition.CNSOutputs);
 }
 
 void frmMain::MyDefaultSettings() {
     trap(services_.desktop, name(), "Private Sub MyDefaultSettings()", [this] {
-        tarnwick::MyDefaultSettings(current());
-        chkfixdoc.setValue(definition_.iFixDoc);
-        cboLanguage.setText(definition_.sLanguage);
-        chkCFG.setValue(definition_.bUseConfigFile);
+        BatchDefinition defaults = definition();
+        tarnwick::MyDefaultSettings(defaults);
+        program_ = static_cast<const ProgramSettings&>(defaults);
+        chkfixdoc.setValue(defaults.iFixDoc);
+        cboLanguage.setText(defaults.sLanguage);
+        chkCFG.setValue(defaults.bUseConfigFile);
         LoadDefaultGridSettings();
         mpOutputs_.forgetPress();
         cnsOutputs_.forgetPress();
@@ -56,22 +60,34 @@ void frmMain::MyDefaultSettings() {
 
 void frmMain::LoadDefaultGridSettings() {
     trap(services_.desktop, name(), "Private Sub LoadDefaultGridSettings", [this] {
-        tarnwick::LoadDefaultGridSettings(definition_);
-        showOutputRows();
+        BatchDefinition defaults;
+        tarnwick::LoadDefaultGridSettings(defaults);
+        showOutputRows(defaults);
     });
 }
 
-// Whether it was read. If not, the definition holds what was read before the error, and the window
-// shows either that or what it showed before: the caller must show a whole definition.
-bool frmMain::ReadINIFile() {
-    const bool completed = tarnwick::ReadINIFile(current(), services_.files, services_.desktop,
-                                                 [this] { showWhatWasRead(); });
-    bINIFileUnread_ = bINIFileUnread_ && !completed;
+// Reads the file `sINIFile` into `read` and shows it. False when that failed: `read` then holds
+// what was read before the error, and the window shows either that or what it showed before: the
+// caller must show a whole definition.
+bool frmMain::ReadINIFile(BatchDefinition& read) {
+    bool found = false;
+    const bool completed =
+        tarnwick::ReadINIFile(read, services_.files, services_.desktop, [this, &read, &found] {
+            found = true;
+            showWhatWasRead(read);
+        });
+    if (completed) {
+        if (!found) { // the window stays as it is, but for the name
+            program_.sINIFile = read.sINIFile;
+        }
+        program_.bSettingsChanged = false;
+        bINIFileUnread_ = false;
+    }
     return completed;
 }
 
-void frmMain::showWhatWasRead() {
-    fillControls();
+void frmMain::showWhatWasRead(const BatchDefinition& read) {
+    setDefinition(read);
     if (FolderExists(services_.files, txtInput.text())) {
         listInputFolder();
     }
@@ -87,14 +103,16 @@ bool frmMain::SaveINIFile() {
         bFieldEdited_ = false;
         markChanged(); // and stays so where the file cannot be written
     }
-    const bool saved = tarnwick::SaveINIFile(current(), services_.files, services_.desktop);
-    bINIFileUnread_ = bINIFileUnread_ && !saved;
-    return saved;
+    BatchDefinition saved = definition();
+    const bool completed = tarnwick::SaveINIFile(saved, services_.files, services_.desktop);
+    program_.bSettingsChanged = saved.bSettingsChanged;
+    bINIFileUnread_ = bINIFileUnread_ && !completed;
+    return completed;
 }
 
 // After a new change the answer that was given when the session was about to end no longer counts.
 void frmMain::markChanged() noexcept {
-    definition_.bSettingsChanged = true;
+    program_.bSettingsChanged = true;
     bAskedAtSessionEnd_ = false;
 }
 
@@ -105,7 +123,7 @@ void frmMain::markFieldEdited() noexcept {
 
 // A relative path counts from the program's folder, as it does for the tools.
 bool frmMain::fileExists(std::string_view path) const {
-    return FileExists(services_.files, resolvedFile(definition_.sAppFolder, path));
+    return FileExists(services_.files, resolvedFile(program_.sAppFolder, path));
 }
 
 bool frmMain::outputFolderExists(std::string_view folder) const {
@@ -113,14 +131,22 @@ bool frmMain::outputFolderExists(std::string_view folder) const {
 }
 
 void frmMain::GetCFGValues() {
-    tarnwick::GetCFGValues(current(), services_.files, services_.desktop, [this] {
-        if (definition_.bCfgNamesOutput) {
-            showOutputRows();
+    BatchDefinition inspected = definition();
+    const auto takeFlags = [this, &inspected] {
+        program_.bCfgNamesInput = inspected.bCfgNamesInput;
+        program_.bCfgNamesOutput = inspected.bCfgNamesOutput;
+    };
+    tarnwick::GetCFGValues(inspected, services_.files, services_.desktop, [&] {
+        takeFlags();
+        if (inspected.bCfgNamesOutput) {
+            showOutputRows(inspected);
         }
         chkCNS.Click();
         chkMP.Click();
     });
-    enableAll(); // also where the file could not be read to its end
+    // Also where the file could not be read to its end.
+    takeFlags();
+    enableAll();
 }
 
 } // namespace tarnwick

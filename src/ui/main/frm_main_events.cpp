@@ -12,7 +12,7 @@ namespace tarnwick {
 
 void frmMain::connectCommands() {
     const Connector connect(services_.desktop, *this);
-    connect(Load, "Private Sub Form_Load()", &frmMain::Form_Load);
+    connect.load(&frmMain::Form_Load);
     connect(Unload, "Private Sub Form_Unload(Cancel As Integer)", &frmMain::Form_Unload);
     // Both do a part of what Form_Unload does, and report under its name.
     connect(SessionIsEnding, "Private Sub Form_Unload(Cancel As Integer)",

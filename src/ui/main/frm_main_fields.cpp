@@ -43,7 +43,7 @@ void frmMain::chkMP_Click() {
 
 void frmMain::enableCNS() {
     const bool on = chkCNS.ticked();
-    const bool outputsElsewhere = definition_.bCfgNamesOutput;
+    const bool outputsElsewhere = program_.bCfgNamesOutput;
     enable({&lblCNS, &txtCNS, &cmdCNS, &lblCNSExt, &txtCNSExt, &lblCNSFiles, &grdCNS},
            on && !outputsElsewhere);
     chkAliases.setEnabled(on);
@@ -56,7 +56,7 @@ void frmMain::enableCNS() {
 }
 
 void frmMain::enableMP() {
-    const bool outputsElsewhere = chkCFG.ticked() && definition_.bCfgNamesOutput;
+    const bool outputsElsewhere = chkCFG.ticked() && program_.bCfgNamesOutput;
     enable({&lblMPFiles, &grdFiles, &chkfixdoc, &cmdOutputFolder},
            chkMP.ticked() && !outputsElsewhere);
     labelCNSFolder();
@@ -86,7 +86,7 @@ void frmMain::chkCFG_Click() {
     markChanged();
     enable({&txtCFG, &cmdCFG}, chkCFG.ticked());
     if (!chkCFG.ticked()) {
-        forgetConfigurationEntries(definition_);
+        forgetConfigurationEntries(program_);
     } else if (fileExists(txtCFG.text())) {
         GetCFGValues();
     }
@@ -227,7 +227,7 @@ bool frmMain::leaveFile(TextBox& field, std::string_view what) {
         return false;
     }
     if (!hasBackslash(field.text())) {
-        field.setText(definition_.sAppFolder + field.text());
+        field.setText(program_.sAppFolder + field.text());
     }
     if (fileExists(field.text())) {
         return true;

@@ -29,7 +29,7 @@ void frmMain::cmdOK_Click() {
                              .interpreter = services_.interpreter,
                              .events = services_.events,
                              .clock = services_.clock},
-                 definition_.sTempFolder, window, leftBatch_);
+                 program_.sTempFolder, window, leftBatch_);
     run_->execute();
     run_.reset();
 }
@@ -64,11 +64,16 @@ void frmMain::cmdCancel_Click() {
 
 // What is checked before the batch is run, or written into a file.
 bool frmMain::validate() {
+    BatchDefinition shown = definition();
     const auto fault = validateBatch(
-        current(),
+        shown,
         {.files = services_.files,
          .desktop = services_.desktop,
-         .showOptions = [this] { fire(services_.showOptions, definition_); },
+         .showOptions =
+             [this, &shown] {
+                 showOptions();
+                 shown = definition();
+             },
          .editOutputFolder = [this](Tool grid, std::size_t row) { editOutputFolder(grid, row); }});
     if (fault == BatchFault::Kind::ConfigurationFile) {
         txtCFG.selectAll();

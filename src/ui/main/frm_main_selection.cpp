@@ -234,7 +234,7 @@ bool frmMain::mayExecute() const {
     if (!chkCNS.ticked()) {
         return true;
     }
-    return (outputFolderExists(txtCNS.text()) || definition_.bCfgNamesOutput) &&
+    return (outputFolderExists(txtCNS.text()) || program_.bCfgNamesOutput) &&
            (!chkAliases.ticked() || fileExists(txtAliases.text()));
 }
 

@@ -16,8 +16,9 @@ void frmMain::Form_Load() {
     tellNamelessPaths(services_.desktop, namelessAtStartUp(services_.process, services_.settings));
     MyDefaultSettings();
     cmdOK.setEnabled(false);
-    if (FileExists(services_.files, definition_.sINIFile) && !ReadINIFile()) {
-        showDefinition(BatchDefinition(definition_)); // what was read before the error
+    if (BatchDefinition read = definition();
+        FileExists(services_.files, read.sINIFile) && !ReadINIFile(read)) {
+        showDefinition(read); // what was read before the error
         bINIFileUnread_ = true;
     }
     if (!findTools()) {
@@ -27,16 +28,16 @@ void frmMain::Form_Load() {
     nameINIFile();
     chkCNS.Click();
     chkMP.Click();
-    definition_.bSettingsChanged = false;
+    program_.bSettingsChanged = false;
 }
 
 // Every tool that is to be run must be there before the window comes up.
 bool frmMain::findTools() {
-    return (!chkMP.ticked() || findTool("MP", definition_.sMPExecutable)) &&
-           (!chkCNS.ticked() || findTool("CNS", definition_.sCNSExecutable));
+    return (!chkMP.ticked() || findTool("MP", program_.sMPExecutable)) &&
+           (!chkCNS.ticked() || findTool("CNS", program_.sCNSExecutable));
 }
 
-// `executable` is the definition's own field, which the options dialog may change.
+// `executable` is the window's own field, which the options dialog may change.
 bool frmMain::findTool(std::string_view tool, std::string& executable) {
     if (fileExists(executable)) {
         return true;
@@ -44,7 +45,7 @@ bool frmMain::findTool(std::string_view tool, std::string& executable) {
     showWarning(services_.desktop,
                 "Please specify the " + std::string(tool) + " executable location.");
     executable.clear();
-    fire(services_.showOptions, current());
+    showOptions();
     return fileExists(executable);
 }
 
@@ -64,9 +65,9 @@ void frmMain::Form_Unload() {
 // The error is trapped here: where the store cannot be written, the user is still asked to save.
 void frmMain::storeSettings() {
     trap(services_.desktop, name(), "Private Sub Form_Unload(Cancel As Integer)", [this] {
-        store(services_.settings, StoredSetting::INIFileName, definition_.sINIFile);
-        store(services_.settings, StoredSetting::MPExecutable, definition_.sMPExecutable);
-        store(services_.settings, StoredSetting::CNSExecutable, definition_.sCNSExecutable);
+        store(services_.settings, StoredSetting::INIFileName, program_.sINIFile);
+        store(services_.settings, StoredSetting::MPExecutable, program_.sMPExecutable);
+        store(services_.settings, StoredSetting::CNSExecutable, program_.sCNSExecutable);
     });
 }
 

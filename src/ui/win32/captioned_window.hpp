@@ -45,8 +45,9 @@ class LabelWindow final : public CaptionedWindow {
     OwnFont font_;
 };
 
-// A titled line around a group of controls. Where the system's theme draws the title with another
-// measure than it has taken of it, the last letter would lose an edge: a blank takes the cut.
+// A titled line around a group of controls. Some themes of the system draw the title a little wider
+// than they have measured it, and cut its end off: so a blank is appended, and that is what gets
+// cut.
 class FrameWindow final : public CaptionedWindow {
   public:
     FrameWindow(Frame& frame, HWND window) : CaptionedWindow(frame, window), frame_(frame) {}

@@ -90,7 +90,7 @@ FormView* FormView::of(HWND dialog) noexcept {
 
 void FormView::fail(std::exception_ptr error) noexcept {
     if (std::exchange(failed_, true)) {
-        return; // what fails now fails behind the report of the first one
+        return; // later errors are dropped: the first one is being reported
     }
     try {
         if (!form_.viewFailed(error)) {

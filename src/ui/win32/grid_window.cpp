@@ -85,7 +85,7 @@ LRESULT CALLBACK GridWindow::procedure(HWND window, UINT message, WPARAM wParam,
     case WM_SETFOCUS:
         tellDialog(window, gotFocus);
         if (grid != nullptr) {
-            grid->tellCurrentCell(); // the system has told of the grid as a whole
+            grid->tellCurrentCell(); // the system itself tells only of the grid as a whole
         }
         return 0;
     case WM_KILLFOCUS:
@@ -221,7 +221,7 @@ void GridWindow::tellCurrentCell() {
 void GridWindow::tellChangedCell() {
     Spoken now = currentCell();
     if (GetFocus() != window() || now.place != told_.place) {
-        return; // it is about to be told of as a whole
+        return; // a cell that becomes the current one is told by tellCurrentCell
     }
     const Spoken before = std::exchange(told_, std::move(now));
     if (before.name != told_.name) {

@@ -59,7 +59,7 @@ class GridWindow final : public ControlWindow {
 
     Grid& grid_;
     GridPainter painter_;
-    Spoken told_; // last, with the focus here
+    Spoken told_; // the cell of which a screen reader was last told
 };
 
 } // namespace tarnwick

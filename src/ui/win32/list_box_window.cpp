@@ -59,7 +59,7 @@ void ListBoxWindow::changed(Property property) {
                      static_cast<WPARAM>(listBox_.horizontalExtent()), 0);
         break;
     case Property::AccessibleName:
-        // Its own text, which nobody sees, is what some systems tell instead.
+        // Some systems read out the window's text, which nobody sees: so it is set as well.
         setWindowText(window(), listBox_.accessibleName());
         ControlWindow::changed(property);
         break;

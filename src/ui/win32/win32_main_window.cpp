@@ -61,7 +61,8 @@ class MainView final : public FormView {
     // when the loop of events is over.
     void close() noexcept override {
         ShowWindow(dialog(), SW_HIDE);
-        // A message that another program has sent does not wake the loop that is to look again.
+        // The loop of events looks after every posted message whether the window is still open.
+        // What closed it may have been sent by another program, which does not wake the loop.
         PostMessageW(dialog(), WM_NULL, 0, 0);
     }
 

@@ -4,7 +4,7 @@
 
 namespace tarnwick::reference {
 
-// As GetRelativePath with ChangeMySlashes behind it.
+// As relativePath with withSlashes behind it.
 [[nodiscard]] std::string relativeLink(const std::string& from, const std::string& to);
 
 [[nodiscard]] std::string baseName(const std::string& path);

@@ -18,51 +18,49 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST(RelativePath, Common_folders_fall_away_and_each_other_one_is_a_step_up) {
-    EXPECT_EQ(GetRelativePath("C:\\out\\html\\rec.html", "C:\\out\\faq\\rec.faq"),
-              "..\\faq\\rec.faq");
-    EXPECT_EQ(GetRelativePath("C:\\out\\faq\\rec.faq", "C:\\out\\text\\rec.txt"),
-              "..\\text\\rec.txt");
-    EXPECT_EQ(GetRelativePath("C:\\a\\b\\c\\rec.html", "C:\\a\\rec.txt"), "..\\..\\rec.txt");
-    EXPECT_EQ(GetRelativePath("C:\\a\\rec.html", "C:\\a\\b\\c\\rec.txt"), "b\\c\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\out\\html\\rec.html", "C:\\out\\faq\\rec.faq"), "..\\faq\\rec.faq");
+    EXPECT_EQ(relativePath("C:\\out\\faq\\rec.faq", "C:\\out\\text\\rec.txt"), "..\\text\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\a\\b\\c\\rec.html", "C:\\a\\rec.txt"), "..\\..\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\a\\rec.html", "C:\\a\\b\\c\\rec.txt"), "b\\c\\rec.txt");
 }
 
 TEST(RelativePath, In_the_same_folder_the_name_is_left) {
-    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "C:\\out\\rec.faq"), "rec.faq");
+    EXPECT_EQ(relativePath("C:\\out\\rec.html", "C:\\out\\rec.faq"), "rec.faq");
 }
 
 TEST(RelativePath, Paths_that_differ_only_in_letter_case_are_treated_as_common) {
-    EXPECT_EQ(GetRelativePath("c:\\Out\\DONN\xC9"
-                              "ES\\rec.html",
-                              "C:\\OUT\\donn\xE9"
-                              "es\\rec.txt"),
+    EXPECT_EQ(relativePath("c:\\Out\\DONN\xC9"
+                           "ES\\rec.html",
+                           "C:\\OUT\\donn\xE9"
+                           "es\\rec.txt"),
               "rec.txt");
 }
 
 TEST(RelativePath, Between_drives_the_target_stays_whole) {
-    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "D:\\out\\rec.txt"), "..\\..\\D:\\out\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\out\\rec.html", "D:\\out\\rec.txt"), "..\\..\\D:\\out\\rec.txt");
 }
 
 TEST(RelativePath, A_folder_that_only_begins_alike_is_another) {
-    EXPECT_EQ(GetRelativePath("C:\\out\\rec.html", "C:\\output\\rec.txt"), "..\\output\\rec.txt");
-    EXPECT_EQ(GetRelativePath("C:\\output\\rec.html", "C:\\out\\rec.txt"), "..\\out\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\out\\rec.html", "C:\\output\\rec.txt"), "..\\output\\rec.txt");
+    EXPECT_EQ(relativePath("C:\\output\\rec.html", "C:\\out\\rec.txt"), "..\\out\\rec.txt");
 }
 
 TEST(RelativePath, A_target_that_is_shorter_than_the_next_folder_stops_it) {
-    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:\\a"), "..\\a");
-    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:\\folder"), "..\\folder");
-    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", "C:"), "..\\..\\C:");
-    EXPECT_EQ(GetRelativePath("C:\\folder\\rec.html", ""), "..\\..\\");
-    EXPECT_EQ(GetRelativePath("rec.html", "C:\\a"), "C:\\a");
+    EXPECT_EQ(relativePath("C:\\folder\\rec.html", "C:\\a"), "..\\a");
+    EXPECT_EQ(relativePath("C:\\folder\\rec.html", "C:\\folder"), "..\\folder");
+    EXPECT_EQ(relativePath("C:\\folder\\rec.html", "C:"), "..\\..\\C:");
+    EXPECT_EQ(relativePath("C:\\folder\\rec.html", ""), "..\\..\\");
+    EXPECT_EQ(relativePath("rec.html", "C:\\a"), "C:\\a");
 }
 
 TEST(RelativePath, On_a_network_share_too) {
-    EXPECT_EQ(GetRelativePath("\\\\srv\\share\\a\\rec.html", "\\\\SRV\\share\\b\\rec.txt"),
+    EXPECT_EQ(relativePath("\\\\srv\\share\\a\\rec.html", "\\\\SRV\\share\\b\\rec.txt"),
               "..\\b\\rec.txt");
 }
 
 TEST(RelativePath, Every_backslash_becomes_a_slash) {
-    EXPECT_EQ(ChangeMySlashes("..\\a b\\\\c/d\\"), "../a b//c/d/");
-    EXPECT_EQ(ChangeMySlashes(""), "");
+    EXPECT_EQ(withSlashes("..\\a b\\\\c/d\\"), "../a b//c/d/");
+    EXPECT_EQ(withSlashes(""), "");
 }
 
 TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
@@ -70,13 +68,11 @@ TEST(RelativePath, The_second_byte_of_a_character_is_no_backslash) {
          {std::pair(932U, "\x95\x5C"), std::pair(936U, "\x81\x5C"), std::pair(950U, "\xA5\x5C")}) {
         const CodePage page(number);
         const std::string folder = std::string("C:\\") + letter;
-        EXPECT_EQ(GetRelativePath(folder + "\\html\\r.html", folder + "\\r.txt", page),
-                  "..\\r.txt");
-        EXPECT_EQ(GetRelativePath("C:\\a\\r.html", folder + "\\r.txt", page),
+        EXPECT_EQ(relativePath(folder + "\\html\\r.html", folder + "\\r.txt", page), "..\\r.txt");
+        EXPECT_EQ(relativePath("C:\\a\\r.html", folder + "\\r.txt", page),
                   std::string("..\\") + letter + "\\r.txt");
-        EXPECT_EQ(GetRelativePath(folder + "\\r.html", "C:\\b\\r.txt", page), "..\\b\\r.txt");
-        EXPECT_EQ(ChangeMySlashes(folder + "\\r.txt", page),
-                  std::string("C:/") + letter + "/r.txt");
+        EXPECT_EQ(relativePath(folder + "\\r.html", "C:\\b\\r.txt", page), "..\\b\\r.txt");
+        EXPECT_EQ(withSlashes(folder + "\\r.txt", page), std::string("C:/") + letter + "/r.txt");
     }
 }
 

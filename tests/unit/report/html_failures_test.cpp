@@ -7,6 +7,10 @@
 namespace tarnwick {
 namespace {
 
+std::string failuresOf(const RunReport& report) {
+    return failuresSection(report, ShapeLinks(report));
+}
+
 TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies) {
     RunReport report = smallReport();
     report.records[0].state = ReportedRecord::State::Failed;
@@ -18,7 +22,7 @@ TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies
     report.records[0].messages.add({.shape = 0, .line = 3, .text = "\"soon\" is no date"});
     report.records[0].messages.add({.shape = 0, .line = 5, .text = "\"late\" is no date"});
     report.totals.failed = 2;
-    EXPECT_EQ(failuresSection(report),
+    EXPECT_EQ(failuresOf(report),
               R"(<section id="failures" aria-labelledby="failures-heading">
 <h2 id="failures-heading">Failures <span class="count">2</span></h2>
 <table class="failures"><thead><tr><th scope="col">Record<th scope="col">Why, and what the tools said</thead><tbody>
@@ -34,7 +38,7 @@ TEST(FailuresSection, A_failure_says_why_what_the_tools_said_and_where_that_lies
 </section>
 )");
     report.findingsAreKnown = false; // and nowhere on the page
-    EXPECT_FALSE(failuresSection(report).contains("class=\"said\""));
+    EXPECT_FALSE(failuresOf(report).contains("class=\"said\""));
 }
 
 TEST(FailuresSection, Of_very_many_failures_the_first_are_shown) {
@@ -42,7 +46,7 @@ TEST(FailuresSection, Of_very_many_failures_the_first_are_shown) {
     report.records.assign(1002,
                           {.name = "a.met", .state = ReportedRecord::State::Failed, .why = "so"});
     report.totals.failed = 1002;
-    const std::string page = failuresSection(report);
+    const std::string page = failuresOf(report);
     EXPECT_EQ(timesIn(page, "<td>so\n"), 1000U);
     EXPECT_TRUE(page.contains("And 2 more failed records: reports as .json or .csv have all."));
 }
@@ -60,7 +64,7 @@ TEST(FailuresSection, Of_very_many_messages_the_first_are_shown_and_of_very_long
             record.messages.add({.shape = place, .line = place + 1, .text = shape.text});
         }
     }
-    const std::string page = failuresSection(report);
+    const std::string page = failuresOf(report);
     EXPECT_EQ(timesIn(page, "<li>And 3 more.\n"), 1000U);
     EXPECT_EQ(timesIn(page, "<a href=\"#s25\">#25</a>"), 1000U);
     EXPECT_FALSE(page.contains("#26"));
@@ -72,7 +76,7 @@ TEST(FailuresSection, Of_very_many_messages_the_first_are_shown_and_of_very_long
 }
 
 TEST(FailuresSection, A_run_without_failures_says_so) {
-    EXPECT_TRUE(failuresSection({}).contains("<p>No record failed.</p>"));
+    EXPECT_TRUE(failuresOf({}).contains("<p>No record failed.</p>"));
 }
 
 } // namespace

@@ -8,9 +8,17 @@
 namespace tarnwick {
 namespace {
 
+std::string findingsOf(const RunReport& report) {
+    return findingsSection(report, PageLinks(report));
+}
+
+std::string changesOf(const RunReport& report) {
+    return changesSection(report, ShapeLinks(report));
+}
+
 TEST(FindingsSection, A_shape_opens_its_examples_and_its_records) {
     EXPECT_TRUE(
-        findingsSection(smallReport())
+        findingsOf(smallReport())
             .contains(
                 R"(<tr id="s1"><td class="number">#1<th scope="row"><details><summary>Error (line #): &quot;…&quot; is no date</summary>
 <ul class="examples">
@@ -25,7 +33,7 @@ TEST(FindingsSection, A_shape_opens_its_examples_and_its_records) {
 }
 
 TEST(FindingsSection, What_nearly_every_record_has_is_folded_at_the_end) {
-    const std::string text = findingsSection(smallReport());
+    const std::string text = findingsOf(smallReport());
     const auto folded = text.find(
         "<details class=\"common\"><summary>1 message that nearly every record has</summary>");
     ASSERT_NE(folded, std::string::npos);
@@ -38,7 +46,7 @@ TEST(FindingsSection, Of_many_records_the_first_hundred_are_named) {
     RunReport report;
     report.records.assign(250, {.name = "a.met", .findings = {{0, 1, 1}}});
     report.shapes = {{.text = "so", .records = 250, .messages = 250}};
-    const std::string text = findingsSection(report);
+    const std::string text = findingsOf(report);
     EXPECT_TRUE(text.contains("<p class=\"more\">And 150 more.</p>"));
     EXPECT_TRUE(text.contains(">Find all 250 among the records</a>"));
 }
@@ -52,7 +60,7 @@ TEST(FindingsSection, Of_long_names_every_shape_has_as_many_as_have_room) {
             record.findings.push_back({place, 1, 1});
         }
     }
-    const std::string text = findingsSection(report);
+    const std::string text = findingsOf(report);
     // A name and its link take 988 bytes: 50 of each shape are a little less than 2 MB.
     EXPECT_EQ(timesIn(text, "<p class=\"more\">And 50 more.</p>"), 40U);
     EXPECT_EQ(timesIn(text, "<li><a href=\"#r50\">"), 40U);
@@ -65,7 +73,7 @@ TEST(FindingsSection, Names_for_which_there_is_no_room_at_all_are_left_to_the_li
     for (ShapePlace place = 0; place < 500; ++place) {
         report.records.push_back({.name = std::string(1000, '"'), .findings = {{place, 1, 1}}});
     }
-    const std::string text = findingsSection(report);
+    const std::string text = findingsOf(report);
     EXPECT_FALSE(text.contains("class=\"names\""));
     EXPECT_FALSE(text.contains(" more."));
     EXPECT_EQ(timesIn(text, ">Find it among the records</a>"), 500U);
@@ -74,12 +82,12 @@ TEST(FindingsSection, Names_for_which_there_is_no_room_at_all_are_left_to_the_li
 TEST(FindingsSection, Of_very_many_shapes_the_first_are_shown) {
     RunReport report;
     report.shapes.assign(502, {.text = "so", .records = 1, .messages = 1});
-    EXPECT_TRUE(findingsSection(report).contains(
+    EXPECT_TRUE(findingsOf(report).contains(
         "<p class=\"more\">And 2 more messages: reports as .json have all.</p>"));
 }
 
 TEST(FindingsSection, A_link_that_finds_all_is_there_where_the_rows_of_all_records_name_the_shape) {
-    const std::string text = findingsSection(reportWithMoreFindingsThanRoom());
+    const std::string text = findingsOf(reportWithMoreFindingsThanRoom());
     EXPECT_TRUE(text.contains(
         "data-show=\"#3\">Find all 1,501 among the records</a> (in the column Findings: #3)"));
     EXPECT_TRUE(text.contains("data-show=\"#25\">"));
@@ -91,19 +99,19 @@ TEST(FindingsSection, A_link_that_finds_all_is_there_where_the_rows_of_all_recor
 TEST(FindingsSection, The_change_is_counted_in_records) {
     RunReport report = smallReport();
     report.shapes[0].recordsBefore = 4;
-    EXPECT_TRUE(findingsSection(report).contains("<td class=\"number\">\u22123\n"));
+    EXPECT_TRUE(findingsOf(report).contains("<td class=\"number\">\u22123\n"));
     report.shapes[0].records = 1500;
-    EXPECT_TRUE(findingsSection(report).contains("<td class=\"number\">+1,496\n"));
+    EXPECT_TRUE(findingsOf(report).contains("<td class=\"number\">+1,496\n"));
     report.hasRunBefore = false;
-    EXPECT_FALSE(findingsSection(report).contains(">Change"));
+    EXPECT_FALSE(findingsOf(report).contains(">Change"));
 }
 
 TEST(FindingsSection, A_run_without_messages_says_so) {
-    EXPECT_TRUE(findingsSection({}).contains("<p>The tools found nothing.</p>"));
+    EXPECT_TRUE(findingsOf({}).contains("<p>The tools found nothing.</p>"));
 }
 
 TEST(ChangesSection, New_and_gone_are_told_by_shape_and_by_record) {
-    EXPECT_EQ(changesSection(smallReport()),
+    EXPECT_EQ(changesOf(smallReport()),
               R"(<section id="changes" aria-labelledby="changes-heading">
 <h2 id="changes-heading">New and gone since the run before</h2>
 <h3>new: 1</h3>
@@ -134,8 +142,8 @@ TEST(ChangesSection, Of_many_new_or_gone_shapes_of_a_record_the_first_are_named)
     }
     change.appeared.pop_back();
     report.changes = {change};
-    EXPECT_TRUE(changesSection(report).contains(" #24 #25<td>#27 #28 "));
-    EXPECT_TRUE(changesSection(report).contains(" #50 #51 and 1 more\n</tbody>"));
+    EXPECT_TRUE(changesOf(report).contains(" #24 #25<td>#27 #28 "));
+    EXPECT_TRUE(changesOf(report).contains(" #50 #51 and 1 more\n</tbody>"));
 }
 
 TEST(ChangesSection, Of_very_many_changed_records_the_first_are_shown) {
@@ -143,14 +151,14 @@ TEST(ChangesSection, Of_very_many_changed_records_the_first_are_shown) {
     report.hasRunBefore = true;
     report.records = {{.name = "a.met"}};
     report.changes.assign(1001, {});
-    EXPECT_TRUE(changesSection(report).contains(
+    EXPECT_TRUE(changesOf(report).contains(
         "<p class=\"more\">And 1 more record: reports as .json have all.</p>"));
 }
 
 TEST(ChangesSection, Without_a_run_before_there_is_none) {
     RunReport report = smallReport();
     report.hasRunBefore = false;
-    EXPECT_EQ(changesSection(report), "");
+    EXPECT_EQ(changesOf(report), "");
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace {
 
 std::string sectionOf(const RunReport& report) {
     std::string text;
-    recordsSection(report, [&](std::string_view piece) { text += piece; });
+    recordsSection(report, ListedFindings(report), [&](std::string_view piece) { text += piece; });
     return text;
 }
 

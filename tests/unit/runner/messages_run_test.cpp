@@ -198,6 +198,7 @@ TEST_F(MessagesOfARun, What_is_up_to_date_runs_again_where_not_all_of_them_are_k
     patterns().failOn = {"error*"};
     EXPECT_EQ(dryRun(), partlyKnown);
     EXPECT_EQ(machine_.run(), ExitStatus::Done) << machine_.terminal.error;
+    EXPECT_THAT(machine_.log(), HasSubstr("\nbegun\t2\tlong.met\t"));
     EXPECT_EQ(dryRun(), clean); // what these patterns have seen
     patterns().failOn = {"*worse*"};
     EXPECT_EQ(dryRun(), partlyKnown);

@@ -163,6 +163,32 @@ TEST_F(FailedFileCommands, The_end_of_the_session_asks_for_another_file_as_well)
     EXPECT_EQ(desktop.fileDialogs.size(), 1U);
 }
 
+// A message of the session's end reaches the window while it waits for a dialog.
+TEST_F(FailedFileCommands,
+       The_name_given_at_the_end_of_the_session_outlasts_an_open_options_dialog) {
+    world.makeReadOnly(present);
+    for (const bool accepted : {false, true}) {
+        edit();
+        inOptions = [&](BatchDefinition& definition) {
+            desktop.answers = {MessageAnswer::Yes};
+            const std::string name = accepted ? R"(D:\accepted.ini)" : R"(D:\cancelled.ini)";
+            world.makeReadOnly(form.definition().sINIFile);
+            choose(name);
+            form.sessionIsEnding();
+            form.sessionEnded(false);
+            EXPECT_EQ(form.definition().sINIFile, name);
+            if (accepted) {
+                definition.bConvertHyperlinks = true;
+                definition.bSettingsChanged = true;
+            }
+        };
+        form.mnuOptions.userClicked();
+        EXPECT_EQ(form.definition().sINIFile, stored());
+        EXPECT_EQ(form.definition().bConvertHyperlinks, accepted);
+        EXPECT_EQ(changed(), accepted);
+    }
+}
+
 TEST_F(FailedFileCommands, The_end_goes_on_asking_until_a_file_takes_the_work_or_nobody_wants_it) {
     world.write(other, "old");
     for (const bool atSessionEnd : {true, false}) {

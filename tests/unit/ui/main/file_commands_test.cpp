@@ -187,7 +187,8 @@ TEST_F(FileCommands, Open_keeps_what_the_file_does_not_say) {
     EXPECT_EQ(form.txtInput.text(), R"(D:\in)");
     EXPECT_EQ(form.txtAliases.text(), R"(D:\aliases.txt)");
     EXPECT_TRUE(form.chkAliases.ticked());
-    EXPECT_FALSE(output(form.definition(), "Error").bBuild); // all products are off, though
+    const BatchDefinition read = form.definition();
+    EXPECT_FALSE(output(read, "Error").bBuild); // all products are off, though
 }
 
 TEST_F(FileCommands, A_missing_aliases_file_comes_back_switched_off_with_its_old_text) {
@@ -219,7 +220,8 @@ TEST_F(FileCommands, A_configuration_file_in_the_INI_file_is_inspected) {
     EXPECT_EQ(form.txtCNS.text(), "");
     EXPECT_FALSE(form.grdCNS.enabled());
     EXPECT_FALSE(form.grdFiles.enabled());
-    EXPECT_FALSE(output(form.definition(), "Xml").bBuild);
+    const BatchDefinition read = form.definition();
+    EXPECT_FALSE(output(read, "Xml").bBuild);
     EXPECT_EQ(form.grdFiles.text(6, 3), "");
     EXPECT_FALSE(changed());
 }

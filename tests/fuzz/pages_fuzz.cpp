@@ -1,6 +1,7 @@
 // A page of any bytes, behind three lines: the page's own path and two that it may link to. What
 // becomes of it is what a plain second version makes, however the bytes arrive. A byte 1 in the
-// page, the first one, stands for 66'000 letters: a line longer than the block in which pages are read.
+// page, the first one, stands for 66'000 letters: a line longer than the block in which pages are
+// read.
 
 #include "fields.hpp"
 #include "memory_files.hpp"

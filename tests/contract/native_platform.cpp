@@ -105,7 +105,7 @@ class NativePlatform final : public PlatformUnderTest {
         }
     }
 
-    HostedWorld world_{R"(C:\Work Folder)"};
+    HostedWorld world_{R"(C:\Work Folder)", TemporaryFolder::Place::OnDisk};
     bool running_ = false;
     mutable std::string signal_;
     mutable std::string marker_;

@@ -1,6 +1,7 @@
 // A page of any bytes, behind three lines: the page's own path and two that it may link to. What
 // becomes of it is what a plain second version makes, however the bytes arrive. A byte 1 in the
-// page stands for twenty thousand letters, so that lines cross the blocks in which pages are read.
+// page, the first one, stands for 66'000 letters: a line longer than the block in which pages are
+// read.
 
 #include "fields.hpp"
 #include "memory_files.hpp"
@@ -18,7 +19,7 @@ namespace tarnwick {
 namespace {
 
 std::string stretched(std::string_view page) {
-    constexpr std::size_t longRun = 33'000;
+    constexpr std::size_t longRun = 66'000; // more than a block, which is of 64 KB
     std::string result(page);
     if (const auto at = result.find('\x01'); at != std::string::npos) {
         result.replace(at, 1, longRun, 'x');

@@ -1,5 +1,5 @@
-// Two paths and a folder, a line each: relative links and base names are what plain second versions
-// give, and every path can be taken apart, put together and made full without losing anything.
+// Two paths, a folder and a filter, a line each: links, parts, full paths and extensions are what
+// plain second versions give, and every path can be put together again without losing anything.
 
 #include "common/full_path.hpp"
 #include "fields.hpp"
@@ -30,20 +30,25 @@ void tryParts(const std::string& path) {
     const std::string name = GetFileName(path);
     const std::string whole = path.contains('\\') ? GetFolderPath(path) + '\\' + name : name;
     require(whole == path, "folder and name are the whole path");
-    require(path.ends_with(lastPart(path)), "the last part is the path's end");
-    require(lastPart(path).find_first_of("\\/") == std::string_view::npos,
-            "the last part has no separator");
-    require(!isPossiblePath(path) || isPossiblePattern(path), "a path is a pattern too");
-    require(!isPossiblePattern(path) || isPossiblePath(path) || hasWildcard(path),
-            "a pattern that is no path has a wildcard");
-    const std::string named = withDefaultExtension(path, "Any (*.ini)|*.ini");
-    require(named == path || named == path + ".ini", "a name gets one extension or none");
+    require(lastPart(path) == reference::lastPart(path),
+            "the last part is what the plain version gives");
+    require(isPossiblePath(path) == reference::isPossiblePath(path),
+            "a path is possible as by the plain version");
+    require(isPossiblePattern(path) == reference::isPossiblePattern(path),
+            "a pattern is possible as by the plain version");
+}
+
+void tryExtension(const std::string& path, const std::string& filter) {
+    require(withDefaultExtension(path, filter) == reference::withDefaultExtension(path, filter),
+            "the extension is what the plain version gives");
 }
 
 void tryFull(const std::string& path, const std::string& folder) {
     const std::string base = fullPath(folder, "C:\\");
+    require(base == reference::fullPath(folder, "C:\\"), "the folder is made full");
     const std::string full = fullPath(path, base);
-    require(!full.contains('/'), "a full path has no slashes");
+    require(full == reference::fullPath(path, base),
+            "the full path is what the plain version gives");
     require(fullPath(full, "D:\\other") == full || !isFullPath(full) || trim(full) != full,
             "a full path is full already");
     if (isFullPath(full) && !trim(full).starts_with("\\\\")) {
@@ -63,6 +68,8 @@ void tryBytes(std::string_view bytes) {
     const std::string folder = fields.next();
     tryLink(one, other);
     tryParts(one);
+    tryExtension(one, fields.next());
+    tryExtension(one, "Any (*.ini)|*.ini");
     tryFull(one, folder);
 }
 

@@ -2,6 +2,7 @@
 
 #include "support/hosted_files.hpp"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,11 @@ namespace tarnwick {
 // A folder of the build machine, held as long as this object and removed with all it contains.
 class TemporaryFolder {
   public:
-    TemporaryFolder();
+    // In memory, where this machine has room for files there: what a program asks to be put on the
+    // medium need not wait for a disk. Nothing is started from there: many systems forbid it.
+    enum class Place : std::uint8_t { OnDisk, InMemory };
+
+    explicit TemporaryFolder(Place place = Place::OnDisk);
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     TemporaryFolder(TemporaryFolder&&) = delete;
@@ -26,7 +31,8 @@ class TemporaryFolder {
 // A machine of its own for one test: an empty drive C:, to begin with.
 class HostedWorld {
   public:
-    explicit HostedWorld(std::string_view currentFolder = R"(C:\)");
+    explicit HostedWorld(std::string_view currentFolder = R"(C:\)",
+                         TemporaryFolder::Place place = TemporaryFolder::Place::InMemory);
 
     [[nodiscard]] HostedFiles& files() noexcept { return files_; }
     [[nodiscard]] const HostedFiles& files() const noexcept { return files_; }

@@ -1,5 +1,4 @@
 #include "common/mod_main.hpp"
-#include "platform/windows_path.hpp"
 #include "support/faulty_files.hpp"
 #include "support/hosted_world.hpp"
 #include "support/messages.hpp"
@@ -144,36 +143,6 @@ TEST(FileExists, What_cannot_be_asked_does_not_exist) {
     faulty.failAt(FileOperation::FirstNormalFile, 1, RunTimeError(ErrorNumber::DiskNotReady));
     EXPECT_FALSE(FileExists(faulty, "C:\\a.txt"));
     EXPECT_FALSE(FileExists(world.files(), "C:\\missing\\a.txt"));
-}
-
-TEST(GetFileName, It_is_what_follows_the_last_backslash) {
-    EXPECT_EQ(GetFileName("C:\\data\\rec.txt"), "rec.txt");
-    EXPECT_EQ(GetFileName("rec.txt"), "rec.txt");
-    EXPECT_EQ(GetFileName("C:\\data\\"), "");
-    EXPECT_EQ(GetFileName("C:\\data\\ rec.txt "), " rec.txt ");
-}
-
-TEST(GetFolderPath, It_is_what_stands_before_the_last_backslash) {
-    EXPECT_EQ(GetFolderPath("C:\\data\\rec.txt"), "C:\\data");
-    EXPECT_EQ(GetFolderPath("C:\\rec.txt"), "C:");
-    EXPECT_EQ(GetFolderPath("rec.txt"), "");
-}
-
-TEST(GetBaseName, It_is_the_file_name_without_its_last_extension) {
-    EXPECT_EQ(GetBaseName(" C:\\data\\rec.old.txt "), "rec.old");
-    EXPECT_EQ(GetBaseName("noext"), "noext");
-    EXPECT_EQ(GetBaseName(".cfg"), "");
-    EXPECT_EQ(GetBaseName(""), "");
-}
-
-TEST(GetBaseName, Both_slashes_separate_folders) {
-    EXPECT_EQ(GetBaseName("a/b\\c.xml"), "c");
-    EXPECT_EQ(GetBaseName("a\\b/c.xml"), "c");
-}
-
-TEST(GetBaseName, Blanks_around_every_part_are_dropped) {
-    EXPECT_EQ(GetBaseName("a\\ b / c.xml "), "c");
-    EXPECT_EQ(GetBaseName("a\\ c .xml"), "c ");
 }
 
 } // namespace

@@ -37,20 +37,6 @@ class INIReader : public testing::Test {
         return ReadINIFile(definition, world.files(), desktop, [this] { ++timesRead; });
     }
 
-    [[nodiscard]] const OutputDefinition& row(std::string_view type) const {
-        for (const OutputDefinition& output : definition.CNSOutputs) {
-            if (output.sFileType == type) {
-                return output;
-            }
-        }
-        for (const OutputDefinition& output : definition.MPOutputs) {
-            if (output.sFileType == type) {
-                return output;
-            }
-        }
-        throw std::out_of_range(std::string(type));
-    }
-
     HostedWorld world;
     ScriptedDesktop desktop;
     BatchDefinition definition;
@@ -150,9 +136,9 @@ TEST_F(INIReader, A_fix_doc_of_minus_one_reads_as_0) {
 
 TEST_F(INIReader, A_product_whose_folder_is_missing_comes_back_off_and_is_not_saved_again) {
     read("Xml Extension=.x\r\nGRID_xml=C:\\NoSuchFolder\r\n");
-    EXPECT_FALSE(row("Xml").bBuild);
-    EXPECT_EQ(row("Xml").sOutputFolder, "");
-    EXPECT_EQ(row("Xml").sExtension, ".x");
+    EXPECT_FALSE(output(definition, "Xml").bBuild);
+    EXPECT_EQ(output(definition, "Xml").sOutputFolder, "");
+    EXPECT_EQ(output(definition, "Xml").sExtension, ".x");
     const std::string saved = iniFileText(definition, world.files());
     EXPECT_EQ(saved.find("Xml Extension"), std::string::npos);
     EXPECT_EQ(saved.find("GRID_"), std::string::npos);
@@ -200,12 +186,12 @@ TEST_F(INIReader, Fields_without_a_key_keep_their_values_but_all_products_are_re
         output(definition, "Error"),
         (OutputDefinition{
             .bBuild = false, .sFileType = "Error", .sExtension = ".err", .sOutputFolder = ""}));
-    EXPECT_FALSE(row("Xml").bBuild);
+    EXPECT_FALSE(output(definition, "Xml").bBuild);
 }
 
 TEST_F(INIReader, A_type_name_in_capitals_selects_its_row) {
     read("GRID_HTML=D:\\out\r\n");
-    EXPECT_TRUE(row("Html").bBuild);
+    EXPECT_TRUE(output(definition, "Html").bBuild);
 }
 
 TEST_F(INIReader, A_configuration_file_that_is_switched_off_no_longer_names_anything) {
@@ -222,13 +208,13 @@ TEST_F(INIReader, A_configuration_file_that_is_switched_off_no_longer_names_anyt
 TEST_F(INIReader, A_later_line_of_the_same_key_wins) {
     read("Language=French\r\nLANGUAGE=Spanish\r\nError Extension=.a\r\nerror extension=.b\r\n");
     EXPECT_EQ(definition.sLanguage, "Spanish");
-    EXPECT_EQ(row("Error").sExtension, ".b");
+    EXPECT_EQ(output(definition, "Error").sExtension, ".b");
 }
 
 TEST_F(INIReader, A_product_once_switched_on_stays_on_when_a_later_folder_is_missing) {
     read("GRID_Text=D:\\out\r\nGRID_TEXT=D:\\missing\r\n");
-    EXPECT_TRUE(row("Text").bBuild);
-    EXPECT_EQ(row("Text").sOutputFolder, "D:\\out");
+    EXPECT_TRUE(output(definition, "Text").bBuild);
+    EXPECT_EQ(output(definition, "Text").sOutputFolder, "D:\\out");
 }
 
 TEST_F(INIReader, A_grid_line_of_an_unknown_type_is_ignored) {
@@ -241,8 +227,8 @@ TEST_F(INIReader, A_grid_line_of_an_unknown_type_is_ignored) {
 
 TEST_F(INIReader, Extensions_reach_rows_that_are_off) {
     read("Text Extension=.text\r\nLeftovers Extension=.left\r\n");
-    EXPECT_EQ(row("Text").sExtension, ".text");
-    EXPECT_EQ(row("Leftovers").sExtension, ".left");
+    EXPECT_EQ(output(definition, "Text").sExtension, ".text");
+    EXPECT_EQ(output(definition, "Leftovers").sExtension, ".left");
 }
 
 TEST_F(INIReader, A_missing_file_gives_way_to_the_default_file_in_the_program_folder) {

@@ -1,5 +1,6 @@
 // Running the tools and writing batches, with everything breaking that can.
 
+#include "definition/ini_file.hpp"
 #include "postprocess/relative_links.hpp"
 #include "processing/unattended_mode.hpp"
 #include "ui/dialogs/frm_options.hpp"
@@ -45,7 +46,10 @@ struct ARun : WindowUseCase {
             world.write(R"(C:\Temp\MPdone.tmp)", "Done!\r\n");
         };
     }
-    void act() override { form.userClicked(form.cmdOK); }
+    void act() override {
+        form.mnuOptions.userClicked(); // a run may have switched logging off, without a word
+        form.userClicked(form.cmdOK);
+    }
 
     static std::string page(const std::string& target) {
         return "<A HREF=\"D:\\out\\" + target + "\">\r\n";
@@ -56,6 +60,7 @@ struct ARun : WindowUseCase {
 // does in the end: it deletes it, and the note.
 struct Unattended : UseCase {
     explicit Unattended(std::string givenOptions) : options(std::move(givenOptions)) {
+        takesAnotherName = true; // a batch of the same name may be at work
         world.makeDrive('D');
         for (const char* const folder : {R"(C:\Temp)", R"(D:\out)", R"(D:\cns)"}) {
             world.makeFolder(folder);
@@ -68,8 +73,8 @@ struct Unattended : UseCase {
         world.write(R"(C:\Temp\MPDELETE.bat)", "del %1\r\n");
         interpreter.run = [this](const FakeCommandInterpreter::Started& batch) {
             world.files().remove(batch.path);
-            if (world.exists(R"(C:\Temp\MP_Notify.txt)")) {
-                world.files().remove(R"(C:\Temp\MP_Notify.txt)");
+            for (const auto& note : world.files().listFiles(R"(C:\Temp)", "MP_Notify*.txt").names) {
+                world.files().remove("C:\\Temp\\" + note);
             }
         };
     }
@@ -120,11 +125,14 @@ struct Links : UseCase {
     BatchDefinition definition;
 };
 
-// The tools' places, accepted in the options dialog.
+// All of the options dialog, accepted.
 struct Options : UseCase {
     Options() {
+        answersAreTold = true; // by the refusal of what is not found
         world.write(R"(C:\App\mp.exe)", "");
         world.write(R"(C:\App\cns.exe)", "");
+        world.makeFolder(R"(C:\Logs)");
+        MyDefaultSettings(definition);
         definition.iProcessCNS = checked;
     }
     void act() override {
@@ -132,9 +140,12 @@ struct Options : UseCase {
         form.show();
         form.txtMPEXE.setText(R"(C:\App\mp.exe)");
         form.txtCNS.setText(R"(C:\App\cns.exe)");
+        form.chkCmdLogging.setValue(1);
+        form.txtCmdFile.setText(R"(C:\Logs\night.log)");
+        form.chkRelative.setValue(1);
         form.userPressedEnter();
     }
-    std::string state() override { return definition.sMPExecutable + definition.sCNSExecutable; }
+    std::string state() override { return iniFileText(definition, world.files()); }
 
     BatchDefinition definition;
 };

@@ -20,7 +20,10 @@ struct Save : DefinitionUseCase {
 };
 
 struct SaveAs : DefinitionUseCase {
-    SaveAs() { world.write(R"(D:\other.ini)", "Language=French\r\n"); }
+    SaveAs() {
+        world.write(R"(D:\other.ini)", "Language=French\r\n");
+        form.cboLanguage.userPicked(4);
+    }
     void act() override {
         choose(R"(D:\other.ini)");
         form.mnuSaveAsINI.userClicked();

@@ -1,5 +1,6 @@
 #include "unit/faults/every_step.hpp"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -108,6 +109,7 @@ Result doIt(UseCase& useCase) {
 // What is found where nothing breaks.
 struct Undisturbed {
     Snapshot before;
+    std::string stateBefore;
     Result once;
     Result twice;
     std::vector<StepFiles::Call> calls;
@@ -118,6 +120,7 @@ Undisturbed undisturbed(const MakeUseCase& make, std::string_view volume = {}) {
     Undisturbed found;
     const auto useCase = make();
     found.before = snapshotOf(useCase->world);
+    found.stateBefore = useCase->state();
     useCase->files.count(volume);
     found.once = doIt(*useCase);
     found.calls = useCase->files.calls();
@@ -156,6 +159,19 @@ void expectNothingHalf(const UseCase& useCase, const Undisturbed& usual, const R
         EXPECT_TRUE(isWhole(useCase, usual, file) || !again.files.contains(file.first))
             << "half: " << file.first << ":\n"
             << file.second;
+    }
+}
+
+void expectNoHalfState(const Undisturbed& usual, const Result& result) {
+    EXPECT_THAT(result.state, testing::AnyOf(usual.stateBefore, usual.once.state));
+}
+
+// Of files that a step then wrongly takes for missing, or for there.
+void expectNoStrayName(const Undisturbed& usual, const Result& result, const Result& again) {
+    for (const auto& file : result.files) {
+        EXPECT_TRUE(usual.before.contains(file.first) || usual.once.files.contains(file.first) ||
+                    !again.files.contains(file.first))
+            << "left over: " << file.first;
     }
 }
 
@@ -199,7 +215,7 @@ void expectAsAlways(const Undisturbed& usual, const Result& again) {
 
 struct Fault {
     std::function<void(StepFiles&)> apply;
-    bool question = false; // whether something exists
+    bool answer = false; // to what the use case asks; what it then does is its own rule
     bool lasts = false;
 };
 
@@ -210,43 +226,58 @@ void tryBroken(const Undisturbed& usual, const MakeUseCase& make, const Fault& f
     useCase->files.count();
     const Result again = doIt(*useCase);
     expectNothingTwice(result);
-    if (fault.question) {
-        return;
-    }
-    expectNothingHalf(*useCase, usual, result, again);
-    expectTold(usual, result, again, fault.lasts ? useCase->reportsOfFullDisk : 1);
+    expectNoStrayName(usual, result, again);
     expectAsAlways(usual, again);
+    if (!fault.answer) {
+        expectNothingHalf(*useCase, usual, result, again);
+    }
+    if (!fault.answer || useCase->answersAreTold) {
+        expectNoHalfState(usual, result);
+        expectTold(usual, result, again, fault.lasts ? useCase->reportsOfFullDisk : 1);
+    }
+}
+
+bool isAnswer(const UseCase& useCase, FileOperation operation, ErrorNumber error) {
+    return operation == FileOperation::CanListFolder ||
+           operation == FileOperation::FirstNormalFile ||
+           (error == ErrorNumber::FileAlreadyExists && useCase.takesAnotherName);
 }
 
 using enum ErrorNumber;
 
 // What each call may raise, by its contract.
-const std::map<FileOperation, std::vector<ErrorNumber>>& allowedErrors() {
-    static const std::map<FileOperation, std::vector<ErrorNumber>> errors{
-        {FileOperation::CanListFolder, {DiskNotReady}}, // where it is false
-        {FileOperation::FirstNormalFile, {PathNotFound, DiskNotReady}},
+std::map<FileOperation, std::vector<ErrorNumber>> errorsOfContract() {
+    std::map<FileOperation, std::vector<ErrorNumber>> errors{
+        {FileOperation::FirstNormalFile, {PathNotFound}},
         {FileOperation::ListFiles, {PathNotFound, PathFileAccess}},
         {FileOperation::ListFolders, {PathNotFound, PathFileAccess}},
-        {FileOperation::Drives, {}},
-        {FileOperation::CurrentFolder, {}},
         {FileOperation::ShortPath, {FileNotFound, PathNotFound}},
-        {FileOperation::OpenForReading, {FileNotFound, PathFileAccess, PermissionDenied}},
+        {FileOperation::OpenForReading,
+         {FileNotFound, PathNotFound, PathFileAccess, PermissionDenied}},
         {FileOperation::Create, {PathFileAccess, PermissionDenied, PathNotFound, DiskFull}},
         {FileOperation::CreateNew,
-         {PathFileAccess, PermissionDenied, PathNotFound, DiskFull}}, // where nothing is
+         {FileAlreadyExists, PathFileAccess, PermissionDenied, PathNotFound, DiskFull}},
         {FileOperation::Append, {PathFileAccess, PermissionDenied, PathNotFound, DiskFull}},
-        {FileOperation::Remove, {PathFileAccess, PermissionDenied}}, // of what is there
+        {FileOperation::Remove, {FileNotFound, PathFileAccess, PermissionDenied, PathNotFound}},
         {FileOperation::CreateFolder, {PathFileAccess, PathNotFound}},
         {FileOperation::MoveOver,
          {FileNotFound, PathFileAccess, PermissionDenied, DifferentDrive, PathNotFound}},
         {FileOperation::Replace,
          {FileNotFound, PathFileAccess, PermissionDenied, DifferentDrive, PathNotFound}},
+    };
+    for (auto& [call, raised] : errors) { // as every path may
+        raised.insert(raised.end(), {BadFileName, DeviceUnavailable, DiskNotReady});
+    }
+    errors.insert({
+        {FileOperation::CanListFolder, {DiskNotReady}}, // where it is false, whatever the reason
+        {FileOperation::Drives, {}},                    // neither raises
+        {FileOperation::CurrentFolder, {}},
         {FileOperation::Read, {DeviceIO, PermissionDenied}},
         {FileOperation::Write, {DiskFull, DeviceIO}},
         {FileOperation::Drain, {DiskFull, DeviceIO}},
         {FileOperation::Flush, {DiskFull, DeviceIO}},
         {FileOperation::Close, {DiskFull, DeviceIO}},
-    };
+    });
     return errors;
 }
 
@@ -254,19 +285,18 @@ const std::map<FileOperation, std::vector<ErrorNumber>>& allowedErrors() {
 
 void breakEveryStep(const MakeUseCase& make) {
     const Undisturbed usual = undisturbed(make);
+    const auto errors = errorsOfContract();
     ASSERT_FALSE(usual.calls.empty());
     for (std::size_t number = 0; number < usual.calls.size(); ++number) {
         const auto& [operation, path] = usual.calls[number];
-        for (const ErrorNumber error : allowedErrors().at(operation)) {
+        for (const ErrorNumber error : errors.at(operation)) {
             SCOPED_TRACE("call " + std::to_string(number) + " of " +
                          std::to_string(usual.calls.size()) + ", " +
                          std::string(nameOf(operation)) + ' ' + path + ", raises " +
                          std::to_string(static_cast<int>(error)));
-            const bool question = operation == FileOperation::CanListFolder ||
-                                  operation == FileOperation::FirstNormalFile;
             tryBroken(usual, make,
                       {.apply = [&](StepFiles& files) { files.breakCall(number, error); },
-                       .question = question});
+                       .answer = isAnswer(*make(), operation, error)});
         }
     }
 }

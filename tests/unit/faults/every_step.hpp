@@ -67,6 +67,10 @@ class UseCase {
     // How many reports a disk that stays full may cause: more than one where an error ends one step
     // and the next one, which meets the same disk, begins all the same.
     std::size_t reportsOfFullDisk = 1;
+    // Whether the user is told, too, where what the program asks for is not there.
+    bool answersAreTold = false;
+    // Whether it makes a file under another name where its own is taken.
+    bool takesAnotherName = false;
 };
 
 using MakeUseCase = std::function<std::unique_ptr<UseCase>()>;
@@ -75,12 +79,14 @@ using MakeUseCase = std::function<std::unique_ptr<UseCase>()>;
 // call may raise by its contract, with that call broken. Holds each time:
 //
 //   - every file that was there before is as it was or as the unbroken use case leaves it, and so
-//     is every file that it makes, unless the next time clears it away;
+//     is every file that it makes, unless the next time clears it away; and so is the state;
 //   - where anything is not as the unbroken use case leaves it, the user was told, exactly once;
 //   - done again, unbroken, it leaves what it always leaves.
 //
 // Where the call only asks whether something exists, it then does not: what the program makes of
-// that is its own rule, and not always told. But nothing may be half, nor be told twice.
+// that is its own rule, and not always told, unless the use case says so. Held is then that nothing
+// is told twice, that no file is there which is there neither before nor afterwards as a rule,
+// unless the next time clears it away, and that it leaves what it always leaves when done again.
 void breakEveryStep(const MakeUseCase& make);
 
 // The same with the disk full after 0, 1, 2, ... bytes of what the use case writes: that volume

@@ -39,7 +39,7 @@ class WindowUseCase : public UseCase {
         .process = process,
         .settings = settings,
         .pickFolder = [](std::string_view, std::string_view) { return std::string(); },
-        .showOptions = [](BatchDefinition&) {},
+        .showOptions = [](BatchDefinition& definition) { definition.bCommandLineLogging = true; },
         .showAbout = [] {},
     };
     frmMain form{services};

@@ -21,6 +21,41 @@ TEST(WindowsPath, The_last_part_begins_behind_a_drive_but_not_behind_another_col
     EXPECT_EQ(lastPart("1:x"), "1:x");
 }
 
+TEST(GetFileName, It_is_what_follows_the_last_backslash) {
+    EXPECT_EQ(GetFileName("C:\\data\\rec.txt"), "rec.txt");
+    EXPECT_EQ(GetFileName("rec.txt"), "rec.txt");
+    EXPECT_EQ(GetFileName("C:\\data\\"), "");
+    EXPECT_EQ(GetFileName("C:\\data\\ rec.txt "), " rec.txt ");
+}
+
+TEST(GetFolderPath, It_is_what_stands_before_the_last_backslash) {
+    EXPECT_EQ(GetFolderPath("C:\\data\\rec.txt"), "C:\\data");
+    EXPECT_EQ(GetFolderPath("C:\\rec.txt"), "C:");
+    EXPECT_EQ(GetFolderPath("rec.txt"), "");
+}
+
+TEST(GetBaseName, It_is_the_file_name_without_its_last_extension) {
+    EXPECT_EQ(GetBaseName(" C:\\data\\rec.old.txt "), "rec.old");
+    EXPECT_EQ(GetBaseName("noext"), "noext");
+    EXPECT_EQ(GetBaseName(".cfg"), "");
+    EXPECT_EQ(GetBaseName(""), "");
+}
+
+TEST(GetBaseName, Both_slashes_separate_folders) {
+    EXPECT_EQ(GetBaseName("a/b\\c.xml"), "c");
+    EXPECT_EQ(GetBaseName("a\\b/c.xml"), "c");
+}
+
+TEST(GetBaseName, Blanks_around_every_part_are_dropped) {
+    EXPECT_EQ(GetBaseName("a\\ b / c.xml "), "c");
+    EXPECT_EQ(GetBaseName("a\\ c .xml"), "c ");
+}
+
+TEST(WindowsPath, A_backslash_joins_folder_and_name_only_when_the_folder_does_not_end_in_one) {
+    EXPECT_EQ(joinPath("D:\\Out", "rec1.err"), "D:\\Out\\rec1.err");
+    EXPECT_EQ(joinPath("D:\\Out\\", "rec1.err"), "D:\\Out\\rec1.err");
+}
+
 // In each of them the second byte of the letter is a backslash.
 struct Page {
     unsigned number;

@@ -4,7 +4,6 @@
 #include "support/hosted_world.hpp"
 #include "support/scripted_desktop.hpp"
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -29,15 +28,6 @@ class LinksWorld {
         FixRelativePaths(definition, files, desktop, "C:\\in", record);
     }
     void fix() { fix(world.files()); }
-
-    [[nodiscard]] OutputDefinition& row(std::string_view type) {
-        for (OutputDefinition& each : definition.MPOutputs) {
-            if (each.sFileType == type) {
-                return each;
-            }
-        }
-        throw std::logic_error("no such row");
-    }
 
     HostedWorld world;
     ScriptedDesktop desktop;

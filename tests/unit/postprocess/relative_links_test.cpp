@@ -2,6 +2,7 @@
 #include "postprocess/relative_links.hpp"
 #include "support/faulty_files.hpp"
 #include "support/messages.hpp"
+#include "support/outputs.hpp"
 #include "support/recording_files.hpp"
 #include "unit/postprocess/links_world.hpp"
 
@@ -125,8 +126,8 @@ TEST_F(RelativeLinks, Only_the_base_name_of_the_record_counts) {
 TEST_F(RelativeLinks, Without_page_rows_or_with_their_folders_missing_nothing_is_opened) {
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     putFaq(hrefLine("C:\\out\\Text\\rec.txt"));
-    row("Html").sOutputFolder = "C:\\missing";
-    row("Faq").sFileType = "Info_file";
+    output(definition, "Html").sOutputFolder = "C:\\missing";
+    output(definition, "Faq").sFileType = "Info_file";
     RecordingFiles recording(world.files());
     fix(recording);
     for (const auto operation :
@@ -158,15 +159,15 @@ TEST_F(RelativeLinks, The_build_marks_are_not_consulted) {
 }
 
 TEST_F(RelativeLinks, A_target_is_one_if_its_folder_exists_whether_or_not_the_file_does) {
-    row("Sgml").sOutputFolder = "C:\\missing";
+    output(definition, "Sgml").sOutputFolder = "C:\\missing";
     putHtml(hrefLine("C:\\missing\\rec.sgml") + hrefLine("C:\\out\\Dif\\rec.dif"));
     fix();
     EXPECT_EQ(html(), hrefLine("C:\\missing\\rec.sgml") + hrefLine("../Dif/rec.dif"));
 }
 
 TEST_F(RelativeLinks, Types_are_compared_without_regard_to_case) {
-    row("Html").sFileType = "HTML";
-    row("Text").sFileType = "tEXT";
+    output(definition, "Html").sFileType = "HTML";
+    output(definition, "Text").sFileType = "tEXT";
     putHtml(hrefLine("C:\\out\\Text\\rec.txt"));
     fix();
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt"));
@@ -174,19 +175,19 @@ TEST_F(RelativeLinks, Types_are_compared_without_regard_to_case) {
 
 TEST_F(RelativeLinks, A_later_row_of_the_same_type_replaces_an_earlier_one_if_its_folder_exists) {
     world.makeFolder("C:\\late");
-    row("Dif") = {
+    output(definition, "Dif") = {
         .bBuild = false, .sFileType = "text", .sExtension = ".asc", .sOutputFolder = "C:\\late"};
     putHtml(hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("C:\\late\\rec.asc"));
     fix();
     EXPECT_EQ(html(), hrefLine("C:\\out\\Text\\rec.txt") + hrefLine("../../late/rec.asc"));
-    row("text").sOutputFolder = "C:\\missing";
+    output(definition, "text").sOutputFolder = "C:\\missing";
     fix();
     EXPECT_EQ(html(), hrefLine("../Text/rec.txt") + hrefLine("../../late/rec.asc"));
 }
 
 TEST_F(RelativeLinks, A_folder_may_be_given_with_its_final_backslash) {
-    row("Html").sOutputFolder += '\\';
-    row("Text").sOutputFolder += '\\';
+    output(definition, "Html").sOutputFolder += '\\';
+    output(definition, "Text").sOutputFolder += '\\';
     definition.sInputFolder += '\\';
     putHtml("<base href=\"C:\\out\\Html\\rec.html\">" + hrefLine("C:\\out\\Text\\rec.txt"));
     fix();
@@ -206,7 +207,7 @@ TEST_F(RelativeLinks, Where_the_configuration_file_names_the_outputs_all_lie_in_
 TEST_F(RelativeLinks, An_extension_may_lead_into_a_folder) {
     world.write(out + "Html\\rec\\page.html", "<base href=\"C:\\out\\Html\\rec\\page.html\">" +
                                                   hrefLine("C:\\out\\Text\\rec.txt"));
-    row("Html").sExtension = "\\page.html";
+    output(definition, "Html").sExtension = "\\page.html";
     fix();
     EXPECT_EQ(world.read(out + "Html\\rec\\page.html"),
               "<base href=\"rec\\page.html\">" + hrefLine("../../Text/rec.txt"));
@@ -305,7 +306,7 @@ TEST_F(RelativeLinks, A_temporary_file_that_cannot_be_deleted_is_reported) {
 
 TEST_F(RelativeLinks, From_a_network_share_and_with_accents_and_blanks_in_names) {
     world.makeShare("\\\\srv\\pub");
-    row("Html").sOutputFolder = "\\\\srv\\pub\\caf\xE9 1";
+    output(definition, "Html").sOutputFolder = "\\\\srv\\pub\\caf\xE9 1";
     world.write("\\\\srv\\pub\\caf\xE9 1\\r\xE9 c.html",
                 "caf\xE9" + hrefLine("C:\\out\\Text\\r\xE9 c.txt"));
     fix(world.files(), "r\xE9 c.met");
@@ -344,7 +345,7 @@ TEST_F(RelativeLinks, Of_links_that_name_this_machines_files_the_same_becomes_as
 }
 
 TEST_F(RelativeLinks, A_product_of_an_impossible_name_hinders_no_other_link) {
-    row("Xml").sExtension = ".x|?";
+    output(definition, "Xml").sExtension = ".x|?";
     putHtml(hrefLine("C:\\out\\Xml\\rec.x|?") + hrefLine("C:\\out\\Text\\rec.txt"));
     fix();
     EXPECT_EQ(html(), hrefLine("../Xml/rec.x|?") + hrefLine("../Text/rec.txt"));

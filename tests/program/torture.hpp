@@ -1,0 +1,29 @@
+#pragma once
+
+#include <chrono>
+#include <random>
+
+namespace tarnwick::test {
+
+// How often a work is ended: as often as TARNWICK_TORTURE in the environment says, else that often.
+// Throws where it is no number of times.
+[[nodiscard]] int endings(int usually);
+
+// Random moments, each time other ones. TARNWICK_SEED in the environment gives those of an earlier
+// time again: which seed it was stands in the test's output.
+class RandomMoments {
+  public:
+    RandomMoments();
+
+    // Returns before `longest` is over.
+    void waitWithin(std::chrono::microseconds longest);
+
+  private:
+    std::mt19937 random_;
+};
+
+// Says how many of the endings came in the middle of the work. Of many, one at least must have:
+// else nothing was tried.
+void expectSomeInTheMiddle(int count, int endings);
+
+} // namespace tarnwick::test

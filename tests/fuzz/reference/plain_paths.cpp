@@ -86,7 +86,7 @@ std::string baseName(const std::string& path) {
 std::string fullPath(const std::string& path, const std::string& folder) {
     std::string whole = trimmed(path);
     replaceAll(whole, "/", "\\");
-    if (whole.size() > 1 && whole[1] == ':') {
+    if (beginsWithLetterOfDrive(whole)) {
         whole = whole.substr(0, 2) + '\\' + whole.substr(2);
     } else if (!whole.starts_with("\\\\")) {
         whole = below(whole.starts_with("\\") ? partsOf(folder).root : folder, whole);

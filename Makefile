@@ -12,8 +12,9 @@ linux_packages   := $(build_packages) dpkg-dev file man-db
 dist_packages    := $(wine_packages) $(linux_packages) git perl fp-utils nsis zip unzip
 cluster_packages := $(build_packages) slurm-wlm munge parallel procps
 bench_packages   := $(wine_packages) $(browser_packages) libbenchmark-dev python3 parallel ninja-build findutils
+clang_packages   := clang-19 libclang-rt-19-dev
 cover_packages   := $(native_packages) gcovr
-fuzz_packages    := $(build_packages) clang-19 libclang-rt-19-dev
+fuzz_packages    := $(build_packages) $(clang_packages)
 lint_packages    := $(windows_packages) libbenchmark-dev clang-format-19 clang-tidy-19
 
 ensure := cmake/ensure-packages
@@ -59,7 +60,7 @@ install: linux
 test: check-format test-sanitize test-windows test-dist
 
 test-sanitize:
-	@$(ensure) $(native_packages)
+	@$(ensure) $(native_packages) $(clang_packages)
 	cmake --preset native-sanitize
 	cmake --build --preset native-sanitize
 	ctest --preset native-sanitize

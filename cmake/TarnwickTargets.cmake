@@ -5,6 +5,8 @@ target_include_directories(tarnwick_options INTERFACE "${PROJECT_SOURCE_DIR}/src
 target_compile_options(tarnwick_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wimplicit-fallthrough
+  # g++'s library uses in stable_sort and its like what it calls deprecated itself, and clang tells it.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
   # The same bytes wherever the clone lies.
   "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
 if(WIN32)
@@ -21,18 +23,17 @@ if(TARNWICK_SANITIZE)
   target_link_options(tarnwick_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(TARNWICK_FUZZ)
-  # Counters for the fuzzer in the libraries, which have no main of their own. clang warns inside of the
-  # library's stable_sort and its like, which use what the library itself calls deprecated.
-  target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link -Wno-deprecated-declarations)
+  # Counters for the fuzzer in the libraries, which have no main of their own.
+  target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(TARNWICK_COVERAGE)
   target_compile_options(tarnwick_options INTERFACE --coverage -O0)
   target_link_options(tarnwick_options INTERFACE --coverage)
 endif()
 
-# What nearly every file of the programs includes is compiled once for all of them, in the two builds
-# that compile everything. The others find a file that leaves out an include; and with optimisation for
-# speed, g++ warns of bounds in precompiled library headers where it errs.
+# What nearly every file of the programs includes is compiled once for all of them in the builds that
+# `make test` makes. The others find a file that leaves out an include; and with optimisation for speed,
+# g++ warns of bounds in precompiled library headers where it errs.
 if(TARNWICK_PRECOMPILE)
   add_library(tarnwick_headers OBJECT "${CMAKE_CURRENT_LIST_DIR}/headers.cpp")
   target_link_libraries(tarnwick_headers PRIVATE tarnwick_options)
@@ -77,10 +78,6 @@ target_precompile_headers(tarnwick_test_headers PRIVATE
 # it sees overlaps and bounds that are not there in "text" + std::string.
 set(wrong_warnings $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow>)
 
-# The program's code is under every check of the sanitizers. The tests' own code is not asked whether each
-# of its pointers is null, aligned and of its type, which would be a fifth of the time of compiling it.
-set(fewer_checks $<$<BOOL:${TARNWICK_SANITIZE}>:-fno-sanitize=null,alignment,object-size,vptr>)
-
 # tarnwick_test(name SOURCES ... DEPENDS ...): one GoogleTest program, and one CTest entry: to start a
 # program for every test would take longer than the tests. It tells only of what fails.
 # TEXT tarnwick_system_text: in the code page of this machine, not in the one of most tests.
@@ -93,6 +90,6 @@ function(tarnwick_test name)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE tarnwick_options ${ARG_DEPENDS} ${ARG_TEXT} GTest::gmock_main)
   target_precompile_headers(${name} REUSE_FROM tarnwick_test_headers)
-  target_compile_options(${name} PRIVATE ${wrong_warnings} ${fewer_checks})
+  target_compile_options(${name} PRIVATE ${wrong_warnings})
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
 endfunction()

@@ -39,13 +39,28 @@ void waitFor(const fs::path& file) {
     }
 }
 
-int workAs(const fs::path& program) {
+// On a busy machine, one process of some thousand dies under Wine before it has begun; the system
+// tells that by an error of its own, and the next attempt succeeds.
+bool start(const fs::path& program, PROCESS_INFORMATION& process) {
     std::wstring commandLine = GetCommandLineW();
     STARTUPINFOW how{};
     how.cb = sizeof how;
+    constexpr int attempts = 3;
+    for (int attempt = 1; attempt <= attempts; ++attempt) {
+        if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                           nullptr, &how, &process) != FALSE) {
+            return true;
+        }
+        if (GetLastError() != ERROR_INTERNAL_ERROR) {
+            break;
+        }
+    }
+    return false;
+}
+
+int workAs(const fs::path& program) {
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                       nullptr, &how, &process) == FALSE) {
+    if (!start(program, process)) {
         return 4;
     }
     WaitForSingleObject(process.hProcess, INFINITE);

@@ -29,7 +29,7 @@ using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
 // Between two looks at what is there for moments only.
-constexpr microseconds aMoment(200);
+constexpr std::chrono::milliseconds aMoment(1);
 constexpr auto mainTitle = "Tarnwick - TARNWICK.ini";
 
 // Of the entry that saves: Wine tells no other process what a menu holds. With a wrong number

@@ -29,8 +29,8 @@ struct ValidationServices {
 [[nodiscard]] bool bValidOutputFolders(const BatchDefinition& definition,
                                        const ValidationServices& services);
 
-// All the checks that every way to run a batch begins with, in their order, up to the first fault,
-// of which the user has been told.
+// All the checks that a batch begins with, in the order of the window and of the command line, up
+// to the first fault, of which the user has been told.
 [[nodiscard]] std::optional<BatchFault::Kind> validateBatch(const BatchDefinition& definition,
                                                             const ValidationServices& services);
 

@@ -20,12 +20,19 @@ fs::path buildFolder() {
     return fs::path(name.data()).parent_path().parent_path().parent_path();
 }
 
+// Of an earlier installation something may still be there, which a batch that goes on holds.
+fs::path newFolder() {
+    for (int number = 1;; ++number) {
+        fs::path folder = fs::temp_directory_path() / ("tarnwick test " + std::to_string(number));
+        if (fs::create_directory(folder)) {
+            return folder;
+        }
+    }
+}
+
 } // namespace
 
-Installation::Installation()
-    : folder_(fs::temp_directory_path() /
-              ("tarnwick test " + std::to_string(GetCurrentProcessId()))) {
-    fs::remove_all(folder_);
+Installation::Installation() : folder_(newFolder()) {
     for (const char* below : {"in", "cns", "out", "temp"}) {
         fs::create_directories(folder_ / below);
     }

@@ -9,13 +9,14 @@ namespace tarnwick::test {
 // Throws where it is no number of times.
 [[nodiscard]] int endings(int usually);
 
-// Random moments, each time other ones. TARNWICK_SEED in the environment gives those of an earlier
-// time again: which seed it was stands in the test's output.
+// Random moments of a work, each time other ones. TARNWICK_SEED in the environment gives the same
+// parts of the time that the work takes as an earlier time: which seed it was stands in the test's
+// output.
 class RandomMoments {
   public:
     RandomMoments();
 
-    // Returns before `longest` is over.
+    // Sleeps for a random part of `longest`.
     void waitWithin(std::chrono::microseconds longest);
 
   private:

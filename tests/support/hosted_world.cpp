@@ -25,8 +25,9 @@ fs::path folderFor(Place place) {
     std::error_code missing;
     const fs::space_info space = fs::space(memory, missing);
     const bool chosen = std::getenv("TMPDIR") != nullptr; // NOLINT(concurrency-mt-unsafe)
-    const bool roomy = !missing && space.available >= needed;
-    return place == Place::InMemory && roomy && !chosen ? memory : fs::temp_directory_path();
+    const bool usable =
+        !missing && space.available >= needed && ::access(memory.c_str(), W_OK) == 0;
+    return place == Place::InMemory && usable && !chosen ? memory : fs::temp_directory_path();
 }
 
 std::string newFolder(Place place) {

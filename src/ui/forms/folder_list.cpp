@@ -67,6 +67,11 @@ void FolderList::setPath(std::string_view path) {
     }
 }
 
+std::vector<FolderList::Entry>::const_iterator FolderList::entryOf(std::string_view path) const {
+    return std::ranges::find_if(
+        entries_, [&](const Entry& entry) { return equalIgnoringCase(entry.path, path); });
+}
+
 // Empty where there is no such entry: what is clicked may be one of a list that the view shows no
 // more. The focus that a click brings may fill the list anew, so what it is on is known by its
 // path.
@@ -78,7 +83,7 @@ void FolderList::userSelected(std::size_t index) {
     const std::string clicked = pathAt(index);
     const bool mayBeRefilled = form().focused() != this;
     const bool mayAct = userBroughtFocus();
-    const auto entry = std::ranges::find(entries_, clicked, &Entry::path);
+    const auto entry = entryOf(clicked);
     const bool found = mayAct && entry != entries_.end();
     if (found) {
         selected_ = static_cast<std::size_t>(entry - entries_.begin());
@@ -90,7 +95,7 @@ void FolderList::userSelected(std::size_t index) {
 
 void FolderList::userOpened(std::size_t index) {
     const std::string path = pathAt(index);
-    if (!userBroughtFocus() || std::ranges::find(entries_, path, &Entry::path) == entries_.end()) {
+    if (!userBroughtFocus() || entryOf(path) == entries_.end()) {
         return;
     }
     if (files_.canListFolder(path)) {

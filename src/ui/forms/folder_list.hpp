@@ -58,6 +58,7 @@ class FolderList final : public Control {
     [[nodiscard]] std::vector<Entry> entriesOf(const std::string& path,
                                                std::vector<std::string> folders) const;
     [[nodiscard]] std::string pathAt(std::size_t index) const;
+    [[nodiscard]] std::vector<Entry>::const_iterator entryOf(std::string_view path) const;
 
     const Files& files_;
     std::string path_;

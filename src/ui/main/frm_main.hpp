@@ -28,7 +28,7 @@ namespace tarnwick {
 
 // The main window. It owns the one batch definition of the program: a setting that has a control
 // here is held by that control alone, any other by a member. Whoever changes the definition takes
-// it, changes it and shows it.
+// it, changes it and shows it; a single setting without a control is changed in the member.
 class frmMain final : public Form, private RunWindow {
   public:
     explicit frmMain(MainServices services);

@@ -6,8 +6,8 @@
 namespace tarnwick {
 namespace {
 
-constexpr int roomInside =
-    1; // that the system keeps above and below the text, in widths of a border
+// What the system keeps free above and below the text, in widths of a border.
+constexpr int roomInside = 1;
 
 int heightOfText(HWND window) noexcept {
     const WindowContext context(window);

@@ -257,6 +257,12 @@ TEST_F(PathLists, The_folder_that_was_clicked_is_the_one_that_the_user_saw) {
     EXPECT_EQ(folders.path(), R"(C:\Work\b)");
 }
 
+TEST_F(PathLists, The_folder_that_was_clicked_is_found_in_any_case_of_its_letters) {
+    form.cmdFirst.LostFocus = [this] { folders.setPath(R"(c:\WORK)"); };
+    folders.userSelected(0);
+    EXPECT_THAT(shown(), ElementsAre(R"(+[c:\])", " +WORK", "  A", "  b"));
+}
+
 TEST_F(PathLists, A_folder_that_the_list_shows_no_more_is_neither_marked_nor_opened) {
     form.cmdFirst.LostFocus = [this] { folders.setPath(R"(C:\)"); };
     folders.userSelected(2); // "A", where "Work" stands from now on

@@ -55,6 +55,15 @@ class NamesProgram : public testing::Test {
         }
         return false;
     }
+    // The program says only that, and has started nothing.
+    void expectRefused(const std::wstring& arguments, const std::string& text) const {
+        RunningProgram program(place.program(), arguments);
+        const HWND message = program.window("Warning");
+        EXPECT_EQ(messageOf(message), text);
+        press(message, "OK");
+        EXPECT_EQ(program.exitCode(), 1U);
+        EXPECT_EQ(place.temporaryFiles(), "");
+    }
 
     Installation place;
 
@@ -106,24 +115,16 @@ TEST_F(NamesProgram, A_definition_of_any_deceiving_name_is_the_very_file) {
 
 TEST_F(NamesProgram, Extensions_that_look_like_others_find_nothing_in_their_place) {
     putRecord(L"a.met", "Plain");
-    RunningProgram program(place.program(), L"-I batch.ini -e \x0101.met");
-    const HWND message = program.window("Warning");
-    EXPECT_EQ(messageOf(message), "The file extensions \"<U+0101>.met\" hold characters that the "
-                                  "system's code page does not have.");
-    press(message, "OK");
-    EXPECT_EQ(program.exitCode(), 1U);
-    EXPECT_EQ(place.temporaryFiles(), "");
+    expectRefused(
+        L"-I batch.ini -e \x0101.met",
+        "The file extensions \"<U+0101>.met\" hold characters that the system's code page "
+        "does not have.");
 }
 
 TEST_F(NamesProgram, A_definition_of_a_deceiving_name_is_not_the_one_it_looks_like) {
     putRecord(L"a.met", "Plain");
-    RunningProgram program(place.program(), L"-I b\x0101tch.ini");
-    const HWND message = program.window("Warning");
-    EXPECT_EQ(messageOf(message),
-              "The INI file \"" + place.path("b<U+0101>tch.ini") + "\" does not exist.");
-    press(message, "OK");
-    EXPECT_EQ(program.exitCode(), 1U);
-    EXPECT_EQ(place.temporaryFiles(), "");
+    expectRefused(L"-I b\x0101tch.ini",
+                  "The INI file \"" + place.path("b<U+0101>tch.ini") + "\" does not exist.");
 }
 
 TEST_F(NamesProgram, An_input_folder_in_the_command_line_is_named_by_its_short_name) {
@@ -141,13 +142,9 @@ TEST_F(NamesProgram, An_input_folder_in_the_command_line_is_named_by_its_short_n
 
 TEST_F(NamesProgram, An_input_folder_that_cannot_be_named_is_not_replaced_by_the_stored_one) {
     putRecord(L"a.met", "Plain");
-    RunningProgram program(place.program(), L"-I batch.ini -F C:\\\x0416\x0443\x043A");
-    const HWND message = program.window("Warning");
-    EXPECT_EQ(messageOf(message), "The folder \"C:\\<U+0416><U+0443><U+043A>\" has no name in the "
-                                  "system's code page.");
-    press(message, "OK");
-    EXPECT_EQ(program.exitCode(), 1U);
-    EXPECT_EQ(place.temporaryFiles(), "");
+    expectRefused(
+        L"-I batch.ini -F C:\\\x0416\x0443\x043A",
+        "The folder \"C:\\<U+0416><U+0443><U+043A>\" has no name in the system's code page.");
 }
 
 // A place of MP, as the window stores it at its end.

@@ -2,6 +2,7 @@
 
 #include "support/eventually.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -10,22 +11,35 @@ namespace {
 
 constexpr int messageTextId = 0xFFFF;
 
-struct WindowSearch {
+struct VisibleWindows {
     DWORD processId;
-    const std::string& title;
-    HWND found = nullptr;
+    std::vector<HWND> found;
 };
 
-BOOL CALLBACK isWanted(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<WindowSearch*>(parameter); // NOLINT: how the system passes it
+BOOL CALLBACK addVisible(HWND window, LPARAM parameter) {
+    auto& visible =
+        *reinterpret_cast<VisibleWindows*>(parameter); // NOLINT: how the system passes it
     DWORD owner = 0;
     GetWindowThreadProcessId(window, &owner);
-    if (owner == search.processId && IsWindowVisible(window) != 0 &&
-        textOf(window) == search.title) {
-        search.found = window;
-        return FALSE;
+    if (owner == visible.processId && IsWindowVisible(window) != 0) {
+        visible.found.push_back(window);
     }
     return TRUE;
+}
+
+std::vector<HWND> visibleWindows(DWORD processId) {
+    VisibleWindows visible{.processId = processId, .found = {}};
+    EnumWindows(addVisible, reinterpret_cast<LPARAM>(&visible)); // NOLINT: as above
+    return visible.found;
+}
+
+// For whoever must find out why the window did not come.
+std::string whatIsShown(DWORD processId) {
+    std::string text;
+    for (const HWND window : visibleWindows(processId)) {
+        text += "; it shows " + textOf(window) + ": " + messageOf(window);
+    }
+    return text;
 }
 
 std::wstring wide(const std::string& text) {
@@ -67,7 +81,7 @@ void RunningProgram::end() {
 }
 
 unsigned RunningProgram::exitCode() {
-    if (!eventually([&] { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; })) {
+    if (!eventually([&] { return hasEnded(); })) {
         throw std::runtime_error("the program does not end");
     }
     DWORD code = 0;
@@ -75,16 +89,26 @@ unsigned RunningProgram::exitCode() {
     return code;
 }
 
+bool RunningProgram::hasEnded() const {
+    return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
+}
+
 HWND RunningProgram::window(const std::string& title) {
-    WindowSearch search{.processId = processId_, .title = title};
-    const bool found = eventually([&] {
-        EnumWindows(isWanted, reinterpret_cast<LPARAM>(&search)); // NOLINT: as above
-        return search.found != nullptr;
-    });
-    if (!found) {
-        throw std::runtime_error("the program shows no window titled " + title);
+    HWND found = nullptr;
+    bool isGone = false;
+    static_cast<void>(eventually([&] {
+        isGone = hasEnded();
+        const auto windows = visibleWindows(processId_);
+        const auto wanted = std::ranges::find(windows, title, textOf);
+        found = wanted == windows.end() ? nullptr : *wanted;
+        return found != nullptr || isGone;
+    }));
+    if (found == nullptr) {
+        throw std::runtime_error("the program shows no window titled " + title +
+                                 (isGone ? "; it has ended with " + std::to_string(exitCode())
+                                         : whatIsShown(processId_)));
     }
-    return search.found;
+    return found;
 }
 
 std::string textOf(HWND window) {

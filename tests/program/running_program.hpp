@@ -26,10 +26,13 @@ class RunningProgram {
     // Waits for its end; throws when it does not come.
     [[nodiscard]] unsigned exitCode();
 
-    // Waits for a visible window of the program with that title; throws when none comes.
+    // Waits for a visible window of the program with that title; throws when none comes, and at
+    // once when the program has ended. What is thrown says how it ended, or what it shows instead.
     [[nodiscard]] HWND window(const std::string& title);
 
   private:
+    [[nodiscard]] bool hasEnded() const;
+
     struct CloseHandleOf {
         void operator()(HANDLE handle) const { CloseHandle(handle); }
     };

@@ -16,7 +16,7 @@ void reportCurrentError(Desktop& desktop, std::string_view caller,
                         std::string_view procedure) noexcept;
 
 // Runs the body of a procedure that traps its errors: an error skips the rest of the body, is
-// reported, and goes no further. Nothing else in the window's program catches in order to report.
+// reported, and goes no further. Nothing else in the window's program reports an error.
 // Gives whether the body came to its end without an error.
 template <typename Body>
 bool trap(Desktop& desktop, std::string_view caller, std::string_view procedure, Body&& body) {

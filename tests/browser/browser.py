@@ -15,6 +15,7 @@ def start():
     for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
                      "--hide-scrollbars", "--force-color-profile=srgb", "--window-size=1280,1000"):
         options.add_argument(argument)
+    options.ignore_local_proxy_environment_variables()  # the browser is on this machine
     options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
     return webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
 

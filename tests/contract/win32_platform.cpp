@@ -22,6 +22,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -96,13 +97,14 @@ class EventWindow {
     HWND window_;
 };
 
-// Of a name that no earlier run, which may have been cut short, has left behind.
-std::string newFolderIn(const std::string& parent) {
+// Of a name that no earlier run, which may have been cut short, has left behind; none where this
+// user may make no folder.
+std::optional<std::string> newFolderIn(const std::string& parent) {
     const auto stem = parent + R"(\tarnwick-test-)";
     int number = 1;
     while (CreateDirectoryA((stem + std::to_string(number)).c_str(), nullptr) == 0) {
         if (GetLastError() != ERROR_ALREADY_EXISTS) {
-            throw std::runtime_error("no scratch folder could be made: " + stem);
+            return std::nullopt;
         }
         ++number;
     }
@@ -172,11 +174,11 @@ class Win32Platform final : public PlatformInRealTime {
         DefineDosDeviceA(0, substitute_.c_str(), (scratch_ + R"(\empty drive)").c_str());
         return substitute_;
     }
-    // The first drive that lies elsewhere; under Wine, where the drives are folders of one disk,
-    // the host's shared memory.
+    // Under Wine, where the drives are folders of one disk, the host's shared memory, or a folder
+    // that often is a volume of its own; else the first drive that lies elsewhere.
     std::string otherVolume() override {
         auto roots = files_.drives();
-        roots.emplace_back(R"(Z:\dev\shm)");
+        roots.insert(roots.begin(), {R"(Z:\dev\shm)", R"(Z:\tmp)", R"(Z:\var\tmp)", R"(Z:\run)"});
         for (const auto& root : roots) {
             const auto drive = root.substr(0, 2);
             if (drive == scratch_.substr(0, 2) || !files_.canListFolder(root) ||
@@ -184,11 +186,14 @@ class Win32Platform final : public PlatformInRealTime {
                 continue;
             }
             const auto folder = newFolderIn(root);
-            if (liesElsewhere(folder)) {
-                otherVolume_ = folder;
-                return folder;
+            if (!folder) {
+                continue;
             }
-            RemoveDirectoryA(folder.c_str());
+            if (liesElsewhere(*folder)) {
+                otherVolume_ = *folder;
+                return *folder;
+            }
+            RemoveDirectoryA(folder->c_str());
         }
         throw std::runtime_error("these tests need a second volume");
     }
@@ -275,7 +280,7 @@ class Win32Platform final : public PlatformInRealTime {
     }
 
     std::string application_ = "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
-    std::string scratch_ = newFolderIn(Win32Process().environmentVariable("TEMP"));
+    std::string scratch_ = newFolderIn(Win32Process().environmentVariable("TEMP")).value();
     std::string substitute_;
     std::string otherVolume_;
     Win32Files files_;

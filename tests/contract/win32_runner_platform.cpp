@@ -8,6 +8,7 @@
 #include "platform/win32/win32_process_locks.hpp"
 #include "platform/win32/win32_tool_processes.hpp"
 #include "support/eventually.hpp"
+#include "support/window_of_process.hpp"
 
 #include <windows.h>
 
@@ -82,17 +83,6 @@ class Win32RunnerPlatform final : public RunnerPlatform {
     Win32ProcessLocks locks_;
 };
 
-// Of this process: others on the same screen listen, too.
-HWND ownWindow(const wchar_t* windowClass) {
-    DWORD owner = 0;
-    HWND window = nullptr;
-    do {
-        window = FindWindowExW(nullptr, window, windowClass, nullptr);
-        GetWindowThreadProcessId(window, &owner);
-    } while (window != nullptr && owner != GetCurrentProcessId());
-    return window;
-}
-
 } // namespace
 
 std::unique_ptr<ToolProcesses> makeToolProcesses() {
@@ -120,7 +110,7 @@ void interruptSelf(Interruption interruption) {
     // As the system tells the end of a session to every window.
     HWND window = nullptr;
     if (eventually([&] {
-            window = ownWindow(Win32Interruptions::windowClass);
+            window = windowOfProcess(GetCurrentProcessId(), Win32Interruptions::windowClass);
             return window != nullptr;
         })) {
         PostMessageW(window, WM_ENDSESSION, TRUE, ENDSESSION_LOGOFF);

@@ -25,10 +25,6 @@ MATCHER_P2(EndsWith, status, said, "") {
 
 class SameProducts : public ConsoleRunner {
   protected:
-    // What the window's program has stored about tools would be the runner's as well.
-    void SetUp() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
-    void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvane"); }
-
     void expectTheSame(const Products& expected) const {
         const auto made = products();
         ASSERT_EQ(made.size(), expected.size());
@@ -147,12 +143,7 @@ TEST_F(ConsoleRunner, The_end_of_the_session_ends_every_tool_and_loses_nothing_t
     ASSERT_TRUE(eventually([&] { return toolsStarted() == 1; }));
     place.write("enough1", "");
     ASSERT_TRUE(eventually([&] { return toolsStarted() == 2; })); // the first record is made
-    HWND window = nullptr;
-    ASSERT_TRUE(eventually([&] {
-        window = FindWindowW(Win32Interruptions::windowClass, nullptr);
-        return window != nullptr;
-    }));
-    PostMessageW(window, WM_ENDSESSION, TRUE, 0);
+    PostMessageW(program->windowOfClass(Win32Interruptions::windowClass), WM_ENDSESSION, TRUE, 0);
     EXPECT_EQ(program->exitCode(), 143U);
     // Nobody has the program open who would wait for ever.
     EXPECT_TRUE(eventually(

@@ -30,9 +30,15 @@ fs::path newFolder() {
     }
 }
 
+// Of another test, or of an earlier run that was cut short.
+void forgetStoredSettings() {
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane");
+}
+
 } // namespace
 
 Installation::Installation() : folder_(newFolder()) {
+    forgetStoredSettings();
     for (const char* below : {"in", "cns", "out", "temp"}) {
         fs::create_directories(folder_ / below);
     }
@@ -43,6 +49,7 @@ Installation::Installation() : folder_(newFolder()) {
 }
 
 Installation::~Installation() {
+    forgetStoredSettings();
     std::error_code ignored; // a batch that is still going may hold a file
     fs::remove_all(folder_, ignored);
     _putenv_s("TEMP", folder_.parent_path().string().c_str());

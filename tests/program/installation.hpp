@@ -7,8 +7,9 @@
 namespace tarnwick::test {
 
 // Tarnwick.exe with both tools in a folder of its own, whose name has a blank, with some records
-// and output folders, and a temporary folder that the program gets as its TEMP. All of it is
-// removed in the end. Names are in the system's 8-bit code page.
+// and output folders, and a temporary folder that the program gets as its TEMP, for a user who has
+// no stored settings yet. All of it is removed in the end. Names are in the system's 8-bit code
+// page.
 class Installation {
   public:
     Installation();

@@ -14,7 +14,6 @@ place=$TARNWICK_WINE_BUILD/wine/drive_c/night
 say() { echo "out_of_sight: $*"; }
 fail() {
     say "FAILED: $*" >&2
-    "$here/../../cmake/wine-stop"
     exit 1
 }
 
@@ -80,6 +79,8 @@ The_main_window_is_not_even_loaded() {
     ! "$wine" reg query 'HKCU\Software\Corvane' >/dev/null 2>&1 || fail "it has stored its settings"
 }
 
+trap '"$here/../../cmake/wine-stop"' EXIT
+"$here/../../cmake/wine-stop" # what an earlier run that was cut short has left
 "$wine" cmd /c exit # makes the prefix when there is none yet
 for test in \
     A_message_goes_to_the_event_log_and_the_program_ends \
@@ -91,4 +92,3 @@ for test in \
     "$test"
     say "passed: $test"
 done
-"$here/../../cmake/wine-stop"

@@ -1,6 +1,7 @@
 #include "program/running_program.hpp"
 
 #include "support/eventually.hpp"
+#include "support/window_of_process.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -109,6 +110,17 @@ HWND RunningProgram::window(const std::string& title) {
                                          : whatIsShown(processId_)));
     }
     return found;
+}
+
+HWND RunningProgram::windowOfClass(const wchar_t* windowClass) const {
+    HWND window = nullptr;
+    if (!eventually([&] {
+            window = windowOfProcess(processId_, windowClass);
+            return window != nullptr;
+        })) {
+        throw std::runtime_error("the program has no window of the class");
+    }
+    return window;
 }
 
 std::string textOf(HWND window) {

@@ -30,6 +30,9 @@ class RunningProgram {
     // once when the program has ended. What is thrown says how it ended, or what it shows instead.
     [[nodiscard]] HWND window(const std::string& title);
 
+    // Waits for its window of that class, which nobody needs to see; throws when none comes.
+    [[nodiscard]] HWND windowOfClass(const wchar_t* windowClass) const;
+
   private:
     [[nodiscard]] bool hasEnded() const;
 

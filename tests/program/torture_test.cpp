@@ -51,16 +51,8 @@ void click(HWND window, std::string_view control) {
 }
 
 class Torture : public testing::Test {
-  public:
-    Torture(const Torture&) = delete;
-    Torture& operator=(const Torture&) = delete;
-    Torture(Torture&&) = delete;
-    Torture& operator=(Torture&&) = delete;
-    ~Torture() override { forgetStoredSettings(); }
-
   protected:
     Torture() {
-        forgetStoredSettings();
         place.replaceMP("tests/window/trying_tool.exe"); // which does nothing
     }
 
@@ -74,9 +66,6 @@ class Torture : public testing::Test {
 
     Installation place;
     RandomMoments moments;
-
-  private:
-    static void forgetStoredSettings() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Corvane"); }
 };
 
 class SavingTorture : public Torture {

@@ -25,6 +25,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 std::string contentOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -35,6 +36,7 @@ std::string contentOf(const fs::path& path) {
 class RunnerProgram : public testing::Test {
   protected:
     RunnerProgram() {
+        forgetTheCallersWorld();
         for (const char* const folder : {"in", "out", "tools"}) {
             fs::create_directory(root_ / folder);
         }
@@ -61,6 +63,17 @@ class RunnerProgram : public testing::Test {
         }
     }
 
+    // Whoever runs the tests may have drives of their own, and may do so in a batch job.
+    void forgetTheCallersWorld() const {
+        setenv("XDG_CONFIG_HOME", (root_ / "config").c_str(), 1);
+        for (const char* const variable :
+             {"TARNWICK_DRIVES", "TARNWICK_SHARD", "SLURM_ARRAY_JOB_ID", "SLURM_ARRAY_TASK_ID",
+              "SLURM_ARRAY_TASK_MIN", "SLURM_ARRAY_TASK_COUNT", "SLURM_ARRAY_TASK_MAX",
+              "SLURM_ARRAY_TASK_STEP", "SLURM_JOB_ID"}) {
+            unsetenv(variable);
+        }
+    }
+
     [[nodiscard]] std::vector<std::string> command(std::vector<std::string> more) const {
         std::vector<std::string> words{TARNWICK_RUN, "--drive", "T:=" + root_.string()};
         if (!more.empty() &&
@@ -69,6 +82,13 @@ class RunnerProgram : public testing::Test {
             more.erase(more.begin());
         }
         words.insert(words.end(), more.begin(), more.end());
+        return words;
+    }
+    // To the script the name is "$0" and the words are "$@".
+    [[nodiscard]] static std::vector<std::string> inShell(const std::string& scriptText,
+                                                          const std::string& name,
+                                                          std::vector<std::string> words) {
+        words.insert(words.begin(), {"sh", "-c", scriptText, name});
         return words;
     }
     [[nodiscard]] std::unique_ptr<StartedProgram> start(std::vector<std::string> more) const {
@@ -153,9 +173,8 @@ TEST_F(RunnerProgram, An_output_without_its_folder_is_told_and_the_others_are_ma
 
 TEST_F(RunnerProgram, Results_that_cannot_be_written_are_no_success) {
     writeRecords(1);
-    const std::string words =
-        std::string(TARNWICK_RUN) + " commands " + definition() + " --drive T:=" + root_.string();
-    StartedProgram program({"sh", "-c", words + " >/dev/full"}, root_ / "said");
+    StartedProgram program(inShell(R"("$@" >/dev/full)", "sh", command({"commands", definition()})),
+                           root_ / "said");
     EXPECT_EQ(program.wait(), 1);
     EXPECT_THAT(error(), HasSubstr("could not be written"));
 }
@@ -234,7 +253,7 @@ class InterruptedRunner : public RunnerProgram {
         script("mp", "root=${7%/in/*}\n"
                      "sleep 3600 & echo $! >> $root/children\n"
                      "echo $$ >> $root/tools.txt\n"
-                     "while [ ! -e $root/go ]; do sleep 0.1; done\n"
+                     "while [ ! -e \"$root/go\" ]; do sleep 0.1; done\n"
                      "cat \"$7\" > \"$4\"; echo page > \"$6\"");
     }
     void waitForTools(std::size_t count) {
@@ -388,7 +407,7 @@ TEST_F(RunnerProgram,
 TEST_F(RunnerProgram, An_interrupted_run_is_reported_on_too) {
     writeRecords(2);
     script("mp", "root=${7%/in/*}\necho $$ >> $root/tools.txt\n"
-                 "while [ ! -e $root/go ]; do sleep 0.1; done\n"
+                 "while [ ! -e \"$root/go\" ]; do sleep 0.1; done\n"
                  "cat \"$7\" > \"$4\"; echo page > \"$6\"");
     const auto program = start({definition(), "-j1", "--report", root_ / "r.csv"});
     EXPECT_TRUE(eventually([&] { return !processesIn("tools.txt").empty(); }));
@@ -425,26 +444,25 @@ TEST_F(RunnerProgram, Other_engines_make_the_same_of_the_printed_calls) {
     write("in/with 'quotes' & more.met", "record");
     ASSERT_EQ(run({definition()}), 0) << error();
     const auto expected = products();
-    fs::remove_all(root_ / "out");
-    fs::create_directory(root_ / "out");
-    ASSERT_EQ(run({"commands", definition(), "--format", "null"}), 0) << error();
-    fs::rename(root_ / "said.out", root_ / "calls");
-    StartedProgram engine(
-        {"sh", "-c", "xargs -0 -n1 -P2 sh -c <'" + (root_ / "calls").string() + "'"},
-        root_ / "engine");
-    EXPECT_EQ(engine.wait(), 0);
-    EXPECT_EQ(products(), expected);
-    ASSERT_EQ(run({"commands", definition()}), 0) << error();
-    EXPECT_THAT(output(), HasSubstr("cd " + (root_ / "in").string() + " && "));
+    const auto expectTheSameOf = [&](std::vector<std::string> format, const char* engine) {
+        fs::remove_all(root_ / "out");
+        fs::create_directory(root_ / "out");
+        format.insert(format.begin(), {"commands", definition()});
+        ASSERT_EQ(run(std::move(format)), 0) << error();
+        EXPECT_THAT(output(), StartsWith("cd "));
+        fs::rename(root_ / "said.out", root_ / "calls");
+        EXPECT_EQ(StartedProgram(inShell(engine, root_ / "calls", {}), root_ / "engine").wait(), 0);
+        EXPECT_EQ(products(), expected) << engine;
+    };
+    expectTheSameOf({"--format", "null"}, R"(xargs -0 -n1 -P2 sh -c <"$0")");
+    expectTheSameOf({}, R"(sh "$0")");
 }
 
 TEST_F(RunnerProgram, Nobody_who_stops_reading_stops_it) {
     writeRecords(3);
-    const std::string words =
-        std::string(TARNWICK_RUN) + " " + definition() + " --drive T:=" + root_.string() + " -v";
-    StartedProgram program(
-        {"sh", "-c", "(" + words + "; echo $? >" + (root_ / "status").string() + ") 2>&1 | true"},
-        root_ / "pipe");
+    StartedProgram program(inShell(R"(("$@"; echo $? >"$0") 2>&1 | true)", root_ / "status",
+                                   command({definition(), "-v"})),
+                           root_ / "pipe");
     EXPECT_EQ(program.wait(), 0);
     EXPECT_TRUE(eventually([&] { return !contentOf(root_ / "status").empty(); }));
     EXPECT_EQ(contentOf(root_ / "status"), "0\n");

@@ -339,8 +339,10 @@ TEST_F(SharesAtWork, Whose_lock_is_taken_from_another_machine_ends) {
     machine_.request.settings.notice = 1e9; // which counts for the system's order alone
     const auto lock = machine_.world.drivesRoot() + "/c/job/night.state/share-2-of-3.lock";
     machine_.processes.act = [&](const ToolCall&) {
-        RunnerWorld::overwriteHost(lock, "process 7 on NEXT, since noon\nsign of life 0\n");
-        EXPECT_TRUE(eventually([&] { return machine_.processes.isHalted(); }));
+        EXPECT_TRUE(eventually([&] { // as often as a sign of life has just replaced it
+            RunnerWorld::overwriteHost(lock, "process 7 on NEXT, since noon\nsign of life 0\n");
+            return machine_.processes.isHalted();
+        }));
         return toolEnd(ToolEnd::Kind::Halted);
     };
     EXPECT_EQ(run(2, 3), ExitStatus::Terminated);

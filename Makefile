@@ -1,6 +1,7 @@
 # The front door. Every target installs what it needs (Debian packages) before it builds.
 .DEFAULT_GOAL := help
 .PHONY: help demo window test fuzz torture test-sanitize test-native test-windows test-dist windows linux install dist test-cluster reproducible bench coverage screenshots help-pictures report-pictures lint format check-format clean
+.NOTPARALLEL: # the targets share folders, and each keeps all processors busy by itself
 
 # What builds, natively; and with it what the native tests need: programs that read reports.
 build_packages   := g++ make cmake ninja-build googletest libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev

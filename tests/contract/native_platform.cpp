@@ -9,6 +9,8 @@
 #include "support/hosted_world.hpp"
 #include "support/memory_settings_store.hpp"
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -120,6 +122,7 @@ class NativePlatform final : public PlatformUnderTest {
 } // namespace
 
 std::unique_ptr<PlatformUnderTest> makePlatformUnderTest() {
+    ::umask(022); // what is made is open to others, whoever runs the tests
     return std::make_unique<NativePlatform>();
 }
 

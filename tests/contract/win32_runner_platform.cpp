@@ -8,6 +8,7 @@
 #include "platform/win32/win32_process_locks.hpp"
 #include "platform/win32/win32_tool_processes.hpp"
 #include "support/eventually.hpp"
+#include "support/start_process.hpp"
 #include "support/window_of_process.hpp"
 
 #include <windows.h>
@@ -62,16 +63,12 @@ class Win32RunnerPlatform final : public RunnerPlatform {
         for (const std::string& argument : arguments) {
             wide.push_back(toWide(argument));
         }
-        std::wstring line = commandLineOf(toWide(program), wide);
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION started{};
-        if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                           &startup, &started) == 0) {
+        const auto started = startProcess({.commandLine = commandLineOf(toWide(program), wide)});
+        if (!started) {
             throw std::runtime_error("cannot start " + program);
         }
-        const Handle thread(started.hThread);
-        return std::make_unique<Win32KillableProgram>(started.hProcess);
+        const Handle thread(started->hThread);
+        return std::make_unique<Win32KillableProgram>(started->hProcess);
     }
     [[nodiscard]] bool isAtWork(unsigned long process) const override {
         const Handle opened(OpenProcess(SYNCHRONIZE, FALSE, process));

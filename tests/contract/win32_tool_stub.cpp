@@ -1,4 +1,5 @@
 #include "contract/tool_stub_system.hpp"
+#include "support/start_process.hpp"
 
 #include <windows.h>
 
@@ -21,21 +22,18 @@ void writeBytesAsTheyAre() {
 }
 
 void startSelf(const Arguments& arguments) {
-    std::array<char, 1024> self{};
-    GetModuleFileNameA(nullptr, self.data(), static_cast<DWORD>(self.size()));
-    std::string line = std::string("\"") + self.data() + '"';
+    std::array<wchar_t, 1024> self{};
+    GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
+    std::wstring line = std::wstring(L"\"") + self.data() + L'"';
     for (const std::string& argument : arguments) {
-        line += ' ' + argument;
+        line += L' ' + std::wstring(argument.begin(), argument.end());
     }
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION started{};
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                       &started) == 0) {
+    const auto started = startProcess({.commandLine = line, .inheritsHandles = true});
+    if (!started) {
         std::exit(98);
     }
-    CloseHandle(started.hProcess);
-    CloseHandle(started.hThread);
+    CloseHandle(started->hProcess);
+    CloseHandle(started->hThread);
 }
 
 void crash() {

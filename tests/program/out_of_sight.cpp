@@ -4,6 +4,7 @@
 
 #include "platform/win32/command_line.hpp"
 #include "platform/win32/handle.hpp"
+#include "support/start_process.hpp"
 
 #include <windows.h>
 
@@ -30,18 +31,14 @@ int wmain() {
     if (!makeDesktop()) { // both live as long as this process
         return notRun;
     }
-    std::wstring commandLine(tarnwick::behindProgramName(GetCommandLineW()));
-    std::wstring desktop = L"night\\tasks";
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    startup.lpDesktop = desktop.data();
-    PROCESS_INFORMATION started{};
-    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &started) == FALSE) {
+    const auto started = tarnwick::startProcess(
+        {.commandLine = std::wstring(tarnwick::behindProgramName(GetCommandLineW())),
+         .desktop = L"night\\tasks"});
+    if (!started) {
         return notRun;
     }
-    const tarnwick::Handle thread(started.hThread);
-    const tarnwick::Handle process(started.hProcess);
+    const tarnwick::Handle thread(started->hThread);
+    const tarnwick::Handle process(started->hProcess);
     DWORD status = notRun;
     WaitForSingleObject(process.get(), INFINITE);
     GetExitCodeProcess(process.get(), &status);

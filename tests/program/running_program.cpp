@@ -1,6 +1,7 @@
 #include "program/running_program.hpp"
 
 #include "support/eventually.hpp"
+#include "support/start_process.hpp"
 #include "support/window_of_process.hpp"
 
 #include <algorithm>
@@ -58,17 +59,14 @@ RunningProgram::RunningProgram(const std::filesystem::path& program, const std::
 
 RunningProgram::RunningProgram(const std::filesystem::path& program,
                                const std::wstring& arguments) {
-    std::wstring commandLine = L'"' + program.wstring() + L"\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION information{};
-    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &information) == 0) {
+    const auto started =
+        startProcess({.commandLine = L'"' + program.wstring() + L"\" " + arguments});
+    if (!started) {
         throw std::runtime_error("cannot start " + program.string());
     }
-    CloseHandle(information.hThread);
-    process_.reset(information.hProcess);
-    processId_ = information.dwProcessId;
+    CloseHandle(started->hThread);
+    process_.reset(started->hProcess);
+    processId_ = started->dwProcessId;
 }
 
 // Until it is gone it may have its files open, and whoever is started next could not read them.

@@ -5,6 +5,8 @@
 //   work   what the program of its own name in the folder "real" there does with the same arguments
 //   fail   ends with the status 3
 
+#include "support/start_process.hpp"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -39,35 +41,17 @@ void waitFor(const fs::path& file) {
     }
 }
 
-// On a busy machine, one process of some thousand dies under Wine before it has begun; the system
-// tells that by an error of its own, and the next attempt succeeds.
-bool start(const fs::path& program, PROCESS_INFORMATION& process) {
-    std::wstring commandLine = GetCommandLineW();
-    STARTUPINFOW how{};
-    how.cb = sizeof how;
-    constexpr int attempts = 3;
-    for (int attempt = 1; attempt <= attempts; ++attempt) {
-        if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                           nullptr, &how, &process) != FALSE) {
-            return true;
-        }
-        if (GetLastError() != ERROR_INTERNAL_ERROR) {
-            break;
-        }
-    }
-    return false;
-}
-
 int workAs(const fs::path& program) {
-    PROCESS_INFORMATION process{};
-    if (!start(program, process)) {
+    const auto process = tarnwick::startProcess(
+        {.commandLine = GetCommandLineW(), .program = program.c_str(), .inheritsHandles = true});
+    if (!process) {
         return 4;
     }
-    WaitForSingleObject(process.hProcess, INFINITE);
+    WaitForSingleObject(process->hProcess, INFINITE);
     DWORD status = 0;
-    GetExitCodeProcess(process.hProcess, &status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    GetExitCodeProcess(process->hProcess, &status);
+    CloseHandle(process->hThread);
+    CloseHandle(process->hProcess);
     return static_cast<int>(status);
 }
 

@@ -1,4 +1,4 @@
-# Sourced by scripts, of bash as well as of sh: the one way in which tests and figures wait.
+# Sourced by scripts, of bash as well as of sh: the one way in which tests, figures and the demo wait.
 
 # eventually COMMAND...: again and again, until it succeeds; fails after two minutes, or as many seconds as
 # $TARNWICK_PATIENCE says. Only what is broken lets anybody wait so long.

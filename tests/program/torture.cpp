@@ -27,7 +27,7 @@ unsigned seed() {
     const auto chosen = asked == nullptr
                             ? std::random_device()() & std::numeric_limits<int>::max()
                             : static_cast<unsigned>(numberIn("TARNWICK_SEED", asked, 0));
-    std::cout << "TARNWICK_SEED=" << chosen << std::endl; // before anything can fail
+    std::cout << "TARNWICK_SEED=" << chosen << '\n' << std::flush; // before anything can fail
     return chosen;
 }
 

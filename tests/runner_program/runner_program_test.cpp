@@ -22,6 +22,7 @@ namespace tarnwick {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::AnyOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -449,7 +450,9 @@ TEST_F(RunnerProgram, Other_engines_make_the_same_of_the_printed_calls) {
         fs::create_directory(root_ / "out");
         format.insert(format.begin(), {"commands", definition()});
         ASSERT_EQ(run(std::move(format)), 0) << error();
-        EXPECT_THAT(output(), StartsWith("cd "));
+        const std::string in = root_ / "in";
+        EXPECT_THAT(output(), AnyOf(StartsWith("cd " + in + " && "),
+                                    StartsWith("cd '" + in + "' && "))); // with a blank in it
         fs::rename(root_ / "said.out", root_ / "calls");
         EXPECT_EQ(StartedProgram(inShell(engine, root_ / "calls", {}), root_ / "engine").wait(), 0);
         EXPECT_EQ(products(), expected) << engine;

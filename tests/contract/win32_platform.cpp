@@ -111,6 +111,15 @@ std::optional<std::string> newFolderIn(const std::string& parent) {
     return stem + std::to_string(number);
 }
 
+std::string newScratch() {
+    const std::string place = Win32Process().environmentVariable("TEMP");
+    const auto folder = newFolderIn(place);
+    if (!folder) {
+        throw std::runtime_error("no scratch folder could be made in " + place);
+    }
+    return *folder;
+}
+
 void addAttribute(const std::string& path, DWORD attribute) {
     const auto attributes = GetFileAttributesA(path.c_str());
     ASSERT_NE(attributes, INVALID_FILE_ATTRIBUTES) << path;
@@ -280,7 +289,7 @@ class Win32Platform final : public PlatformInRealTime {
     }
 
     std::string application_ = "Tarnwick Contract Test " + std::to_string(GetCurrentProcessId());
-    std::string scratch_ = newFolderIn(Win32Process().environmentVariable("TEMP")).value();
+    std::string scratch_ = newScratch();
     std::string substitute_;
     std::string otherVolume_;
     Win32Files files_;

@@ -10,3 +10,6 @@ eventually() {
         sleep 0.05
     done
 }
+
+# has_ended PROCESS, which the script has started.
+has_ended() { ! kill -0 "$1" 2>/dev/null; }

@@ -138,7 +138,6 @@ Installed_for_the_user_it_runs_and_goes_without_a_trace() {
     uninstalls HKCU /CurrentUser
 }
 
-has_ended() { ! kill -0 "$program" 2>/dev/null; }
 has_keyboard() { [ "$(xdotool getwindowfocus -f)" = "$1" ]; }
 
 # While it is open, neither the installer nor the uninstaller may touch anything.
@@ -162,7 +161,7 @@ the_window_opens() {
     xdotool windowactivate --sync "$window"
     eventually has_keyboard "$window" || fail "the window does not get the keyboard"
     xdotool key alt+F4
-    eventually has_ended || fail "the window does not close"
+    eventually has_ended "$program" || fail "the window does not close"
     wait $program || fail "the program ended with $?"
     "$wine" reg delete 'HKCU\Software\Corvane' /f >/dev/null
 }

@@ -25,7 +25,6 @@ fresh() {
     printf '%s\r\n' 'Process MP=1' 'Process CNS=0' 'Input File Extension=*.met' 'Input Folder=C:\night\in' \
         'GRID_Text=C:\night\out' >"$place/batch.ini"
 }
-has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
 # unseen STATUS ARGUMENT...: the program ends by itself, with that status.
 unseen() {
@@ -35,7 +34,7 @@ unseen() {
         '@C:\night\out_of_sight.exe "C:\night\Tarnwick.exe" '"$*" '@exit %errorlevel%' >"$place/run.bat"
     WINEDEBUG=-all,warn+eventlog "$wine" cmd /c 'C:\night\run.bat' >"$place/said" 2>&1 &
     program=$!
-    eventually has_ended || fail "it waits: $(xdotool search --name . getwindowname %@ 2>/dev/null | sort -u | xargs)"
+    eventually has_ended "$program" || fail "it waits: $(xdotool search --name . getwindowname %@ 2>/dev/null | sort -u | xargs)"
     wait "$program" || status=$?
     [ $status -eq "$wanted" ] || fail "it ended with $status: $(cat "$place/said")"
 }

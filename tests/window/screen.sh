@@ -90,7 +90,7 @@ has_settled() {
     esac
     return 1
 }
-program_has_ended() { ! kill -0 "${gallery_pid:-0}" 2>/dev/null; }
+program_has_ended() { has_ended "${gallery_pid:-0}"; }
 
 # Of a Windows program: shown, and the keyboard is in it. Its id on the screen is then $found.
 expect_window() {
